@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that building, testing and showing vxsign need. Does nothing when all are there.
+set -euo pipefail
+
+packages=(
+    g++ cmake ninja-build pkg-config                              # building
+    libtinyxml2-dev libpcre2-dev libsimpleini-dev                 # the library
+    libsqlite3-dev libfreetype-dev fonts-unifont libstb-dev       # the virtual sign
+    libcli11-dev nlohmann-json3-dev                               # the command line
+    libgtest-dev libgmock-dev libbenchmark-dev                    # tests and measurements
+    clang-format clang-tidy binutils                              # style and the export check
+)
+
+missing=()
+for package in "${packages[@]}"; do
+    state=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
+    [ "$state" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+sudo=()
+[ "$(id -u)" -eq 0 ] || sudo=(sudo)
+echo "installing: ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+"${sudo[@]}" apt-get update -qq
+"${sudo[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"
