@@ -1,0 +1,42 @@
+#pragma once
+
+#include "protocol/frame.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace vxsim {
+
+// Finds requests in a stream of bytes that arrives in pieces of any size, with noise before, between and inside them.
+// Holds no more than one longest request and what was appended last.
+class FrameFinder
+{
+public:
+    void Append(std::span<const std::uint8_t> bytes);
+
+    // The next whole, correct request, or nothing until more bytes come. Its parts stay valid until the next call of
+    // Append. Append is meant to be called after Next has given nothing.
+    std::optional<Frame> Next();
+
+    // The line has fallen silent in the middle of what looked like a request: it was noise. Next then looks behind it.
+    void GiveUp();
+
+    // True while the beginning of a possible request waits for its rest.
+    bool IsWaiting() const { return start != bytes.size(); }
+
+    // Bytes passed over so far, as they belonged to no request.
+    std::uint64_t Skipped() const { return skipped; }
+
+private:
+    bool SeekSync();
+    void Skip(std::size_t count);
+
+    std::vector<std::uint8_t> bytes;
+    std::size_t start = 0; // of what is not yet consumed
+    std::uint64_t skipped = 0;
+};
+
+} // namespace vxsim

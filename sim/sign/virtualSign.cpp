@@ -1,0 +1,177 @@
+#include "sign/virtualSign.h"
+
+#include "protocol/bytes.h"
+#include "sign/configFile.h"
+#include "sign/signText.h"
+
+#include <exception>
+#include <system_error>
+
+namespace vxsim {
+namespace fs = std::filesystem;
+namespace {
+
+enum : std::uint8_t
+{
+    kRead = 1,
+    kWrite = 2,
+    kControl = 4,
+    kFiles = 7,
+    kTube = 14
+};
+enum : std::uint8_t
+{
+    kBlackScreen = 1,
+    kEndBlackScreen = 2,
+    kDelete = 6
+};
+
+constexpr const char* kSequencePath = "C:\\SEQUENT.SYS";
+
+// Content from drive C, plain appearance and disappearance, three seconds of stay.
+std::vector<std::uint8_t> InitialDisplayStyle()
+{
+    std::vector<std::uint8_t> style(kDisplayStyleSize);
+    style[2] = 'C';
+    style[11] = '0';
+    style[12] = '0';
+    style[14] = 3;
+    Store32(style, 16, 3);
+    return style;
+}
+
+// The serial number with its length in front, the hardware address from byte 16 on.
+std::vector<std::uint8_t> InitialIdentity()
+{
+    return {11, 'V', 'X', 'S', 'I', 'M', '0', '0', '0', '0', '0', '1', 0, 0, 0, 0, // the number ends at byte 11
+            2,  0,   0,   0,   0,   1,   0,   0,   0,   0,   0,   0,   0, 0, 0, 0};
+}
+
+fs::path MakeKeptFolder(const fs::path& folder)
+{
+    const fs::path kept = folder / "sign";
+    fs::create_directories(kept);
+    // What a sign that was switched off in a transfer left behind.
+    for (const auto& entry : fs::directory_iterator(kept)) {
+        if (entry.path().extension() == ".tmp")
+            fs::remove(entry.path());
+    }
+    return kept;
+}
+
+} // namespace
+
+VirtualSign::VirtualSign(const SignSettings& wanted)
+    : settings(wanted), drives(settings.folder, settings.drives), kept(MakeKeptFolder(settings.folder)), receiver(kept),
+      displayStyle(kept / "display-style.bin", InitialDisplayStyle()),
+      brightness(kept / "brightness.bin", std::vector<std::uint8_t>(kBrightnessSize, 8)),
+      identity(kept / "identity.bin", InitialIdentity())
+{
+    if (const auto config = drives.FileIn('C', "", "CONFIG.SYS"))
+        PrepareConfigFile(*config, {drives.Has('F'), settings.address, settings.port});
+}
+
+std::vector<std::uint8_t> VirtualSign::Answer(std::span<const std::uint8_t> request)
+{
+    if (const auto frame = ParseFrame(request))
+        return Answer(*frame);
+    ++counters.malformed;
+    return {};
+}
+
+std::vector<std::uint8_t> VirtualSign::Answer(const Frame& request)
+{
+    Reply reply;
+    try {
+        reply = Execute(request);
+    } catch (const std::exception&) { // no memory, or a file system that fails where it should not
+        reply = Reply::WithCode(Code::kOpenFailed);
+    }
+    ++counters.answered;
+    if (const auto code = static_cast<Code>(Load16(reply.payload, 0)); reply.status != 0 && code != Code::kProcessOk) {
+        ++counters.refused;
+        refusals.Add(request.major, request.minor, code);
+    }
+    return BuildReply(request, reply);
+}
+
+Reply VirtualSign::Execute(const Frame& request)
+{
+    switch (request.major) {
+    case kRead:
+        return Read(request);
+    case kWrite:
+        return Write(request);
+    case kControl:
+        if (request.minor == kBlackScreen || request.minor == kEndBlackScreen)
+            return SetBlack(request.minor == kBlackScreen);
+        return Reply::WithCode(Code::kUnknownMinor);
+    case kFiles:
+        return request.minor == kDelete ? Delete(request) : Reply::WithCode(Code::kUnknownMinor);
+    case kTube: {
+        auto& data = tubeData[request.minor];
+        data.assign(request.payload.begin(), request.payload.end());
+        data.insert(data.end(), request.extended.begin(), request.extended.end());
+        return Reply::Done();
+    }
+    default:
+        return Reply::WithCode(Code::kUnknownMajor);
+    }
+}
+
+std::span<const std::uint8_t, kDisplayStyleSize> VirtualSign::DisplayStyle() const
+{
+    return displayStyle.Bytes().first<kDisplayStyleSize>();
+}
+
+fs::path VirtualSign::SequenceFile() const
+{
+    return drives.Resolve(kSequencePath).value_or(settings.folder / "C" / "SEQUENT.SYS");
+}
+
+Reply VirtualSign::SetBlack(bool on)
+{
+    const bool changed = black != on;
+    black = on;
+    if (changed && events.blackScreenChanged)
+        events.blackScreenChanged(on);
+    return Reply::Done();
+}
+
+Reply VirtualSign::Delete(const Frame& request)
+{
+    const auto file = drives.Resolve(TextAt(request.payload, 0));
+    std::error_code error;
+    if (!file)
+        return Reply::WithCode(Code::kDeleteFailed);
+    const fs::file_status status = fs::symlink_status(*file, error);
+    if (!fs::exists(status))
+        return Reply::WithCode(Code::kFileGone);
+    if (fs::is_directory(status) || !fs::remove(*file, error))
+        return Reply::WithCode(Code::kDeleteFailed);
+    sender.Forget();
+    return Reply::Done();
+}
+
+// Drive of the file that a record names: system and font files live on C.
+char VirtualSign::DriveOf(const Frame& request, const FileLayout& layout) const
+{
+    if (layout.path != kNoField)
+        return static_cast<char>(request.payload[layout.path]);
+    return layout.drive == kNoField ? 'C' : static_cast<char>(request.payload[layout.drive]);
+}
+
+std::optional<fs::path> VirtualSign::Locate(const Frame& request, const FileLayout& layout) const
+{
+    if (layout.path != kNoField)
+        return drives.Resolve(TextAt(request.payload, layout.path));
+    if (layout.name != kNoField)
+        return drives.FileIn(DriveOf(request, layout), layout.folder,
+                             TextAt(request.payload.first(layout.name + kNameSize), layout.name));
+    // A record without a name: the data flash has the wide packet number, the play log the short one.
+    if (layout.numberSize == kLongNumber)
+        return FlashFile();
+    return drives.FileIn('C', "", "PLAY.LOG");
+}
+
+} // namespace vxsim

@@ -1,0 +1,130 @@
+#pragma once
+
+#include "protocol/frame.h"
+#include "protocol/reply.h"
+#include "sign/drives.h"
+#include "sign/fileLayouts.h"
+#include "sign/fileReceiver.h"
+#include "sign/fileSender.h"
+#include "sign/limits.h"
+#include "sign/refusalLog.h"
+#include "sign/storedRecord.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vxsim {
+
+struct SignSettings
+{
+    std::filesystem::path folder; // holds the drives, one folder each, and "sign" with what the sign keeps
+    int width = 128;              // of the face, in pixels
+    int height = 32;
+    std::string drives = "CDEF";
+    std::uint32_t address = 0x7F000001; // for a new CONFIG.SYS: IPv4, first octet in the top byte
+    std::uint16_t port = 9520;          // likewise
+};
+
+// Told after the fact, from inside Answer. Each may be empty; none may call Answer.
+struct SignEvents
+{
+    std::function<void()> sequenceWritten;                                    // C:\SEQUENT.SYS was replaced
+    std::function<void(const std::filesystem::path&)> fileWritten;            // any file, SEQUENT.SYS included
+    std::function<void(std::span<const std::uint8_t, 52>)> displayStyleSet;   // a host set the default display style
+    std::function<void(bool)> blackScreenChanged;                             // true: the face is dark
+    std::function<void(std::span<const std::uint8_t>)> urgentMessageReceived; // at most 1024 bytes
+};
+
+struct SignCounters
+{
+    std::uint32_t answered = 0;  // requests, refused ones included
+    std::uint32_t refused = 0;   // answered with a code other than 36864
+    std::uint32_t malformed = 0; // left without an answer
+    std::uint32_t filesWritten = 0;
+};
+
+struct FileChecksum
+{
+    std::uint32_t size = 0;
+    std::uint16_t crc = 0;
+};
+
+// A sign without its line: answers the bytes of one request with the bytes of the reply. Needs no clock and no socket,
+// keeps its files below SignSettings::folder, and is meant for one thread.
+class VirtualSign
+{
+public:
+    // Makes the folders, CONFIG.SYS and the kept records that are missing. Throws what Drives throws, and
+    // std::runtime_error if a file cannot be made.
+    explicit VirtualSign(const SignSettings& settings);
+
+    // The reply to exactly one request. Empty, which is silence, if the request is malformed.
+    std::vector<std::uint8_t> Answer(std::span<const std::uint8_t> request);
+    std::vector<std::uint8_t> Answer(const Frame& request);
+
+    void Observe(SignEvents observer) { events = std::move(observer); }
+
+    const SignSettings& Settings() const { return settings; }
+    const SignCounters& Counters() const { return counters; }
+    bool IsBlack() const { return black; }
+    std::span<const std::uint8_t, kDisplayStyleSize> DisplayStyle() const;
+    std::filesystem::path SequenceFile() const;
+
+    // The file behind a sign path; see Drives::Resolve.
+    std::optional<std::filesystem::path> Resolve(std::string_view signPath) const { return drives.Resolve(signPath); }
+
+    // What hosts left with the sign since it started: tube data (payload and extended part joined) by minor, the last
+    // urgent message, checksums by file name, update states by board address.
+    const std::map<std::uint8_t, std::vector<std::uint8_t>>& TubeData() const { return tubeData; }
+    std::span<const std::uint8_t> UrgentMessage() const { return urgentMessage; }
+    const std::map<std::string, FileChecksum>& Checksums() const { return checksums; }
+    const std::map<std::uint16_t, std::uint8_t>& UpdateStates() const { return updateStates; }
+
+private:
+    Reply Execute(const Frame& request);
+    Reply Read(const Frame& request);
+    Reply ReadFile(const Frame& request, const FileLayout& layout);
+    Reply ReadUpdateState(const Frame& request) const;
+    Reply Statistics(const Frame& request) const;
+    Reply Write(const Frame& request);
+    Reply WriteFile(const Frame& request, const FileLayout& layout);
+    Reply WriteBoard(const Frame& request);
+    Reply WriteUrgentMessage(const Frame& request);
+    Reply WriteChecksum(const Frame& request);
+    Reply WriteUpdateState(const Frame& request);
+    Reply SetDisplayStyle(const Frame& request);
+    Reply SetBlack(bool on);
+    Reply Delete(const Frame& request);
+
+    char DriveOf(const Frame& request, const FileLayout& layout) const;
+    std::optional<std::filesystem::path> Locate(const Frame& request, const FileLayout& layout) const;
+    std::filesystem::path FlashFile() const { return kept / "data-flash.bin"; }
+    std::string SystemText() const;
+    void FileFinished(const std::filesystem::path& file);
+
+    SignSettings settings;
+    Drives drives;
+    std::filesystem::path kept; // folder of what the sign keeps beside its drives
+    FileReceiver receiver;
+    FileSender sender;
+    StoredRecord displayStyle;
+    StoredRecord brightness;
+    StoredRecord identity;
+    bool black = false;
+    std::map<std::uint8_t, std::vector<std::uint8_t>> tubeData;
+    std::vector<std::uint8_t> urgentMessage;
+    std::map<std::string, FileChecksum> checksums;
+    std::map<std::uint16_t, std::uint8_t> updateStates;
+    RefusalLog refusals;
+    SignCounters counters;
+    SignEvents events;
+};
+
+} // namespace vxsim
