@@ -35,11 +35,11 @@ struct SignSettings
 // Told after the fact, from inside Answer. Each may be empty; none may call Answer.
 struct SignEvents
 {
-    std::function<void()> sequenceWritten;                                    // C:\SEQUENT.SYS was replaced
-    std::function<void(const std::filesystem::path&)> fileWritten;            // any file, SEQUENT.SYS included
-    std::function<void(std::span<const std::uint8_t, 52>)> displayStyleSet;   // a host set the default display style
-    std::function<void(bool)> blackScreenChanged;                             // true: the face is dark
-    std::function<void(std::span<const std::uint8_t>)> urgentMessageReceived; // at most 1024 bytes
+    std::function<void()> sequenceWritten = {};                                    // C:\SEQUENT.SYS was replaced
+    std::function<void(const std::filesystem::path&)> fileWritten = {};            // any file, SEQUENT.SYS included
+    std::function<void(std::span<const std::uint8_t, 52>)> displayStyleSet = {};   // a host set the default display style
+    std::function<void(bool)> blackScreenChanged = {};                             // true: the face is dark
+    std::function<void(std::span<const std::uint8_t>)> urgentMessageReceived = {}; // at most 1024 bytes
 };
 
 struct SignCounters

@@ -1,0 +1,134 @@
+#include "signFixture.h"
+
+namespace vxsim_tests {
+namespace {
+
+using Records = SignTest;
+
+TEST_F(Records, StyleBrightnessAndIdentitySurviveARestart)
+{
+    Bytes style = PayloadOf(Ask(1, 16));
+    ASSERT_EQ(style.size(), 52U);
+    EXPECT_EQ(style[2], 'C');
+    Bytes told;
+    sign->Observe({.displayStyleSet = [&](std::span<const std::uint8_t, 52> s) { told.assign(s.begin(), s.end()); }});
+    style[2] = 'E';
+    EXPECT_EQ(CodeOf(Ask(2, 12, style)), 0U);
+    EXPECT_EQ(told, style);
+    const Bytes identity = Bytes{3, 'A', 'B', 'C'} + Bytes(12, 0) + Bytes{2, 1, 2, 3, 4, 5} + Bytes(10, 0);
+    EXPECT_EQ(CodeOf(Ask(2, 11, {}, identity)), 0U);
+    EXPECT_EQ(CodeOf(Ask(2, 10, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12})), 0U);
+    Restart("CDEF");
+    EXPECT_EQ(PayloadOf(Ask(1, 16)), style);
+    EXPECT_EQ(PayloadOf(Ask(1, 12)), identity);
+    const Bytes bright = Ask(1, 22);
+    EXPECT_EQ(PayloadOf(bright), (Bytes{1, 2, 3, 4}));
+    EXPECT_EQ(ExtendedOf(bright), (Bytes{5, 6, 7, 8, 9, 10, 11, 12}));
+    EXPECT_EQ(CodeOf(Ask(2, 12, Bytes(48, 0))), 36870U);
+    EXPECT_EQ(CodeOf(Ask(2, 10, Bytes(8, 0))), 36870U);
+    EXPECT_EQ(CodeOf(Ask(2, 11, {}, Bytes(31, 0))), 36870U);
+}
+
+TEST_F(Records, ConfigurationTellsAddressPortAndDriveF)
+{
+    Bytes config = FileBytes(folder.path / "C/CONFIG.SYS");
+    ASSERT_GE(config.size(), 300U);
+    EXPECT_EQ(config[16], 1);
+    EXPECT_EQ(Bytes(config.begin() + 36, config.begin() + 40), (Bytes{1, 0, 0, 127}));
+    EXPECT_EQ(Bytes(config.begin() + 186, config.begin() + 188), (Bytes{0x30, 0x25}));
+    // What a host has set stays, but the drives are as they are.
+    config[36] = 77;
+    std::ofstream(folder.path / "C/CONFIG.SYS", std::ios::binary)
+        .write(reinterpret_cast<const char*>(config.data()), 512);
+    Restart("CD");
+    config[16] = 0;
+    EXPECT_EQ(FileBytes(folder.path / "C/CONFIG.SYS"), config);
+    EXPECT_THROW(Restart("DE"), std::invalid_argument);
+    EXPECT_THROW(Restart("C1"), std::invalid_argument);
+}
+
+TEST_F(Records, BlackScreenAndTubeData)
+{
+    std::vector<bool> changes;
+    sign->Observe({.blackScreenChanged = [&](bool on) { changes.push_back(on); }});
+    for (const unsigned minor : {1, 1, 2})
+        EXPECT_EQ(CodeOf(Ask(4, minor)), 0U);
+    EXPECT_EQ(changes, (std::vector<bool>{true, false}));
+    EXPECT_FALSE(sign->IsBlack());
+    EXPECT_EQ(CodeOf(Ask(14, 200, {1, 2, 3, 4})), 0U);
+    EXPECT_EQ(CodeOf(Ask(14, 200, {5})), 0U);
+    EXPECT_EQ(sign->TubeData().at(200), (Bytes{5, 0, 0, 0}));
+}
+
+TEST_F(Records, UrgentMessageChecksumAndUpdateState)
+{
+    EXPECT_EQ(CodeOf(Ask(2, 9, {1, 0, 2, 0}, Bytes(1024, 'u'))), 0U);
+    EXPECT_EQ(CodeOf(Ask(2, 9, {1, 0, 2, 0}, Bytes(1025, 'v'))), 10497U);
+    EXPECT_EQ(sign->UrgentMessage().size(), 1024U);
+    EXPECT_EQ(CodeOf(Ask(2, 14, Text("A.NMG") + Bytes(27, 0) + Bytes{1, 2, 0, 0, 0x34, 0x12, 0, 0})), 0U);
+    EXPECT_EQ(sign->Checksums().at("A.NMG").size, 513U);
+    EXPECT_EQ(sign->Checksums().at("A.NMG").crc, 0x1234);
+    EXPECT_EQ(CodeOf(Ask(2, 48, {}, {2, 0, 0, 0}, 3)), 0U);
+    EXPECT_EQ(PayloadOf(Ask(1, 48, {0, 0, 0, 0}, {}, 3)), (Bytes{2, 0, 0, 0}));
+    EXPECT_EQ(PayloadOf(Ask(1, 48, {1, 0, 0, 0}, {}, 3)), (Bytes{1, 0, 0, 0}));
+    EXPECT_EQ(PayloadOf(Ask(1, 48, {0, 0, 0, 0}, {}, 4)), (Bytes{0, 0, 0, 0}));
+}
+
+TEST_F(Records, BlocksForABoardLandAtTheirAddress)
+{
+    EXPECT_EQ(CodeOf(Ask(2, 1, {0, 0, 0, 0}, Bytes(1024, 'a'), 1)), 0U);
+    EXPECT_EQ(CodeOf(Ask(2, 1, {0, 4, 0, 0}, {'b', 'c'}, 1)), 0U);
+    EXPECT_EQ(FileBytes(folder.path / "sign/board-0001.bin"), Bytes(1024, 'a') + Text("bc"));
+    EXPECT_EQ(CodeOf(Ask(2, 1, {0, 0, 0, 0}, {'d'}, 1)), 0U); // the next image
+    EXPECT_EQ(FileBytes(folder.path / "sign/board-0001.bin"), Text("d"));
+    EXPECT_EQ(CodeOf(Ask(2, 1, {0, 0, 0, 0}, Bytes(1025, 'a'), 1)), 36883U);
+    EXPECT_EQ(CodeOf(Ask(2, 1, {0, 0, 0, 0}, {}, 1)), 36883U);
+    EXPECT_EQ(CodeOf(Ask(2, 1, {0xFF, 0xFF, 0xFF, 0xFF}, {1}, 1)), 4354U);
+}
+
+TEST_F(Records, WhatTheSignTellsOfItself)
+{
+    EXPECT_EQ(PayloadOf(Ask(1, 10)), (Bytes{128, 0, 32, 0, 4, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(Ask(1, 11).size(), 16U + 8 + 96);
+    const Bytes identity = Bytes{11} + Text("VXSIM000001") + Bytes(4, 0) + Bytes{2, 0, 0, 0, 0, 1} + Bytes(10, 0);
+    EXPECT_EQ(PayloadOf(Ask(1, 12)), identity);
+    EXPECT_EQ(CodeOf(Ask(1, 15)), 7939U);
+    EXPECT_EQ(ExtendedOf(Ask(1, 18)), Text("vxsim\r\nface 128x32\r\ndrives CDEF\r\n"));
+    EXPECT_EQ(PayloadOf(Ask(1, 27, {0, 0, 0, 0})), (Bytes{0x20, 0x90, 0, 0, 4, 0, 0, 0}));
+    EXPECT_EQ(ExtendedOf(Ask(1, 26, {9, 0, 0, 0})), Bytes{0});
+    EXPECT_EQ(ExtendedOf(Ask(1, 26, {0, 0, 0, 0})), Bytes{7} + Bytes(3, 0) + Bytes{1} + Bytes(11, 0));
+    EXPECT_EQ(ExtendedOf(Ask(1, 19)), Text("major 1 minor 15 code 7939\r\n"));
+}
+
+TEST_F(Records, UnknownCommandsGetTheirCodes)
+{
+    for (const unsigned major : {0, 3, 5, 15, 255})
+        EXPECT_EQ(CodeOf(Ask(major, 1)), 36868U) << major;
+    const std::vector<std::pair<unsigned, unsigned>> minors{{1, 0}, {1, 21}, {1, 255}, {2, 0}, {2, 20}, {4, 0}, {7, 2}};
+    for (const auto& [major, minor] : minors)
+        EXPECT_EQ(CodeOf(Ask(major, minor)), 36869U) << major << ' ' << minor;
+    for (int i = 0; i < 100; ++i)
+        Ask(255, 255);
+    EXPECT_LE(Ask(1, 19).size(), 1536U);
+}
+
+// Every command with payloads and extended parts of all small sizes: no crash, and always one whole reply.
+TEST_F(Records, AnyCommandTakesAnyBytes)
+{
+    for (const unsigned major : {1, 2, 4, 7, 14}) {
+        for (unsigned minor = 0; minor < 64; ++minor) {
+            for (const std::size_t size : {0, 4, 8, 12, 16, 20, 24, 40, 256, 1020}) {
+                for (const unsigned fill : {0x00U, 0x41U, 0xFFU}) {
+                    const Bytes part(size, static_cast<std::uint8_t>(fill));
+                    const Bytes reply = Ask(major, minor, part, part);
+                    ASSERT_GE(reply.size(), 16U);
+                    ASSERT_LE(reply.size(), 1536U);
+                    ASSERT_EQ(reply.size(), 16U + 4U * reply[14] + reply[4] + 256U * reply[5]);
+                }
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace vxsim_tests
