@@ -1,4 +1,4 @@
-#include "protocol/checksum.h"
+#include "sim/protocol/checksum.h"
 
 #include <array>
 #include <cstddef>

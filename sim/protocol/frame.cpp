@@ -1,7 +1,7 @@
-#include "protocol/frame.h"
+#include "sim/protocol/frame.h"
 
-#include "protocol/bytes.h"
-#include "protocol/checksum.h"
+#include "sim/protocol/bytes.h"
+#include "sim/protocol/checksum.h"
 
 namespace vxsim {
 

@@ -1,4 +1,4 @@
-#include "protocol/frameFinder.h"
+#include "sim/protocol/frameFinder.h"
 
 #include <algorithm>
 

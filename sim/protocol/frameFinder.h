@@ -1,6 +1,6 @@
 #pragma once
 
-#include "protocol/frame.h"
+#include "sim/protocol/frame.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
-#include "protocol/reply.h"
+#include "sim/protocol/reply.h"
 
-#include "protocol/bytes.h"
-#include "protocol/checksum.h"
+#include "sim/protocol/bytes.h"
+#include "sim/protocol/checksum.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "protocol/codes.h"
-#include "protocol/frame.h"
+#include "sim/protocol/codes.h"
+#include "sim/protocol/frame.h"
 
 #include <cstdint>
 #include <span>

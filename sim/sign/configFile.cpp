@@ -1,7 +1,7 @@
-#include "sign/configFile.h"
+#include "sim/sign/configFile.h"
 
-#include "protocol/bytes.h"
-#include "sign/storedRecord.h"
+#include "sim/protocol/bytes.h"
+#include "sim/sign/storedRecord.h"
 
 #include <stdexcept>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "sign/drives.h"
+#include "sim/sign/drives.h"
 
 #include <algorithm>
 #include <stdexcept>

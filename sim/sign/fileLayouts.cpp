@@ -1,6 +1,6 @@
-#include "sign/fileLayouts.h"
+#include "sim/sign/fileLayouts.h"
 
-#include "sign/fileRecord.h"
+#include "sim/sign/fileRecord.h"
 
 #include <algorithm>
 #include <span>

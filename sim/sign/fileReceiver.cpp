@@ -1,6 +1,6 @@
-#include "sign/fileReceiver.h"
+#include "sim/sign/fileReceiver.h"
 
-#include "sign/limits.h"
+#include "sim/sign/limits.h"
 
 #include <algorithm>
 #include <cerrno>

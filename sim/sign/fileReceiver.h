@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/descriptor.h"
-#include "protocol/codes.h"
-#include "sign/fileRecord.h"
+#include "sim/platform/descriptor.h"
+#include "sim/protocol/codes.h"
+#include "sim/sign/fileRecord.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "sign/fileRecord.h"
+#include "sim/sign/fileRecord.h"
 
 #include <algorithm>
 

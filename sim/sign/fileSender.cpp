@@ -1,6 +1,6 @@
-#include "sign/fileSender.h"
+#include "sim/sign/fileSender.h"
 
-#include "sign/limits.h"
+#include "sim/sign/limits.h"
 
 #include <algorithm>
 #include <cerrno>

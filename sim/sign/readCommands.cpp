@@ -1,5 +1,5 @@
-#include "protocol/bytes.h"
-#include "sign/virtualSign.h"
+#include "sim/protocol/bytes.h"
+#include "sim/sign/virtualSign.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "protocol/codes.h"
+#include "sim/protocol/codes.h"
 
 #include <cstddef>
 #include <cstdint>

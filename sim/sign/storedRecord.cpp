@@ -1,4 +1,4 @@
-#include "sign/storedRecord.h"
+#include "sim/sign/storedRecord.h"
 
 #include <fstream>
 #include <system_error>

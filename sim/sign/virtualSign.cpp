@@ -1,8 +1,8 @@
-#include "sign/virtualSign.h"
+#include "sim/sign/virtualSign.h"
 
-#include "protocol/bytes.h"
-#include "sign/configFile.h"
-#include "sign/signText.h"
+#include "sim/protocol/bytes.h"
+#include "sim/sign/configFile.h"
+#include "sim/sign/signText.h"
 
 #include <exception>
 #include <system_error>

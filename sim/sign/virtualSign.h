@@ -1,14 +1,14 @@
 #pragma once
 
-#include "protocol/frame.h"
-#include "protocol/reply.h"
-#include "sign/drives.h"
-#include "sign/fileLayouts.h"
-#include "sign/fileReceiver.h"
-#include "sign/fileSender.h"
-#include "sign/limits.h"
-#include "sign/refusalLog.h"
-#include "sign/storedRecord.h"
+#include "sim/protocol/frame.h"
+#include "sim/protocol/reply.h"
+#include "sim/sign/drives.h"
+#include "sim/sign/fileLayouts.h"
+#include "sim/sign/fileReceiver.h"
+#include "sim/sign/fileSender.h"
+#include "sim/sign/limits.h"
+#include "sim/sign/refusalLog.h"
+#include "sim/sign/storedRecord.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -35,10 +35,10 @@ struct SignSettings
 // Told after the fact, from inside Answer. Each may be empty; none may call Answer.
 struct SignEvents
 {
-    std::function<void()> sequenceWritten = {};                                    // C:\SEQUENT.SYS was replaced
-    std::function<void(const std::filesystem::path&)> fileWritten = {};            // any file, SEQUENT.SYS included
-    std::function<void(std::span<const std::uint8_t, 52>)> displayStyleSet = {};   // a host set the default display style
-    std::function<void(bool)> blackScreenChanged = {};                             // true: the face is dark
+    std::function<void()> sequenceWritten = {};                                  // C:\SEQUENT.SYS was replaced
+    std::function<void(const std::filesystem::path&)> fileWritten = {};          // any file, SEQUENT.SYS included
+    std::function<void(std::span<const std::uint8_t, 52>)> displayStyleSet = {}; // a host set the default display style
+    std::function<void(bool)> blackScreenChanged = {};                           // true: the face is dark
     std::function<void(std::span<const std::uint8_t>)> urgentMessageReceived = {}; // at most 1024 bytes
 };
 

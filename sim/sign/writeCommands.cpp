@@ -1,6 +1,6 @@
-#include "protocol/bytes.h"
-#include "sign/signText.h"
-#include "sign/virtualSign.h"
+#include "sim/protocol/bytes.h"
+#include "sim/sign/signText.h"
+#include "sim/sign/virtualSign.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
-#include "protocol/checksum.h"
-#include "protocol/frameFinder.h"
+#include "sim/protocol/checksum.h"
+#include "sim/protocol/frameFinder.h"
 #include "signFixture.h"
 
 #include <random>

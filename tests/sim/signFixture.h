@@ -1,7 +1,7 @@
 #pragma once
 
-#include "protocol/frame.h"
-#include "sign/virtualSign.h"
+#include "sim/protocol/frame.h"
+#include "sim/sign/virtualSign.h"
 
 #include <cstdint>
 #include <cstdlib>

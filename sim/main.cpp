@@ -1,0 +1,176 @@
+#include "sim/server/endpoints.h"
+#include "sim/server/faults.h"
+#include "sim/server/server.h"
+#include "sim/sign/virtualSign.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <sys/signalfd.h>
+#include <system_error>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kExitFailure = 1;
+constexpr int kExitUsage = 2;
+constexpr int kLargestSide = 2048;
+
+struct Options
+{
+    std::string folder;
+    std::string size = "128x32";
+    std::string drives = "CDEF";
+    std::string faults;
+    unsigned delay = 0;
+    vxsim::ListenSettings listen;
+};
+
+constexpr const char* kFooter = R"(Each line on standard output names one thing to use: "dir FOLDER", "udp HOST:PORT",
+"tcp HOST:PORT", "serial DEVICE". SIGINT and SIGTERM end the sign.
+
+Faults: drop, truncate, wrongid and badsum are probabilities from 0 to 1 for each reply, noise is a number of
+random bytes ahead of each reply, seed makes a run repeatable.
+
+Examples:
+  vxsim                                     a sign on UDP and TCP port 9520 of this machine
+  vxsim --dir mysign --drives CDE           keeps its files in mysign, has no drive F
+  vxsim --port 0 --serial                   any free port, and a serial line
+  vxsim --delay 200 --fault drop=0.1,noise=4,seed=7)";
+
+// "128x32" as width and height in pixels.
+std::pair<int, int> ParseSize(std::string_view text)
+{
+    const auto number = [](std::string_view part) {
+        int value = 0;
+        const auto [end, error] = std::from_chars(part.data(), part.data() + part.size(), value);
+        return error == std::errc() && end == part.data() + part.size() && value <= kLargestSide ? value : 0;
+    };
+    const std::size_t cross = std::min(text.find('x'), text.size());
+    const std::pair size{number(text.substr(0, cross)), number(text.substr(std::min(cross + 1, text.size())))};
+    if (size.first < 1 || size.second < 1)
+        throw std::invalid_argument("'" + std::string(text) + "' is no size such as 128x32, each side from 1 to " +
+                                    std::to_string(kLargestSide));
+    return size;
+}
+
+// The folder of the sign: the one that was asked for, or a fresh one that goes with the program.
+class SignFolder
+{
+public:
+    explicit SignFolder(const std::string& wanted) : path(wanted), fresh(wanted.empty())
+    {
+        if (!fresh)
+            return;
+        std::string name = fs::temp_directory_path() / "vxsim-XXXXXX";
+        if (::mkdtemp(name.data()) == nullptr)
+            throw std::system_error(errno, std::generic_category(), "cannot make a folder");
+        path = name;
+    }
+    ~SignFolder()
+    {
+        std::error_code error;
+        if (fresh)
+            fs::remove_all(path, error);
+    }
+    SignFolder(const SignFolder&) = delete;
+    SignFolder& operator=(const SignFolder&) = delete;
+
+    const fs::path& Path() const { return path; }
+
+private:
+    fs::path path;
+    bool fresh;
+};
+
+// Readable as soon as somebody wants the program to end.
+vxsim::Descriptor CatchEndSignals()
+{
+    sigset_t signals;
+    ::sigemptyset(&signals);
+    ::sigaddset(&signals, SIGINT);
+    ::sigaddset(&signals, SIGTERM);
+    ::sigprocmask(SIG_BLOCK, &signals, nullptr);
+    vxsim::Descriptor end(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
+    if (!end)
+        throw std::system_error(errno, std::generic_category(), "cannot watch for signals");
+    return end;
+}
+
+void Announce(const vxsim::Endpoints& endpoints, const fs::path& folder)
+{
+    const std::string place = endpoints.host + ":" + std::to_string(endpoints.port);
+    std::cout << "dir " << folder.string() << "\nudp " << place << "\ntcp " << place << '\n';
+    if (!endpoints.serialPath.empty())
+        std::cout << "serial " << endpoints.serialPath << '\n';
+    std::cout.flush();
+}
+
+void Serve(const Options& options)
+{
+    const auto [width, height] = ParseSize(options.size);
+    const vxsim::ServerSettings serverSettings{std::chrono::milliseconds(options.delay),
+                                               options.faults.empty() ? vxsim::FaultSettings{}
+                                                                      : vxsim::ParseFaults(options.faults)};
+    const vxsim::Descriptor end = CatchEndSignals();
+    vxsim::Endpoints endpoints(options.listen);
+    const SignFolder folder(options.folder);
+    vxsim::VirtualSign sign({folder.Path(), width, height, options.drives, endpoints.address, endpoints.port});
+    vxsim::Server server(endpoints, sign, serverSettings);
+    Announce(endpoints, folder.Path());
+    server.Run(end.Get());
+}
+
+int Run(int argc, char** argv)
+{
+    Options options;
+    CLI::App app{"vxsim, a virtual LED sign: answers what a host sends and keeps the files it is given"};
+    app.footer(kFooter);
+    app.add_option("--dir", options.folder,
+                   "folder of the sign, kept; without it a temporary one that goes at the end");
+    app.add_option("--host", options.listen.host, "IPv4 address to listen on")->capture_default_str();
+    app.add_option("--port", options.listen.port, "UDP and TCP port; 0 picks a free one")
+        ->capture_default_str()
+        ->check(CLI::Range(0U, 65535U));
+    app.add_flag("--serial", options.listen.serial, "serve a pseudo-terminal as well");
+    app.add_option("--size", options.size, "width and height of the face in pixels")->capture_default_str();
+    app.add_option("--drives", options.drives, "letters of the drives; C must be among them")->capture_default_str();
+    app.add_option("--delay", options.delay, "milliseconds from a request to its reply")
+        ->capture_default_str()
+        ->check(CLI::Range(0U, 60000U));
+    app.add_option("--fault", options.faults, "what happens to replies, such as drop=0.1,noise=4");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? EXIT_SUCCESS : kExitUsage;
+    }
+    try {
+        Serve(options);
+    } catch (const std::invalid_argument& error) {
+        std::cerr << "vxsim: " << error.what() << '\n';
+        return kExitUsage;
+    }
+    return EXIT_SUCCESS;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& error) {
+        std::cerr << "vxsim: " << error.what() << '\n';
+        return kExitFailure;
+    }
+}

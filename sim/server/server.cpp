@@ -1,0 +1,237 @@
+#include "sim/server/server.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <netinet/tcp.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+#include <system_error>
+#include <termios.h>
+#include <utility>
+
+namespace vxsim {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr std::size_t kMostLines = 64;
+constexpr std::size_t kMostWaiting = 1024;
+constexpr std::size_t kMostUnsent = 65536; // on the serial line, which nobody may be reading
+constexpr std::size_t kLargestDatagram = 65536;
+// Silence after which the rest of a broken request is no longer expected.
+constexpr milliseconds kPartTimeout{200};
+// Silence after which replies that no host has fetched from the serial line are stale.
+constexpr milliseconds kStaleTimeout{1000};
+
+enum : std::size_t
+{
+    kStop,
+    kUdp,
+    kTcp,
+    kFirstLine
+};
+
+} // namespace
+
+Server::Server(Endpoints& where, VirtualSign& served, const ServerSettings& how)
+    : endpoints(where), sign(served), settings(how), injector(how.faults), datagram(kLargestDatagram)
+{
+    if (endpoints.serial) {
+        serialLine = endpoints.serial.Get();
+        lines.emplace_back(++lastNumber, std::move(endpoints.serial), false);
+    }
+}
+
+void Server::OnTick(milliseconds every, std::function<void()> call)
+{
+    tickEvery = every;
+    tick = std::move(call);
+    nextTick = Clock::now();
+}
+
+void Server::Run(int stop)
+{
+    while (true) {
+        Prepare(stop);
+        if (::poll(watched.data(), watched.size(), TimeToWait(Clock::now())) < 0) {
+            if (errno == EINTR)
+                continue;
+            throw std::system_error(errno, std::generic_category(), "cannot wait for requests");
+        }
+        if (watched[kStop].revents != 0)
+            return;
+        if (watched[kUdp].revents != 0)
+            ServeDatagram();
+        ServeLines();
+        if (watched[kTcp].revents != 0)
+            Accept();
+        if (lines.empty() && waiting.empty() && !tick)
+            continue;
+        const auto now = Clock::now();
+        SendDue(now);
+        SettleSilentLines(now);
+        if (tick && now >= nextTick) {
+            tick();
+            nextTick = now + tickEvery;
+        }
+    }
+}
+
+bool Server::IsFull() const
+{
+    return waiting.size() >= kMostWaiting;
+}
+
+void Server::Prepare(int stop)
+{
+    // A host that does not fetch its replies is not heard until it does.
+    const auto input = static_cast<short>(IsFull() ? 0 : POLLIN);
+    watched.clear();
+    watched.push_back({stop, POLLIN, 0});
+    watched.push_back({endpoints.udp.Get(), input, 0});
+    watched.push_back({acceptPaused || lines.size() >= kMostLines ? -1 : endpoints.tcp.Get(), POLLIN, 0});
+    for (const StreamLine& line : lines) {
+        const short serialInput = IsSerial(line) ? input : short{0}; // the next host is heard, fetched or not
+        watched.push_back({line.Get(), line.HasUnsent() ? static_cast<short>(POLLOUT | serialInput) : input, 0});
+    }
+}
+
+int Server::TimeToWait(Clock::time_point now) const
+{
+    auto until = Clock::time_point::max();
+    if (!waiting.empty())
+        until = waiting.front().due;
+    if (tick)
+        until = std::min(until, nextTick);
+    for (const StreamLine& line : lines) {
+        if (line.IsWaiting())
+            until = std::min(until, line.LastInput() + kPartTimeout);
+    }
+    if (until == Clock::time_point::max())
+        return -1;
+    const auto left = std::chrono::ceil<milliseconds>(until - now).count();
+    return static_cast<int>(std::clamp<decltype(left)>(left, 0, INT_MAX));
+}
+
+void Server::Accept()
+{
+    Descriptor connection(::accept4(endpoints.tcp.Get(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+    if (!connection) {
+        // Out of descriptors: no new connection before an old one goes.
+        acceptPaused = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
+        return;
+    }
+    const int on = 1;
+    ::setsockopt(connection.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+    lines.emplace_back(++lastNumber, std::move(connection), true);
+}
+
+void Server::ServeDatagram()
+{
+    Waiting reply;
+    socklen_t size = sizeof reply.peer;
+    const ssize_t count = ::recvfrom(endpoints.udp.Get(), datagram.data(), datagram.size(), 0,
+                                     reinterpret_cast<sockaddr*>(&reply.peer), &size);
+    if (count < 0) // a passing thing, such as a former reply that nobody took
+        return;
+    reply.bytes = sign.Answer(std::span(datagram).first(static_cast<std::size_t>(count)));
+    if (!reply.bytes.empty())
+        reply.bytes = injector.Apply(std::move(reply.bytes));
+    if (reply.bytes.empty())
+        return;
+    if (settings.delay.count() == 0)
+        return SendDatagram(reply);
+    reply.due = Clock::now() + settings.delay;
+    waiting.push_back(std::move(reply));
+}
+
+void Server::ServeLines()
+{
+    std::size_t index = kFirstLine;
+    for (auto line = lines.begin(); line != lines.end(); ++index) {
+        const short events = watched[index].revents;
+        if (events == 0 || ServeLine(*line, events)) {
+            ++line;
+        } else {
+            line = lines.erase(line);
+            acceptPaused = false;
+        }
+    }
+}
+
+// False if the line has ended.
+bool Server::ServeLine(StreamLine& line, short events)
+{
+    if ((events & POLLOUT) != 0 && !line.Flush())
+        return false;
+    if ((events & ~POLLOUT) == 0)
+        return true;
+    const auto now = Clock::now();
+    if (IsSerial(line)) {
+        // Nobody else can undo a host's claim to have the device for itself, as the device stays open.
+        ::ioctl(endpoints.serialDevice.Get(), TIOCNXCL);
+        // What a real sign sends when no host listens is lost.
+        if (now - line.LastInput() >= kStaleTimeout) {
+            ::tcflush(endpoints.serialDevice.Get(), TCIFLUSH);
+            line.DropUnsent();
+        }
+    }
+    const bool alive = line.Receive(now);
+    return AnswerFrames(line) && alive;
+}
+
+bool Server::AnswerFrames(StreamLine& line)
+{
+    while (const auto frame = line.Finder().Next()) {
+        if (!Reply(line, sign.Answer(*frame)))
+            return false;
+    }
+    return true;
+}
+
+void Server::SettleSilentLines(Clock::time_point now)
+{
+    for (StreamLine& line : lines) {
+        while (line.IsWaiting() && now - line.LastInput() >= kPartTimeout) {
+            line.Finder().GiveUp();
+            if (!AnswerFrames(line))
+                break; // a broken line is noticed at its next event
+        }
+    }
+}
+
+bool Server::Reply(StreamLine& line, std::vector<std::uint8_t> reply)
+{
+    reply = injector.Apply(std::move(reply));
+    if (reply.empty() || (IsSerial(line) && line.Unsent() > kMostUnsent))
+        return true;
+    if (settings.delay.count() == 0)
+        return line.Send(reply);
+    waiting.push_back({Clock::now() + settings.delay, std::move(reply), line.Number(), {}});
+    return true;
+}
+
+void Server::SendDatagram(const Waiting& reply)
+{
+    // A datagram that cannot go is lost, like any other.
+    ::sendto(endpoints.udp.Get(), reply.bytes.data(), reply.bytes.size(), 0,
+             reinterpret_cast<const sockaddr*>(&reply.peer), sizeof reply.peer);
+}
+
+void Server::SendDue(Clock::time_point now)
+{
+    while (!waiting.empty() && waiting.front().due <= now) {
+        const Waiting reply = std::move(waiting.front());
+        waiting.pop_front();
+        if (reply.line == 0) {
+            SendDatagram(reply);
+            continue;
+        }
+        const auto line = std::ranges::find(lines, reply.line, &StreamLine::Number);
+        if (line != lines.end())
+            line->Send(reply.bytes); // a broken line is noticed at its next event
+    }
+}
+
+} // namespace vxsim

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "sim/server/endpoints.h"
+#include "sim/server/faults.h"
+#include "sim/server/streamLine.h"
+#include "sim/sign/virtualSign.h"
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <list>
+#include <netinet/in.h>
+#include <poll.h>
+#include <vector>
+
+namespace vxsim {
+
+struct ServerSettings
+{
+    std::chrono::milliseconds delay{0}; // from a request to its reply
+    FaultSettings faults;
+};
+
+// Carries requests from the endpoints to the sign and the replies back, in one loop on one thread. A stream may bring
+// requests in pieces and several at once; a datagram is exactly one request.
+class Server
+{
+public:
+    Server(Endpoints& endpoints, VirtualSign& sign, const ServerSettings& settings);
+
+    // Calls `tick` from the loop, first at once and then whenever the time is over, for a face that is redrawn.
+    void OnTick(std::chrono::milliseconds every, std::function<void()> tick);
+
+    // Serves until the descriptor `stop` can be read. Throws std::system_error if the system refuses to wait.
+    void Run(int stop);
+
+private:
+    // The reply waits for its time; `line` is 0 for a datagram to `peer`.
+    struct Waiting
+    {
+        Clock::time_point due;
+        std::vector<std::uint8_t> bytes;
+        std::uint64_t line = 0;
+        sockaddr_in peer = {};
+    };
+
+    void Prepare(int stop);
+    int TimeToWait(Clock::time_point now) const;
+    void Accept();
+    void ServeDatagram();
+    void ServeLines();
+    bool ServeLine(StreamLine& line, short events);
+    bool AnswerFrames(StreamLine& line);
+    void SettleSilentLines(Clock::time_point now);
+    bool Reply(StreamLine& line, std::vector<std::uint8_t> reply);
+    void SendDatagram(const Waiting& reply);
+    void SendDue(Clock::time_point now);
+    bool IsSerial(const StreamLine& line) const { return line.Get() == serialLine; }
+    bool IsFull() const;
+
+    Endpoints& endpoints;
+    VirtualSign& sign;
+    ServerSettings settings;
+    FaultInjector injector;
+    std::list<StreamLine> lines;
+    std::uint64_t lastNumber = 0;
+    int serialLine = -1;
+    std::deque<Waiting> waiting; // in the order of their time, as the delay is the same for all
+    std::vector<pollfd> watched; // stop, UDP, TCP, then the lines in their order
+    std::vector<std::uint8_t> datagram;
+    bool acceptPaused = false;
+    std::chrono::milliseconds tickEvery{0};
+    std::function<void()> tick;
+    Clock::time_point nextTick{};
+};
+
+} // namespace vxsim

@@ -1,0 +1,56 @@
+#include "sim/server/streamLine.h"
+
+#include <array>
+#include <cerrno>
+#include <sys/socket.h>
+#include <unistd.h>
+#include <utility>
+
+namespace vxsim {
+namespace {
+
+bool IsPassing(int error)
+{
+    return error == EAGAIN || error == EWOULDBLOCK || error == EINTR;
+}
+
+} // namespace
+
+StreamLine::StreamLine(std::uint64_t ownNumber, Descriptor descriptor, bool socket)
+    : number(ownNumber), line(std::move(descriptor)), isSocket(socket)
+{
+}
+
+bool StreamLine::Receive(Clock::time_point now)
+{
+    std::array<std::uint8_t, 16384> piece; // filled by read
+    const ssize_t count = ::read(line.Get(), piece.data(), piece.size());
+    if (count < 0)
+        return IsPassing(errno);
+    finder.Append(std::span(piece).first(static_cast<std::size_t>(count)));
+    lastInput = now;
+    return count > 0;
+}
+
+bool StreamLine::Send(std::span<const std::uint8_t> bytes)
+{
+    unsent.insert(unsent.end(), bytes.begin(), bytes.end());
+    std::size_t sent = 0;
+    bool whole = true;
+    while (sent < unsent.size()) {
+        const auto rest = std::span(unsent).subspan(sent);
+        const ssize_t count = isSocket ? ::send(line.Get(), rest.data(), rest.size(), MSG_NOSIGNAL | MSG_DONTWAIT)
+                                       : ::write(line.Get(), rest.data(), rest.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            whole = IsPassing(errno);
+        if (count <= 0)
+            break;
+        sent += static_cast<std::size_t>(count);
+    }
+    unsent.erase(unsent.begin(), unsent.begin() + static_cast<std::ptrdiff_t>(sent));
+    return whole;
+}
+
+} // namespace vxsim
