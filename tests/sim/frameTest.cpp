@@ -1,6 +1,6 @@
+#include "signFixture.h"
 #include "sim/protocol/checksum.h"
 #include "sim/protocol/frameFinder.h"
-#include "signFixture.h"
 
 #include <random>
 
