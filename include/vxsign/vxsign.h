@@ -1,0 +1,27 @@
+/* vxsign: control of LED variable-message signs over UDP, TCP or a serial line.
+ *
+ * A thread fills a vxApiConfig, hands it to vxInitAPI and then calls the functions of the families below. Each call
+ * opens its channel, talks to the sign and closes the channel again; each returns a result word (result.h), 0 being
+ * success. Output arguments are written on success only. Text is narrow and NUL terminated.
+ *
+ * Unless a function says otherwise it returns: 0 done; VX_ARGUMENTS for a null pointer or a request that does not
+ * fit, with nothing sent; VX_COMMUNICATION when the thread has no configuration, the channel could not be opened or
+ * every try failed; VX_ABORTED when abortFlag was set; VX_INCONSISTENT_SYNC for a reply whose status has no meaning;
+ * or the code that the sign answered with. vxErrorDesc puts each into words.
+ */
+#ifndef VXSIGN_VXSIGN_H
+#define VXSIGN_VXSIGN_H
+
+#include <vxsign/api.h>
+#include <vxsign/content.h>
+#include <vxsign/control.h>
+#include <vxsign/filesystem.h>
+#include <vxsign/local.h>
+#include <vxsign/properties.h>
+#include <vxsign/quickshow.h>
+#include <vxsign/read.h>
+#include <vxsign/result.h>
+#include <vxsign/test.h>
+#include <vxsign/write.h>
+
+#endif
