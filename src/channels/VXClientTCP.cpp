@@ -1,0 +1,43 @@
+#include "channels/VXClientTCP.h"
+
+#include "util/text.h"
+
+#include <cstring>
+
+namespace vxsign {
+
+bool VXClientTCP::Open(std::uint16_t port, const char* hostText, std::uint16_t signPort)
+{
+    using platform::Socket;
+    if (socket.IsOpen() || hostText == nullptr || !socket.Open(Socket::Kind::Stream) || !socket.Bind(port))
+        return false;
+    localPort = port;
+    CopyToField(host.data(), host.size(), FieldText(hostText, host.size()));
+    remotePort = signPort;
+    const auto address = platform::ParseIpv4(FieldText(host.data(), host.size()));
+    if (!address)
+        return false;
+    server = {*address, remotePort};
+    return socket.Connect(server);
+}
+
+std::uint32_t VXClientTCP::Write(const char* buffer, std::uint32_t length, std::uint32_t timeoutMs)
+{
+    return socket.IsOpen() && buffer != nullptr ? socket.Send(buffer, length, timeoutMs) : 0;
+}
+
+std::uint32_t VXClientTCP::Read(char* buffer, std::uint32_t capacity, std::uint32_t timeoutMs)
+{
+    if (!socket.IsOpen() || buffer == nullptr)
+        return 0;
+    std::memset(buffer, 0, capacity);
+    return socket.Receive(buffer, capacity, timeoutMs);
+}
+
+void VXClientTCP::Close()
+{
+    socket.ShutdownSend();
+    socket.Close();
+}
+
+} // namespace vxsign

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "channels/VXCommBase.h"
+#include "platform/sockets.h"
+
+#include <array>
+
+namespace vxsign {
+
+/// A stream to the sign's port.
+class VXClientTCP : public VXCommBase
+{
+public:
+    /// Connects, waiting as long as the system does. False when a socket is open already, host is null or no dotted
+    /// IPv4 address within its 16 bytes, or the sign does not take the connection.
+    bool Open(std::uint16_t port, const char* hostText, std::uint16_t signPort);
+
+    std::uint32_t Write(const char* buffer, std::uint32_t length, std::uint32_t timeoutMs) override;
+    /// The sign's orderly end reads as 0, like a time-out.
+    std::uint32_t Read(char* buffer, std::uint32_t capacity, std::uint32_t timeoutMs) override;
+    void Close() override;
+
+private:
+    platform::Socket socket;
+    platform::Endpoint server;
+    std::uint16_t localPort = 0;
+    std::array<char, 16> host{};
+    std::uint16_t remotePort = 0;
+};
+
+} // namespace vxsign

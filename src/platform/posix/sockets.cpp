@@ -1,0 +1,136 @@
+#include "platform/sockets.h"
+
+#include "platform/posix/waiting.h"
+
+#include <arpa/inet.h>
+#include <cerrno>
+#include <cstring>
+#include <limits>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace vxsign::platform {
+namespace {
+
+sockaddr_in ToSocketAddress(const Endpoint& endpoint)
+{
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(endpoint.port);
+    address.sin_addr.s_addr = htonl(endpoint.address);
+    return address;
+}
+
+// Sends at once if there is room, and waits for room only if there is none: a wait less in the normal case.
+template <class SendOnce>
+std::uint32_t SendWithin(int descriptor, std::uint32_t timeoutMs, SendOnce sendOnce)
+{
+    ssize_t sent = sendOnce();
+    if (sent < 0 && (errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR) &&
+        WaitReady(descriptor, POLLOUT, timeoutMs))
+        sent = sendOnce();
+    return sent > 0 ? static_cast<std::uint32_t>(sent) : 0;
+}
+
+} // namespace
+
+int StartSockets()
+{
+    return 0;
+}
+
+void StopSockets()
+{
+}
+
+std::optional<std::uint32_t> ParseIpv4(std::string_view text)
+{
+    char terminated[INET_ADDRSTRLEN] = {};
+    in_addr address{};
+    if (text.size() >= sizeof terminated)
+        return std::nullopt;
+    std::memcpy(terminated, text.data(), text.size());
+    if (::inet_pton(AF_INET, terminated, &address) != 1)
+        return std::nullopt;
+    return ntohl(address.s_addr);
+}
+
+bool Socket::Open(Kind kind)
+{
+    const bool stream = kind == Kind::Stream;
+    descriptor =
+        ::socket(AF_INET, (stream ? SOCK_STREAM : SOCK_DGRAM) | SOCK_CLOEXEC, stream ? IPPROTO_TCP : IPPROTO_UDP);
+    if (IsOpen() && stream) {
+        const int on = 1;
+        ::setsockopt(descriptor, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+    }
+    return IsOpen();
+}
+
+bool Socket::Bind(std::uint16_t localPort)
+{
+    const sockaddr_in address = ToSocketAddress({INADDR_ANY, localPort});
+    return ::bind(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+}
+
+bool Socket::Connect(const Endpoint& remote)
+{
+    const sockaddr_in address = ToSocketAddress(remote);
+    if (::connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
+        return true;
+    if (errno != EINTR)
+        return false;
+    // The connection goes on being made behind the interrupted call.
+    int error = 0;
+    socklen_t size = sizeof error;
+    return WaitReady(descriptor, POLLOUT, std::numeric_limits<std::uint32_t>::max()) &&
+           ::getsockopt(descriptor, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0;
+}
+
+std::uint32_t Socket::Send(const void* data, std::uint32_t length, std::uint32_t timeoutMs)
+{
+    return SendWithin(descriptor, timeoutMs,
+                      [&] { return ::send(descriptor, data, length, MSG_DONTWAIT | MSG_NOSIGNAL); });
+}
+
+std::uint32_t Socket::SendTo(const Endpoint& remote, const void* data, std::uint32_t length, std::uint32_t timeoutMs)
+{
+    const sockaddr_in address = ToSocketAddress(remote);
+    return SendWithin(descriptor, timeoutMs, [&] {
+        return ::sendto(descriptor, data, length, MSG_DONTWAIT | MSG_NOSIGNAL,
+                        reinterpret_cast<const sockaddr*>(&address), sizeof address);
+    });
+}
+
+std::uint32_t Socket::Receive(void* buffer, std::uint32_t capacity, std::uint32_t timeoutMs, Endpoint* sender)
+{
+    if (!WaitReady(descriptor, POLLIN, timeoutMs))
+        return 0;
+    sockaddr_in address{};
+    socklen_t size = sizeof address;
+    const ssize_t got =
+        ::recvfrom(descriptor, buffer, capacity, MSG_DONTWAIT, reinterpret_cast<sockaddr*>(&address), &size);
+    if (got <= 0)
+        return 0;
+    if (sender != nullptr)
+        *sender = {ntohl(address.sin_addr.s_addr), ntohs(address.sin_port)};
+    return static_cast<std::uint32_t>(got);
+}
+
+void Socket::ShutdownSend()
+{
+    if (IsOpen())
+        ::shutdown(descriptor, SHUT_WR);
+}
+
+void Socket::Close()
+{
+    if (IsOpen())
+        ::close(descriptor);
+    descriptor = -1;
+}
+
+} // namespace vxsign::platform

@@ -1,0 +1,59 @@
+// IPv4 sockets and waiting on them. No operation throws; none raises SIGPIPE.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace vxsign::platform {
+
+/// Starts and stops socket support where the system asks for it; 0 is success.
+int StartSockets();
+void StopSockets();
+
+struct Endpoint
+{
+    std::uint32_t address = 0; // first octet in the top byte
+    std::uint16_t port = 0;
+};
+
+/// Four decimal octets with dots; anything else gives nothing.
+std::optional<std::uint32_t> ParseIpv4(std::string_view text);
+
+/// One socket, closed with its object.
+class Socket
+{
+public:
+    enum class Kind
+    {
+        Datagram,
+        Stream
+    };
+
+    Socket() = default;
+    Socket(const Socket&) = delete;
+    Socket& operator=(const Socket&) = delete;
+    ~Socket() { Close(); }
+
+    bool Open(Kind kind);
+    bool IsOpen() const { return descriptor >= 0; }
+    bool Bind(std::uint16_t localPort);
+    /// Waits as long as the system does.
+    bool Connect(const Endpoint& remote);
+
+    /// One send, after waiting for room for at most timeoutMs. The bytes sent; 0 on any failure.
+    std::uint32_t Send(const void* data, std::uint32_t length, std::uint32_t timeoutMs);
+    std::uint32_t SendTo(const Endpoint& remote, const void* data, std::uint32_t length, std::uint32_t timeoutMs);
+
+    /// One receive, after waiting for data for at most timeoutMs. The bytes read; 0 for nothing, for the peer's end and
+    /// on any failure. A datagram longer than the buffer is cut to it. `sender` may be null.
+    std::uint32_t Receive(void* buffer, std::uint32_t capacity, std::uint32_t timeoutMs, Endpoint* sender = nullptr);
+
+    void ShutdownSend();
+    void Close();
+
+private:
+    int descriptor = -1;
+};
+
+} // namespace vxsign::platform

@@ -1,0 +1,83 @@
+#include "util/littleEndian.h"
+#include "vxBaseCMD/packet.h"
+
+#include <vxsign/result.h>
+
+#include <array>
+
+namespace vxsign {
+namespace {
+
+constexpr std::size_t kSlices = 16;
+using CrcTable = std::array<std::uint16_t, 256>;
+
+// Table k holds what a byte becomes after k further zero bytes, so that one step takes kSlices bytes at a time.
+constexpr std::array<CrcTable, kSlices> MakeTables()
+{
+    std::array<CrcTable, kSlices> tables{};
+    for (unsigned byte = 0; byte < 256; ++byte) {
+        unsigned crc = byte;
+        for (int bit = 0; bit < 8; ++bit)
+            crc = (crc & 1) != 0 ? crc >> 1 ^ 0x8408 : crc >> 1;
+        tables[0][byte] = static_cast<std::uint16_t>(crc);
+    }
+    for (std::size_t k = 1; k < kSlices; ++k)
+        for (std::size_t byte = 0; byte < 256; ++byte) {
+            const std::uint16_t crc = tables[k - 1][byte];
+            tables[k][byte] = static_cast<std::uint16_t>(crc >> 8 ^ tables[0][crc & 0xFF]);
+        }
+    return tables;
+}
+constexpr std::array<CrcTable, kSlices> kTables = MakeTables();
+
+std::uint32_t Crc(const std::uint8_t* bytes, std::size_t length)
+{
+    std::uint32_t crc = 0xFFFF;
+    for (; length >= kSlices; bytes += kSlices, length -= kSlices) {
+        std::uint32_t next = kTables[kSlices - 1][(bytes[0] ^ crc) & 0xFF] ^ kTables[kSlices - 2][bytes[1] ^ crc >> 8];
+        for (std::size_t i = 2; i < kSlices; ++i)
+            next ^= kTables[kSlices - 1 - i][bytes[i]];
+        crc = next;
+    }
+    for (; length != 0; ++bytes, --length)
+        crc = crc >> 8 ^ kTables[0][(*bytes ^ crc) & 0xFF];
+    // The complement goes out high byte first: the one big-endian field of a packet.
+    const std::uint32_t complement = ~crc & 0xFFFF;
+    return (complement >> 8 | complement << 8) & 0xFFFF;
+}
+
+// Adds eight bytes at a time as four pairs of 16-bit lanes. A lane holds 128 steps of two bytes before it could run
+// over.
+std::uint32_t Sum(const std::uint8_t* bytes, std::size_t length)
+{
+    constexpr std::uint64_t kEvenBytes = 0x00FF00FF00FF00FF;
+    constexpr std::size_t kStepsInLane = 128;
+    std::uint32_t sum = 0;
+    while (length >= 8) {
+        const std::size_t steps = std::min(length / 8, kStepsInLane);
+        std::uint64_t lanes = 0;
+        for (std::size_t i = 0; i < steps; ++i) {
+            const auto word = LoadLittle<std::uint64_t>(bytes + 8 * i);
+            lanes += (word & kEvenBytes) + (word >> 8 & kEvenBytes);
+        }
+        // Four lanes of up to 65280 each.
+        sum += static_cast<std::uint32_t>((lanes & 0xFFFF) + (lanes >> 16 & 0xFFFF) + (lanes >> 32 & 0xFFFF) +
+                                          (lanes >> 48));
+        bytes += 8 * steps;
+        length -= 8 * steps;
+    }
+    for (; length != 0; ++bytes, --length)
+        sum += *bytes;
+    return sum & 0xFFFF;
+}
+
+} // namespace
+} // namespace vxsign
+
+std::uint32_t vxChkSum(const void* buffer, std::uint32_t start, std::uint32_t end, std::uint32_t mode)
+{
+    if (buffer == nullptr || end <= start)
+        return 0;
+    const auto* const bytes = static_cast<const std::uint8_t*>(buffer) + start;
+    return mode == vxsign::kCrcMode ? vxsign::Crc(bytes, end - start) : vxsign::Sum(bytes, end - start);
+}
