@@ -16,6 +16,13 @@
 #define VXSIGN_API __attribute__((visibility("default")))
 #endif
 
+/* Lets the compiler check the arguments of a printf-like function; both numbers count from 1. */
+#if defined(__GNUC__)
+#define VXSIGN_PRINTF(formatNumber, firstNumber) __attribute__((format(printf, formatNumber, firstNumber)))
+#else
+#define VXSIGN_PRINTF(formatNumber, firstNumber)
+#endif
+
 #ifdef __cplusplus
 #define VXSIGN_BEGIN extern "C" {
 #define VXSIGN_END }

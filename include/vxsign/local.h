@@ -1,4 +1,7 @@
-/* Work on the PC that needs no sign: names, paths, time, serial ports, INI files, file shortcuts. */
+/* Work on the PC that needs no sign: names, paths, time, serial ports, INI files, file shortcuts.
+ *
+ * A null output is left out. A null input gives VX_ARGUMENTS where the result is a result word, and what a failure
+ * gives elsewhere. Memory that runs out gives VX_CALL, or again what a failure gives elsewhere. */
 #ifndef VXSIGN_LOCAL_H
 #define VXSIGN_LOCAL_H
 
@@ -19,7 +22,7 @@ VXSIGN_API uint32_t vxGetShortFileName(const char* path, char* out, uint32_t out
 VXSIGN_API void vxSleep(uint32_t ms);
 
 /* The local time as DOS date (year - 1980 in bits 9-15, month 5-8, day 0-4) and DOS time (hour 11-15, minute 5-10,
- * seconds / 2 in 0-4). Nothing when either is null. */
+ * seconds / 2 in 0-4). Nothing when either is null, or for a year that has no place in it. */
 VXSIGN_API void vxGetDOSTime(uint16_t* date, uint16_t* time);
 
 /* The local time as 8 bytes: year (little-endian 16 bits), month, day, hour, minute, second, day of week (0 Sunday). */
@@ -33,17 +36,18 @@ VXSIGN_API uint32_t vxTM_DecodeDosTime(uint32_t dosDateTime, char* out, uint8_t 
 VXSIGN_API uint32_t vxEnumSerial(char* out, uint32_t outLength);
 
 /* printf into out, cut to outLength, always terminated. Returns 0. */
-VXSIGN_API uint32_t vxPrintBuf(char* out, uint32_t outLength, const char* format, ...);
+VXSIGN_API uint32_t vxPrintBuf(char* out, uint32_t outLength, const char* format, ...) VXSIGN_PRINTF(3, 4);
 
-/* fopen; null when it fails. Close the stream with fclose. */
+/* fopen, for this process alone; null when it fails, and for a folder. Close the stream with fclose. */
 VXSIGN_API FILE* vxFOpen(const char* path, const char* mode);
 
-/* Not 0 when the file was deleted, the folder made, the file copied. failIfExists leaves an existing target alone. */
+/* Not 0 when the file was deleted (a folder is not), the folder made (one that is there already is not), the file
+ * copied. failIfExists not 0 leaves an existing target alone. */
 VXSIGN_API uint32_t vxFSDelete(const char* path);
 VXSIGN_API uint32_t vxOSCreateDir(const char* path);
 VXSIGN_API uint32_t vxOSCopyFile(const char* from, const char* to, uint8_t failIfExists);
 
-/* The size of a file in bytes, 0 for one that is not there. */
+/* The size of a file in bytes, 0 for one that is not there, cannot be read or has 4 GB and more. */
 VXSIGN_API uint32_t vxOSGetFileSize(const char* path);
 
 /* Takes a path apart: drive ("C:"), folder with its last separator, name, extension with its dot. '/' and '\' both
@@ -56,8 +60,10 @@ VXSIGN_API int vxStr_splitpath(const char* path, char* drive, uint8_t driveSize,
 VXSIGN_API uint32_t vxSysUpTimeMS(void);
 VXSIGN_API uint32_t vxSystemUpTimeSec(void);
 
-/* A value of an INI file. Sections and keys match without regard to case. A text is 63 characters at most and gets no
- * terminator: clear out before. A number is decimal or 0x; a missing one gives defaultValue. All return 0. */
+/* A value of an INI file. Sections and keys match without regard to case. A text loses the quotes around it, is 63
+ * characters at most and gets no terminator: clear out before. A number is decimal or 0x, and 0 when the value is none.
+ * A value that is missing, or whose file is, gives defaultValue. Setting makes what is missing, the file included, and
+ * leaves the rest of the file as it was. All return 0, also when the file could not be written. */
 VXSIGN_API uint32_t vxGetINIWithString(const char* section, const char* key, const char* defaultValue,
                                        const char* iniPath, char* out);
 VXSIGN_API uint32_t vxGetINIWithInt(const char* section, const char* key, uint32_t defaultValue, const char* iniPath,

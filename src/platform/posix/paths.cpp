@@ -68,6 +68,8 @@ std::string ShortFileName(std::string_view path)
         return {};
     // A sign's path separator counts in either form.
     const std::string_view name = path.substr(path.find_last_of("/\\") + 1);
+    if (name.empty())
+        return {};
     const std::size_t dot = name.find_last_of('.');
     const std::string_view stem = name.substr(0, dot);
     const std::string_view extension = dot == std::string_view::npos ? std::string_view() : name.substr(dot + 1);

@@ -1,0 +1,53 @@
+#include "util/file.h"
+#include "util/localCall.h"
+
+#include <vxsign/local.h>
+
+#include <filesystem>
+
+using namespace vxsign;
+namespace fs = std::filesystem;
+
+FILE* vxFOpen(const char* path, const char* mode)
+{
+    return LocalCall<FILE*>(nullptr, [=] { return OpenFile(path, mode).release(); });
+}
+
+std::uint32_t vxFSDelete(const char* path)
+{
+    if (path == nullptr)
+        return 0;
+    return LocalCall<std::uint32_t>(0, [=] {
+        std::error_code error;
+        return !fs::is_directory(fs::symlink_status(path, error)) && fs::remove(path, error) ? 1u : 0u;
+    });
+}
+
+std::uint32_t vxOSCreateDir(const char* path)
+{
+    if (path == nullptr)
+        return 0;
+    return LocalCall<std::uint32_t>(0, [=] {
+        std::error_code error;
+        return fs::create_directory(path, error) ? 1u : 0u;
+    });
+}
+
+std::uint32_t vxOSCopyFile(const char* from, const char* to, std::uint8_t failIfExists)
+{
+    if (from == nullptr || to == nullptr)
+        return 0;
+    return LocalCall<std::uint32_t>(0, [=] {
+        std::error_code error;
+        const auto options = failIfExists != 0 ? fs::copy_options::none : fs::copy_options::overwrite_existing;
+        return fs::copy_file(from, to, options, error) && !error ? 1u : 0u;
+    });
+}
+
+std::uint32_t vxOSGetFileSize(const char* path)
+{
+    return LocalCall<std::uint32_t>(0, [=] {
+        const File file = OpenFile(path, "rb");
+        return file ? FileSize(file).value_or(0) : 0;
+    });
+}

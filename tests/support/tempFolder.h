@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace vxsign::test {
+
+/// A folder of the test's own, removed with all that is in it.
+class TempFolder
+{
+public:
+    TempFolder()
+    {
+        std::string pattern = (std::filesystem::temp_directory_path() / "vxsignXXXXXX").string();
+        if (::mkdtemp(pattern.data()) == nullptr)
+            ADD_FAILURE() << "no temporary folder: " << pattern;
+        folder = pattern;
+    }
+    ~TempFolder()
+    {
+        std::error_code error;
+        std::filesystem::remove_all(folder, error);
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    /// The full path of a name in the folder; of the folder itself, with a separator, for an empty one.
+    std::string Path(std::string_view name = "") const { return (folder / name).string(); }
+
+    /// Makes a file with these bytes and returns its path.
+    std::string Write(std::string_view name, std::string_view bytes) const
+    {
+        const std::string path = Path(name);
+        std::ofstream file(path, std::ios::binary);
+        file << bytes;
+        file.close();
+        EXPECT_TRUE(file) << path;
+        return path;
+    }
+
+    /// The bytes of a file; fails the test if it is not there.
+    std::string Read(std::string_view name) const
+    {
+        std::ifstream file(Path(name), std::ios::binary);
+        EXPECT_TRUE(file) << Path(name);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    bool Has(std::string_view name) const { return std::filesystem::exists(folder / name); }
+
+    bool IsEmpty() const { return std::filesystem::is_empty(folder); }
+
+private:
+    std::filesystem::path folder;
+};
+
+} // namespace vxsign::test

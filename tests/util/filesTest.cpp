@@ -1,0 +1,170 @@
+#include "support/tempFolder.h"
+#include "util/file.h"
+
+#include <vxsign/local.h>
+#include <vxsign/result.h>
+
+#include <cstring>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace vxsign;
+using test::TempFolder;
+
+TEST(Files, SizesAndOpening)
+{
+    const TempFolder folder;
+    const std::string path = folder.Write("a", "12345");
+    const File file = OpenFile(path.c_str(), "rb");
+    ASSERT_TRUE(file);
+    EXPECT_EQ(FileSize(file), 5u);
+    char bytes[8] = {};
+    EXPECT_EQ(ReadSome(file, bytes, sizeof bytes), 5u) << "the size leaves the stream at its beginning";
+    EXPECT_NE(::fcntl(::fileno(file.get()), F_GETFD) & FD_CLOEXEC, 0);
+
+    EXPECT_FALSE(OpenFile(folder.Path().c_str(), "rb")) << "a folder";
+    EXPECT_FALSE(OpenFile(path.c_str(), ""));
+    EXPECT_FALSE(OpenFile(nullptr, "rb"));
+    EXPECT_EQ(vxOSGetFileSize(path.c_str()), 5u);
+    EXPECT_EQ(vxOSGetFileSize(folder.Path("absent").c_str()), 0u);
+    EXPECT_EQ(vxOSGetFileSize(folder.Path().c_str()), 0u);
+    EXPECT_EQ(vxOSGetFileSize(nullptr), 0u);
+
+    std::filesystem::resize_file(path, 0xFFFFFFFF);
+    EXPECT_EQ(vxOSGetFileSize(path.c_str()), 0xFFFFFFFFu);
+    std::filesystem::resize_file(path, 0x100000000);
+    EXPECT_EQ(vxOSGetFileSize(path.c_str()), 0u);
+}
+
+TEST(Files, AFullDeviceShowsWhenTheFileIsClosed)
+{
+    File full = OpenFile("/dev/full", "wb");
+    ASSERT_TRUE(full);
+    EXPECT_TRUE(WriteAll(full, "x", 1));
+    EXPECT_FALSE(CloseFile(full));
+    EXPECT_FALSE(full);
+    EXPECT_FALSE(CloseFile(full));
+}
+
+TEST(Files, Shortcuts)
+{
+    const TempFolder folder;
+    const std::string a = folder.Write("a", "first");
+    const std::string b = folder.Write("b", "second");
+    EXPECT_EQ(vxOSCopyFile(a.c_str(), b.c_str(), 1), 0u);
+    EXPECT_EQ(folder.Read("b"), "second");
+    EXPECT_NE(vxOSCopyFile(a.c_str(), b.c_str(), 0), 0u);
+    EXPECT_EQ(folder.Read("b"), "first");
+    EXPECT_NE(vxOSCopyFile(a.c_str(), folder.Path("c").c_str(), 1), 0u);
+    EXPECT_EQ(vxOSCopyFile(folder.Path("absent").c_str(), b.c_str(), 0), 0u);
+
+    const std::string made = folder.Path("made");
+    EXPECT_NE(vxOSCreateDir(made.c_str()), 0u);
+    EXPECT_EQ(vxOSCreateDir(made.c_str()), 0u) << "there already";
+    EXPECT_EQ(vxFSDelete(made.c_str()), 0u) << "a folder";
+    EXPECT_NE(vxFSDelete(a.c_str()), 0u);
+    EXPECT_EQ(vxFSDelete(a.c_str()), 0u);
+    EXPECT_FALSE(folder.Has("a"));
+
+    EXPECT_EQ(vxFSDelete(nullptr), 0u);
+    EXPECT_EQ(vxOSCreateDir(nullptr), 0u);
+    EXPECT_EQ(vxOSCopyFile(nullptr, b.c_str(), 0), 0u);
+    EXPECT_EQ(vxOSCopyFile(b.c_str(), nullptr, 0), 0u);
+    EXPECT_EQ(vxFOpen(nullptr, "r"), nullptr);
+    EXPECT_EQ(vxFOpen(b.c_str(), nullptr), nullptr);
+    FILE* const stream = vxFOpen(b.c_str(), "a");
+    ASSERT_NE(stream, nullptr);
+    std::fputs("+", stream);
+    std::fclose(stream);
+    EXPECT_EQ(folder.Read("b"), "first+");
+}
+
+TEST(SplitPath, Parts)
+{
+    const struct
+    {
+        const char* path;
+        const char* drive;
+        const char* folder;
+        const char* name;
+        const char* extension;
+    } rows[] = {
+        {"C:\\T\\QMSG.Nmg", "C:", "\\T\\", "QMSG", ".Nmg"},
+        {"/var/tmp.d/file", "", "/var/tmp.d/", "file", ""},
+        {"D:a/b\\c.tar.gz", "D:", "a/b\\", "c.tar", ".gz"},
+        {"/only/folder/", "", "/only/folder/", "", ""},
+        {".hidden", "", "", "", ".hidden"},
+        {"C:", "C:", "", "", ""},
+        {"", "", "", "", ""},
+    };
+    for (const auto& row : rows) {
+        char drive[3];
+        char folder[32];
+        char name[16];
+        char extension[8];
+        EXPECT_EQ(vxStr_splitpath(row.path, drive, sizeof drive, folder, sizeof folder, name, sizeof name, extension,
+                                  sizeof extension),
+                  0);
+        EXPECT_STREQ(drive, row.drive);
+        EXPECT_STREQ(folder, row.folder);
+        EXPECT_STREQ(name, row.name);
+        EXPECT_STREQ(extension, row.extension);
+    }
+}
+
+TEST(SplitPath, FailuresClearTheBuffers)
+{
+    char name[5] = "old";
+    char extension[5] = "old";
+    const auto split = [&](const char* path, std::uint8_t nameSize) {
+        std::strcpy(extension, "old");
+        return vxStr_splitpath(path, nullptr, 0, nullptr, 0, name, nameSize, extension, sizeof extension);
+    };
+    EXPECT_EQ(split("/a/QMSG.Nmg", 5), 0);
+    EXPECT_STREQ(name, "QMSG");
+    EXPECT_EQ(split("/a/QMSG.Nmg", 4), 34);
+    EXPECT_STREQ(name, "");
+    EXPECT_STREQ(extension, "");
+    EXPECT_EQ(split(nullptr, 5), 22);
+    EXPECT_STREQ(extension, "");
+    EXPECT_EQ(split("/a/QMSG.Nmg", 0), 22) << "a buffer without size";
+    EXPECT_STREQ(extension, "");
+    EXPECT_EQ(vxStr_splitpath("a", nullptr, 1, nullptr, 0, nullptr, 0, nullptr, 0), 22) << "a size without buffer";
+    EXPECT_EQ(vxStr_splitpath("a.b", nullptr, 0, nullptr, 0, nullptr, 0, nullptr, 0), 0);
+}
+
+TEST(PrintBuf, CutsAndTerminates)
+{
+    char out[6] = "xxxxx";
+    EXPECT_EQ(vxPrintBuf(out, 5, "%s-%d", "abc", 42), 0u);
+    EXPECT_STREQ(out, "abc-");
+    EXPECT_EQ(vxPrintBuf(out, 0, "%d", 1), 0u);
+    EXPECT_STREQ(out, "abc-");
+    EXPECT_EQ(vxPrintBuf(nullptr, 5, "%d", 1), 0u);
+}
+
+TEST(ReadFileLine, PassesOverOneByteBehindTheLineFeed)
+{
+    const TempFolder folder;
+    const File file = OpenFile(folder.Write("lines", "ab\n\rcd\nXtail").c_str(), "rb");
+    std::uint8_t buffer[10];
+    const auto read = [&](std::uint32_t size) {
+        std::memset(buffer, 'x', sizeof buffer);
+        const std::uint32_t length = vxReadFileLine(file.get(), buffer, size);
+        return std::pair(length, std::string(reinterpret_cast<const char*>(buffer), sizeof buffer));
+    };
+    using namespace std::string_literals;
+    EXPECT_EQ(read(8), std::pair(3u, "ab\n\0\0\0\0\0xx"s)) << "what is left of the size is cleared";
+    EXPECT_EQ(read(2), std::pair(2u, "cdxxxxxxxx"s)) << "no line feed within the size";
+    EXPECT_EQ(read(2), std::pair(1u, "\n\0xxxxxxxx"s));
+    EXPECT_EQ(read(10), std::pair(4u, "tailxxxxxx"s));
+    EXPECT_EQ(read(10).first, 0u);
+
+    EXPECT_EQ(vxReadFileLine(nullptr, buffer, 4), 0u);
+    EXPECT_EQ(vxReadFileLine(file.get(), nullptr, 4), 0u);
+    EXPECT_EQ(vxReadFileLine(file.get(), buffer, 0), 0u);
+}
+
+} // namespace

@@ -1,0 +1,128 @@
+#include "support/tempFolder.h"
+
+#include <vxsign/local.h>
+#include <vxsign/result.h>
+
+#include <cstring>
+#include <gtest/gtest.h>
+
+namespace {
+
+using vxsign::test::TempFolder;
+
+constexpr std::string_view kSample = "\xEF\xBB\xBF; signs of the north\r\n"
+                                     "stray = 1\r\n"
+                                     "[Sign]\r\n"
+                                     " Host = 10.0.0.1 ; by the bridge \r\n"
+                                     ";Port=1\r\n"
+                                     "Port=9520\r\n"
+                                     "PORT=7\r\n"
+                                     "a line without value\r\n"
+                                     "Name=\"  north \"\r\n"
+                                     "Empty=\r\n"
+                                     "\r\n"
+                                     "[Other]\r\n"
+                                     "Port=3\r\n"
+                                     "[sign]\r\n"
+                                     "Late=1";
+
+class Ini : public testing::Test
+{
+protected:
+    std::string Text(const char* section, const char* key, const char* fallback = "none") const
+    {
+        char out[80] = {};
+        EXPECT_EQ(vxGetINIWithString(section, key, fallback, path.c_str(), out), 0u);
+        return out;
+    }
+    std::uint32_t Number(const char* key) const
+    {
+        std::uint32_t out = 1;
+        EXPECT_EQ(vxGetINIWithInt("n", key, 77, path.c_str(), &out), 0u);
+        return out;
+    }
+    void Set(const char* section, const char* key, const char* value) const
+    {
+        EXPECT_EQ(vxSetINIWithString(section, key, value, path.c_str()), 0u);
+    }
+
+    const TempFolder folder;
+    const std::string path = folder.Path("a.ini");
+};
+
+TEST_F(Ini, Texts)
+{
+    EXPECT_EQ(Text("Sign", "Port"), "none") << "no file";
+    folder.Write("a.ini", kSample);
+    EXPECT_EQ(Text("SIGN", "port"), "9520");
+    EXPECT_EQ(Text("Sign", "host"), "10.0.0.1 ; by the bridge");
+    EXPECT_EQ(Text("Sign", "Name"), "  north ");
+    EXPECT_EQ(Text("Sign", "Empty"), "");
+    EXPECT_EQ(Text("other", "port"), "3");
+    for (const char* missing : {"stray", "Late", ";Port", "a line without value"})
+        EXPECT_EQ(Text("Sign", missing), "none") << missing;
+
+    folder.Write("a.ini", "[s]\nlong=" + std::string(100, 'v'));
+    EXPECT_EQ(Text("s", "long"), std::string(63, 'v'));
+    EXPECT_EQ(Text("s", "short", std::string(100, 'd').c_str()), std::string(63, 'd'));
+    folder.Write("a.ini", "[s\nk=1\n");
+    EXPECT_EQ(Text("s", "k"), "1");
+}
+
+TEST_F(Ini, Numbers)
+{
+    folder.Write("a.ini", "[n]\na=42 volts\nb=0x1F\nc=-1\nd=volts\ne=\nf=\"8\"\ng=4294967298\nh=12F\n");
+    EXPECT_EQ(Number("a"), 42u);
+    EXPECT_EQ(Number("b"), 31u);
+    EXPECT_EQ(Number("c"), 0xFFFFFFFFu);
+    EXPECT_EQ(Number("d"), 0u);
+    EXPECT_EQ(Number("e"), 0u);
+    EXPECT_EQ(Number("f"), 8u);
+    EXPECT_EQ(Number("g"), 2u);
+    EXPECT_EQ(Number("h"), 12u);
+    EXPECT_EQ(Number("missing"), 77u);
+}
+
+TEST_F(Ini, SettingKeepsTheRestOfTheFile)
+{
+    folder.Write("a.ini", kSample);
+    Set("sign", "port", "1");
+    Set("Sign", "New", "n\r\nForged=1");
+    Set("Third", "Key", "value");
+    std::string expected(kSample);
+    expected.replace(expected.find("9520"), 4, "1");
+    expected.replace(expected.find("Empty=\r\n"), 8, "Empty=\r\nNew=n\r\n");
+    expected += "\r\n[Third]\r\nKey=value\r\n";
+    EXPECT_EQ(folder.Read("a.ini"), expected);
+}
+
+TEST_F(Ini, SettingMakesTheFileAndGrowsAnUnendedOne)
+{
+    Set("A", "x", "1");
+    EXPECT_EQ(folder.Read("a.ini"), "[A]\nx=1\n");
+    folder.Write("a.ini", "[A]");
+    Set("a", "x", "\"q\"");
+    EXPECT_EQ(folder.Read("a.ini"), "[A]\nx=\"q\"\n");
+    EXPECT_EQ(Text("A", "X"), "q");
+    EXPECT_EQ(vxSetINIWithString("A", "x", "1", folder.Path("no/such").c_str()), 0u);
+}
+
+TEST_F(Ini, NullArguments)
+{
+    const char* const file = path.c_str();
+    char out[4] = "abc";
+    std::uint32_t number = 5;
+    EXPECT_EQ(vxGetINIWithString(nullptr, "k", "d", file, out), VX_ARGUMENTS);
+    EXPECT_EQ(vxGetINIWithString("s", nullptr, "d", file, out), VX_ARGUMENTS);
+    EXPECT_EQ(vxGetINIWithString("s", "k", nullptr, file, out), VX_ARGUMENTS);
+    EXPECT_EQ(vxGetINIWithString("s", "k", "d", nullptr, out), VX_ARGUMENTS);
+    EXPECT_EQ(vxGetINIWithString("s", "k", "d", file, nullptr), 0u);
+    EXPECT_EQ(vxGetINIWithInt("s", "k", 1, nullptr, &number), VX_ARGUMENTS);
+    EXPECT_EQ(vxGetINIWithInt("s", "k", 1, file, nullptr), 0u);
+    EXPECT_EQ(vxSetINIWithString("s", "k", nullptr, file), VX_ARGUMENTS);
+    EXPECT_STREQ(out, "abc");
+    EXPECT_EQ(number, 5u);
+    EXPECT_TRUE(folder.IsEmpty());
+}
+
+} // namespace

@@ -1,0 +1,199 @@
+#include "api/threadRecords.h"
+#include "platform/paths.h"
+#include "platform/serialPorts.h"
+#include "support/fakeClock.h"
+#include "support/tempFolder.h"
+
+#include <vxsign/local.h>
+#include <vxsign/result.h>
+
+#include <cstring>
+#include <gtest/gtest.h>
+#include <mutex>
+#include <set>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using vxsign::test::FakeClock;
+using vxsign::test::TempFolder;
+
+class TempNames : public testing::Test
+{
+protected:
+    ~TempNames() override { vxsign::ThreadConfig()->onTempPath = nullptr; }
+
+    static std::string Name(std::uint32_t length = 400)
+    {
+        std::string name(length + 1, 'x');
+        EXPECT_EQ(vxGetPCTempFilename(name.data(), length, "Nmg"), 0u);
+        EXPECT_EQ(name.back(), 'x') << "written beyond the buffer";
+        return name.c_str();
+    }
+
+    const std::string processId = std::to_string(vxsign::platform::ProcessId());
+};
+
+TEST_F(TempNames, FolderProcessTickAndExtension)
+{
+    const FakeClock clock;
+    FakeClock::Advance(1'000'000); // ahead of what other tests have used up
+    const std::string tick = std::to_string(FakeClock::NowMs());
+    EXPECT_EQ(Name(), vxsign::platform::TempFolder() + processId + tick + ".Nmg");
+    vxsign::ThreadConfig()->onTempPath = [](vxApiConfig* config, char* buffer, std::uint32_t capacity) {
+        EXPECT_EQ(config, vxsign::ThreadConfig());
+        EXPECT_EQ(capacity, 256u);
+        std::strcpy(buffer, "/elsewhere/");
+    };
+    const std::string next = std::to_string(FakeClock::NowMs() + 1);
+    EXPECT_EQ(Name(), "/elsewhere/" + processId + next + ".Nmg") << "one tick, but another name";
+    EXPECT_EQ(Name(14), "/elsewhere/" + processId.substr(0, 2));
+    EXPECT_EQ(Name(1), "");
+}
+
+TEST_F(TempNames, SurvivesAHostileFolderFunction)
+{
+    vxsign::ThreadConfig()->onTempPath = [](vxApiConfig*, char* buffer, std::uint32_t capacity) {
+        std::memset(buffer, 'a', capacity);
+    };
+    EXPECT_EQ(Name().substr(0, 255 + processId.size()), std::string(255, 'a') + processId);
+
+    vxsign::ThreadConfig()->onTempPath = [](vxApiConfig*, char*, std::uint32_t) { throw std::runtime_error("folder"); };
+    char name[16] = "before";
+    EXPECT_EQ(vxGetPCTempFilename(name, sizeof name, "Nmg"), VX_CALL);
+    EXPECT_STREQ(name, "");
+    EXPECT_EQ(vxGetPCTempFilename(name, sizeof name, nullptr), VX_ARGUMENTS);
+    EXPECT_EQ(vxGetPCTempFilename(nullptr, 16, "Nmg"), 0u);
+    EXPECT_EQ(vxGetPCTempFilename(name, 0, "Nmg"), 0u);
+}
+
+TEST_F(TempNames, NeverRepeatAcrossThreads)
+{
+    constexpr int kThreads = 4;
+    constexpr int kNames = 500;
+    std::mutex mutex;
+    std::set<std::string> names;
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < kThreads; ++i)
+        threads.emplace_back([&] {
+            for (int j = 0; j < kNames; ++j) {
+                const std::string name = Name();
+                const std::lock_guard lock(mutex);
+                names.insert(name);
+            }
+        });
+    threads.clear();
+    EXPECT_EQ(names.size(), kThreads * kNames);
+}
+
+TEST(ShortNames, OnlyFilesThatAreThereHaveOne)
+{
+    const TempFolder folder;
+    const std::string fits = folder.Write("Message1.Nmg", "");
+    char out[16];
+    std::memset(out, 'x', sizeof out);
+    EXPECT_EQ(vxGetShortFileName(fits.c_str(), out, sizeof out), 12u);
+    EXPECT_EQ(std::string_view(out, 13), "Message1.Nmgx") << "no terminator";
+    std::memset(out, 'x', sizeof out);
+    EXPECT_EQ(vxGetShortFileName(fits.c_str(), out, 3), 12u);
+    EXPECT_EQ(std::string_view(out, 4), "Mesx");
+    EXPECT_EQ(vxGetShortFileName(fits.c_str(), nullptr, 0), 12u);
+
+    EXPECT_EQ(vxGetShortFileName(folder.Path("absent").c_str(), out, sizeof out), 0u);
+    EXPECT_EQ(vxGetShortFileName(folder.Path().c_str(), out, sizeof out), 0u);
+    EXPECT_EQ(vxGetShortFileName(nullptr, out, sizeof out), 0u);
+
+    // Two characters of the stem, the checksum of the whole name, "~1" and the extension.
+    const std::string longName = folder.Write("a rather long name.bitmap", "");
+    EXPECT_EQ(vxGetShortFileName(longName.c_str(), out, sizeof out), 12u);
+    EXPECT_EQ(std::string_view(out, 2), "AR");
+    EXPECT_EQ(std::string_view(out + 6, 6), "~1.BIT");
+}
+
+TEST(SignPaths, TheFirstBytesChooseTheFolder)
+{
+    using namespace std::string_view_literals;
+    const struct
+    {
+        std::string_view name;
+        std::string_view head;
+        char letter;
+    } rows[] = {
+        {"a.bmp", "BM"sv, 'P'},
+        {"b.jpg", "\xFF\xD8\xFF\xE0\0\x10JFIF\0"sv, 'P'},
+        {"c.jpg", "\xFF\xD8\xFF\xE0\0\x10JFI"sv, 'F'},
+        {"d.qst", "\1QST"sv, 'Q'},
+        {"e.nmg", "QST"sv, 'F'},
+        {"f.nmg", "\1Z00\2AA"sv, 'T'},
+        {"g.nmg", "QZ00SAX"sv, 'T'},
+        {"h.nmg", "QZ00SCX"sv, 'A'},
+        {"i.nmg", "QZ00SDX"sv, 'F'},
+        {"j.nmg", "1Z00SDX"sv, 'F'},
+        {"k.nMg", "NG"sv, 'T'},
+        {"l.nm", "NG"sv, 'A'},
+        {"m", ""sv, 'F'},
+    };
+    const TempFolder folder;
+    for (const auto& row : rows) {
+        const std::string path = folder.Write(row.name, row.head);
+        char out[20];
+        char shortName[13] = "____________";
+        std::uint8_t letter = 0;
+        EXPECT_EQ(vxMakeSignPath(path.c_str(), out, sizeof out, 'D', &letter, shortName), 0u);
+        EXPECT_EQ(letter, row.letter) << row.name;
+        EXPECT_EQ(out, std::string("D:\\") + row.letter + "\\" + std::string(row.name));
+        EXPECT_EQ(std::string(shortName, 12), std::string(row.name).append(12 - row.name.size(), '\0'));
+    }
+}
+
+TEST(SignPaths, Refusals)
+{
+    const TempFolder folder;
+    const std::string path = folder.Write("Message1.Nmg", "QZ00SAX");
+    char out[20] = "before";
+    char shortName[12] = "before";
+    std::uint8_t letter = 9;
+    EXPECT_EQ(vxMakeSignPath(path.c_str(), out, 19, 'D', &letter, shortName), VX_ARGUMENTS);
+    EXPECT_EQ(vxMakeSignPath(nullptr, out, 20, 'D', &letter, shortName), VX_ARGUMENTS);
+    EXPECT_EQ(vxMakeSignPath(path.c_str(), nullptr, 20, 'D', &letter, shortName), VX_ARGUMENTS);
+    EXPECT_STREQ(shortName, "before");
+    for (const std::string& unreadable : {folder.Path("absent"), folder.Path()})
+        EXPECT_EQ(vxMakeSignPath(unreadable.c_str(), out, 20, 'D', &letter, shortName), VX_OPEN_FILE);
+    EXPECT_STREQ(shortName, "");
+    EXPECT_STREQ(out, "before");
+    EXPECT_EQ(letter, 9);
+    EXPECT_EQ(vxMakeSignPath(path.c_str(), out, 20, 'E', nullptr, nullptr), 0u);
+    EXPECT_STREQ(out, "E:\\T\\Message1.Nmg");
+}
+
+TEST(SerialPorts, OnlyThoseThatAreThere)
+{
+    const TempFolder folder;
+    for (const char* device : {"ttyUSB0/device", "ttyACM1/device", "ttyS0/device", "ttyS1/device", "tty1"})
+        std::filesystem::create_directories(folder.Path(device));
+    folder.Write("ttyS0/type", "4\n");
+    folder.Write("ttyS1/type", "0\n");
+    EXPECT_EQ(vxsign::platform::SerialPorts(folder.Path()), (std::vector<std::string>{"ttyACM1", "ttyS0", "ttyUSB0"}));
+    EXPECT_TRUE(vxsign::platform::SerialPorts(folder.Path("absent")).empty());
+}
+
+TEST(SerialPorts, TheListIsClearedAndCut)
+{
+    char out[64];
+    std::memset(out, 'x', sizeof out);
+    std::string list;
+    for (const std::string& port : vxsign::platform::SerialPorts())
+        list += (list.empty() ? "" : "|") + port;
+    EXPECT_EQ(vxEnumSerial(out, sizeof out), 0u);
+    list.resize(sizeof out);
+    EXPECT_EQ(std::string(out, sizeof out), list);
+    std::memset(out, 'x', sizeof out);
+    EXPECT_EQ(vxEnumSerial(out, 1), 0u);
+    EXPECT_EQ(out[0], list[0]);
+    EXPECT_EQ(out[1], 'x');
+    EXPECT_EQ(vxEnumSerial(nullptr, 5), VX_ARGUMENTS);
+}
+
+} // namespace
