@@ -1,0 +1,177 @@
+// What stands around every command: the thread's record, its limits, its callbacks.
+#include "api/socketSupport.h"
+#include "support/scriptedSign.h"
+#include "vxBaseCMD/call.h"
+
+#include <cstring>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace vxsign::test {
+namespace {
+
+TEST(CallFrame, CorrectsNumbersOutOfRangeForGood)
+{
+    struct Limits
+    {
+        std::uint32_t timeoutMs, retries;
+        std::uint16_t dataSize;
+    };
+    const std::pair<Limits, Limits> cases[] = {
+        {{49, 0, 63}, {3000, 3, 768}},
+        {{50, 1, 64}, {50, 1, 64}},
+        {{60000, 100, 1280}, {60000, 100, 1280}},
+        {{60001, 101, 1281}, {3000, 3, 768}},
+    };
+    for (const auto& [given, kept] : cases) {
+        ScriptedSign sign;
+        sign.otherwise = [](const Packet&) { return Good(); };
+        vxApiConfig& config = sign.Config();
+        config.timeoutMs = given.timeoutMs;
+        config.retries = given.retries;
+        config.dataSize = given.dataSize;
+        vxBlackScreen();
+        EXPECT_EQ(config.timeoutMs, kept.timeoutMs);
+        EXPECT_EQ(config.retries, kept.retries);
+        EXPECT_EQ(config.dataSize, kept.dataSize);
+    }
+}
+
+TEST(CallFrame, InitMarksTheRecordWhateverTheCallerLeftThere)
+{
+    ScriptedSign sign;
+    vxApiConfig config = sign.MakeConfig();
+    config.initialised = 0;
+    config.port = 4711;
+    EXPECT_EQ(vxInitAPI(&config), 0u);
+    config.port = 1;
+    EXPECT_EQ(sign.Config().initialised, 1u);
+    EXPECT_EQ(sign.Config().port, 4711u) << "the caller's own record is not referred to again";
+    EXPECT_EQ(vxInitAPI(nullptr), 2u);
+    EXPECT_EQ(vxFreeAPI(), 0u);
+    EXPECT_EQ(sign.Config().initialised, 1u);
+}
+
+TEST(CallFrame, WithoutInitNothingIsSentButTheCallbacksRun)
+{
+    ScriptedSign sign;
+    sign.Config().initialised = 0;
+    EXPECT_EQ(vxBlackScreen(), 20736u);
+    EXPECT_EQ(sign.opened, 1);
+    EXPECT_EQ(sign.closed, 1);
+    EXPECT_TRUE(sign.requests.empty());
+}
+
+TEST(CallFrame, AThreadThatWasNeverSetUp)
+{
+    ScriptedSign sign;
+    std::uint32_t result = 0;
+    vxApiConfig seen{};
+    std::thread([&] {
+        result = vxBlackScreen();
+        seen = *static_cast<vxApiConfig*>(vxTLSGet(0));
+    }).join();
+    EXPECT_EQ(result, 20736u);
+    EXPECT_EQ(sign.opened, 0);
+    EXPECT_EQ(seen.initialised, 0u);
+    EXPECT_EQ(seen.timeoutMs, 3000u) << "its record is put right all the same";
+}
+
+TEST(CallFrame, OneCallbackAloneDoesNotCount)
+{
+    ScriptedSign sign;
+    sign.Config().onWrite = nullptr;
+    sign.Config().kind = 9; // no such channel
+    EXPECT_EQ(vxBlackScreen(), 20736u);
+    EXPECT_TRUE(sign.readWaits.empty());
+}
+
+TEST(CallFrame, NothingThrownLeavesAnExport)
+{
+    ScriptedSign sign;
+    sign.Config().onWrite = [](vxApiConfig*, const std::uint8_t*, std::uint32_t, std::uint32_t) -> std::int32_t {
+        throw 1;
+    };
+    EXPECT_EQ(vxBlackScreen(), 20736u);
+    sign.Config().onOpen = [](vxApiConfig*) { throw 1; };
+    EXPECT_EQ(vxBlackScreen(), 20736u);
+    sign.Config().onOpen = nullptr;
+    sign.Config().onClose = [](vxApiConfig*) { throw 1; };
+    EXPECT_EQ(vxBlackScreen(), 20736u);
+    EXPECT_EQ(Call<CBaseCMD>([](CBaseCMD&) -> std::uint32_t { throw 1; }), 20736u);
+}
+
+TEST(CallFrame, ACommandObjectStaysSmall)
+{
+    EXPECT_LT(sizeof(CBaseCMD), 8192u);
+}
+
+TEST(ThreadRecords, EachThreadHasItsOwn)
+{
+    void* const mine = vxTLSGet(0);
+    EXPECT_EQ(vxTLSGet(0), mine);
+    EXPECT_NE(vxTLSGet(1), nullptr);
+    EXPECT_NE(vxTLSGet(2), nullptr);
+    EXPECT_EQ(vxTLSGet(3), nullptr);
+    EXPECT_EQ(vxTLSGet(-1), nullptr);
+    std::thread([&] {
+        EXPECT_NE(vxTLSGet(0), mine);
+        const Bytes zeros(16 + 52 + 300);
+        EXPECT_EQ(std::memcmp(vxTLSGet(1), zeros.data(), zeros.size()), 0);
+    }).join();
+}
+
+int starts;
+int stops;
+int startResult;
+
+TEST(SocketSupport, OnlyAFailedStartIsCounted)
+{
+    SocketSupport sockets([] { return ++starts, startResult; }, [] { ++stops; });
+    startResult = 0;
+    sockets.Start();
+    sockets.Start();
+    sockets.Stop();
+    EXPECT_EQ(starts, 2) << "after a good start the next one runs again";
+    EXPECT_EQ(stops, 0);
+    startResult = 10091;
+    sockets.Start();
+    sockets.Start();
+    EXPECT_EQ(starts, 3) << "after a failed start the next one does nothing";
+    sockets.Stop();
+    sockets.Stop();
+    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(vxSocketup(), 0u);
+    EXPECT_EQ(vxCleanSocket(), 0u);
+    EXPECT_STREQ(vxAPIVersion(), "2.3.10 2020-05-13");
+}
+
+TEST(Reply, FieldsBeyondWhatArrivedAreZero)
+{
+    ScriptedSign sign;
+    sign.Then(Good({1, 2, 3, 4}));
+    std::uint32_t inside = 0;
+    std::uint32_t beyond = 0xFFFFFFFF;
+    Bytes copied(8, 0xEE);
+    Bytes shortCopy(8, 0xEE);
+    EXPECT_EQ((Send<CBaseCMD>({1, 2}, Reply(Out<0>(&inside), Out<1020 - 4>(&beyond), OutBytes<2>(copied.data(), 8),
+                                            ShortCopy(shortCopy.data(), 8)))),
+              0u);
+    EXPECT_EQ(inside, 0x04030201u);
+    EXPECT_EQ(beyond, 0u);
+    EXPECT_EQ(copied, Hex("0304 0000 0000 0000"));
+    EXPECT_EQ(shortCopy, Hex("01020304 EEEEEEEE"));
+
+    // An output is written on success only, and a null one only matters when it is required.
+    sign.Then(Refusal(36869));
+    EXPECT_EQ((Send<CBaseCMD>({1, 2}, Reply(Out<0>(&beyond)))), 36869u);
+    EXPECT_EQ(beyond, 0u);
+    std::uint8_t* const none = nullptr;
+    EXPECT_EQ((Send<CBaseCMD>({1, 2}, Reply(Out<0>(&inside), Out<1>(none)))), 2u);
+    sign.Then(Good({9}));
+    EXPECT_EQ((Send<CBaseCMD>({1, 2}, Reply(Optional(Out<0>(none)), Out<0>(&inside)))), 0u);
+    EXPECT_EQ(inside, 9u);
+}
+
+} // namespace
+} // namespace vxsign::test

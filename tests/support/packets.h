@@ -1,0 +1,73 @@
+// Packets of the tests' own making: never with the library's code.
+#pragma once
+
+#include "support/bytes.h"
+
+#include <cstddef>
+
+namespace vxsign::test {
+
+/// The parts of a packet as it was sent.
+struct Packet
+{
+    Bytes bytes;
+
+    std::uint8_t Major() const { return bytes.at(12); }
+    std::uint8_t Minor() const { return bytes.at(13); }
+    std::uint16_t Id() const { return Word(10); }
+    std::uint16_t Word(std::size_t offset) const
+    {
+        return static_cast<std::uint16_t>(bytes.at(offset) | bytes.at(offset + 1) << 8);
+    }
+    Bytes Payload() const { return {bytes.begin() + 16, bytes.begin() + 16 + 4 * bytes.at(14)}; }
+    Bytes Extended() const { return {bytes.begin() + 16 + 4 * bytes.at(14), bytes.end()}; }
+};
+
+/// What is wrong with a request, empty if nothing is: sync, lengths, checksum, status.
+inline const char* Malformed(const Bytes& packet)
+{
+    if (packet.size() < 16)
+        return "shorter than its header";
+    if (packet[0] != 0x55 || (packet[1] != 0xA7 && packet[1] != 0xA3))
+        return "wrong sync";
+    const std::size_t total = 16u + 4u * packet[14] + packet[4] + 256u * packet[5];
+    if (packet.size() != total)
+        return "not as long as it declares";
+    if (packet[15] != 0)
+        return "status not 0";
+    unsigned check = packet[1] == 0xA3 ? 0xFFFF : 0;
+    for (std::size_t i = 4; i < packet.size(); ++i) {
+        if (packet[1] == 0xA7) {
+            check += packet[i];
+            continue;
+        }
+        check ^= packet[i];
+        for (int bit = 0; bit < 8; ++bit)
+            check = (check & 1) != 0 ? (check >> 1) ^ 0x8408 : check >> 1;
+    }
+    const bool good = packet[1] == 0xA7 ? packet[2] == (check & 0xFF) && packet[3] == ((check >> 8) & 0xFF)
+                                        : packet[2] == (~check >> 8 & 0xFF) && packet[3] == (~check & 0xFF);
+    return good ? "" : "wrong checksum";
+}
+
+/// A reply to a request with a plain sum: the whole of it.
+inline Bytes MakeReply(const Packet& request, std::uint8_t status, const Bytes& payload, const Bytes& extended)
+{
+    const std::size_t words = (payload.size() + 3) / 4;
+    Bytes reply{
+        0x55, 0xA8, 0, 0, static_cast<std::uint8_t>(extended.size()), static_cast<std::uint8_t>(extended.size() >> 8)};
+    reply.insert(reply.end(), request.bytes.begin() + 6, request.bytes.begin() + 14);
+    reply.push_back(static_cast<std::uint8_t>(words));
+    reply.push_back(status);
+    reply.insert(reply.end(), payload.begin(), payload.end());
+    reply.resize(16 + 4 * words);
+    reply.insert(reply.end(), extended.begin(), extended.end());
+    unsigned sum = 0;
+    for (std::size_t i = 4; i < reply.size(); ++i)
+        sum += reply[i];
+    reply[2] = static_cast<std::uint8_t>(sum);
+    reply[3] = static_cast<std::uint8_t>(sum >> 8);
+    return reply;
+}
+
+} // namespace vxsign::test

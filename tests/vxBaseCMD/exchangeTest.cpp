@@ -1,0 +1,322 @@
+// The exchange as applications see it: through exports, with replies that go right and wrong in every way.
+#include "support/scriptedSign.h"
+#include "vxBaseCMD/vxBaseCMD.h"
+
+#include <gtest/gtest.h>
+#include <random>
+#include <thread>
+
+namespace vxsign::test {
+namespace {
+
+TEST(Request, TheFirstPacketOfAProcess)
+{
+    ScriptedSign sign;
+    packetIds::Set(0);
+    sign.Then(Good());
+    EXPECT_EQ(vxBlackScreen(), 0u);
+    EXPECT_EQ(sign.requests.at(0).bytes, Hex("55A7 0600 0000 0000 0000 0100 04 01 00 00"));
+}
+
+TEST(Request, CarriesBothAddressesAndANewId)
+{
+    ScriptedSign sign;
+    sign.Config().sourceAddress = 0x1234;
+    sign.Config().destinationAddress = 0xABCD;
+    packetIds::Set(65534);
+    sign.Then(2, Good());
+    EXPECT_EQ(vxBlackScreen(), 0u);
+    EXPECT_EQ(vxBlackScreen(), 0u);
+    EXPECT_EQ(Bytes(sign.requests[0].bytes.begin() + 4, sign.requests[0].bytes.end()),
+              Hex("0000 3412 CDAB FFFF 04 01 00 00"));
+    EXPECT_EQ(sign.requests[1].Id(), 0u) << "the counter wraps silently";
+}
+
+TEST(Request, WhatDoesNotFitIsNotSent)
+{
+    ScriptedSign sign;
+    const Bytes data(1021);
+    sign.Then(Good());
+    EXPECT_EQ(vxTubeSet(1, data.data(), 1020), 0u);
+    EXPECT_EQ(vxTubeSet(1, data.data(), 1021), 2u);
+    EXPECT_EQ(vxTubeSet(1, nullptr, 4), 2u);
+    EXPECT_EQ(vxDelete(nullptr), 2u);
+    EXPECT_EQ(sign.requests.size(), 1u);
+    EXPECT_EQ(sign.opened, 4);
+    EXPECT_EQ(sign.closed, 4);
+}
+
+struct FaultCase
+{
+    Fault fault;
+    std::uint32_t result; // with a single try
+};
+
+TEST(Exchange, EachFaultCostsATryOrIsOvercome)
+{
+    for (const auto& [fault, result] : std::initializer_list<FaultCase>{{Fault::None, 0},
+                                                                        {Fault::Late, 0},
+                                                                        {Fault::Noise, 0},
+                                                                        {Fault::Drop, 20736},
+                                                                        {Fault::Truncate, 20736},
+                                                                        {Fault::WrongId, 20736},
+                                                                        {Fault::WrongMajor, 20736},
+                                                                        {Fault::BadSum, 20736}}) {
+        SCOPED_TRACE(static_cast<int>(fault));
+        ScriptedSign sign;
+        Answer answer = Good({1, 2, 3, 4});
+        answer.fault = fault;
+        sign.Config().retries = 1;
+        sign.Then(answer);
+        EXPECT_EQ(vxBlackScreen(), result);
+
+        // With a second try the same bytes go out again, and the good answer counts.
+        sign.Config().retries = 2;
+        const std::size_t before = sign.requests.size();
+        sign.Then(answer);
+        if (result != 0)
+            sign.Then(Good());
+        EXPECT_EQ(vxBlackScreen(), 0u);
+        if (result != 0) {
+            EXPECT_EQ(sign.requests.at(before).bytes, sign.requests.at(before + 1).bytes);
+        }
+    }
+}
+
+TEST(Exchange, StatusBecomesAResultWord)
+{
+    ScriptedSign sign;
+    sign.Config().retries = 2;
+    sign.Then(Refusal(0x9000));
+    EXPECT_EQ(vxBlackScreen(), 0u);
+    sign.Then(Refusal(36912));
+    EXPECT_EQ(vxBlackScreen(), 36912u);
+    sign.Then({3, {}, {}});
+    EXPECT_EQ(vxBlackScreen(), 20484u);
+    // A status of 2 reads like a garbled reply: the command goes out again.
+    sign.Then({2, {}, {}}).Then(Good());
+    EXPECT_EQ(vxBlackScreen(), 0u);
+    EXPECT_EQ(sign.requests.size(), 5u);
+}
+
+TEST(Exchange, LogsFailedTriesAndFailedCommands)
+{
+    ScriptedSign sign;
+    Answer dropped = Good();
+    dropped.fault = Fault::Drop;
+    sign.Then(dropped).Then(Refusal(0x1234));
+    EXPECT_EQ(vxBlackScreen(), 4660u);
+    ASSERT_EQ(sign.log.size(), 2u);
+    for (const LogLine& line : sign.log)
+        EXPECT_EQ(line.source, "..\\..\\src\\vxBaseCMD\\vxBaseCMD");
+    EXPECT_EQ(sign.log[0].line, 606u);
+    EXPECT_EQ(sign.log[0].level, 6u);
+    EXPECT_EQ(sign.log[0].message, "Read Data Timeout Or Error");
+    EXPECT_EQ(sign.log[1].line, 635u);
+    EXPECT_EQ(sign.log[1].level, 3u);
+    EXPECT_EQ(sign.log[1].message, "Unknow Error!");
+}
+
+TEST(Exchange, AnAbortSendsNothingMoreAndStands)
+{
+    ScriptedSign sign;
+    sign.Config().abortFlag = 7;
+    EXPECT_EQ(vxBlackScreen(), 20497u);
+    EXPECT_TRUE(sign.requests.empty());
+    EXPECT_TRUE(sign.log.empty());
+    EXPECT_EQ(sign.Config().abortFlag, 7u);
+
+    // Set while a try runs, it ends the command before the next try.
+    sign.Config().abortFlag = 0;
+    sign.onEmptyRead = [&] { sign.Config().abortFlag = 1; };
+    EXPECT_EQ(vxBlackScreen(), 20497u);
+    EXPECT_EQ(sign.requests.size(), 1u);
+}
+
+TEST(Exchange, ReadsInTheStatedPace)
+{
+    ScriptedSign sign;
+    sign.Config().retries = 1;
+    sign.Config().timeoutMs = 600;
+    EXPECT_EQ(vxBlackScreen(), 20736u);
+    EXPECT_EQ(sign.readWaits, (std::vector<std::uint32_t>{500, 200, 200, 200, 200, 200}));
+
+    // Below two polls there is the first read alone.
+    sign.readWaits.clear();
+    sign.Config().timeoutMs = 199;
+    EXPECT_EQ(vxBlackScreen(), 20736u);
+    EXPECT_EQ(sign.readWaits, (std::vector<std::uint32_t>{500}));
+
+    // Stray bytes with no reply among the first ten: the polls pass without a read.
+    sign.readWaits.clear();
+    sign.Config().timeoutMs = 3000;
+    sign.raw = [](const Packet&) { return std::deque<Bytes>{Bytes(40, 0xEE), Bytes(40, 0xEE)}; };
+    EXPECT_EQ(vxBlackScreen(), 20736u);
+    EXPECT_EQ(sign.readWaits.size(), 1u);
+}
+
+TEST(Exchange, TheRestOfAReplyHasPollsOfItsOwn)
+{
+    ScriptedSign sign;
+    sign.Config().retries = 1;
+    sign.Config().timeoutMs = 300; // 3 polls
+    // A header in two pieces uses up the search; the payload still gets three reads.
+    sign.raw = [](const Packet& request) {
+        const Bytes reply = MakeReply(request, 0, Bytes(12, 7), {});
+        std::deque<Bytes> pieces{{reply.begin(), reply.begin() + 16}};
+        for (std::size_t at = 16; at < reply.size(); at += 4)
+            pieces.emplace_back(reply.begin() + static_cast<std::ptrdiff_t>(at),
+                                reply.begin() + static_cast<std::ptrdiff_t>(at) + 4);
+        return pieces;
+    };
+    EXPECT_EQ(vxBlackScreen(), 0u);
+    EXPECT_EQ(sign.readWaits, (std::vector<std::uint32_t>{500, 200, 200, 200}));
+}
+
+// Where stray bytes ahead of the reply may end: 9 are skipped while gathering, 5 while checking.
+TEST(Exchange, ResynchronisesInBothPlaces)
+{
+    const auto resultWith = [](std::size_t stray, std::uint32_t timeoutMs) {
+        ScriptedSign sign;
+        sign.Config().retries = 1;
+        sign.Config().timeoutMs = timeoutMs;
+        sign.raw = [stray](const Packet& request) {
+            return std::deque<Bytes>{Bytes(stray, 0x55) + MakeReply(request, 0, {1, 2, 3, 4}, {})};
+        };
+        return vxBlackScreen();
+    };
+    EXPECT_EQ(resultWith(9, 3000), 0u);
+    EXPECT_EQ(resultWith(10, 3000), 20736u);
+    EXPECT_EQ(resultWith(5, 50), 0u);
+    EXPECT_EQ(resultWith(6, 50), 20736u);
+}
+
+TEST(Exchange, CrcRepliesAndMixedMethods)
+{
+    ScriptedSign sign;
+    sign.Config().retries = 1;
+    packetIds::Set(0x0100);
+    // The CRC worked out by hand for id 0x0101, major 4, minor 1, status 0.
+    const auto crcReply = [](std::uint8_t sync) {
+        Bytes reply = Hex("55A4 0000 0000 0000 0000 0101 04 01 00 00");
+        reply[1] = sync;
+        unsigned crc = 0xFFFF;
+        for (std::size_t i = 4; i < reply.size(); ++i) {
+            crc ^= reply[i];
+            for (int bit = 0; bit < 8; ++bit)
+                crc = (crc & 1) != 0 ? (crc >> 1) ^ 0x8408 : crc >> 1;
+        }
+        reply[2] = static_cast<std::uint8_t>(~crc >> 8);
+        reply[3] = static_cast<std::uint8_t>(~crc);
+        return reply;
+    };
+    for (const auto& [sync, result] :
+         {std::pair<std::uint8_t, std::uint32_t>{0xA4, 0}, {0xB2, 0}, {0xA8, 20736}, {0xA9, 20736}}) {
+        packetIds::Set(0x0100);
+        sign.raw = [&, s = sync](const Packet&) { return std::deque<Bytes>{crcReply(s)}; };
+        EXPECT_EQ(vxBlackScreen(), result) << int(sync);
+    }
+}
+
+// A reply longer than its buffer runs on, up to 4608 bytes in all; one that declares more fails its try. In both cases
+// the tries that follow send the same bytes.
+TEST(Exchange, LongRepliesEndWhereTheBuffersEnd)
+{
+    for (const auto& [length, result] :
+         {std::pair<std::size_t, std::uint32_t>{4592, 0}, {4593, 20736}, {65535, 20736}}) {
+        ScriptedSign sign;
+        sign.Config().retries = 2;
+        int served = 0;
+        sign.raw = [&, size = length](const Packet& request) {
+            Bytes reply = MakeReply(request, 0, {}, Bytes(size, 0x31));
+            if (served++ == 0)
+                reply[2] ^= 1;
+            std::deque<Bytes> pieces;
+            for (std::size_t at = 0; at < reply.size(); at += 1536)
+                pieces.emplace_back(reply.begin() + static_cast<std::ptrdiff_t>(at),
+                                    reply.begin() + static_cast<std::ptrdiff_t>(std::min(at + 1536, reply.size())));
+            return pieces;
+        };
+        EXPECT_EQ(vxBlackScreen(), result);
+        ASSERT_EQ(sign.requests.size(), 2u);
+        EXPECT_EQ(sign.requests[0].bytes, sign.requests[1].bytes);
+    }
+}
+
+TEST(Exchange, GarbageOfEveryLengthEndsCleanly)
+{
+    std::mt19937 random(42);
+    for (std::size_t length = 0; length <= 40; ++length)
+        for (int round = 0; round < 20; ++round) {
+            ScriptedSign sign;
+            sign.Config().retries = 1;
+            sign.Config().timeoutMs = round % 2 == 0 ? 3000 : 50;
+            sign.raw = [&](const Packet& request) {
+                Bytes bytes(length);
+                for (std::uint8_t& byte : bytes)
+                    byte = static_cast<std::uint8_t>(random());
+                // Half of them begin like a reply to this request.
+                const Bytes good = MakeReply(request, 0, {}, {});
+                if (round % 4 < 2)
+                    std::copy_n(good.begin(), std::min<std::size_t>(length, 14), bytes.begin());
+                return std::deque<Bytes>{bytes};
+            };
+            vxBlackScreen();
+            EXPECT_EQ(sign.requests.size(), 1u);
+        }
+}
+
+TEST(Exchange, ASignThatNeverStopsTalkingIsLeftInTime)
+{
+    ScriptedSign sign;
+    sign.raw = [](const Packet&) { return std::deque<Bytes>(1000, Bytes(1536, 0x55)); };
+    EXPECT_EQ(vxBlackScreen(), 20736u);
+    EXPECT_EQ(sign.requests.size(), 3u);
+    EXPECT_LE(sign.readWaits.size(), 3u * 30);
+}
+
+TEST(Exchange, ACallerWhoseReadLiesAboutItsCount)
+{
+    for (const std::int32_t lie : {-1, -2000000000, 1537, 2000000000}) {
+        static std::int32_t told;
+        told = lie;
+        ScriptedSign sign;
+        sign.Config().onRead = [](vxApiConfig*, std::uint8_t*, std::uint32_t, std::uint32_t) { return told; };
+        EXPECT_EQ(vxBlackScreen(), 20736u);
+    }
+}
+
+TEST(ReceiveFrame, EndsAtTheCallersCapacity)
+{
+    ScriptedSign sign;
+    sign.raw = [](const Packet&) { return std::deque<Bytes>{{0x43, 0x06}, {0x15}}; };
+    CBaseCMD command;
+    command.BuildPacket(command.requestBuffer, 1, 1, nullptr, 0, nullptr, 0);
+    std::uint8_t reply[2] = {0xEE, 0xEE};
+    EXPECT_EQ(command.ReceiveFrame(command.requestBuffer, 16, reply, 1), 1u);
+    EXPECT_EQ(reply[0], 0x43);
+    EXPECT_EQ(reply[1], 0xEE);
+    EXPECT_EQ(sign.readWaits.size(), 1u);
+}
+
+TEST(PacketIds, AreUniqueAcrossThreads)
+{
+    packetIds::Set(0);
+    std::vector<std::uint16_t> seen[2];
+    {
+        std::jthread threads[2];
+        for (int i = 0; i < 2; ++i)
+            threads[i] = std::jthread([&ids = seen[i]] {
+                for (int n = 0; n < 20000; ++n)
+                    ids.push_back(packetIds::Next());
+            });
+    }
+    std::vector<int> times(65536);
+    for (const auto& ids : seen)
+        for (const std::uint16_t id : ids)
+            ++times[id];
+    EXPECT_EQ(std::count(times.begin(), times.end(), 1), 40000);
+}
+
+} // namespace
+} // namespace vxsign::test
