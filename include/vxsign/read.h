@@ -45,8 +45,8 @@ VXSIGN_API uint32_t vxReadSystemSet(void* out);
 /* The sign's state word (8 bytes) and, if buf is not null, up to size bytes of its status record. */
 VXSIGN_API uint32_t vxReadCurrentState(uint64_t* state, uint8_t* buf, uint32_t size);
 
-/* Serial number and hardware address. Both buffers are cleared; snSize is 12 at least, macSize 6 at least. sn may be
- * null. sn gets at most snSize - 1 bytes, mac 6. */
+/* Serial number (11 bytes at most) and hardware address (6 bytes). snSize is 12 at least, macSize 6 at least; what the
+ * two leave of their buffers is cleared. */
 VXSIGN_API uint32_t vxGetSNMAC(uint8_t* sn, uint32_t snSize, uint8_t* mac, uint32_t macSize);
 
 /* 0 when the last update of the processor went well. */
@@ -75,8 +75,8 @@ VXSIGN_API uint32_t vxReadPCBID(uint32_t* id);
 VXSIGN_API uint32_t vxReadPCBIDAndPort(uint32_t* id, uint8_t* ports);
 
 /* Update status of the board (addrHigh << 8) | addrLow. first (only where addrLow is 0) becomes 0 or 255, second 1 or
- * 255; either may be null to leave it out. Both are 255 after a failure. When the request for first fails, the thread's
- * destinationAddress stays changed. */
+ * 255; either may be null to leave it out. Each is set to 255 before its own request, also when that then fails. When
+ * the request for first fails, the thread's destinationAddress stays changed. */
 VXSIGN_API uint32_t vxLCReadUpdateStatus(uint8_t addrLow, uint8_t addrHigh, uint8_t* first, uint8_t* second);
 
 /* One file in one call, with no vxInitAPI before: the thread's configuration is replaced by one made from the arguments

@@ -11,7 +11,8 @@
  *          "<local>.tmp" beside it, and that file, which stays there, is sent in its place
  *
  * Beyond the results that all commands share, a file transfer returns VX_OPEN_FILE when the local file (or its ".tmp")
- * cannot be opened, VX_EMPTY_FILE for an empty file, VX_CALL_2 when memory runs out, or the refusal of the sign.
+ * cannot be opened, VX_EMPTY_FILE for an empty file, VX_CALL_2 when memory runs out, VX_CALL when the ".tmp" cannot be
+ * written, VX_ARGUMENTS for more packets than their numbers reach, or the refusal of the sign.
  */
 #ifndef VXSIGN_WRITE_H
 #define VXSIGN_WRITE_H
