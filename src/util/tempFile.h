@@ -1,0 +1,31 @@
+#pragma once
+
+#include <vxsign/local.h>
+
+#include <array>
+#include <cstdio>
+
+namespace vxsign {
+
+/// The name of a temporary file, taken at once. The file goes with the object, unless it is to stay.
+class TempFile
+{
+public:
+    explicit TempFile(const char* extension) { vxGetPCTempFilename(path.data(), path.size(), extension); }
+    ~TempFile()
+    {
+        if (!stays)
+            std::remove(path.data());
+    }
+    TempFile(const TempFile&) = delete;
+    TempFile& operator=(const TempFile&) = delete;
+
+    const char* Path() const { return path.data(); }
+    void Stay(bool stay) { stays = stay; }
+
+private:
+    std::array<char, 512> path{};
+    bool stays = false;
+};
+
+} // namespace vxsign
