@@ -11,7 +11,7 @@ namespace vxsign {
 class TempFile
 {
 public:
-    explicit TempFile(const char* extension) { vxGetPCTempFilename(path.data(), path.size(), extension); }
+    explicit TempFile(const char* extension) { vxGetPCTempFilename(path.data(), kLongestPath, extension); }
     ~TempFile()
     {
         if (!stays)
@@ -24,7 +24,8 @@ public:
     void Stay(bool stay) { stays = stay; }
 
 private:
-    std::array<char, 512> path{};
+    static constexpr std::uint32_t kLongestPath = 512;
+    std::array<char, kLongestPath> path{};
     bool stays = false;
 };
 

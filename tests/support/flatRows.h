@@ -9,7 +9,8 @@
 
 namespace vxsign::test {
 
-struct FlatRow {
+struct FlatRow
+{
     const char* name;
     std::function<std::uint32_t()> call;
     std::uint8_t major;
@@ -40,7 +41,8 @@ inline void ExpectRequests(std::initializer_list<FlatRow> rows)
     }
 }
 
-struct RefusedCall {
+struct RefusedCall
+{
     const char* name;
     std::function<std::uint32_t()> call;
 };

@@ -19,7 +19,8 @@ TEST(FlatCommands, Requests)
         {"vxTubeSet", [] { return vxTubeSet(9, kCount, 5); }, 14, 9, "01020304 05000000", ""},
         {"vxTubeSet without data", [] { return vxTubeSet(9, kCount, 0); }, 14, 9, "", ""},
         {"vxWriteUrgentMsg", [] { return vxWriteUrgentMsg(7, 8, kCount, 3); }, 2, 9, "07000800", "010203"},
-        {"vxWriteBrightCtrlBlock", [] { return vxWriteBrightCtrlBlock(kCount); }, 2, 10, "01020304 05060708 090A0B0C", ""},
+        {"vxWriteBrightCtrlBlock", [] { return vxWriteBrightCtrlBlock(kCount); }, 2, 10, "01020304 05060708 090A0B0C",
+         ""},
         {"vxWriteSNMAC", [] { return vxWriteSNMAC(kCount, 20, kCount + 40, 6); }, 2, 11, "",
          "0B 01020304 05060708 090A0B 00000000 292A2B2C 2D2E 00000000 00000000 0000"},
         {"vxWriteSNMAC cut", [] { return vxWriteSNMAC(kCount, 2, kCount, 52); }, 2, 11, "",
@@ -27,7 +28,8 @@ TEST(FlatCommands, Requests)
         {"vxWriteSNMAC negative", [] { return vxWriteSNMAC(kCount, 0, kCount, -5); }, 2, 11, "",
          "00000000 00000000 00000000 00000000 00000000 00000000 00000000 00000000"},
         {"vxWriteDefDisplayStyle", [] { return vxWriteDefDisplayStyle(kCount); }, 2, 12,
-         "0102030405060708090A0B0C0D0E0F101112131415161718191A1B1C1D1E1F202122232425262728292A2B2C2D2E2F3031323334", ""},
+         "0102030405060708090A0B0C0D0E0F101112131415161718191A1B1C1D1E1F202122232425262728292A2B2C2D2E2F3031323334",
+         ""},
         {"vxWriteCRCForFile", [] { return vxWriteCRCForFile("ABC", 0x01020304, 0xBEEF); }, 2, 14,
          "41424300 00000000 00000000 00000000 00000000 00000000 00000000 00000000 04030201 EFBE0000", ""},
         {"vxWriteCRCForFile cut", [] { return vxWriteCRCForFile("0123456789ABCDEF0123456789ABCDEFxyz", 1, 2); }, 2, 14,
@@ -84,7 +86,8 @@ TEST(FlatCommands, ArgumentsErrors)
         {"vxReadSystemSet", [] { return vxReadSystemSet(nullptr); }},
         {"vxReadCurrentState", [&] { return vxReadCurrentState(nullptr, bytes, 8); }},
         {"vxLCReadUpdateStatus first of board 1", [&] { return vxLCReadUpdateStatus(1, 0, bytes, nullptr); }},
-        {"vxCustomTest payload", [] { return vxCustomTest(1, 1, nullptr, 1, nullptr, 0, 0, nullptr, nullptr, nullptr, nullptr); }},
+        {"vxCustomTest payload",
+         [] { return vxCustomTest(1, 1, nullptr, 1, nullptr, 0, 0, nullptr, nullptr, nullptr, nullptr); }},
     });
 }
 
