@@ -65,13 +65,13 @@ std::uint32_t vxSetINIWithString(const char* section, const char* key, const cha
     if (section == nullptr || key == nullptr || value == nullptr || iniPath == nullptr)
         return VX_ARGUMENTS;
     return LocalCall<std::uint32_t>(VX_CALL, [=] {
-        std::optional<std::string> text = Contents(iniPath);
+        const std::optional<std::string> before = Contents(iniPath);
         // A file that is there but does not give its contents is not overwritten.
-        const File file = OpenFile(iniPath, text ? "wb" : "wbx");
+        const File file = OpenFile(iniPath, before ? "wb" : "wbx");
         if (file) {
-            text = text.value_or("");
-            ini::Set(*text, section, key, value);
-            WriteAll(file, text->data(), text->size());
+            std::string text = before.value_or("");
+            ini::Set(text, section, key, value);
+            WriteAll(file, text.data(), text.size());
         }
         return VX_OK;
     });
