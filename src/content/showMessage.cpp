@@ -26,6 +26,8 @@ struct Text
     const std::uint8_t* bytes;
     std::uint32_t size;
     nmg::Attributes attributes;
+
+    std::span<const std::uint8_t> All() const { return {bytes, size}; }
 };
 
 // Brings the style's content source to that of the drive. What the sign answers does not count.
@@ -67,8 +69,7 @@ std::uint32_t ShowText(const Text& text, const Connection& connection, std::uint
         // Named before the new configuration comes: the thread's former onTempPath still counts.
         TempFile message("nmg");
         const TempFile list("sys");
-        std::uint32_t result =
-            nmg::WriteText(message.Path(), nmg::Form::Transmission, text.attributes, text.bytes, text.size);
+        std::uint32_t result = nmg::WriteText(message.Path(), nmg::Form::Transmission, text.attributes, text.All());
         if (result != VX_OK)
             return result;
         message.Stay(true); // when the sign cannot be reached
@@ -99,7 +100,7 @@ std::uint32_t ShowPicture(const std::uint8_t* picture, std::uint32_t size, std::
         WriteContentSource(*target);
         const TempFile message("nmg");
         const TempFile list("sys");
-        result = nmg::WritePicture(message.Path(), nmg::Form::Transmission, mode, staySec, picture, size);
+        result = nmg::WritePicture(message.Path(), nmg::Form::Transmission, {mode, staySec}, {picture, size});
         if (result == VX_OK)
             result = SendMessage(*target, kPictureName, message);
         return result == VX_OK ? Play(*target, kPictureName, list, true) : result;
@@ -112,7 +113,7 @@ std::uint32_t vxShowMsg(const std::uint8_t* text, std::uint32_t size, std::uint3
                         std::uint32_t mode, std::uint32_t staySec, const char* host, std::uint32_t port,
                         std::uint32_t toE, int sendSequence)
 {
-    return ShowText({text, size, {font, colour, mode, staySec}}, {host, port}, toE, sendSequence, true);
+    return ShowText({text, size, {mode, staySec, font, colour}}, {host, port}, toE, sendSequence, true);
 }
 
 std::uint32_t vxShowMsgEx(const std::uint8_t* text, std::uint32_t size, std::uint32_t font, std::uint32_t colour,
@@ -120,7 +121,7 @@ std::uint32_t vxShowMsgEx(const std::uint8_t* text, std::uint32_t size, std::uin
                           std::uint32_t toE, int sendSequence, std::uint32_t kind, const char* serialName,
                           std::uint32_t baudRate, std::uint16_t destinationAddress)
 {
-    return ShowText({text, size, {font, colour, mode, staySec}},
+    return ShowText({text, size, {mode, staySec, font, colour}},
                     {host, port, kind, serialName, baudRate, destinationAddress}, toE, sendSequence, false);
 }
 
@@ -130,7 +131,7 @@ std::uint32_t vxShowMsgTimeout(const std::uint8_t* text, std::uint32_t size, std
                                std::uint32_t kind, const char* serialName, std::uint32_t baudRate,
                                std::uint16_t destinationAddress)
 {
-    return ShowText({text, size, {font, colour, mode, staySec}},
+    return ShowText({text, size, {mode, staySec, font, colour}},
                     {host, port, kind, serialName, baudRate, destinationAddress, retries, timeoutMs}, toE, sendSequence,
                     false);
 }
