@@ -1,0 +1,162 @@
+// What the thread learns of its sign, and the settings inside the sign's "CONFIG.SYS".
+#include "support/scriptedSign.h"
+#include "support/tempFolder.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace vxsign::test {
+namespace {
+
+Bytes Config()
+{
+    Bytes config(320, 0x11); // longer than what is kept
+    config[16] = 0;
+    config[17] = 2;
+    config[32] = 0xA1;
+    config[33] = 0xA2;
+    const Bytes first = Hex("0A31FEA9"); // 169.254.49.10, last octet first
+    std::copy(first.begin(), first.end(), config.begin() + 36);
+    const Bytes second = Hex("01020304");
+    std::copy(second.begin(), second.end(), config.begin() + 136);
+    std::copy(second.rbegin(), second.rend(), config.begin() + 140);
+    config[152] = config[153] = config[154] = 0;
+    config[155] = 0x08; // bit 27
+    config[186] = 0x30;
+    config[187] = 0x25;
+    return config;
+}
+
+Answer Style()
+{
+    Bytes style(52, 0x22);
+    style[2] = 'E';
+    return Good(style);
+}
+
+Answer ConfigFile()
+{
+    const Bytes config = Config();
+    return Good(Hex("00000000 40010000"), config);
+}
+
+// Each test on a thread of its own: the record of the sign is the thread's.
+void OnFreshThread(const std::function<void(ScriptedSign&)>& test)
+{
+    std::thread([&] {
+        ScriptedSign sign;
+        test(sign);
+    }).join();
+}
+
+TEST(Properties, AreUnsetUntilTheSignWasRead)
+{
+    OnFreshThread([](ScriptedSign& sign) {
+        std::uint8_t out[4];
+        EXPECT_EQ(vxGetProperty(out, 4, 1), 3u);
+        sign.Then(Style()).Then(Refusal(36872));
+        EXPECT_EQ(vxInitProperty(), 36872u);
+        EXPECT_EQ(vxGetProperty(out, 4, 1), 3u);
+        sign.Then(Refusal(36912));
+        EXPECT_EQ(vxInitProperty(), 36912u);
+    });
+}
+
+TEST(Properties, ByKind)
+{
+    OnFreshThread([](ScriptedSign& sign) {
+        sign.Then(Style()).Then(ConfigFile()).Then(Style());
+        EXPECT_EQ(vxInitProperty(), 0u);
+        Bytes out(400, 0xEE);
+        EXPECT_EQ(vxGetProperty(out.data(), 4, VX_PROPERTY_HAS_DRIVE_F), 0u);
+        EXPECT_EQ(Bytes(out.begin(), out.begin() + 5), Hex("01000000EE"));
+        EXPECT_EQ(vxGetProperty(out.data(), 1, VX_PROPERTY_CONTENT_SOURCE), 0u);
+        EXPECT_EQ(out[0], 'E');
+        EXPECT_EQ(vxGetProperty(out.data(), 1, VX_PROPERTY_SEQUENCE_FORM), 0u);
+        EXPECT_EQ(out[0], 1);
+        EXPECT_EQ(vxGetProperty(out.data(), 360, VX_PROPERTY_DISPLAY_STYLE), 0u);
+        EXPECT_EQ(out[0], 0x22);
+        EXPECT_EQ(out[52 + 17], 2) << "the configuration lies behind the style";
+        EXPECT_EQ(out[359], 0) << "and nothing behind that";
+        EXPECT_EQ(out[360], 0xEE);
+
+        out.assign(4, 0xEE);
+        EXPECT_EQ(vxGetProperty(out.data(), 2, VX_PROPERTY_HAS_DRIVE_F), 0u);
+        EXPECT_EQ(out, Hex("0100EEEE"));
+        out.assign(4, 0xEE);
+        EXPECT_EQ(vxGetProperty(out.data(), 4, 5), 0u);
+        EXPECT_EQ(out, Bytes(4, 0xEE));
+        EXPECT_EQ(vxGetProperty(nullptr, 4, 1), 3u);
+        EXPECT_EQ(vxGetProperty(out.data(), 0, 1), 3u);
+    });
+}
+
+TEST(CommunicationSet, ReadAndAfterwardsReadAfresh)
+{
+    OnFreshThread([](ScriptedSign& sign) {
+        vxCommunicationSet set{};
+        for (int round = 0; round < 2; ++round) {
+            sign.Then(Style()).Then(ConfigFile()).Then(Style());
+            EXPECT_EQ(vxReadCommunicationSet(&set), 0u);
+        }
+        EXPECT_STREQ(set.address, "169.254.49.10");
+        EXPECT_STREQ(set.secondAddress, "4.3.2.1");
+        EXPECT_STREQ(set.thirdAddress, "1.2.3.4");
+        EXPECT_EQ(set.port, 0x2530);
+        EXPECT_EQ(set.firstSetting, 0xA1);
+        EXPECT_EQ(set.secondSetting, 0xA2);
+        sign.Then(Refusal(36912));
+        EXPECT_EQ(vxReadCommunicationSet(&set), 36912u);
+    });
+}
+
+TEST(CommunicationSet, WriteChangesWhatItNames)
+{
+    OnFreshThread([](ScriptedSign& sign) {
+        vxCommunicationSet set{};
+        std::strcpy(set.address, "10.20.30.40");
+        std::strcpy(set.secondAddress, "");
+        std::memcpy(set.thirdAddress, "255.255.255.2551", 16); // no terminator, and no address
+        set.port = 9520;
+        set.firstSetting = 1;
+        set.secondSetting = 2;
+        sign.Then(Style()).Then(ConfigFile()).Then(Style());
+        EXPECT_EQ(vxWriteCommunicationSet(&set), 2u);
+        EXPECT_EQ(sign.requests.back().Major(), 1) << "nothing was written";
+
+        std::strcpy(set.thirdAddress, "255.0.0.1");
+        sign.Then(Style()).Then(Good());
+        EXPECT_EQ(vxWriteCommunicationSet(&set), 0u);
+        const Packet& write = sign.requests.back();
+        EXPECT_EQ(write.Major(), 2);
+        EXPECT_EQ(write.Minor(), 2);
+        const Bytes record = write.Payload();
+        EXPECT_EQ(Bytes(record.begin(), record.begin() + 12), FromText("CONFIG.SYS") + Bytes(2));
+        Bytes expected = Config();
+        expected.resize(300);
+        const auto put = [&](std::size_t at, const Bytes& bytes) {
+            std::copy(bytes.begin(), bytes.end(), expected.begin() + static_cast<std::ptrdiff_t>(at));
+        };
+        put(32, Hex("0102"));
+        put(36, Hex("281E140A"));
+        put(140, Hex("010000FF"));
+        put(186, Hex("3025"));
+        EXPECT_EQ(write.Extended(), expected) << "an empty address leaves the sign's own";
+    });
+}
+
+TEST(CommunicationSet, AnUnreachableSignCountsAsWritten)
+{
+    OnFreshThread([](ScriptedSign& sign) {
+        vxCommunicationSet set{};
+        sign.Then(Refusal(36912));
+        EXPECT_EQ(vxWriteCommunicationSet(&set), 0u);
+        EXPECT_EQ(sign.requests.size(), 1u);
+        EXPECT_EQ(vxWriteCommunicationSet(nullptr), 2u);
+    });
+}
+
+} // namespace
+} // namespace vxsign::test

@@ -1,0 +1,63 @@
+#include "support/udpPeer.h"
+
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace vxsign::test {
+
+UdpPeer::UdpPeer(std::function<Bytes(const Bytes&)> answerRequest) : answer(std::move(answerRequest))
+{
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    descriptor = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    EXPECT_EQ(::bind(descriptor, reinterpret_cast<sockaddr*>(&address), size), 0);
+    EXPECT_EQ(::getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &size), 0);
+    port = ntohs(address.sin_port);
+    thread = std::thread([this] { Serve(); });
+}
+
+UdpPeer::~UdpPeer()
+{
+    // A datagram of its own wakes the thread.
+    ending = true;
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(port);
+    ::sendto(descriptor, "", 0, 0, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    thread.join();
+    ::close(descriptor);
+}
+
+std::vector<Packet> UdpPeer::TakeRequests()
+{
+    const std::lock_guard lock(mutex);
+    return std::exchange(requests, {});
+}
+
+void UdpPeer::Serve()
+{
+    Bytes buffer(65536);
+    while (!ending) {
+        sockaddr_in from{};
+        socklen_t size = sizeof from;
+        const ssize_t got =
+            ::recvfrom(descriptor, buffer.data(), buffer.size(), 0, reinterpret_cast<sockaddr*>(&from), &size);
+        if (ending || got < 0)
+            continue;
+        const Bytes request(buffer.begin(), buffer.begin() + got);
+        {
+            const std::lock_guard lock(mutex);
+            requests.push_back({request});
+        }
+        const Bytes reply = answer(request);
+        if (!reply.empty())
+            ::sendto(descriptor, reply.data(), reply.size(), 0, reinterpret_cast<sockaddr*>(&from), size);
+    }
+}
+
+} // namespace vxsign::test

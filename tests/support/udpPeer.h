@@ -1,0 +1,41 @@
+#pragma once
+
+#include "support/packets.h"
+
+#include <atomic>
+#include <functional>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace vxsign::test {
+
+/// A sign's end of a UDP line on loopback, on a port that the system picks: answers each datagram by a function on a
+/// thread of its own, and keeps what came.
+class UdpPeer
+{
+public:
+    /// An empty answer is silence.
+    explicit UdpPeer(std::function<Bytes(const Bytes& request)> answer);
+    ~UdpPeer();
+    UdpPeer(const UdpPeer&) = delete;
+    UdpPeer& operator=(const UdpPeer&) = delete;
+
+    std::uint16_t Port() const { return port; }
+
+    /// What came since the last call.
+    std::vector<Packet> TakeRequests();
+
+private:
+    void Serve();
+
+    std::function<Bytes(const Bytes&)> answer;
+    int descriptor = -1;
+    std::uint16_t port = 0;
+    std::atomic<bool> ending = false;
+    std::mutex mutex;
+    std::vector<Packet> requests;
+    std::thread thread;
+};
+
+} // namespace vxsign::test
