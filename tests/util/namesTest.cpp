@@ -30,7 +30,7 @@ protected:
         std::string name(length + 1, 'x');
         EXPECT_EQ(vxGetPCTempFilename(name.data(), length, "Nmg"), 0u);
         EXPECT_EQ(name.back(), 'x') << "written beyond the buffer";
-        return name.c_str();
+        return name.substr(0, name.find('\0'));
     }
 
     const std::string processId = std::to_string(vxsign::platform::ProcessId());
@@ -76,6 +76,7 @@ TEST_F(TempNames, NeverRepeatAcrossThreads)
     std::mutex mutex;
     std::set<std::string> names;
     std::vector<std::jthread> threads;
+    threads.reserve(kThreads);
     for (int i = 0; i < kThreads; ++i)
         threads.emplace_back([&] {
             for (int j = 0; j < kNames; ++j) {

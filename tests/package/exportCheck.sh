@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Compares what the library gives away with what the headers declare: nothing more, nothing less.
+#   exportCheck.sh NM LIBRARY HEADER_FOLDER
+set -euo pipefail
+export LC_ALL=C
+
+nm=$1
+library=$2
+headers=$3
+
+# Without comments and preprocessor lines, a declaration is VXSIGN_API, a type, the name and an opening bracket.
+declared=$(cat "$headers"/*.h | sed -e '/^ *#/d' | tr '\n' ' ' | sed -e 's@/\*\([^*]\|\*\+[^*/]\)*\*\+/@@g' |
+    grep -oE 'VXSIGN_API [^(;]*\(' | sed -E 's/.*[ *]([A-Za-z_0-9]+)\($/\1/' | sort)
+exported=$("$nm" --dynamic --defined-only "$library" | awk '{ print $NF }' | sort)
+
+result=0
+report()
+{
+    [ -z "$2" ] && return
+    printf '%s:\n%s\n' "$1" "$2"
+    result=1
+}
+report "declared twice" "$(uniq -d <<< "$declared")"
+report "declared, but not in the library" "$(comm -23 <(sort -u <<< "$declared") <(echo "$exported"))"
+report "in the library, but not declared" "$(comm -13 <(sort -u <<< "$declared") <(echo "$exported"))"
+
+for header in "$headers"/*.h; do
+    name=vxsign/$(basename "$header")
+    case $name in vxsign/vxsign.h | vxsign/export.h) continue ;; esac
+    grep -q "#include <$name>" "$headers/vxsign.h" || report "not included by vxsign.h" "$name"
+done
+
+echo "$(wc -l <<< "$declared") functions declared, $(wc -l <<< "$exported") symbols exported"
+exit $result
