@@ -14,7 +14,7 @@ class FakeClock
 public:
     FakeClock() : former(platform::clock)
     {
-        nowMs = kStartMs;
+        nowMs += kAheadMs;
         sleptMs = 0;
         local = {2020, 5, 13, 10, 20, 30, 3};
         platform::clock = {Now, Sleep, Local};
@@ -30,8 +30,10 @@ public:
     static void SetLocalTime(const platform::LocalTime& time) { local = time; }
 
 private:
-    // Later than any real clock, so that what the library took from one earlier lies in the past.
+    // Time starts later than any real clock and never goes back, so that what the library remembers of a clock before
+    // this one lies in the past.
     static constexpr std::uint64_t kStartMs = 1'000'000'000'000;
+    static constexpr std::uint64_t kAheadMs = 1'000'000;
 
     static std::uint64_t Now() { return nowMs; }
     static void Sleep(std::uint32_t ms)
@@ -41,7 +43,7 @@ private:
     }
     static platform::LocalTime Local() { return local; }
 
-    inline static std::atomic<std::uint64_t> nowMs;
+    inline static std::atomic<std::uint64_t> nowMs = kStartMs;
     inline static std::atomic<std::uint64_t> sleptMs;
     inline static platform::LocalTime local;
     const platform::Clock former;
