@@ -18,7 +18,6 @@ using std::chrono::milliseconds;
 constexpr std::size_t kMostLines = 64;
 constexpr std::size_t kMostWaiting = 1024;
 constexpr std::size_t kMostUnsent = 65536; // on the serial line, which nobody may be reading
-constexpr std::size_t kLargestDatagram = 65536;
 // Silence after which the rest of a broken request is no longer expected.
 constexpr milliseconds kPartTimeout{200};
 // Silence after which replies that no host has fetched from the serial line are stale.
@@ -35,7 +34,7 @@ enum : std::size_t
 } // namespace
 
 Server::Server(Endpoints& where, VirtualSign& served, const ServerSettings& how)
-    : endpoints(where), sign(served), settings(how), injector(how.faults), datagram(kLargestDatagram)
+    : endpoints(where), sign(served), settings(how), injector(how.faults)
 {
     if (endpoints.serial) {
         serialLine = endpoints.serial.Get();
@@ -62,7 +61,7 @@ void Server::Run(int stop)
         if (watched[kStop].revents != 0)
             return;
         if (watched[kUdp].revents != 0)
-            ServeDatagram();
+            ServeDatagrams();
         ServeLines();
         if (watched[kTcp].revents != 0)
             Accept();
@@ -127,23 +126,19 @@ void Server::Accept()
     lines.emplace_back(++lastNumber, std::move(connection), true);
 }
 
-void Server::ServeDatagram()
+void Server::ServeDatagrams()
 {
-    Waiting reply;
-    socklen_t size = sizeof reply.peer;
-    const ssize_t count = ::recvfrom(endpoints.udp.Get(), datagram.data(), datagram.size(), 0,
-                                     reinterpret_cast<sockaddr*>(&reply.peer), &size);
-    if (count < 0) // a passing thing, such as a former reply that nobody took
-        return;
-    reply.bytes = sign.Answer(std::span(datagram).first(static_cast<std::size_t>(count)));
-    if (!reply.bytes.empty())
-        reply.bytes = injector.Apply(std::move(reply.bytes));
-    if (reply.bytes.empty())
-        return;
-    if (settings.delay.count() == 0)
-        return SendDatagram(reply);
-    reply.due = Clock::now() + settings.delay;
-    waiting.push_back(std::move(reply));
+    const std::size_t count = datagrams.Receive(endpoints.udp.Get());
+    for (std::size_t i = 0; i < count; ++i) {
+        auto reply = injector.Apply(sign.Answer(datagrams.Bytes(i)));
+        if (reply.empty())
+            continue;
+        if (settings.delay.count() == 0)
+            outgoing.push_back({std::move(reply), datagrams.Peer(i)});
+        else
+            waiting.push_back({Clock::now() + settings.delay, {std::move(reply), datagrams.Peer(i)}, 0});
+    }
+    SendDatagrams(endpoints.udp.Get(), outgoing);
 }
 
 void Server::ServeLines()
@@ -208,30 +203,23 @@ bool Server::Reply(StreamLine& line, std::vector<std::uint8_t> reply)
         return true;
     if (settings.delay.count() == 0)
         return line.Send(reply);
-    waiting.push_back({Clock::now() + settings.delay, std::move(reply), line.Number(), {}});
+    waiting.push_back({Clock::now() + settings.delay, {std::move(reply), {}}, line.Number()});
     return true;
-}
-
-void Server::SendDatagram(const Waiting& reply)
-{
-    // A datagram that cannot go is lost, like any other.
-    ::sendto(endpoints.udp.Get(), reply.bytes.data(), reply.bytes.size(), 0,
-             reinterpret_cast<const sockaddr*>(&reply.peer), sizeof reply.peer);
 }
 
 void Server::SendDue(Clock::time_point now)
 {
-    while (!waiting.empty() && waiting.front().due <= now) {
-        const Waiting reply = std::move(waiting.front());
-        waiting.pop_front();
-        if (reply.line == 0) {
-            SendDatagram(reply);
+    for (; !waiting.empty() && waiting.front().due <= now; waiting.pop_front()) {
+        Waiting& first = waiting.front();
+        if (first.line == 0) {
+            outgoing.push_back(std::move(first.reply));
             continue;
         }
-        const auto line = std::ranges::find(lines, reply.line, &StreamLine::Number);
+        const auto line = std::ranges::find(lines, first.line, &StreamLine::Number);
         if (line != lines.end())
-            line->Send(reply.bytes); // a broken line is noticed at its next event
+            line->Send(first.reply.bytes); // a broken line is noticed at its next event
     }
+    SendDatagrams(endpoints.udp.Get(), outgoing);
 }
 
 } // namespace vxsim

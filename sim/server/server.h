@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sim/server/datagrams.h"
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
 #include "sim/server/streamLine.h"
@@ -11,7 +12,6 @@
 #include <deque>
 #include <functional>
 #include <list>
-#include <netinet/in.h>
 #include <poll.h>
 #include <vector>
 
@@ -37,25 +37,23 @@ public:
     void Run(int stop);
 
 private:
-    // The reply waits for its time; `line` is 0 for a datagram to `peer`.
+    // The reply waits for its time; `line` is 0 for a datagram.
     struct Waiting
     {
         Clock::time_point due;
-        std::vector<std::uint8_t> bytes;
+        Datagram reply;
         std::uint64_t line = 0;
-        sockaddr_in peer = {};
     };
 
     void Prepare(int stop);
     int TimeToWait(Clock::time_point now) const;
     void Accept();
-    void ServeDatagram();
+    void ServeDatagrams();
     void ServeLines();
     bool ServeLine(StreamLine& line, short events);
     bool AnswerFrames(StreamLine& line);
     void SettleSilentLines(Clock::time_point now);
     bool Reply(StreamLine& line, std::vector<std::uint8_t> reply);
-    void SendDatagram(const Waiting& reply);
     void SendDue(Clock::time_point now);
     bool IsSerial(const StreamLine& line) const { return line.Get() == serialLine; }
     bool IsFull() const;
@@ -69,7 +67,8 @@ private:
     int serialLine = -1;
     std::deque<Waiting> waiting; // in the order of their time, as the delay is the same for all
     std::vector<pollfd> watched; // stop, UDP, TCP, then the lines in their order
-    std::vector<std::uint8_t> datagram;
+    DatagramReader datagrams;
+    std::vector<Datagram> outgoing;
     bool acceptPaused = false;
     std::chrono::milliseconds tickEvery{0};
     std::function<void()> tick;

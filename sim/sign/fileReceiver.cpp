@@ -15,6 +15,8 @@ namespace {
 
 constexpr std::size_t kMaxRunning = 8;
 constexpr std::size_t kMaxFinished = 8;
+// Neighbouring chunks are gathered up to this size, so that a chunk does not cost a write of its own.
+constexpr std::size_t kGather = 64 * 1024;
 constexpr std::uint8_t kErased = 0xFF;
 
 bool WriteAt(int file, std::span<const std::uint8_t> bytes, std::uint64_t at)
@@ -144,8 +146,9 @@ Code FileReceiver::Store(Transfer& transfer, const FileChunk& chunk)
         padded.resize(length, kErased);
         data = padded;
     }
-    if (!WriteAt(transfer.file.Get(), data, std::uint64_t{chunk.record.number - 1} * chunk.record.chunkSize))
-        return errno == ENOSPC ? Code::kNoSpace : Code::kWriteFailed;
+    const auto at = std::uint64_t{chunk.record.number - 1} * chunk.record.chunkSize;
+    if (const Code code = Put(transfer, data, at); code != Code::kOk)
+        return code;
     if (!transfer.received[chunk.record.number]) {
         transfer.received[chunk.record.number] = true;
         --transfer.missing;
@@ -155,13 +158,37 @@ Code FileReceiver::Store(Transfer& transfer, const FileChunk& chunk)
     return Code::kOk;
 }
 
+Code FileReceiver::Put(Transfer& transfer, std::span<const std::uint8_t> bytes, std::uint64_t at)
+{
+    auto& gathered = transfer.gathered;
+    if (at != transfer.gatheredAt + gathered.size() || gathered.size() + bytes.size() > kGather) {
+        if (const Code code = WriteGathered(transfer); code != Code::kOk)
+            return code;
+        transfer.gatheredAt = at;
+    }
+    gathered.insert(gathered.end(), bytes.begin(), bytes.end());
+    return Code::kOk;
+}
+
+Code FileReceiver::WriteGathered(Transfer& transfer)
+{
+    const bool written = WriteAt(transfer.file.Get(), transfer.gathered, transfer.gatheredAt);
+    transfer.gathered.clear();
+    if (written)
+        return Code::kOk;
+    return errno == ENOSPC ? Code::kNoSpace : Code::kWriteFailed;
+}
+
 Code FileReceiver::Finish(Transfer& transfer, const FileChunk& chunk)
 {
     if (const std::size_t rest = chunk.fileSize % chunk.padUnit; rest != 0) {
         const std::vector<std::uint8_t> padding(chunk.padUnit - rest, kErased);
-        if (!WriteAt(transfer.file.Get(), padding, chunk.fileSize))
-            return errno == ENOSPC ? Code::kNoSpace : Code::kWriteFailed;
+        if (const Code code = Put(transfer, padding, chunk.fileSize); code != Code::kOk)
+            return code;
     }
+    if (const Code code = WriteGathered(transfer); code != Code::kOk)
+        return code;
+    transfer.gathered = {};
     transfer.file.Close();
     transfer.received = {};
     std::error_code error;

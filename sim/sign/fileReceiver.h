@@ -55,14 +55,18 @@ private:
         std::filesystem::path target;
         std::filesystem::path temporary;
         Descriptor file;
+        std::vector<std::uint8_t> gathered; // bytes that are not yet in the file, and their place in it
+        std::uint64_t gatheredAt = 0;
         std::vector<bool> received; // by packet number, from 1
         std::uint32_t missing = 0;
         std::uint32_t next = 1; // the lowest number not yet received
     };
 
     Code Start(const FileChunk& chunk, const Locate& locate);
-    Code Store(Transfer& transfer, const FileChunk& chunk);
-    Code Finish(Transfer& transfer, const FileChunk& chunk);
+    static Code Store(Transfer& transfer, const FileChunk& chunk);
+    static Code Put(Transfer& transfer, std::span<const std::uint8_t> bytes, std::uint64_t at);
+    static Code WriteGathered(Transfer& transfer);
+    static Code Finish(Transfer& transfer, const FileChunk& chunk);
     void Abandon(std::size_t index);
 
     std::filesystem::path folder;

@@ -49,7 +49,7 @@ std::vector<std::uint8_t> InitialIdentity()
 
 fs::path MakeKeptFolder(const fs::path& folder)
 {
-    const fs::path kept = folder / "sign";
+    fs::path kept = folder / "sign";
     fs::create_directories(kept);
     // What a sign that was switched off in a transfer left behind.
     for (const auto& entry : fs::directory_iterator(kept)) {

@@ -3,6 +3,7 @@
 #include "sim/protocol/frame.h"
 #include "sim/sign/virtualSign.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -15,6 +16,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vxsim_tests {
@@ -26,12 +28,13 @@ inline Bytes MakeRequest(unsigned major, unsigned minor, Bytes payload, const By
                          std::uint8_t destination = 0)
 {
     payload.resize((payload.size() + 3) / 4 * 4);
-    const auto byte = [](std::size_t value) { return static_cast<std::uint8_t>(value); };
-    Bytes packet{0x55, 0xA7, 0, 0, byte(extended.size() & 0xFF), byte(extended.size() >> 8)};
-    packet.insert(packet.end(), {0, 0, destination, 0, id, 0});
-    packet.insert(packet.end(), {byte(major), byte(minor), byte(payload.size() / 4), 0});
-    packet.insert(packet.end(), payload.begin(), payload.end());
-    packet.insert(packet.end(), extended.begin(), extended.end());
+    Bytes packet(16 + payload.size() + extended.size());
+    const std::pair<std::size_t, std::size_t> fields[] = {
+        {0, 0x55},   {1, 0xA7},   {4, extended.size() & 0xFF}, {5, extended.size() >> 8}, {8, destination}, {10, id},
+        {12, major}, {13, minor}, {14, payload.size() / 4}};
+    for (const auto& [at, value] : fields)
+        packet[at] = static_cast<std::uint8_t>(value);
+    std::copy(extended.begin(), extended.end(), std::copy(payload.begin(), payload.end(), packet.begin() + 16));
     const unsigned sum = std::accumulate(packet.begin() + 4, packet.end(), 0U);
     packet[2] = static_cast<std::uint8_t>(sum);
     packet[3] = static_cast<std::uint8_t>(sum >> 8);
@@ -45,7 +48,7 @@ inline Bytes Text(std::string_view text)
 
 inline Bytes operator+(Bytes a, const Bytes& b)
 {
-    a.insert(a.end(), b.begin(), b.end());
+    std::copy(b.begin(), b.end(), std::back_inserter(a));
     return a;
 }
 
