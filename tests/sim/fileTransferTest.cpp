@@ -1,6 +1,8 @@
 #include "signFixture.h"
 
 #include <algorithm>
+#include <csignal>
+#include <sys/resource.h>
 
 namespace vxsim_tests {
 namespace {
@@ -118,6 +120,23 @@ TEST_F(FileTransfer, BrokenTransferLeavesTheOldFileAndNothingElse)
     Restart("CDEF");
     EXPECT_EQ(FileBytes(folder.path / "D/keep"), old);
     EXPECT_TRUE(fs::is_empty(folder.path / "sign"));
+}
+
+TEST_F(FileTransfer, ADiskThatTakesNoMoreIsToldAndKeepsTheOldFile)
+{
+    EXPECT_EQ(Put(8, "D:\\keep", Bytes{1}, 1), 0U);
+    rlimit former = {};
+    ::getrlimit(RLIMIT_FSIZE, &former);
+    const rlimit small{100, former.rlim_max};
+    const auto handler = ::signal(SIGXFSZ, SIG_IGN);
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_EQ(Put(8, "D:\\keep", Pattern(128), 1), 0U);
+    EXPECT_EQ(Put(8, "D:\\keep", Pattern(128), 2), 36882U);
+    EXPECT_EQ(Put(8, "D:\\keep", Pattern(128), 2), 36884U); // the transfer is over
+    EXPECT_EQ(CodeOf(Ask(2, 1, {90, 0, 0, 0}, Bytes(64, 1), 1)), 36882U);
+    ::setrlimit(RLIMIT_FSIZE, &former);
+    ::signal(SIGXFSZ, handler);
+    EXPECT_EQ(FileBytes(folder.path / "D/keep"), Bytes{1});
 }
 
 TEST_F(FileTransfer, ReadingGoesOnWhileTheFileIsReplacedOrDeleted)
