@@ -1,0 +1,248 @@
+// The channels over real sockets on loopback and real pseudo-terminals.
+#include "channels/CommLink.h"
+#include "channels/VXClientTCP.h"
+#include "channels/VXClientUDP.h"
+#include "platform/serialLine.h"
+#include "support/servedSign.h"
+#include "support/udpPeer.h"
+
+#include <vxsign/vxsign.h>
+
+#include <chrono>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <pty.h>
+#include <sys/socket.h>
+#include <system_error>
+
+namespace vxsign::test {
+namespace {
+
+vxApiConfig ConfigFor(std::uint32_t kind, const std::string& host, std::uint16_t port, const std::string& serial = {})
+{
+    vxApiConfig config{};
+    config.kind = kind;
+    config.port = port;
+    config.retries = 1;
+    config.timeoutMs = 1000;
+    config.baudRate = 115200;
+    std::snprintf(config.host, sizeof config.host, "%s", host.c_str());
+    std::snprintf(config.serialName, sizeof config.serialName, "%s", serial.c_str());
+    return config;
+}
+
+// Every kind of channel carries a file there and back, with chunks that the sign's replies fill to the last byte.
+TEST(Channels, CarryFilesBothWays)
+{
+    const ServedSign sign;
+    const TempFolder folder;
+    std::string content(20000, '\0');
+    for (std::size_t i = 0; i < content.size(); ++i)
+        content[i] = static_cast<char>(i * 31 + i / 256);
+    const std::string file = folder.Write("up", content);
+    const std::string back = folder.Path("down");
+    const vxApiConfig configs[] = {
+        ConfigFor(VX_CHANNEL_UDP, "127.0.0.1", sign.Port()),
+        ConfigFor(VX_CHANNEL_TCP, "127.0.0.1", sign.Port()),
+        ConfigFor(VX_CHANNEL_SERIAL, "", 0, sign.SerialPath()),
+    };
+    for (vxApiConfig config : configs) {
+        SCOPED_TRACE(config.kind);
+        config.dataSize = 1280;
+        vxInitAPI(&config);
+        const std::string path = "D:\\T\\FILE" + std::to_string(config.kind);
+        EXPECT_EQ(vxWriteSpecFileEx(path.c_str(), file.c_str()), 0u);
+        EXPECT_EQ(vxReadSpecPathFileEx(path.c_str(), back.c_str()), 0u);
+        EXPECT_EQ(folder.Read("down"), content);
+        EXPECT_EQ(vxWriteFileOptimize((path + "W").c_str(), file.c_str()), 0u);
+        EXPECT_EQ(sign.Read("D/T/FILE" + std::to_string(config.kind) + "W"), content);
+        EXPECT_EQ(vxInitProperty(), 0u) << "a nested call opens a channel of its own";
+    }
+}
+
+TEST(Channels, FaultsOnTheLineCostTriesAlone)
+{
+    vxsim::ServerSettings settings;
+    settings.faults.drop = 0.1;
+    settings.faults.badSum = 0.1;
+    settings.faults.truncate = 0.1;
+    settings.faults.wrongId = 0.1;
+    settings.faults.noise = 4;
+    const ServedSign sign(settings);
+    const TempFolder folder;
+    const std::string content(10000, 'x');
+    const std::string file = folder.Write("up", content);
+    for (const std::uint32_t kind : {VX_CHANNEL_UDP, VX_CHANNEL_TCP}) {
+        SCOPED_TRACE(kind);
+        vxApiConfig config = ConfigFor(kind, "127.0.0.1", sign.Port());
+        config.retries = 100;
+        config.timeoutMs = 50;
+        vxInitAPI(&config);
+        EXPECT_EQ(vxWriteSpecFileEx("D:\\T\\A", file.c_str()), 0u);
+        EXPECT_EQ(vxReadSpecPathFileEx("D:\\T\\A", folder.Path("down").c_str()), 0u);
+        EXPECT_EQ(folder.Read("down"), content);
+    }
+}
+
+TEST(Channels, SignsThatCannotBeReached)
+{
+    // A port that was free a moment ago.
+    std::uint16_t deadPort = 0;
+    {
+        const UdpPeer peer([](const Bytes&) { return Bytes(); });
+        deadPort = peer.Port();
+    }
+    std::string full(32, '1');
+    for (vxApiConfig config : {
+             ConfigFor(VX_CHANNEL_TCP, "127.0.0.1", deadPort),
+             ConfigFor(VX_CHANNEL_TCP, "", 1),
+             ConfigFor(VX_CHANNEL_TCP, "localhost", 1),
+             ConfigFor(VX_CHANNEL_TCP, "127.0.0.1.2", 1),
+             ConfigFor(VX_CHANNEL_SERIAL, "", 0, "/dev/null"),
+             ConfigFor(VX_CHANNEL_SERIAL, "", 0, "COM77777777"),
+             ConfigFor(VX_CHANNEL_SERIAL, "", 0, ""),
+             ConfigFor(3, "127.0.0.1", 1),
+         }) {
+        SCOPED_TRACE(std::string(config.host) + config.serialName);
+        vxInitAPI(&config);
+        EXPECT_EQ(vxBlackScreen(), 20736u);
+        // A host that fills its field, without terminator.
+        std::copy(full.begin(), full.end(), config.host);
+        std::fill(std::begin(config.serialName), std::end(config.serialName), 'y');
+        vxInitAPI(&config);
+        EXPECT_EQ(vxBlackScreen(), 20736u);
+    }
+    // Nobody answers a datagram to a host that is none; the reads still wait their time.
+    vxApiConfig config = ConfigFor(VX_CHANNEL_UDP, "no.such.sign", 1);
+    config.timeoutMs = 50;
+    vxInitAPI(&config);
+    EXPECT_EQ(vxBlackScreen(), 20736u);
+}
+
+TEST(ClientUDP, TakesWhateverComesToItsSocket)
+{
+    VXClientUDP client;
+    EXPECT_FALSE(client.Open(0, nullptr, 1));
+    char buffer[64];
+    EXPECT_EQ(client.Read(buffer, sizeof buffer, 0), 0u);
+    EXPECT_EQ(client.Write("x", 1, 0), 0u);
+
+    UdpPeer peer([](const Bytes& request) { return Bytes(100, request.at(0)); });
+    ASSERT_TRUE(client.Open(0, "127.0.0.1", peer.Port()));
+    EXPECT_FALSE(client.Open(0, "127.0.0.1", peer.Port())) << "open already";
+    EXPECT_EQ(client.Write("a", 1, 1000), 1u);
+    EXPECT_EQ(client.Write(nullptr, 1, 1000), 0u);
+    EXPECT_EQ(client.Read(buffer, sizeof buffer, 5000), 64u) << "a datagram longer than the buffer fills it";
+    EXPECT_EQ(std::string(buffer, 64), std::string(64, 'a'));
+    EXPECT_EQ(client.Read(buffer, sizeof buffer, 0), 0u);
+    EXPECT_EQ(buffer[0], 0) << "the buffer is cleared at each read";
+    client.Close();
+    client.Close();
+    EXPECT_EQ(client.Read(buffer, sizeof buffer, 0), 0u);
+}
+
+TEST(ClientTCP, TheSignsEndReadsAsNothing)
+{
+    const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    ASSERT_EQ(::bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
+    ASSERT_EQ(::listen(listener, 1), 0);
+    ::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
+
+    VXClientTCP client;
+    ASSERT_TRUE(client.Open(0, "127.0.0.1", ntohs(address.sin_port)));
+    const int peer = ::accept(listener, nullptr, nullptr);
+    EXPECT_EQ(client.Write("abc", 3, 1000), 3u);
+    char buffer[8];
+    EXPECT_EQ(::recv(peer, buffer, sizeof buffer, 0), 3);
+    ::send(peer, "xy", 2, 0);
+    EXPECT_EQ(client.Read(buffer, sizeof buffer, 5000), 2u);
+    ::close(peer);
+    EXPECT_EQ(client.Read(buffer, sizeof buffer, 5000), 0u);
+    // Writing to a sign that has gone raises no signal.
+    for (int i = 0; i < 3; ++i)
+        client.Write("abc", 3, 100);
+    client.Close();
+    ::close(listener);
+}
+
+TEST(SerialLine, NamesOfDevices)
+{
+    using platform::SerialDevicePath;
+    EXPECT_EQ(SerialDevicePath("/dev/pts/3"), "/dev/pts/3");
+    EXPECT_EQ(SerialDevicePath("COM1"), "/dev/ttyS0");
+    EXPECT_EQ(SerialDevicePath("COM12"), "/dev/ttyS11");
+    EXPECT_EQ(SerialDevicePath("ttyUSB0"), "/dev/ttyUSB0");
+    EXPECT_EQ(SerialDevicePath("COM0"), "/dev/COM0");
+    EXPECT_EQ(SerialDevicePath("COMX"), "/dev/COMX");
+}
+
+class Pty : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        char name[128];
+        ASSERT_EQ(::openpty(&master, &slave, name, nullptr, nullptr), 0);
+        path = name;
+    }
+    void TearDown() override
+    {
+        ::close(slave);
+        ::close(master);
+    }
+    void Say(std::string_view text) const
+    {
+        EXPECT_EQ(::write(master, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    }
+
+    int master = -1;
+    int slave = -1;
+    std::string path;
+};
+
+TEST_F(Pty, ReadsRawBytesUntilTheLineFallsSilentOrTheBufferIsFull)
+{
+    platform::SerialLine line;
+    line.Open(path, 123456); // any rate
+    const std::string raw("\x00\x03\x04\x0A\x0D\x11\x13\x1A\xFF\x7F", 10);
+    Say(raw);
+    char buffer[64] = {};
+    EXPECT_EQ(line.Read(buffer, sizeof buffer, 5000, 50), 10u);
+    EXPECT_EQ(std::string(buffer, 10), raw);
+    Say("12345678");
+    EXPECT_EQ(line.Read(buffer, 5, 5000, 50), 5u);
+    EXPECT_EQ(line.Read(buffer, 5, 5000, 50), 3u);
+    EXPECT_EQ(line.Read(buffer, 5, 1, 50), 0u);
+
+    EXPECT_EQ(line.Write(raw.data(), 10, 1000), 10u);
+    EXPECT_EQ(::read(master, buffer, sizeof buffer), 10);
+    EXPECT_EQ(std::string(buffer, 10), raw);
+}
+
+TEST_F(Pty, IsForOneProgramAtATime)
+{
+    platform::SerialLine first;
+    platform::SerialLine second;
+    first.Open(path, 9600);
+    EXPECT_THROW(second.Open(path, 9600), std::system_error);
+    first.Close();
+    EXPECT_NO_THROW(second.Open(path, 9600));
+    EXPECT_THROW(first.Open("/nowhere", 9600), std::system_error);
+}
+
+TEST_F(Pty, ALineThatTakesNothingEndsInTime)
+{
+    platform::SerialLine line;
+    line.Open(path, 9600);
+    const std::string much(1 << 20, 'x');
+    const std::uint32_t written = line.Write(much.data(), static_cast<std::uint32_t>(much.size()), 20);
+    EXPECT_LT(written, much.size());
+}
+
+} // namespace
+} // namespace vxsign::test
