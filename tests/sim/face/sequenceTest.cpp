@@ -1,0 +1,151 @@
+#include "faceSamples.h"
+
+#include "sim/content/sequence.h"
+
+#include <gtest/gtest.h>
+
+namespace vxsim::test {
+namespace {
+
+// What a list made for one file says of it: no schedule.
+const Bytes kFlatRecord = Bytes{'D', 'T', 15, 255} + Bytes(20, 0) + BytesOf("QMSG.Nmg") + Bytes(4, 0);
+
+const Bytes kScheduled =
+    Bytes{'F',  'P',  15,   0x1F, 0x08, 0x20, 0x03, 0x15, 0x06, 0x30, 1, 1, // from 2008-03-15 06:30
+          0x09, 0x20, 0x12, 0x31, 0x23, 0x59, 1,    0,    0,    0,    0, 0} +
+    BytesOf("ABCDEFGH.BMP");
+
+Bytes FileRecord(std::string_view path, const Bytes& pictureFields = {0, 0, 0, 0}, const Bytes& schedules = {})
+{
+    Bytes record = Bytes{'F',
+                         'S',
+                         0,
+                         0,
+                         static_cast<std::uint8_t>(schedules.size() / 18),
+                         0,
+                         2,
+                         0,
+                         static_cast<std::uint8_t>(16 + path.size() + 1 + 4),
+                         0,
+                         0,
+                         0,
+                         0,
+                         0,
+                         0,
+                         0};
+    return record + BytesOf(path) + Bytes{0} + pictureFields + schedules;
+}
+
+Bytes GroupHead(std::uint8_t children, std::string_view name, std::uint8_t subGroup = 0)
+{
+    const auto size = static_cast<std::uint8_t>(16 + name.size());
+    return Bytes{'G', 'P', 0, 0, children, 0, 3, 0, size, 0, 0, 0, subGroup, 0, 0, 0} + BytesOf(name);
+}
+
+Bytes Header(std::uint8_t version, std::uint16_t count)
+{
+    return {'S', 'Q', version, 0, static_cast<std::uint8_t>(count), static_cast<std::uint8_t>(count >> 8), 0, 0};
+}
+
+std::string Paths(const Bytes& bytes)
+{
+    std::string paths;
+    for (const FileEntry& file : FilesInOrder(ParseSequence(bytes).value()))
+        paths += file.path + '|';
+    return paths;
+}
+
+TEST(Sequence, ReadsTheFlatForm)
+{
+    const auto sequence = ParseSequence(Header(4, 2) + kFlatRecord + kScheduled);
+    ASSERT_TRUE(sequence);
+    const std::vector<FileEntry> files = FilesInOrder(*sequence);
+    ASSERT_EQ(files.size(), 2U);
+    EXPECT_EQ(files[0].path, "D:\\T\\QMSG.Nmg");
+    EXPECT_TRUE(files[0].schedules.empty());
+    EXPECT_EQ(files[1].path, "F:\\P\\ABCDEFGH.BMP") << "a full name has no terminator";
+    const Schedule schedule{
+        0x1F, {0x2008, 0x03, 0x15, 0x06, 0x30, true, true}, {0x2009, 0x12, 0x31, 0x23, 0x59, true, false}};
+    EXPECT_EQ(files[1].schedules, std::vector{schedule});
+}
+
+TEST(Sequence, GivesNoPathForARecordWithoutName)
+{
+    EXPECT_EQ(Paths(Header(4, 2) + Bytes{'D', 0, 15, 255} + Bytes(32, 0) + kFlatRecord), "|D:\\T\\QMSG.Nmg|");
+}
+
+TEST(Sequence, ReadsTheTree)
+{
+    const Bytes schedules = Bytes{0x7F, 0, 0x08, 0x20, 1, 1, 0, 0, 1, 1, 0x08, 0x20, 1, 1, 0x23, 0x59, 1, 1} +
+                            Bytes{0x02, 0, 0, 0, 0, 0, 7, 0, 0, 1, 0, 0, 0, 0, 8, 0, 0, 1};
+    const Bytes file = Header(6, 3) + FileRecord("D:\\T\\A", {0x2C, 0x01, '3', 255}, schedules) + GroupHead(2, "Day1") +
+                       GroupHead(2, "Day1") + FileRecord("D:\\T\\B") + FileRecord("D:\\P\\C") +
+                       GroupHead(1, "Evening\0", 1) + FileRecord("E:\\T\\D") + FileRecord("F:\\T\\E");
+    EXPECT_EQ(Paths(file), "D:\\T\\A|D:\\T\\B|D:\\P\\C|E:\\T\\D|F:\\T\\E|");
+
+    const auto sequence = ParseSequence(file);
+    ASSERT_EQ(sequence->items.size(), 3U);
+    const FileEntry& first = sequence->items[0].file.value();
+    EXPECT_EQ(first.playTimes, 2);
+    EXPECT_EQ(first.pictureStaySeconds, 300);
+    EXPECT_EQ(first.pictureEntryMode, '3');
+    EXPECT_EQ(first.pictureExitMode, 255);
+    ASSERT_EQ(first.schedules.size(), 2U);
+    EXPECT_EQ(first.schedules[0].end, (ScheduleTime{0x2008, 1, 1, 0x23, 0x59, true, true}));
+    EXPECT_EQ(first.schedules[1].weekMask, 2);
+    EXPECT_EQ(first.schedules[1].begin.hour, 7);
+
+    const SequenceItem& group = sequence->items[1];
+    EXPECT_FALSE(group.file);
+    EXPECT_EQ(group.groupName, "Day1");
+    EXPECT_EQ(group.playType, 3);
+    ASSERT_EQ(group.children.size(), 2U);
+    EXPECT_EQ(group.children[1].groupName, "Evening");
+    EXPECT_EQ(group.children[1].children.size(), 1U);
+}
+
+TEST(Sequence, HonoursTheRecordLength)
+{
+    Bytes wide = Bytes{'F', 'S', 0, 0, 0, 0, 1, 1, 0x54, 0x01, 0, 0, 0, 0, 0, 0} + BytesOf("D:\\T\\LONG.NMG");
+    wide.resize(340, 0xEE);
+    wide[16 + 13] = 0;
+    EXPECT_EQ(Paths(Header(6, 2) + wide + FileRecord("D:\\T\\B")), "D:\\T\\LONG.NMG|D:\\T\\B|");
+}
+
+TEST(Sequence, EndsWhereItStopsMakingSense)
+{
+    const Bytes good = FileRecord("D:\\T\\A");
+    EXPECT_EQ(Paths(Header(6, 65535) + good), "D:\\T\\A|");
+    EXPECT_EQ(Paths(Header(4, 65535) + kFlatRecord + Bytes(35, 'x')), "D:\\T\\QMSG.Nmg|");
+    EXPECT_EQ(Paths(Header(6, 3) + good + Bytes(16, 'X') + good), "D:\\T\\A|") << "unknown tag";
+    EXPECT_EQ(Paths(Header(6, 2) + good + Bytes{'F', 'S', 18, 0, 1, 0, 1, 0, 20, 0, 0, 0, 0, 0, 0, 0} + Bytes(21, 0)),
+              "D:\\T\\A|")
+        << "schedules beyond the file";
+    EXPECT_EQ(Paths(Header(6, 2) + good + Bytes{'F', 'S', 0, 0, 0, 0, 1, 0, 19, 0, 0, 0, 0, 0, 0, 0} + Bytes(9, 0)),
+              "D:\\T\\A|")
+        << "a record too short for its fields";
+    EXPECT_EQ(
+        Paths(Header(6, 2) + good + Bytes{'G', 'P', 0, 0, 255, 255, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0} + good),
+        "D:\\T\\A|");
+
+    Bytes deep = Header(6, 1);
+    for (int i = 0; i < 100000; ++i)
+        deep.insert(deep.end(), {'G', 'P', 0, 0, 1, 0, 0, 0, 16, 0, 0, 0, 0, 0, 0, 0});
+    EXPECT_EQ(Paths(deep + good), "");
+
+    EXPECT_FALSE(ParseSequence(Header(5, 1) + good)) << "the form of the PC";
+    EXPECT_FALSE(ParseSequence(BytesOf("SQ\4")));
+    EXPECT_FALSE(ParseSequence(BytesOf("XX\4\0\0\0\0\0")));
+}
+
+TEST(Sequence, TakesAnyBytes)
+{
+    const auto parse = [](const Bytes& bytes) { (void)ParseSequence(bytes); };
+    WithDamage(Header(4, 2) + kFlatRecord + kScheduled, parse);
+    WithDamage(Header(6, 2) + GroupHead(2, "Day1") + FileRecord("D:\\T\\B", {0, 0, 0, 0}, Bytes(18, 1)) +
+                   GroupHead(1, "Sub1", 1) + FileRecord("D:\\T\\C") + FileRecord("D:\\T\\D"),
+               parse);
+}
+
+} // namespace
+} // namespace vxsim::test
