@@ -23,7 +23,8 @@ using PathResolver = std::function<std::optional<std::filesystem::path>(std::str
 
 // Shows the files of the sequence file in their order, each for its stay time, and then again from the start. Every
 // turn reads its file anew, so a file that was written over appears at its next turn. What is missing or broken is
-// passed over. Time is the caller's, in milliseconds from any origin. Not for use from two threads at once.
+// passed over, and a list without one good file is tried again every second. Time is the caller's, in milliseconds from
+// any origin. Not for use from two threads at once.
 class Player
 {
 public:
@@ -31,14 +32,15 @@ public:
     Player(int width, int height, PathResolver resolve, std::filesystem::path sequenceFile);
 
     // Modes and stay time used where a file has none of its own, from the sign's display style: byte 11 entry mode,
-    // byte 12 exit mode, byte 14 stay time in seconds, or 255 for the 32-bit stay time at offset 16. Takes effect
-    // with the next file that starts.
+    // byte 12 exit mode, byte 14 stay time in seconds, or 255 for the 32-bit stay time at offset 16; a stay time
+    // of 0 means the sign's own. Takes effect with the next file that starts.
     void SetDefaults(std::span<const std::uint8_t, 52> displayStyle);
 
     // Reads the sequence file anew and starts playing. A missing or unknown sequence file leaves the face black.
     void Restart(std::uint64_t nowMs);
 
-    // Draws what the face shows at that time. The canvas should have the size given at construction.
+    // Draws what the face shows at that time. A canvas of another size than that given at
+    // construction gets the part that it has room for.
     void Draw(std::uint64_t nowMs, Canvas& face);
 
     // Sign path of what plays as of the last Restart or Draw, empty if nothing does.
@@ -46,7 +48,7 @@ public:
 
 private:
     void Advance(std::uint64_t nowMs);
-    bool StartNext(std::uint64_t startMs);
+    void StartNext(std::uint64_t startMs);
     std::optional<Show> Load(const FileEntry& file);
 
     int width_;
@@ -60,8 +62,7 @@ private:
     std::size_t misses_ = 0;   // files passed over since the last one that could be shown
     std::optional<Show> show_; // what plays
     std::string currentFile_;
-    std::uint64_t startMs_ = 0; // when the current file's turn began
-    std::uint64_t retryMs_ = 0; // when a list without one good file is tried again
+    std::uint64_t startMs_ = 0; // when the current file's turn began; while nothing plays, when the next one's does
 };
 
 } // namespace vxsim

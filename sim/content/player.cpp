@@ -1,0 +1,143 @@
+#include "sim/content/player.h"
+
+#include <algorithm>
+#include <fstream>
+#include <utility>
+
+namespace vxsim {
+
+namespace {
+
+// Larger files are passed over unread.
+constexpr std::uintmax_t kMostContentBytes = std::uintmax_t{64} * 1024 * 1024;
+constexpr std::uintmax_t kMostSequenceBytes = std::uintmax_t{8} * 1024 * 1024;
+
+// Files tried at one look at the clock, so that a long list of broken files doesn't hold up the sign.
+constexpr int kMostTries = 16;
+
+// How long the sign waits before it goes again through a list without one good file.
+constexpr std::uint64_t kRetryMs = 1000;
+
+// Offsets in the display style.
+constexpr std::size_t kStyleEntryMode = 11;
+constexpr std::size_t kStyleExitMode = 12;
+constexpr std::size_t kStyleShortStay = 14;
+constexpr std::size_t kStyleLongStay = 16;
+constexpr std::uint8_t kUseLongStay = 255;
+
+// A mode of the list that leaves the choice to the sign.
+bool IsUnset(std::uint8_t mode)
+{
+    return mode == 0 || mode == 255;
+}
+
+// The whole file; empty if it is missing, not a file, too large or unreadable.
+std::vector<std::uint8_t> ReadFile(const std::filesystem::path& path, std::uintmax_t mostBytes)
+{
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error))
+        return {};
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    if (error || size > mostBytes)
+        return {};
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size));
+    std::ifstream file(path, std::ios::binary);
+    file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    return bytes;
+}
+
+} // namespace
+
+Player::Player(int width, int height, PathResolver resolve, std::filesystem::path sequenceFile)
+    : width_(std::clamp(width, 1, Canvas::kMostPixelsPerSide)),
+      height_(std::clamp(height, 1, Canvas::kMostPixelsPerSide)), resolve_(std::move(resolve)),
+      sequenceFile_(std::move(sequenceFile))
+{
+}
+
+void Player::SetDefaults(std::span<const std::uint8_t, 52> displayStyle)
+{
+    defaults_.entryMode = displayStyle[kStyleEntryMode];
+    defaults_.exitMode = displayStyle[kStyleExitMode];
+    std::uint64_t seconds = displayStyle[kStyleShortStay];
+    if (seconds == kUseLongStay) {
+        seconds = 0;
+        for (std::size_t i = 4; i-- > 0;)
+            seconds = seconds << 8 | displayStyle[kStyleLongStay + i];
+    }
+    // A style that says nothing of the stay time leaves the sign's own.
+    defaults_.stayMs = seconds != 0 ? seconds * 1000 : Timing{}.stayMs;
+}
+
+void Player::Restart(std::uint64_t nowMs)
+{
+    const std::optional<Sequence> sequence = ParseSequence(ReadFile(sequenceFile_, kMostSequenceBytes));
+    files_ = sequence ? FilesInOrder(*sequence) : std::vector<FileEntry>();
+    next_ = 0;
+    misses_ = 0;
+    show_.reset();
+    currentFile_.clear();
+    startMs_ = nowMs;
+    Advance(nowMs);
+}
+
+void Player::Draw(std::uint64_t nowMs, Canvas& face)
+{
+    Advance(nowMs);
+    if (show_)
+        show_->Draw(nowMs - std::min(nowMs, startMs_), font_, face);
+    else
+        face.Clear();
+}
+
+std::string Player::CurrentFile() const
+{
+    return currentFile_;
+}
+
+// Brings the player to the file whose turn it is. Turns follow each other without a gap, however seldom it is called;
+// only after so long an absence that many turns were missed does the last one of them start now.
+void Player::Advance(std::uint64_t nowMs)
+{
+    for (int tries = 1; tries <= kMostTries; ++tries) {
+        const std::uint64_t endMs = show_ ? startMs_ + show_->DurationMs() : startMs_;
+        if (nowMs < endMs || files_.empty())
+            return;
+        StartNext(tries < kMostTries ? endMs : nowMs);
+        if (show_) {
+            misses_ = 0;
+        } else if (++misses_ >= files_.size()) {
+            misses_ = 0;
+            startMs_ = nowMs + kRetryMs;
+        }
+    }
+}
+
+// Gives the next file its turn. If it can't be shown, nothing plays, and the file after it can have the turn.
+void Player::StartNext(std::uint64_t startMs)
+{
+    const FileEntry& file = files_[next_];
+    next_ = (next_ + 1) % files_.size();
+    show_ = Load(file);
+    currentFile_ = show_ ? file.path : std::string();
+    startMs_ = startMs;
+}
+
+std::optional<Show> Player::Load(const FileEntry& file)
+{
+    const std::optional<std::filesystem::path> path = file.path.empty() ? std::nullopt : resolve_(file.path);
+    if (!path)
+        return std::nullopt;
+    const std::vector<std::uint8_t> bytes = ReadFile(*path, kMostContentBytes);
+    Timing timing = defaults_;
+    if (!IsUnset(file.pictureEntryMode))
+        timing.entryMode = file.pictureEntryMode;
+    if (!IsUnset(file.pictureExitMode))
+        timing.exitMode = file.pictureExitMode;
+    if (file.pictureStaySeconds != 0)
+        timing.stayMs = std::uint64_t{file.pictureStaySeconds} * 1000;
+    return Show::Load(bytes, timing, width_, height_, font_);
+}
+
+} // namespace vxsim
