@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kMaxRunning = 8;
 constexpr std::size_t kMaxFinished = 8;
 // Neighbouring chunks are gathered up to this size, so that a chunk does not cost a write of its own.
-constexpr std::size_t kGather = 64 * 1024;
+constexpr std::size_t kGather = 65536;
 constexpr std::uint8_t kErased = 0xFF;
 
 bool WriteAt(int file, std::span<const std::uint8_t> bytes, std::uint64_t at)

@@ -53,12 +53,12 @@ TEST_F(FileTransfer, EveryKindHasItsFolder)
 TEST_F(FileTransfer, PathsAnnounceTheirSizeIn32BitsInAllForms)
 {
     const Bytes content = Pattern(200);
-    for (const std::uint32_t number : {1, 2, 3, 4})
+    for (const std::uint32_t number : {1U, 2U, 3U, 4U})
         EXPECT_EQ(Put(8, "D:\\T\\QMSG.Nmg", content, number), 0U);
     EXPECT_EQ(FileBytes(folder.path / "D/T/QMSG.Nmg"), content);
-    for (const unsigned minor : {8, 17, 31}) {
+    for (const unsigned minor : {8U, 17U, 31U}) {
         Bytes all;
-        for (const std::uint32_t number : {1, 2, 3, 4}) {
+        for (const std::uint32_t number : {1U, 2U, 3U, 4U}) {
             const Bytes reply = Get(minor, "d:/t/qmsg.nmg", number);
             EXPECT_EQ(PayloadOf(reply), (Bytes{0, 0, 0, 0, 200, 0, 0, 0}));
             all = all + ExtendedOf(reply);
@@ -75,9 +75,9 @@ TEST_F(FileTransfer, PathsAnnounceTheirSizeIn32BitsInAllForms)
 
 TEST_F(FileTransfer, WideWritesAreAnsweredWithProcessOkAndInAnyOrder)
 {
-    const Bytes content = Pattern(64 * 6 + 5);
+    const Bytes content = Pattern(389);
     EXPECT_EQ(Put(13, "E:\\big.bin", content, 2), 36884U); // nothing begins with packet 2
-    for (const std::uint32_t number : {1, 4, 3, 4, 6, 2, 1})
+    for (const std::uint32_t number : {1U, 4U, 3U, 4U, 6U, 2U, 1U})
         EXPECT_EQ(Put(13, "E:\\big.bin", content, number), 36864U);
     EXPECT_EQ(Put(13, "E:\\big.bin", content, 7), 36884U); // the last one comes when all others are there
     EXPECT_EQ(Put(13, "E:\\big.bin", content, 5), 36864U);
@@ -93,7 +93,7 @@ TEST_F(FileTransfer, WideWritesAreAnsweredWithProcessOkAndInAnyOrder)
 
 TEST_F(FileTransfer, NarrowWritesKeepTheirOrderAndMayRepeat)
 {
-    const Bytes content = Pattern(64 * 4);
+    const Bytes content = Pattern(256);
     EXPECT_EQ(Put(8, "D:\\a", content, 1), 0U);
     EXPECT_EQ(Put(8, "D:\\a", content, 3), 36884U);
     EXPECT_EQ(Put(8, "D:\\a", content, 2), 0U);
@@ -144,10 +144,10 @@ TEST_F(FileTransfer, ReadingGoesOnWhileTheFileIsReplacedOrDeleted)
     const Bytes first = Pattern(128);
     Bytes second = first;
     std::ranges::reverse(second);
-    for (const std::uint32_t number : {1, 2})
+    for (const std::uint32_t number : {1U, 2U})
         EXPECT_EQ(Put(8, "D:\\r", first, number), 0U);
     EXPECT_EQ(ExtendedOf(Get(8, "D:\\r", 1)), Bytes(first.begin(), first.begin() + 64));
-    for (const std::uint32_t number : {1, 2})
+    for (const std::uint32_t number : {1U, 2U})
         EXPECT_EQ(Put(8, "D:\\r", second, number), 0U);
     EXPECT_EQ(ExtendedOf(Get(8, "D:\\r", 2)), Bytes(second.begin() + 64, second.end()));
     EXPECT_EQ(CodeOf(Ask(7, 6, Text("d:\\R") + Bytes{0})), 0U);

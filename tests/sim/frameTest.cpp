@@ -103,7 +103,7 @@ TEST(FrameFinder, FindsRequestsInPiecesAndBetweenNoise)
     Bytes damaged = first;
     damaged[12] = 9;
     const Bytes stream = noise + first + second + damaged + absurdLength + badStatus + second + noise + first;
-    for (const std::size_t step : {1, 2, 3, 15, 16, 17, 1000, 5000})
+    for (const std::size_t step : {1UL, 2UL, 3UL, 15UL, 16UL, 17UL, 1000UL, 5000UL})
         EXPECT_EQ(Ids(stream, step), (std::vector<unsigned>{1, 2, 2, 1})) << step;
 }
 

@@ -51,7 +51,7 @@ TEST_F(Records, BlackScreenAndTubeData)
 {
     std::vector<bool> changes;
     sign->Observe({.blackScreenChanged = [&](bool on) { changes.push_back(on); }});
-    for (const unsigned minor : {1, 1, 2})
+    for (const unsigned minor : {1U, 1U, 2U})
         EXPECT_EQ(CodeOf(Ask(4, minor)), 0U);
     EXPECT_EQ(changes, (std::vector<bool>{true, false}));
     EXPECT_FALSE(sign->IsBlack());
@@ -102,7 +102,7 @@ TEST_F(Records, WhatTheSignTellsOfItself)
 
 TEST_F(Records, UnknownCommandsGetTheirCodes)
 {
-    for (const unsigned major : {0, 3, 5, 15, 255})
+    for (const unsigned major : {0U, 3U, 5U, 15U, 255U})
         EXPECT_EQ(CodeOf(Ask(major, 1)), 36868U) << major;
     const std::vector<std::pair<unsigned, unsigned>> minors{{1, 0}, {1, 21}, {1, 255}, {2, 0}, {2, 20}, {4, 0}, {7, 2}};
     for (const auto& [major, minor] : minors)
@@ -115,9 +115,9 @@ TEST_F(Records, UnknownCommandsGetTheirCodes)
 // Every command with payloads and extended parts of all small sizes: no crash, and always one whole reply.
 TEST_F(Records, AnyCommandTakesAnyBytes)
 {
-    for (const unsigned major : {1, 2, 4, 7, 14}) {
+    for (const unsigned major : {1U, 2U, 4U, 7U, 14U}) {
         for (unsigned minor = 0; minor < 64; ++minor) {
-            for (const std::size_t size : {0, 4, 8, 12, 16, 20, 24, 40, 256, 1020}) {
+            for (const std::size_t size : {0UL, 4UL, 8UL, 12UL, 16UL, 20UL, 24UL, 40UL, 256UL, 1020UL}) {
                 for (const unsigned fill : {0x00U, 0x41U, 0xFFU}) {
                     const Bytes part(size, static_cast<std::uint8_t>(fill));
                     const Bytes reply = Ask(major, minor, part, part);

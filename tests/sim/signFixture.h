@@ -70,12 +70,12 @@ inline unsigned CodeOf(const Bytes& reply)
 
 inline Bytes PayloadOf(const Bytes& reply)
 {
-    return {reply.begin() + 16, reply.begin() + 16 + 4 * reply.at(14)};
+    return {reply.begin() + 16, reply.begin() + 16 + 4L * reply.at(14)};
 }
 
 inline Bytes ExtendedOf(const Bytes& reply)
 {
-    return {reply.begin() + 16 + 4 * reply.at(14), reply.end()};
+    return {reply.begin() + 16 + 4L * reply.at(14), reply.end()};
 }
 
 inline Bytes FileBytes(const std::filesystem::path& file)
@@ -138,7 +138,7 @@ protected:
     {
         const std::uint32_t total = (static_cast<std::uint32_t>(file.size()) + chunk - 1) / chunk;
         const std::size_t width = minor == 13 ? 4 : 2;
-        const std::size_t from = std::min<std::size_t>(chunk * (number - 1), file.size());
+        const std::size_t from = std::min(std::size_t{chunk} * (number - 1), file.size());
         const std::size_t to = std::min<std::size_t>(from + chunk, file.size());
         const Bytes record = Little(static_cast<std::uint32_t>(file.size()), 4) + Little(chunk, 2) +
                              Little(total, width) + Little(number, width) + Text(path) + Bytes{0};
