@@ -1,0 +1,44 @@
+// Adding commands to the command line.
+#pragma once
+
+#include "vxctl/failure.h"
+#include "vxctl/context.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace vxctl {
+
+// What a command says of itself.
+struct CommandText
+{
+    std::string group;
+    std::string name;
+    std::string description;
+    std::string footer; // details and examples
+};
+
+// A command without its options and its body, which go to the result: add_option and callback. A body throws UsageError
+// or SignFailure; one that returns has done its work, and what it put into the report is then printed.
+CLI::App* AddCommand(CLI::App& app, const CommandText& text);
+
+// An option or positional for a number within limits, decimal or with 0x.
+CLI::Option* AddNumber(CLI::App& app, const std::string& name, std::uint32_t& target, std::uint32_t least,
+                       std::uint32_t most, const std::string& description);
+
+// A positional for a path on the sign. "D:/T/X.NMG" becomes "D:\T\X.NMG", since shells eat backslashes.
+CLI::Option* AddSignPath(CLI::App& app, const std::string& name, std::string& target, const std::string& description);
+
+// Refuses a file on this PC that cannot be read.
+CLI::Validator ReadableFile();
+
+void AddShowCommands(CLI::App& app, Context& context);    // show, picture, files
+void AddFileCommands(CLI::App& app, Context& context);    // put, get, rm
+void AddControlCommands(CLI::App& app, Context& context); // blank, unblank
+void AddInfoCommands(CLI::App& app, Context& context);    // info
+void AddLocalCommands(CLI::App& app, Context& context);   // ports, error
+void AddRawCommand(CLI::App& app, Context& context);      // raw
+
+} // namespace vxctl

@@ -1,0 +1,25 @@
+#include "vxctl/context.h"
+
+#include "vxctl/failure.h"
+
+namespace vxctl {
+
+void Context::Connect(vxOnProgress onProgress) const
+{
+    const SignUrl sign = Sign();
+    vxApiConfig config{};
+    config.kind = sign.kind;
+    // Both fit with their ends: a dotted address has 15 characters, and Resolve looks at the serial name.
+    sign.host.copy(config.host, sizeof config.host - 1);
+    sign.serialName.copy(config.serialName, sizeof config.serialName - 1);
+    config.port = sign.port;
+    config.baudRate = sign.baudRate;
+    config.destinationAddress = options.Destination();
+    config.retries = options.retries;
+    config.timeoutMs = options.timeoutMs;
+    config.dataSize = static_cast<std::uint16_t>(options.chunk);
+    config.onProgress = onProgress;
+    Check(vxInitAPI(&config));
+}
+
+} // namespace vxctl

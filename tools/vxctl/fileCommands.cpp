@@ -1,0 +1,189 @@
+#include "vxctl/command.h"
+#include "vxctl/progressBar.h"
+
+#include <vxsign/filesystem.h>
+#include <vxsign/local.h>
+#include <vxsign/read.h>
+#include <vxsign/write.h>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <system_error>
+
+namespace vxctl {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kGroup = "Files";
+constexpr std::size_t kLongestSystemName = 12;
+
+struct Transfer
+{
+    std::string local;
+    std::string path; // on the sign
+    bool system = false;
+    bool window = false;
+};
+
+void CheckSystemName(const Transfer& transfer)
+{
+    if (transfer.system && transfer.path.size() > kLongestSystemName)
+        throw UsageError("the name of a system file has " + std::to_string(kLongestSystemName) + " characters at most");
+}
+
+// Runs a transfer under a progress bar, and then tells how large the local file is and how long that took.
+void Run(Context& context, const Transfer& transfer, const std::string& title,
+         const std::function<std::uint32_t()>& move, const std::string& measured)
+{
+    double seconds = 0;
+    {
+        // The windowed transfer reports its start alone: a bar would stand at 0 until the end.
+        const ProgressBar bar(title, context.report.IsJson() || transfer.window);
+        context.Connect(ProgressBar::OnProgress);
+        const std::uint32_t result = move();
+        seconds = bar.Seconds();
+        Check(result);
+    }
+    const double bytes = vxOSGetFileSize(measured.c_str());
+    const double rate = seconds > 0 ? bytes / seconds : 0;
+    context.report.Put("bytes", static_cast<std::uint32_t>(bytes));
+    context.report.Put("seconds", seconds);
+    context.report.Put("bytesPerSecond", static_cast<std::uint64_t>(rate));
+    context.report.Line(title + ": " + FormatSize(bytes) + ", " + FormatSize(rate) + "/s");
+}
+
+void Put(Context& context, const Transfer& put)
+{
+    CheckSystemName(put);
+    const auto send = [&put] {
+        const char* const path = put.path.c_str();
+        const char* const local = put.local.c_str();
+        if (put.system)
+            return vxWriteSystemFile(path, local);
+        return put.window ? vxWriteFileOptimize(path, local) : vxWriteSpecFileEx(path, local);
+    };
+    Run(context, put, "put " + put.path, send, put.local);
+}
+
+// Where a file that is read goes while it is on its way: beside its target, so that a read that fails leaves a file
+// that was there before alone. What is no ordinary file, such as a pipe, is written straight.
+class Target
+{
+public:
+    explicit Target(const Transfer& get) : final(get.local), temporary(get.local)
+    {
+        std::error_code error;
+        if (fs::is_directory(final, error)) {
+            final /= get.path.substr(get.path.find_last_of("\\/:") + 1);
+            temporary = final;
+        }
+        const fs::file_status status = fs::status(final, error);
+        if (!fs::exists(status) || fs::is_regular_file(status))
+            temporary += ".part";
+    }
+    ~Target()
+    {
+        std::error_code error;
+        if (temporary != final)
+            fs::remove(temporary, error);
+    }
+    Target(const Target&) = delete;
+    Target& operator=(const Target&) = delete;
+
+    const fs::path& Final() const { return final; }
+    const fs::path& Temporary() const { return temporary; }
+
+    // The read went well.
+    void Keep() const
+    {
+        std::error_code error;
+        if (temporary != final)
+            fs::rename(temporary, final, error);
+        if (error)
+            throw SignFailure(VX_OPEN_FILE);
+    }
+
+private:
+    fs::path final;
+    fs::path temporary;
+};
+
+void Get(Context& context, const Transfer& get)
+{
+    CheckSystemName(get);
+    const Target target(get);
+    const auto receive = [&get, local = target.Temporary().string()] {
+        return get.system ? vxReadSysFile(get.path.c_str(), local.c_str())
+                          : vxReadSpecPathFileEx(get.path.c_str(), local.c_str());
+    };
+    Run(context, get, "get " + get.path, receive, target.Temporary().string());
+    target.Keep();
+    context.report.Put("local", target.Final().string());
+}
+
+void AddPut(CLI::App& app, Context& context)
+{
+    CLI::App* const command = AddCommand(
+        app,
+        {kGroup, "put", "Send a file to the sign",
+         R"(A file that begins with "NG" holds a wrapped message: it is unwrapped into LOCAL.tmp, which stays, and that is sent.
+
+Examples:
+  vxctl put hello.nmg D:/T/HELLO.NMG
+  vxctl --chunk 1280 put --window firmware.bin C:/FW.BIN    eight packets at a time
+  vxctl put --system list.sys SEQUENT.SYS)"});
+    const auto put = std::make_shared<Transfer>();
+    command->add_option("LOCAL", put->local, "the file on this PC")
+        ->type_name("FILE")
+        ->required()
+        ->check(ReadableFile());
+    AddSignPath(*command, "PATH", put->path, "the path on the sign, or the name of a system file")->required();
+    CLI::Option* const system =
+        command->add_flag("--system", put->system, "PATH is the name of a system file, such as CONFIG.SYS");
+    command->add_flag("--window", put->window, "up to 8 packets on their way at a time")->excludes(system);
+    command->callback([&context, put] { Put(context, *put); });
+}
+
+void AddGet(CLI::App& app, Context& context)
+{
+    CLI::App* const command = AddCommand(
+        app,
+        {kGroup, "get", "Read a file from the sign",
+         R"(LOCAL may be a folder. What arrives goes into LOCAL.part first, so that a failure leaves LOCAL as it was.
+
+Examples:
+  vxctl get D:/T/HELLO.NMG hello.nmg
+  vxctl get D:/T/HELLO.NMG .
+  vxctl get --system CONFIG.SYS config.sys)"});
+    const auto get = std::make_shared<Transfer>();
+    AddSignPath(*command, "PATH", get->path, "the path on the sign, or the name of a system file")->required();
+    command->add_option("LOCAL", get->local, "the file on this PC, or a folder")->type_name("FILE")->required();
+    command->add_flag("--system", get->system, "PATH is the name of a system file, such as CONFIG.SYS");
+    command->callback([&context, get] { Get(context, *get); });
+}
+
+void AddRemove(CLI::App& app, Context& context)
+{
+    CLI::App* const command =
+        AddCommand(app, {kGroup, "rm", "Delete a file on the sign", "Example:\n  vxctl rm D:/T/HELLO.NMG"});
+    const auto path = std::make_shared<std::string>();
+    AddSignPath(*command, "PATH", *path, "the path on the sign")->required();
+    command->callback([&context, path] {
+        context.Connect();
+        Check(vxDelete(path->c_str()));
+    });
+}
+
+} // namespace
+
+void AddFileCommands(CLI::App& app, Context& context)
+{
+    AddPut(app, context);
+    AddGet(app, context);
+    AddRemove(app, context);
+}
+
+} // namespace vxctl

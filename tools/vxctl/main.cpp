@@ -1,0 +1,79 @@
+#include "vxctl/command.h"
+#include "vxctl/interrupt.h"
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <string>
+
+namespace {
+
+using namespace vxctl;
+
+constexpr const char* kFooter =
+    R"(The sign is one URL: udp://HOST:PORT, tcp://HOST:PORT or serial:NAME@BAUD. Without -s it is that of the
+environment variable VXSIGN. Paths on the sign look like D:/T/NAME.NMG.
+
+Exit status: 0 done, 1 the sign or the line failed, 2 the command line is wrong.
+
+Examples:
+  vxctl show "HELLO 42"
+  vxctl -s tcp://192.168.1.50:9520 put hello.nmg D:/T/HELLO.NMG
+  vxctl -s serial:/dev/ttyUSB0@115200 info
+  vxctl get --help)";
+
+void AddOptions(CLI::App& app, Context& context)
+{
+    Options& options = context.options;
+    app.add_option("-s,--sign", options.url, "the sign")->envname("VXSIGN")->type_name("URL")->capture_default_str();
+    AddNumber(app, "--timeout", options.timeoutMs, 50, 60000, "milliseconds for each try")->default_str("3000");
+    AddNumber(app, "--retries", options.retries, 1, 100, "tries for each packet")->default_str("3");
+    AddNumber(app, "--chunk", options.chunk, 64, 1280, "bytes of a file in each packet")->default_str("768");
+    AddNumber(app, "--destination", options.destination, 0, 65535, "address in each packet")->default_str("0");
+    app.add_flag_function(
+        "--json", [&context](std::int64_t) { context.report.UseJson(true); }, "one JSON object in place of text");
+    app.set_version_flag("--version", std::string("vxctl, with libvxsign ") + vxAPIVersion());
+}
+
+int Run(int argc, char** argv)
+{
+    Context context;
+    CLI::App app{"vxctl, the command line for LED variable-message signs", "vxctl"};
+    app.footer(kFooter);
+    app.require_subcommand(1);
+    app.fallthrough(); // the options above may stand behind the command too
+    AddOptions(app, context);
+    AddShowCommands(app, context);
+    AddFileCommands(app, context);
+    AddControlCommands(app, context);
+    AddInfoCommands(app, context);
+    AddLocalCommands(app, context);
+    AddRawCommand(app, context);
+
+    AbortOnInterrupt();
+    try {
+        app.parse(argc, argv);
+        context.report.Finish(VX_OK);
+        return EXIT_SUCCESS;
+    } catch (const SignFailure& failure) {
+        context.report.Finish(failure.code);
+        return kExitFailure;
+    } catch (const UsageError& error) {
+        std::cerr << "vxctl: " << error.what() << '\n';
+        return kExitUsage;
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? EXIT_SUCCESS : kExitUsage;
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& error) {
+        std::cerr << "vxctl: " << error.what() << '\n';
+        return kExitFailure;
+    }
+}

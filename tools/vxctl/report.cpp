@@ -1,0 +1,106 @@
+#include "vxctl/report.h"
+
+#include "vxctl/numbers.h"
+
+#include <vxsign/result.h>
+
+#include <algorithm>
+#include <iostream>
+
+namespace vxctl {
+
+namespace {
+
+struct Advice
+{
+    std::uint32_t code;
+    std::string_view text;
+};
+
+constexpr std::string_view kSpace = "free some room on that drive with rm, or write to another drive";
+constexpr std::string_view kUnsupported = "this sign does not know the command; its firmware may be older or newer";
+
+constexpr Advice kAdvice[] = {
+    {VX_ARGUMENTS, "look at the arguments: a text, path or payload may be too long"},
+    {VX_ABORTED, "run the command again; a transfer starts at its beginning"},
+    {VX_COMMUNICATION, "check address, port, power and cable; give a slow line more time with --timeout and --retries"},
+    {VX_OPEN_FILE, "check that the file on this PC, or the folder it goes to, is there and may be used"},
+    {VX_EMPTY_FILE, "the sign takes no empty file"},
+    {VX_FILE_NOT_EXISTS, "check drive, folder and name of the file on the sign"},
+    {VX_FAILED_OPERATION, "try once more; the sign may have been busy"},
+    {VX_INCONSISTENT_SYNC, "is that the port of a sign? Look at its reply with raw"},
+    {8449, "send the file in parts, or smaller"},
+    {8450, kSpace},
+    {8451, kSpace},
+    {8452, kSpace},
+    {8453, kSpace},
+    {8454, kSpace},
+    {8455, kSpace},
+    {14849, kUnsupported},
+    {30209, "check drive, folder and name of the file on the sign"},
+    {31489, "check drive, folder and name of the file on the sign"},
+    {32257, "check drive, folder and name of the file on the sign"},
+    {36866, "noise on the line: check cable and speed"},
+    {36867, "check --destination"},
+    {36868, kUnsupported},
+    {36869, kUnsupported},
+    {36870, "try a smaller --chunk"},
+    {36880, "check drive, folder and name of the file on the sign"},
+    {36881, kUnsupported},
+    {36882, "check that the drive is there and has room"},
+    {36883, "try a smaller --chunk"},
+    {36885, "check drive, folder and name of the file on the sign"},
+    {36912, "the sign wants a login first"},
+    {36917, "somebody else is using the sign: wait, and try once more"},
+    {36918, "log in as a user who may do this"},
+};
+
+// How far the values of a list stand from its left edge.
+constexpr std::size_t kNameWidth = 20;
+
+} // namespace
+
+std::string_view AdviceFor(std::uint32_t code)
+{
+    const auto* const found =
+        std::find_if(std::begin(kAdvice), std::end(kAdvice), [code](const Advice& row) { return row.code == code; });
+    return found == std::end(kAdvice) ? std::string_view() : found->text;
+}
+
+void Report::Line(std::string_view text) const
+{
+    if (!json)
+        std::cout << text << '\n';
+}
+
+void Report::Value(const std::string& name, const std::string& key, Json value, std::string_view text)
+{
+    if (!json) {
+        const std::string plain = value.is_string() ? value.get<std::string>() : value.dump();
+        const std::size_t gap = name.size() < kNameWidth ? kNameWidth - name.size() : 1;
+        std::cout << name << std::string(gap, ' ') << (text.empty() ? std::string_view(plain) : text) << '\n';
+    }
+    Put(key, std::move(value));
+}
+
+void Report::Finish(std::uint32_t result) const
+{
+    const std::string_view advice = AdviceFor(result);
+    if (json) {
+        Json object = {{"result", result}, {"text", vxErrorDesc(result)}};
+        if (!advice.empty())
+            object["advice"] = advice;
+        object.update(values);
+        // Texts come from signs and shells: what is no UTF-8 in them must not end the program.
+        std::cout << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+        return;
+    }
+    if (result == VX_OK)
+        return;
+    std::cout.flush();
+    std::cerr << "vxctl: error " << result << " (" << FormatWord(result) << "): " << vxErrorDesc(result) << '\n';
+    if (!advice.empty())
+        std::cerr << "  " << advice << '\n';
+}
+
+} // namespace vxctl

@@ -1,0 +1,41 @@
+// What a command found: lines of text as it goes, or with --json one object at its end.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace vxctl {
+
+// What to try after a failure with this code; empty when there is nothing to say beyond its text.
+std::string_view AdviceFor(std::uint32_t code);
+
+class Report
+{
+public:
+    using Json = nlohmann::ordered_json;
+
+    void UseJson(bool wanted) { json = wanted; }
+    bool IsJson() const { return json; }
+
+    // A line for people alone.
+    void Line(std::string_view text) const;
+
+    // A value for programs alone.
+    void Put(const std::string& key, Json value) { values[key] = std::move(value); }
+
+    // A value for both: the line has its name and, where the value itself does not read well, the text for it.
+    void Value(const std::string& name, const std::string& key, Json value, std::string_view text = {});
+
+    // The end of the command: JSON gets the result word, its text and all values. In text a failure goes to standard
+    // error, with what to try next.
+    void Finish(std::uint32_t result) const;
+
+private:
+    bool json = false;
+    Json values = Json::object();
+};
+
+} // namespace vxctl

@@ -1,0 +1,21 @@
+// The codes in a message, as people write them.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace vxctl {
+
+// A font: one character from '0' to '~' stands for itself, anything longer is a number from 48 to 169.
+std::uint32_t ParseFont(std::string_view text);
+
+// A mode: one character from '0' to '~' stands for itself, anything longer is a number from 48 to 255.
+std::uint32_t ParseMode(std::string_view text);
+
+// A colour: a name or "#RRGGBB", both sent as three colour bytes; or one character or a number from 48 to 255, a code
+// of the sign's own.
+std::uint32_t ParseColour(std::string_view text);
+
+// All throw UsageError for anything else.
+
+} // namespace vxctl
