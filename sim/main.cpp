@@ -1,3 +1,4 @@
+#include "sim/facePainter.h"
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
 #include "sim/server/server.h"
@@ -12,6 +13,7 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -25,6 +27,7 @@ namespace fs = std::filesystem;
 constexpr int kExitFailure = 1;
 constexpr int kExitUsage = 2;
 constexpr int kLargestSide = 2048;
+constexpr std::chrono::milliseconds kFrame{40};
 
 struct Options
 {
@@ -32,6 +35,8 @@ struct Options
     std::string size = "128x32";
     std::string drives = "CDEF";
     std::string faults;
+    std::string face = "none";
+    std::string png;
     unsigned delay = 0;
     vxsim::ListenSettings listen;
 };
@@ -46,6 +51,7 @@ Examples:
   vxsim                                     a sign on UDP and TCP port 9520 of this machine
   vxsim --dir mysign --drives CDE           keeps its files in mysign, has no drive F
   vxsim --port 0 --serial                   any free port, and a serial line
+  vxsim --face ansi --png face.png          shows the face in the terminal and as a picture
   vxsim --delay 200 --fault drop=0.1,noise=4,seed=7)";
 
 // "128x32" as width and height in pixels.
@@ -128,6 +134,15 @@ void Serve(const Options& options)
     vxsim::VirtualSign sign({folder.Path(), width, height, options.drives, endpoints.address, endpoints.port});
     vxsim::Server server(endpoints, sign, serverSettings);
     Announce(endpoints, folder.Path());
+    std::optional<vxsim::FacePainter> painter;
+    if (options.face == "ansi" || !options.png.empty()) {
+        painter.emplace(sign, options.face == "ansi" ? &std::cout : nullptr, options.png);
+        server.OnTick(kFrame, [&painter] {
+            const auto now = vxsim::Clock::now().time_since_epoch();
+            painter->Paint(
+                static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count()));
+        });
+    }
     server.Run(end.Get());
 }
 
@@ -145,6 +160,10 @@ int Run(int argc, char** argv)
     app.add_flag("--serial", options.listen.serial, "serve a pseudo-terminal as well");
     app.add_option("--size", options.size, "width and height of the face in pixels")->capture_default_str();
     app.add_option("--drives", options.drives, "letters of the drives; C must be among them")->capture_default_str();
+    app.add_option("--face", options.face, "draws the face on standard output (ansi) or not (none)")
+        ->capture_default_str()
+        ->check(CLI::IsMember({"ansi", "none"}));
+    app.add_option("--png", options.png, "file for a picture of the face, written when it changes");
     app.add_option("--delay", options.delay, "milliseconds from a request to its reply")
         ->capture_default_str()
         ->check(CLI::Range(0U, 60000U));
