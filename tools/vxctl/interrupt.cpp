@@ -30,8 +30,12 @@ void AbortOnInterrupt()
     action.sa_handler = SetAbortFlag;
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
     ::sigemptyset(&action.sa_mask);
-    ::sigaction(SIGINT, &action, nullptr);
-    ::sigaction(SIGTERM, &action, nullptr);
+    for (const int signal : {SIGINT, SIGTERM}) {
+        // A signal that whoever started the program had ignored, as for a job in the background, stays so.
+        struct sigaction former = {};
+        if (::sigaction(signal, nullptr, &former) == 0 && former.sa_handler != SIG_IGN)
+            ::sigaction(signal, &action, nullptr);
+    }
 }
 
 } // namespace vxctl

@@ -53,8 +53,7 @@ int Run(int argc, char** argv)
     AbortOnInterrupt();
     try {
         app.parse(argc, argv);
-        context.report.Finish(VX_OK);
-        return EXIT_SUCCESS;
+        return context.report.Finish(VX_OK) ? EXIT_SUCCESS : kExitFailure;
     } catch (const SignFailure& failure) {
         context.report.Finish(failure.code);
         return kExitFailure;

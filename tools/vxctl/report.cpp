@@ -83,7 +83,7 @@ void Report::Value(const std::string& name, const std::string& key, Json value, 
     Put(key, std::move(value));
 }
 
-void Report::Finish(std::uint32_t result) const
+bool Report::Finish(std::uint32_t result) const
 {
     const std::string_view advice = AdviceFor(result);
     if (json) {
@@ -93,14 +93,16 @@ void Report::Finish(std::uint32_t result) const
         object.update(values);
         // Texts come from signs and shells: what is no UTF-8 in them must not end the program.
         std::cout << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
-        return;
     }
-    if (result == VX_OK)
-        return;
     std::cout.flush();
+    if (!std::cout)
+        std::cerr << "vxctl: standard output takes no more\n";
+    if (json || result == VX_OK)
+        return static_cast<bool>(std::cout);
     std::cerr << "vxctl: error " << result << " (" << FormatWord(result) << "): " << vxErrorDesc(result) << '\n';
     if (!advice.empty())
         std::cerr << "  " << advice << '\n';
+    return static_cast<bool>(std::cout);
 }
 
 } // namespace vxctl
