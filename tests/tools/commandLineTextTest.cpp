@@ -1,0 +1,70 @@
+#include "vxctl/failure.h"
+#include "vxctl/numbers.h"
+#include "vxctl/progressBar.h"
+#include "vxctl/showCodes.h"
+
+#include <gtest/gtest.h>
+
+namespace vxctl_tests {
+namespace {
+
+using vxctl::ParseColour;
+using vxctl::ParseFont;
+using vxctl::ParseHex;
+using vxctl::ParseMode;
+using vxctl::ParseNumber;
+using Bytes = std::vector<std::uint8_t>;
+
+TEST(CommandLineText, NumbersAreDecimalOrHexadecimal)
+{
+    EXPECT_EQ(ParseNumber("0"), 0U);
+    EXPECT_EQ(ParseNumber("010"), 10U);
+    EXPECT_EQ(ParseNumber("0xfF"), 255U);
+    EXPECT_EQ(ParseNumber("4294967295"), 4294967295U);
+    for (const char* const text : {"", "0x", "-1", "+1", " 1", "1 ", "4294967296", "0x100000000", "0x-1", "1e3"})
+        EXPECT_EQ(ParseNumber(text), std::nullopt) << text;
+}
+
+TEST(CommandLineText, BytesMayBeSetApart)
+{
+    EXPECT_EQ(ParseHex(""), Bytes{});
+    EXPECT_EQ(ParseHex("00fFa1"), (Bytes{0x00, 0xFF, 0xA1}));
+    EXPECT_EQ(ParseHex(" 0a:0B-0c,0d "), (Bytes{0x0A, 0x0B, 0x0C, 0x0D}));
+    for (const char* const text : {"0", "000", "0 0", "0g", "0x00", "+1"})
+        EXPECT_EQ(ParseHex(text), std::nullopt) << text;
+}
+
+TEST(CommandLineText, ColoursGoOutAsCodeOrAsThreeBytes)
+{
+    EXPECT_EQ(ParseColour("red"), 0x0000FF2FU);
+    EXPECT_EQ(ParseColour("green"), 0x00FF002FU);
+    EXPECT_EQ(ParseColour("#123456"), 0x5634122FU);
+    EXPECT_EQ(ParseColour("2"), 50U);
+    EXPECT_EQ(ParseColour("0x78"), 0x78U);
+    for (const char* const text : {"", "purplish", "#12345", "#1234567", "#12 345", "#GGGGGG", "#", "256", "47"})
+        EXPECT_THROW(ParseColour(text), vxctl::UsageError) << text;
+}
+
+TEST(CommandLineText, FontsAndModesAreACharacterOrItsCode)
+{
+    EXPECT_EQ(ParseFont("1"), 49U);
+    EXPECT_EQ(ParseFont("48"), 48U);
+    EXPECT_EQ(ParseFont("169"), 169U);
+    EXPECT_EQ(ParseMode("0"), 48U);
+    EXPECT_EQ(ParseMode("A"), 65U);
+    EXPECT_EQ(ParseMode("0xFF"), 255U);
+    for (const char* const text : {"", "/", "47", "170", "big", "\xC4"})
+        EXPECT_THROW(ParseFont(text), vxctl::UsageError) << text;
+    EXPECT_THROW(ParseMode("256"), vxctl::UsageError);
+}
+
+TEST(CommandLineText, SizesHaveTheirUnits)
+{
+    EXPECT_EQ(vxctl::FormatSize(0), "0 bytes");
+    EXPECT_EQ(vxctl::FormatSize(999), "999 bytes");
+    EXPECT_EQ(vxctl::FormatSize(200000), "200.0 kB");
+    EXPECT_EQ(vxctl::FormatSize(4.2e12), "4200.0 GB");
+}
+
+} // namespace
+} // namespace vxctl_tests

@@ -1,0 +1,190 @@
+#!/usr/bin/env bash
+# Runs vxctl against vxsim over loopback: vxctlTest.sh VXCTL VXSIM CMAKE
+set -uo pipefail
+
+vxctl=$1
+vxsim=$2
+cmake=$3
+here=$(cd "$(dirname "$0")" && pwd)
+work=$(mktemp -d)
+signs=()
+failures=0
+
+finish() {
+    [ ${#signs[@]} -eq 0 ] || kill "${signs[@]}" 2>/dev/null
+    rm -rf "$work"
+}
+trap finish EXIT
+
+fail() {
+    echo "FAILED: $*" >&2
+    sed 's/^/    /' "$work/out" "$work/err" >&2
+    failures=$((failures + 1))
+}
+
+# expect STATUS ARGUMENT...: runs vxctl, whose output goes to $work/out and $work/err.
+expect() {
+    local wanted=$1 status=0
+    shift
+    "$vxctl" "$@" >"$work/out" 2>"$work/err" || status=$?
+    [ "$status" -eq "$wanted" ] || fail "exit status $status, not $wanted: vxctl $*"
+}
+
+# says FILE TEXT: the last run wrote TEXT there.
+says() {
+    grep -qF -- "$2" "$work/$1" || fail "no '$2' in $1"
+}
+
+# member VALUE NAME...: the object that the last run printed has that member.
+member() {
+    local wanted=$1 found
+    shift
+    found=$(JSON=$(cat "$work/out") MEMBER=$(IFS=';' && echo "$*") "$cmake" -P "$here/jsonMember.cmake" 2>&1)
+    [ "$found" = "$wanted" ] || fail "$* is '$found', not '$wanted'"
+}
+
+same() {
+    cmp -s "$1" "$2" || fail "$1 and $2 differ"
+}
+
+# start FOLDER OPTION...: starts a sign; its port becomes $port, its process $sign.
+start() {
+    local folder=$1 face=()
+    shift
+    "$vxsim" --help | grep -q -- --face && face=(--face none)
+    "$vxsim" --port 0 --dir "$folder" "${face[@]}" "$@" >"$folder.lines" &
+    sign=$!
+    signs+=("$sign")
+    for _ in $(seq 200); do
+        port=$(sed -n 's/^udp 127\.0\.0\.1:\([0-9]*\)$/\1/p' "$folder.lines")
+        [ -n "$port" ] && return
+        sleep 0.05
+    done
+    echo "the sign does not start" >&2
+    exit 1
+}
+
+# stop PROCESS: asks a sign to end.
+stop() {
+    kill -TERM "$1"
+    wait "$1" || fail "the sign ended with $?"
+    signs=("${signs[@]/$1/}")
+    signs=(${signs[@]+${signs[@]}})
+}
+
+unset VXSIGN
+mkdir "$work/sign" "$work/slow"
+: >"$work/out"
+: >"$work/err"
+start "$work/sign"
+export VXSIGN=udp://127.0.0.1:$port
+head -c 200003 /dev/urandom >"$work/file"
+
+# Show: the message as the sign keeps it, byte by byte.
+expect 0 show "HELLO 42" --colour "#FF8000" --font A --mode 3 --stay 12 --drive E
+printf '\001Z00\002AA\032A\034/\377\200\000\nI3\nO3\0162%s\004' "0012HELLO 42" >"$work/wanted"
+same "$work/wanted" "$work/sign/E/T/QMSG.Nmg"
+cp "$work/sign/C/SEQUENT.SYS" "$work/sequence"
+expect 0 show --no-play "not now"
+same "$work/sequence" "$work/sign/C/SEQUENT.SYS"
+head -c 500 "$work/file" >"$work/logo.bmp"
+expect 0 picture "$work/logo.bmp" --drive E
+tail -c 500 "$work/sign/E/T/PMSG.Nmg" | cmp -s - "$work/logo.bmp" || fail "the picture is not what was sent"
+expect 0 files --no-play --drive E "$work/logo.bmp"
+same "$work/logo.bmp" "$(find "$work/sign/E" -name logo.bmp)"
+
+# Files, over both channels and in both ways.
+for url in "udp://127.0.0.1:$port" "tcp://localhost:$port"; do
+    for window in "" --window; do
+        expect 0 -s "$url" --chunk 1000 --json put $window "$work/file" D:/F/BIG.BIN
+        member 200003 bytes
+        same "$work/file" "$work/sign/D/F/BIG.BIN"
+        expect 0 get 'D:\F\BIG.BIN' "$work" -s "$url"
+        says out "200.0 kB"
+        same "$work/file" "$work/BIG.BIN"
+        expect 0 -s "$url" rm D:/F/BIG.BIN
+        [ ! -e "$work/sign/D/F/BIG.BIN" ] || fail "rm left the file"
+        rm "$work/BIG.BIN"
+    done
+done
+expect 0 get --system CONFIG.SYS "$work/config"
+same "$work/sign/C/CONFIG.SYS" "$work/config"
+expect 0 put --system "$work/config" CONFIG.SYS
+
+# A read that fails leaves what was there.
+echo kept >"$work/kept"
+expect 1 get D:/F/BIG.BIN "$work/kept"
+says err "File does not exist!"
+[ "$(cat "$work/kept")" = kept ] || fail "a failed read touched its target"
+[ ! -e "$work/kept.part" ] || fail "a failed read left its part"
+
+# Control, state and packets.
+expect 0 blank
+expect 0 unblank
+expect 0 info --json
+member OK text
+member "$port" communication port
+member ON hasDriveF
+expect 0 info
+says out "serial number"
+expect 0 raw 4 1 --json
+member 55A70600000000000000010004010000 request packet
+expect 0 raw 1 16
+says out "payload (52 bytes)"
+expect 1 raw 0x4D 1 --payload "01 02" --crc --json
+member 36868 result
+member 01020000 request payload
+member 41813 request sync
+expect 0 ports --json
+expect 0 error 0x5100
+says out "Communication Error!"
+
+# What the sign or the line refuses, and what the command line does.
+expect 1 get D:/F/NONE.BIN "$work/no/such/folder/file"
+says err "Failed open PC file!"
+: >"$work/empty"
+expect 1 put "$work/empty" D:/F/EMPTY.BIN --json
+member "PC File is empty!" text
+expect 1 -s udp://127.0.0.1:9 --timeout 50 --retries 1 blank
+says err "20736 (0x5100): Communication Error!"
+says err "--timeout"
+expect 1 -s tcp://127.0.0.1:9 --timeout 50 --retries 1 info --json
+member 20736 result
+expect 1 -s serial:/dev/null@9600 blank
+for wrong in "" "frobnicate" "show" "show a b" "blank --timeout 49" "blank --chunk 1281" "blank -s udp://1.2.3:4" \
+    "blank -s ftp://127.0.0.1" "raw 1 256" "raw 1 1 --payload 0" "error x" "put $work/none D:/X" "put $work D:/X" \
+    "put --system $work/config THIRTEENCHARS" "show --font 200 a" "show --drive D a" "show --colour reddish a" \
+    "picture $work/none" "files" "put --window --system $work/config CONFIG.SYS"; do
+    # shellcheck disable=SC2086 # each case is a list of words
+    expect 2 $wrong
+    [ -s "$work/err" ] || fail "nothing is said about: vxctl $wrong"
+done
+expect 2 raw 1 1 --extended "$(printf '00%.0s' $(seq 256))"
+expect 0 --help
+for command in show picture files put get rm blank unblank info ports error raw; do
+    expect 0 "$command" --help
+    says out "vxctl $command"
+done
+
+# A signal ends a transfer between two packets.
+fast=$sign
+start "$work/slow" --delay 20
+mkdir -p "$work/slow/D"
+cp "$work/file" "$work/slow/D/SLOW.BIN"
+"$vxctl" -s "udp://127.0.0.1:$port" get D:/SLOW.BIN "$work/kept" >"$work/out" 2>"$work/err" &
+transfer=$!
+for _ in $(seq 200); do
+    [ -s "$work/kept.part" ] && break
+    sleep 0.02
+done
+kill -TERM "$transfer"
+wait "$transfer"
+status=$?
+[ "$status" -eq 1 ] || fail "an interrupted transfer ended with $status"
+says err "Operation Abort!"
+[ "$(cat "$work/kept")" = kept ] || fail "an interrupted read touched its target"
+stop "$sign"
+stop "$fast"
+
+[ "$failures" -eq 0 ] || exit 1
+echo "all as expected"
