@@ -1,8 +1,8 @@
 // Adding commands to the command line.
 #pragma once
 
-#include "vxctl/failure.h"
 #include "vxctl/context.h"
+#include "vxctl/failure.h"
 
 #include <CLI/CLI.hpp>
 #include <cstdint>
