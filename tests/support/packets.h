@@ -3,6 +3,7 @@
 
 #include "support/bytes.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace vxsign::test {
@@ -54,14 +55,16 @@ inline const char* Malformed(const Bytes& packet)
 inline Bytes MakeReply(const Packet& request, std::uint8_t status, const Bytes& payload, const Bytes& extended)
 {
     const std::size_t words = (payload.size() + 3) / 4;
-    Bytes reply{
-        0x55, 0xA8, 0, 0, static_cast<std::uint8_t>(extended.size()), static_cast<std::uint8_t>(extended.size() >> 8)};
-    reply.insert(reply.end(), request.bytes.begin() + 6, request.bytes.begin() + 14);
-    reply.push_back(static_cast<std::uint8_t>(words));
-    reply.push_back(status);
-    reply.insert(reply.end(), payload.begin(), payload.end());
-    reply.resize(16 + 4 * words);
-    reply.insert(reply.end(), extended.begin(), extended.end());
+    Bytes reply(16 + 4 * words + extended.size());
+    reply[0] = 0x55;
+    reply[1] = 0xA8;
+    reply[4] = static_cast<std::uint8_t>(extended.size());
+    reply[5] = static_cast<std::uint8_t>(extended.size() >> 8);
+    std::copy_n(request.bytes.begin() + 6, 8, reply.begin() + 6); // addresses, id, major, minor
+    reply[14] = static_cast<std::uint8_t>(words);
+    reply[15] = status;
+    std::copy(payload.begin(), payload.end(), reply.begin() + 16);
+    std::copy(extended.begin(), extended.end(), reply.end() - static_cast<std::ptrdiff_t>(extended.size()));
     unsigned sum = 0;
     for (std::size_t i = 4; i < reply.size(); ++i)
         sum += reply[i];
