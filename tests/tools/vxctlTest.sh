@@ -49,10 +49,9 @@ same() {
 
 # start FOLDER OPTION...: starts a sign; its port becomes $port, its process $sign.
 start() {
-    local folder=$1 face=()
+    local folder=$1
     shift
-    "$vxsim" --help | grep -q -- --face && face=(--face none)
-    "$vxsim" --port 0 --dir "$folder" "${face[@]}" "$@" >"$folder.lines" &
+    "$vxsim" --port 0 --face none --dir "$folder" "$@" >"$folder.lines" &
     sign=$!
     signs+=("$sign")
     for _ in $(seq 200); do

@@ -47,6 +47,10 @@ void Run(Context& context, const Transfer& transfer, const std::string& title,
         seconds = bar.Seconds();
         Check(result);
     }
+    // What went into a device cannot be measured any more.
+    std::error_code error;
+    if (!fs::is_regular_file(measured, error))
+        return context.report.Line(title + ": done");
     const double bytes = vxOSGetFileSize(measured.c_str());
     const double rate = seconds > 0 ? bytes / seconds : 0;
     context.report.Put("bytes", static_cast<std::uint32_t>(bytes));

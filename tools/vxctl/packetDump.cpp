@@ -97,7 +97,7 @@ std::string DumpPacket(const std::vector<std::uint8_t>& packet)
         const std::uint32_t value = ValueOf(packet, field);
         std::string remark(field.name);
         if (field.offset != 0)
-            remark += " " + std::to_string(value);
+            remark.append(1, ' ').append(std::to_string(value));
         text += Line(field.offset, packet.data() + field.offset, field.size, remark);
     }
     const std::size_t payload = PayloadSize(packet);

@@ -68,7 +68,7 @@ std::uint32_t ParseColour(std::string_view text)
     if (text.size() > 1 && !ParseNumber(text)) {
         std::string names;
         for (const NamedColour& colour : kColours)
-            names += " " + std::string(colour.name);
+            names.append(1, ' ').append(colour.name);
         throw UsageError("'" + std::string(text) + "' is no colour: #RRGGBB, a code of the sign, or one of" + names);
     }
     return ParseCode(text, 255, "colour");
