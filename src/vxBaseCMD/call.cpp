@@ -51,6 +51,9 @@ void ReplyField::Take(const ReplyView& reply) const
         else
             *static_cast<std::uint64_t*>(target) = reply.U64(offset);
         break;
+    case Kind::Count:
+        *static_cast<std::uint32_t*>(target) = reply.U16(offset);
+        break;
     case Kind::Bytes:
         reply.Copy(target, offset, size);
         break;
@@ -59,7 +62,8 @@ void ReplyField::Take(const ReplyView& reply) const
         break;
     case Kind::Extended: {
         const auto extended = reply.Extended();
-        std::memcpy(target, extended.data(), std::min<std::size_t>(size, extended.size()));
+        const std::size_t records = std::min<std::size_t>(size, extended.size()) / recordSize;
+        std::memcpy(target, extended.data(), records * recordSize);
         break;
     }
     }

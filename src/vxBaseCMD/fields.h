@@ -150,6 +150,30 @@ private:
     bool refused = false;
 };
 
+/// The length of a text, 0 for a null.
+inline std::size_t TextLength(const char* text)
+{
+    return text != nullptr ? std::strlen(text) : 0;
+}
+
+/// A block at a length of its own: cut, or followed by zeros. Refused when it is longer than any payload.
+class OfLength
+{
+public:
+    OfLength(const Block& block, std::size_t length)
+        : size(std::min(length, bytes.size())), refused(block.refused || length > bytes.size())
+    {
+        std::copy_n(block.bytes.begin(), std::min(size, block.bytes.size()), bytes.begin());
+    }
+
+    operator Block() const { return {{bytes.data(), size}, refused}; }
+
+private:
+    std::array<std::uint8_t, kLongestPayload> bytes{};
+    std::size_t size;
+    bool refused;
+};
+
 /// The payload and the extended part of a request.
 struct Payload
 {
@@ -168,9 +192,10 @@ struct ReplyField
     enum class Kind : std::uint8_t
     {
         Number,   // `size` bytes of the payload as an integer
+        Count,    // 16 bits of the payload as an integer of 32
         Bytes,    // `size` bytes from an offset of the payload on
         Short,    // as many bytes as the payload has, `size` at most
-        Extended, // as many bytes as the extended part has, `size` at most
+        Extended, // as many whole records as the extended part has, `size` bytes at most
     };
 
     void* target;
@@ -178,6 +203,7 @@ struct ReplyField
     std::uint32_t offset;
     std::uint32_t size;
     bool required = true;
+    std::uint32_t recordSize = 1;
 
     void Take(const ReplyView& reply) const;
 };
@@ -188,6 +214,14 @@ constexpr ReplyField Out(Number* target)
 {
     static_assert(Offset + sizeof(Number) <= kLongestPayload, "a field lies outside its block");
     return {target, ReplyField::Kind::Number, Offset, sizeof(Number)};
+}
+
+/// The 16-bit number at a payload offset, for a caller who takes it in 32 bits.
+template <std::size_t Offset>
+constexpr ReplyField OutCount(std::uint32_t* target)
+{
+    static_assert(Offset + sizeof(std::uint16_t) <= kLongestPayload, "a field lies outside its block");
+    return {target, ReplyField::Kind::Count, Offset, sizeof(std::uint16_t)};
 }
 
 /// `size` bytes from a payload offset on.
@@ -207,6 +241,14 @@ constexpr ReplyField ShortCopy(void* target, std::uint32_t longest)
 constexpr ReplyField OutExtended(void* target, std::uint32_t capacity)
 {
     return {target, ReplyField::Kind::Extended, 0, capacity};
+}
+
+/// Whole records of the extended part, `most` of them at most; the rest of the target stays as it was.
+template <std::uint32_t RecordSize>
+constexpr ReplyField OutRecords(void* target, std::uint32_t most)
+{
+    const std::uint32_t fitting = std::min(most, kLongestExtended / RecordSize);
+    return {target, ReplyField::Kind::Extended, 0, fitting * RecordSize, true, RecordSize};
 }
 
 /// An output that the caller may leave out with a null pointer.

@@ -1,8 +1,13 @@
 // Tables of flat commands: one row for each, its request by hand, the reply that comes, and what becomes of it.
+//
+//   ExpectRequests        what goes out
+//   ExpectReplies         what becomes of the reply
+//   ExpectArgumentsError  calls that send nothing
 #pragma once
 
 #include "support/scriptedSign.h"
 
+#include <array>
 #include <functional>
 #include <gtest/gtest.h>
 #include <initializer_list>
@@ -38,6 +43,43 @@ inline void ExpectRequests(std::initializer_list<FlatRow> rows)
             EXPECT_EQ(request.Payload(), Hex(row.payload));
             EXPECT_EQ(request.Extended(), Hex(row.extended));
         }
+    }
+}
+
+struct ReplyRow
+{
+    const char* name;
+    std::function<std::uint32_t(std::uint8_t* out)> call; // puts all of its outputs into out
+    const char* payload;                                  // hexadecimal, of the reply
+    const char* extended;
+    const char* out; // hexadecimal: all that is written
+};
+
+/// The output of a row that stands at an offset.
+template <class T>
+T* At(std::uint8_t* out, std::size_t offset)
+{
+    return reinterpret_cast<T*>(out + offset);
+}
+
+/// Runs each row once against a sign that answers, and once against one that refuses: then nothing is written.
+inline void ExpectReplies(std::initializer_list<ReplyRow> rows)
+{
+    for (const ReplyRow& row : rows) {
+        SCOPED_TRACE(row.name);
+        ScriptedSign sign;
+        sign.Then(Good(Hex(row.payload), Hex(row.extended))).Then(Refusal(36869));
+        alignas(8) std::array<std::uint8_t, 256> out;
+        const Bytes untouched(out.size(), 0xEE);
+        Bytes expected = Hex(row.out);
+        expected.resize(out.size(), 0xEE);
+
+        out.fill(0xEE);
+        EXPECT_EQ(row.call(out.data()), 0u);
+        EXPECT_EQ(Bytes(out.begin(), out.end()), expected);
+        out.fill(0xEE);
+        EXPECT_EQ(row.call(out.data()), 36869u);
+        EXPECT_EQ(Bytes(out.begin(), out.end()), untouched);
     }
 }
 
