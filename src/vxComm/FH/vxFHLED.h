@@ -1,0 +1,12 @@
+#pragma once
+
+#include "vxBaseCMD/vxBaseCMD.h"
+
+namespace vxsign {
+
+/// The FH settings: major 17.
+class vxFHLED : public CBaseCMD
+{
+};
+
+} // namespace vxsign
