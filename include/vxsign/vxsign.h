@@ -17,6 +17,7 @@
 #include <vxsign/control.h>
 #include <vxsign/filesystem.h>
 #include <vxsign/local.h>
+#include <vxsign/login.h>
 #include <vxsign/properties.h>
 #include <vxsign/quickshow.h>
 #include <vxsign/read.h>
