@@ -24,6 +24,7 @@
 #include <vxsign/read.h>
 #include <vxsign/result.h>
 #include <vxsign/test.h>
+#include <vxsign/ticker.h>
 #include <vxsign/write.h>
 
 #endif

@@ -1,0 +1,29 @@
+/* Tickers: data that runs through the sign's three buffers, two of which show while the third receives.
+ *
+ * What the values of the start functions and the bytes of a buffer mean is the sign's; they go over as they are.
+ */
+#ifndef VXSIGN_TICKER_H
+#define VXSIGN_TICKER_H
+
+#include <vxsign/export.h>
+
+VXSIGN_BEGIN
+
+VXSIGN_API uint32_t vxTickerStart(uint8_t first, uint8_t second, uint8_t third);
+VXSIGN_API uint32_t vxTickerStop(void);
+
+/* Which buffer can receive: status becomes 33537 (buffer 3), 33538 or 33539 (buffer 1); vxErrorDesc has the words. A
+ * sign that answers without such a word gives 0 too, and status stays as it was. */
+VXSIGN_API uint32_t vxGetBufferStatus(uint16_t* status);
+
+/* Sends length bytes into the receiving buffer, in packets of dataSize (vxApiConfig), 65535 of them at most. onProgress
+ * is called after each with the percentage so far. VX_ARGUMENTS for a length of 0. */
+VXSIGN_API uint32_t vxUploadBuffer(const uint8_t* data, uint32_t length);
+
+/* The ticker that the sign runs by itself. */
+VXSIGN_API uint32_t vxOffLineTickerStart(uint8_t first, uint8_t second, uint8_t third, uint8_t fourth);
+VXSIGN_API uint32_t vxOffLineTickerStop(void);
+
+VXSIGN_END
+
+#endif
