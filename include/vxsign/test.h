@@ -6,6 +6,52 @@
 
 VXSIGN_BEGIN
 
+/* Asks for a sign of life: three numbers of the sign's. */
+VXSIGN_API uint32_t vxConnectTest(uint16_t* first, uint16_t* second, uint32_t* third);
+
+/* Test pattern 2 to 15, VX_ARGUMENTS for any other; and the end of the test, whichever it is. */
+VXSIGN_API uint32_t vxPatternTest(uint8_t pattern);
+VXSIGN_API uint32_t vxStopTest(void);
+
+/* The whole face in one colour. */
+VXSIGN_API uint32_t vxColorTest(uint8_t red, uint8_t green, uint8_t blue);
+
+/* The state that vxCrayTest shows: 6 bytes, a binary contract. */
+#pragma pack(push, 1)
+typedef struct vxCrayState
+{
+    uint32_t first;
+    uint16_t second;
+} vxCrayState;
+#pragma pack(pop)
+VXSIGN_API uint32_t vxCrayTest(const vxCrayState* state);
+
+/* An area of the face: 24 bytes (three numbers of 64 bits) that only the sign interprets. */
+VXSIGN_API uint32_t vxAreaTest(const uint64_t* area);
+
+/* Locations on the face: five numbers and count values of 16 bits. */
+VXSIGN_API uint32_t vxLocationTest(uint16_t first, uint16_t second, uint16_t third, uint16_t fourth, const void* data,
+                                   uint32_t count, uint16_t fifth);
+
+/* Which debug information the sign gives. */
+VXSIGN_API uint32_t vxDebugInfoSetting(uint32_t value);
+
+/* Sends length bytes for a stability test, in a packet whose id is id + 1. The ids of all threads go on from there. */
+VXSIGN_API uint32_t vxStabilityTest(const void* data, uint8_t length, uint16_t id);
+
+/* The sign's clock. sixth to eighth are the sign's, in one order for both; sixth always reads as 0. */
+VXSIGN_API uint32_t vxReadLEDTime(uint16_t* year, uint8_t* month, uint8_t* day, uint8_t* hour, uint8_t* minute,
+                                  uint8_t* sixth, uint8_t* seventh, uint8_t* eighth);
+VXSIGN_API uint32_t vxAjustLEDTimeEx(uint16_t year, uint8_t month, uint8_t day, uint8_t hour, uint8_t minute,
+                                     uint8_t sixth, uint8_t seventh, uint8_t eighth);
+
+/* Tells the sign temperature and humidity, once: 0 as soon as the channel is open, whatever the sign answers. second
+ * goes over in sixteenths. */
+VXSIGN_API uint32_t vxSendTempHumi(uint8_t first, int8_t second);
+
+/* The speed limit: two numbers of the sign's. */
+VXSIGN_API uint32_t vxWriteSpeedLimit(uint16_t first, uint16_t second);
+
 /* Sends length bytes of data to the tube display under the given minor command. */
 VXSIGN_API uint32_t vxTubeSet(uint8_t minor, const uint8_t* data, uint32_t length);
 
