@@ -16,6 +16,7 @@ enum vxResult
     VX_CALL = 256,          /* a failure that has no code of its own */
     VX_CALL_2 = 257,        /* memory ran out */
     VX_FILE_FORMAT = 258,   /* the contents of a file are not what they should be */
+    VX_NO_FUNCTION = 261,   /* the library does not do this */
     VX_FAILED_OPERATION = 20483,
     VX_INCONSISTENT_SYNC = 20484, /* a reply with a status that has no meaning */
     VX_ABORTED = 20497,           /* abortFlag was set */

@@ -18,6 +18,7 @@
 #include <vxsign/filesystem.h>
 #include <vxsign/local.h>
 #include <vxsign/login.h>
+#include <vxsign/mover.h>
 #include <vxsign/play.h>
 #include <vxsign/properties.h>
 #include <vxsign/quickshow.h>
