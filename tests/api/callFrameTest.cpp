@@ -128,7 +128,7 @@ int startResult;
 TEST(SocketSupport, OnlyAFailedStartIsCounted)
 {
     SocketSupport sockets([] { return ++starts, startResult; }, [] { ++stops; });
-    startResult = 0;
+    starts = stops = startResult = 0;
     sockets.Start();
     sockets.Start();
     sockets.Stop();

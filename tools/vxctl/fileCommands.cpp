@@ -59,15 +59,24 @@ void Run(Context& context, const Transfer& transfer, const std::string& title,
     context.report.Line(title + ": " + FormatSize(bytes) + ", " + FormatSize(rate) + "/s");
 }
 
+// A window never ends into which packet id 0 falls, the one behind 65535. Ids begin at 1 with each program, so that
+// only a file this long meets it; it takes the plain way.
+bool FitsWindow(const Transfer& put, std::uint32_t chunkSize)
+{
+    constexpr std::uint32_t kMostPackets = 65000;
+    return vxOSGetFileSize(put.local.c_str()) / chunkSize < kMostPackets;
+}
+
 void Put(Context& context, const Transfer& put)
 {
     CheckSystemName(put);
-    const auto send = [&put] {
+    const bool window = put.window && FitsWindow(put, context.options.chunk);
+    const auto send = [&put, window] {
         const char* const path = put.path.c_str();
         const char* const local = put.local.c_str();
         if (put.system)
             return vxWriteSystemFile(path, local);
-        return put.window ? vxWriteFileOptimize(path, local) : vxWriteSpecFileEx(path, local);
+        return window ? vxWriteFileOptimize(path, local) : vxWriteSpecFileEx(path, local);
     };
     Run(context, put, "put " + put.path, send, put.local);
 }
