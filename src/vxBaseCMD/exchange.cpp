@@ -170,7 +170,6 @@ std::uint32_t CBaseCMD::Read(std::uint8_t* buffer, std::uint32_t capacity, std::
 {
     if (useChannel != 0)
         return link.channel ? link.channel->Read(reinterpret_cast<char*>(buffer), capacity, timeoutMs) : 0;
-    std::memset(buffer, 0, capacity);
     const std::int32_t count = config->onRead(config, buffer, capacity, timeoutMs);
     return count > 0 ? std::min(static_cast<std::uint32_t>(count), capacity) : 0;
 }

@@ -47,6 +47,7 @@ void Clamp(vxApiConfig& config)
 
 CBaseCMD::CBaseCMD() : config(ThreadConfig()), state(ThreadState())
 {
+    std::memset(replyBuffer, 0, header::kSize); // a reply that never came is an empty one
     if (config == nullptr || state == nullptr)
         return;
     Clamp(*config);

@@ -74,7 +74,7 @@ public:
     std::uint8_t useCrc = 0;     // 1: requests carry 0xA3 and the CRC
 
 private:
-    std::array<std::uint8_t, kReplyRoom> buffers{};
+    std::array<std::uint8_t, kReplyRoom> buffers; // cleared as far as a packet needs, when it is built or read
 
     std::uint32_t Room(const std::uint8_t* reply) const { return reply == replyBuffer ? kReplyRoom : kReplySize; }
     std::uint32_t Read(std::uint8_t* buffer, std::uint32_t capacity, std::uint32_t timeoutMs);

@@ -72,6 +72,8 @@ bool Socket::Open(Kind kind)
 
 bool Socket::Bind(std::uint16_t localPort)
 {
+    if (localPort == 0)
+        return true; // the system picks a port at the first send, which saves a call
     const sockaddr_in address = ToSocketAddress({INADDR_ANY, localPort});
     return ::bind(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
 }
@@ -107,7 +109,7 @@ std::uint32_t Socket::SendTo(const Endpoint& remote, const void* data, std::uint
 
 std::uint32_t Socket::Receive(void* buffer, std::uint32_t capacity, std::uint32_t timeoutMs, Endpoint* sender)
 {
-    if (!WaitReady(descriptor, POLLIN, timeoutMs))
+    if (timeoutMs != 0 && !WaitReady(descriptor, POLLIN, timeoutMs))
         return 0;
     sockaddr_in address{};
     socklen_t size = sizeof address;

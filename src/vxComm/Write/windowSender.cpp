@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <thread>
 
 namespace vxsign {
 namespace {
@@ -144,10 +145,11 @@ std::uint32_t vxWriteLED::SendWindowBody(std::uint32_t total, FileRecord& record
     std::uint32_t next = 2;
     std::uint32_t acknowledged = 0;
     std::uint32_t failure = VX_OK;
+    std::uint32_t now = 0;
 
     const auto send = [&](Slot& slot) {
         RawSend(slot.frame.data(), slot.length, config->timeoutMs);
-        slot.lastSentSec = vxSystemUpTimeSec();
+        slot.lastSentSec = now;
     };
     const auto fill = [&](Slot& slot) {
         std::size_t count = 0;
@@ -168,8 +170,9 @@ std::uint32_t vxWriteLED::SendWindowBody(std::uint32_t total, FileRecord& record
     };
 
     while (acknowledged < total - 2) {
+        now = vxSystemUpTimeSec();
         for (Slot& slot : slots) {
-            if (slot.packetId != 0 && vxSystemUpTimeSec() - slot.lastSentSec >= kResendAfterSec) {
+            if (slot.packetId != 0 && now - slot.lastSentSec >= kResendAfterSec) {
                 if (slot.sends++ > config->retries) {
                     failure = VX_COMMUNICATION;
                     break;
@@ -184,13 +187,15 @@ std::uint32_t vxWriteLED::SendWindowBody(std::uint32_t total, FileRecord& record
             Log(kWindowFailedLine, 3, vxErrorDesc(failure));
             return failure;
         }
-        // No wait anywhere: the loop spins between sending and polling. A sign that never stops talking does not keep
-        // it from its time-outs.
+        // No wait anywhere: the loop spins between sending and polling, and only lets others run when nothing came. A
+        // sign that never stops talking does not keep it from its time-outs.
         std::uint32_t count = 1;
         for (int reads = 0; count != 0 && reads < kReadsInARow; ++reads) {
             count = RawRecv(replies.Free(), replies.Capacity(), 0);
             if (count != 0)
                 acknowledged += replies.Take(count, slots);
+            else if (reads == 0)
+                std::this_thread::yield();
         }
     }
     return VX_OK;
