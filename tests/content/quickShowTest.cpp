@@ -5,6 +5,7 @@
 
 #include <vxsign/vxsign.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <thread>
@@ -59,8 +60,8 @@ protected:
     TempFolder temp;
     std::unique_ptr<vxsim::VirtualSign> sign;
     std::unique_ptr<UdpPeer> peer;
-    int refusedMajor = 0;
-    int refusedMinor = 0;
+    std::atomic<int> refusedMajor = 0;
+    std::atomic<int> refusedMinor = 0;
 };
 
 std::uint32_t ShowHello(std::uint16_t port, std::uint32_t toE = 0, int sendSequence = 1)
@@ -310,9 +311,11 @@ TEST_F(QuickShow, TubesAndEasyFiles)
     Start();
     const auto* const data = reinterpret_cast<const std::uint8_t*>("tube");
     EXPECT_EQ(OnFreshThread([&] { return vxTubeCtrl(5, data, 4, kHost, Port()); }), 0u);
+    EXPECT_EQ(Road(), "14.5");
     EXPECT_EQ(sign->TubeData().at(5), FromText("tube"));
     EXPECT_EQ(OnFreshThread([&] { return vxTubeCtrlEx(6, data, 4, kHost, Port(), VX_CHANNEL_UDP, nullptr, 0, 0); }),
               0u);
+    EXPECT_EQ(Road(), "14.6");
     EXPECT_EQ(sign->TubeData().count(6), 1u);
 
     const std::string file = temp.Write("up", std::string(2000, 'u'));

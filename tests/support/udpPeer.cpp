@@ -50,11 +50,12 @@ void UdpPeer::Serve()
         if (ending || got < 0)
             continue;
         const Bytes request(buffer.begin(), buffer.begin() + got);
+        Bytes reply;
         {
             const std::lock_guard lock(mutex);
             requests.push_back({request});
+            reply = answer(request);
         }
-        const Bytes reply = answer(request);
         if (!reply.empty())
             ::sendto(descriptor, reply.data(), reply.size(), 0, reinterpret_cast<sockaddr*>(&from), size);
     }

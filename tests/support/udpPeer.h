@@ -23,7 +23,7 @@ public:
 
     std::uint16_t Port() const { return port; }
 
-    /// What came since the last call.
+    /// What came since the last call. Afterwards, and until the next request, what the answers left may be read.
     std::vector<Packet> TakeRequests();
 
 private:
