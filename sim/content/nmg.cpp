@@ -35,38 +35,38 @@ constexpr std::size_t kStayDigits = 4;
 class Parser
 {
 public:
-    explicit Parser(std::span<const std::uint8_t> bytes)
-        : bytes_(bytes), end_(std::min(bytes.size(), kMostMessageBytes)), at_(kIntroSize)
+    explicit Parser(std::span<const std::uint8_t> file)
+        : bytes(file), end(std::min(file.size(), kMostMessageBytes)), at(kIntroSize)
     {
     }
 
     Message Parse()
     {
-        while (at_ < end_ && !message_.picture && bytes_[at_] != kEndOfText) {
+        while (at < end && !message.picture && bytes[at] != kEndOfText) {
             if (!TakeGroup())
                 TakeText();
         }
-        return std::move(message_);
+        return std::move(message);
     }
 
 private:
-    bool Has(std::size_t size) const { return end_ - at_ >= size; }
+    bool Has(std::size_t size) const { return end - at >= size; }
 
     template <std::size_t kSize>
     bool StartsWith(const std::array<std::uint8_t, kSize>& start) const
     {
-        return Has(kSize) && std::equal(start.begin(), start.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(at_));
+        return Has(kSize) && std::equal(start.begin(), start.end(), bytes.begin() + static_cast<std::ptrdiff_t>(at));
     }
 
     bool TakeGroup()
     {
-        switch (bytes_[at_]) {
+        switch (bytes[at]) {
         case kFont:
             return TakeFont();
         case kColour:
             return TakeColour();
         case kLineFeed:
-            return TakeMode('I', message_.entryMode) || TakeMode('O', message_.exitMode);
+            return TakeMode('I', message.entryMode) || TakeMode('O', message.exitMode);
         case kStay:
             return TakeStay();
         case kPicture:
@@ -80,22 +80,22 @@ private:
     {
         if (!Has(2))
             return false;
-        font_ = bytes_[at_ + 1];
-        at_ += 2;
+        font = bytes[at + 1];
+        at += 2;
         return true;
     }
 
     bool TakeColour()
     {
-        if (Has(5) && bytes_[at_ + 1] == '/') {
-            colour_ = {bytes_[at_ + 2], bytes_[at_ + 3], bytes_[at_ + 4]};
-            at_ += 5;
+        if (Has(5) && bytes[at + 1] == '/') {
+            colour = {bytes[at + 2], bytes[at + 3], bytes[at + 4]};
+            at += 5;
             return true;
         }
-        if (!Has(2) || bytes_[at_ + 1] == '/')
+        if (!Has(2) || bytes[at + 1] == '/')
             return false;
-        colour_ = ColourOfCode(bytes_[at_ + 1]);
-        at_ += 2;
+        colour = ColourOfCode(bytes[at + 1]);
+        at += 2;
         return true;
     }
 
@@ -103,48 +103,48 @@ private:
     // with 'I' or 'O' stays a line of text.
     bool TakeMode(std::uint8_t letter, std::optional<std::uint8_t>& mode)
     {
-        if (mode || !message_.runs.empty() || !Has(3) || bytes_[at_ + 1] != letter)
+        if (mode || !message.runs.empty() || !Has(3) || bytes[at + 1] != letter)
             return false;
-        mode = bytes_[at_ + 2];
-        at_ += 3;
+        mode = bytes[at + 2];
+        at += 3;
         return true;
     }
 
     bool TakeStay()
     {
-        if (!Has(2 + kStayDigits) || bytes_[at_ + 1] != '2')
+        if (!Has(2 + kStayDigits) || bytes[at + 1] != '2')
             return false;
         std::uint32_t seconds = 0;
-        for (const std::uint8_t digit : bytes_.subspan(at_ + 2, kStayDigits)) {
+        for (const std::uint8_t digit : bytes.subspan(at + 2, kStayDigits)) {
             if (digit < '0' || digit > '9')
                 return false;
             seconds = seconds * 10 + (digit - '0');
         }
-        message_.staySeconds = seconds;
-        at_ += 2 + kStayDigits;
+        message.staySeconds = seconds;
+        at += 2 + kStayDigits;
         return true;
     }
 
     bool TakePicture()
     {
-        if (!StartsWith(kPictureStart) || bytes_.size() - at_ < kPictureHeaderSize)
+        if (!StartsWith(kPictureStart) || bytes.size() - at < kPictureHeaderSize)
             return false;
         std::size_t size = 0;
         for (std::size_t i = 4; i-- > 0;)
-            size = size << 8 | bytes_[at_ + kPictureSizeOffset + i];
-        const std::span<const std::uint8_t> rest = bytes_.subspan(at_ + kPictureHeaderSize);
-        message_.picture = rest.first(std::min(size, rest.size()));
+            size = size << 8 | bytes[at + kPictureSizeOffset + i];
+        const std::span<const std::uint8_t> rest = bytes.subspan(at + kPictureHeaderSize);
+        message.picture = rest.first(std::min(size, rest.size()));
         return true;
     }
 
     void TakeText()
     {
-        const std::uint8_t byte = bytes_[at_++];
+        const std::uint8_t byte = bytes[at++];
         switch (byte) {
         case kReturn:
             // A return and a line feed make one line break.
-            if (at_ < end_ && bytes_[at_] == kLineFeed)
-                ++at_;
+            if (at < end && bytes[at] == kLineFeed)
+                ++at;
             return Append('\n');
         case kTab:
             return Append(' ');
@@ -159,17 +159,17 @@ private:
 
     void Append(char character)
     {
-        if (message_.runs.empty() || message_.runs.back().font != font_ || message_.runs.back().colour != colour_)
-            message_.runs.push_back({std::string(), font_, colour_});
-        message_.runs.back().text += character;
+        if (message.runs.empty() || message.runs.back().font != font || message.runs.back().colour != colour)
+            message.runs.push_back({std::string(), font, colour});
+        message.runs.back().text += character;
     }
 
-    std::span<const std::uint8_t> bytes_;
-    std::size_t end_;
-    std::size_t at_;
-    std::uint8_t font_ = kDefaultFontCode;
-    Rgb colour_ = ColourOfCode(kDefaultColourCode);
-    Message message_;
+    std::span<const std::uint8_t> bytes;
+    std::size_t end;
+    std::size_t at;
+    std::uint8_t font = kDefaultFontCode;
+    Rgb colour = ColourOfCode(kDefaultColourCode);
+    Message message;
 };
 
 } // namespace

@@ -49,17 +49,17 @@ std::vector<std::uint8_t> ReadFile(const std::filesystem::path& path, std::uintm
 
 } // namespace
 
-Player::Player(int width, int height, PathResolver resolve, std::filesystem::path sequenceFile)
-    : width_(std::clamp(width, 1, Canvas::kMostPixelsPerSide)),
-      height_(std::clamp(height, 1, Canvas::kMostPixelsPerSide)), resolve_(std::move(resolve)),
-      sequenceFile_(std::move(sequenceFile))
+Player::Player(int faceWidth, int faceHeight, PathResolver resolver, std::filesystem::path sequence)
+    : width(std::clamp(faceWidth, 1, Canvas::kMostPixelsPerSide)),
+      height(std::clamp(faceHeight, 1, Canvas::kMostPixelsPerSide)), resolve(std::move(resolver)),
+      sequenceFile(std::move(sequence))
 {
 }
 
 void Player::SetDefaults(std::span<const std::uint8_t, 52> displayStyle)
 {
-    defaults_.entryMode = displayStyle[kStyleEntryMode];
-    defaults_.exitMode = displayStyle[kStyleExitMode];
+    defaults.entryMode = displayStyle[kStyleEntryMode];
+    defaults.exitMode = displayStyle[kStyleExitMode];
     std::uint64_t seconds = displayStyle[kStyleShortStay];
     if (seconds == kUseLongStay) {
         seconds = 0;
@@ -67,33 +67,33 @@ void Player::SetDefaults(std::span<const std::uint8_t, 52> displayStyle)
             seconds = seconds << 8 | displayStyle[kStyleLongStay + i];
     }
     // A style that says nothing of the stay time leaves the sign's own.
-    defaults_.stayMs = seconds != 0 ? seconds * 1000 : Timing{}.stayMs;
+    defaults.stayMs = seconds != 0 ? seconds * 1000 : Timing{}.stayMs;
 }
 
 void Player::Restart(std::uint64_t nowMs)
 {
-    const std::optional<Sequence> sequence = ParseSequence(ReadFile(sequenceFile_, kMostSequenceBytes));
-    files_ = sequence ? FilesInOrder(*sequence) : std::vector<FileEntry>();
-    next_ = 0;
-    misses_ = 0;
-    show_.reset();
-    currentFile_.clear();
-    startMs_ = nowMs;
+    const std::optional<Sequence> sequence = ParseSequence(ReadFile(sequenceFile, kMostSequenceBytes));
+    files = sequence ? FilesInOrder(*sequence) : std::vector<FileEntry>();
+    next = 0;
+    misses = 0;
+    show.reset();
+    currentFile.clear();
+    startMs = nowMs;
     Advance(nowMs);
 }
 
 void Player::Draw(std::uint64_t nowMs, Canvas& face)
 {
     Advance(nowMs);
-    if (show_)
-        show_->Draw(nowMs - std::min(nowMs, startMs_), font_, face);
+    if (show)
+        show->Draw(nowMs - std::min(nowMs, startMs), font, face);
     else
         face.Clear();
 }
 
 std::string Player::CurrentFile() const
 {
-    return currentFile_;
+    return currentFile;
 }
 
 // Brings the player to the file whose turn it is. Turns follow each other without a gap, however seldom it is called;
@@ -101,43 +101,43 @@ std::string Player::CurrentFile() const
 void Player::Advance(std::uint64_t nowMs)
 {
     for (int tries = 1; tries <= kMostTries; ++tries) {
-        const std::uint64_t endMs = show_ ? startMs_ + show_->DurationMs() : startMs_;
-        if (nowMs < endMs || files_.empty())
+        const std::uint64_t endMs = show ? startMs + show->DurationMs() : startMs;
+        if (nowMs < endMs || files.empty())
             return;
         StartNext(tries < kMostTries ? endMs : nowMs);
-        if (show_) {
-            misses_ = 0;
-        } else if (++misses_ >= files_.size()) {
-            misses_ = 0;
-            startMs_ = nowMs + kRetryMs;
+        if (show) {
+            misses = 0;
+        } else if (++misses >= files.size()) {
+            misses = 0;
+            startMs = nowMs + kRetryMs;
         }
     }
 }
 
 // Gives the next file its turn. If it can't be shown, nothing plays, and the file after it can have the turn.
-void Player::StartNext(std::uint64_t startMs)
+void Player::StartNext(std::uint64_t turnMs)
 {
-    const FileEntry& file = files_[next_];
-    next_ = (next_ + 1) % files_.size();
-    show_ = Load(file);
-    currentFile_ = show_ ? file.path : std::string();
-    startMs_ = startMs;
+    const FileEntry& file = files[next];
+    next = (next + 1) % files.size();
+    show = Load(file);
+    currentFile = show ? file.path : std::string();
+    startMs = turnMs;
 }
 
 std::optional<Show> Player::Load(const FileEntry& file)
 {
-    const std::optional<std::filesystem::path> path = file.path.empty() ? std::nullopt : resolve_(file.path);
+    const std::optional<std::filesystem::path> path = file.path.empty() ? std::nullopt : resolve(file.path);
     if (!path)
         return std::nullopt;
     const std::vector<std::uint8_t> bytes = ReadFile(*path, kMostContentBytes);
-    Timing timing = defaults_;
+    Timing timing = defaults;
     if (!IsUnset(file.pictureEntryMode))
         timing.entryMode = file.pictureEntryMode;
     if (!IsUnset(file.pictureExitMode))
         timing.exitMode = file.pictureExitMode;
     if (file.pictureStaySeconds != 0)
         timing.stayMs = std::uint64_t{file.pictureStaySeconds} * 1000;
-    return Show::Load(bytes, timing, width_, height_, font_);
+    return Show::Load(bytes, timing, width, height, font);
 }
 
 } // namespace vxsim

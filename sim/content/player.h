@@ -48,21 +48,21 @@ public:
 
 private:
     void Advance(std::uint64_t nowMs);
-    void StartNext(std::uint64_t startMs);
+    void StartNext(std::uint64_t turnMs);
     std::optional<Show> Load(const FileEntry& file);
 
-    int width_;
-    int height_;
-    PathResolver resolve_;
-    std::filesystem::path sequenceFile_;
-    Font font_;
-    Timing defaults_;
-    std::vector<FileEntry> files_;
-    std::size_t next_ = 0;     // the file whose turn comes after the current one
-    std::size_t misses_ = 0;   // files passed over since the last one that could be shown
-    std::optional<Show> show_; // what plays
-    std::string currentFile_;
-    std::uint64_t startMs_ = 0; // when the current file's turn began; while nothing plays, when the next one's does
+    int width;
+    int height;
+    PathResolver resolve;
+    std::filesystem::path sequenceFile;
+    Font font;
+    Timing defaults;
+    std::vector<FileEntry> files;
+    std::size_t next = 0;     // the file whose turn comes after the current one
+    std::size_t misses = 0;   // files passed over since the last one that could be shown
+    std::optional<Show> show; // what plays
+    std::string currentFile;
+    std::uint64_t startMs = 0; // when the current file's turn began; while nothing plays, when the next one's does
 };
 
 } // namespace vxsim

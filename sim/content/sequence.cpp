@@ -63,16 +63,16 @@ FileEntry LoadFlatRecord(Bytes record)
 class TreeReader
 {
 public:
-    explicit TreeReader(Bytes bytes) : rest_(bytes) {}
+    explicit TreeReader(Bytes bytes) : rest(bytes) {}
 
     // False when the list ends early.
     bool ReadItems(std::size_t count, int depth, std::vector<SequenceItem>& items)
     {
         for (std::size_t i = 0; i < count; ++i) {
-            if (rest_.size() < kHeadSize)
+            if (rest.size() < kHeadSize)
                 return false;
-            const bool group = rest_[0] == 'G' && rest_[1] == 'P';
-            const bool file = rest_[0] == 'F' && rest_[1] == 'S';
+            const bool group = rest[0] == 'G' && rest[1] == 'P';
+            const bool file = rest[0] == 'F' && rest[1] == 'S';
             if (group ? !ReadGroup(depth, items) : !file || !ReadFile(items))
                 return false;
         }
@@ -82,14 +82,14 @@ public:
 private:
     bool ReadGroup(int depth, std::vector<SequenceItem>& items)
     {
-        const std::size_t size = Load32(rest_, 8);
-        if (size < kHeadSize || size > rest_.size() || depth >= kDeepestGroup)
+        const std::size_t size = Load32(rest, 8);
+        if (size < kHeadSize || size > rest.size() || depth >= kDeepestGroup)
             return false;
         SequenceItem group;
-        group.groupName = LoadText(rest_.subspan(kHeadSize, size - kHeadSize));
-        group.playType = rest_[6];
-        const std::size_t children = Load16(rest_, 4);
-        rest_ = rest_.subspan(size);
+        group.groupName = LoadText(rest.subspan(kHeadSize, size - kHeadSize));
+        group.playType = rest[6];
+        const std::size_t children = Load16(rest, 4);
+        rest = rest.subspan(size);
         const bool whole = ReadItems(children, depth + 1, group.children);
         items.push_back(std::move(group));
         return whole;
@@ -97,27 +97,27 @@ private:
 
     bool ReadFile(std::vector<SequenceItem>& items)
     {
-        const std::size_t size = Load32(rest_, 8);
-        const std::size_t schedules = Load16(rest_, 4);
-        if (size < kHeadSize + kPictureFieldsSize || size > rest_.size() ||
-            schedules * kScheduleSize > rest_.size() - size)
+        const std::size_t size = Load32(rest, 8);
+        const std::size_t schedules = Load16(rest, 4);
+        if (size < kHeadSize + kPictureFieldsSize || size > rest.size() ||
+            schedules * kScheduleSize > rest.size() - size)
             return false;
         FileEntry file;
-        file.path = LoadText(rest_.subspan(kHeadSize, size - kHeadSize - kPictureFieldsSize));
-        file.playTimes = rest_[6];
-        file.pictureStaySeconds = Load16(rest_, size - 4);
-        file.pictureEntryMode = rest_[size - 2];
-        file.pictureExitMode = rest_[size - 1];
+        file.path = LoadText(rest.subspan(kHeadSize, size - kHeadSize - kPictureFieldsSize));
+        file.playTimes = rest[6];
+        file.pictureStaySeconds = Load16(rest, size - 4);
+        file.pictureEntryMode = rest[size - 2];
+        file.pictureExitMode = rest[size - 1];
         for (std::size_t i = 0; i < schedules; ++i) {
-            const Bytes schedule = rest_.subspan(size + i * kScheduleSize, kScheduleSize);
+            const Bytes schedule = rest.subspan(size + i * kScheduleSize, kScheduleSize);
             file.schedules.push_back({schedule[0], LoadTime(schedule, 2), LoadTime(schedule, 10)});
         }
-        rest_ = rest_.subspan(size + schedules * kScheduleSize);
+        rest = rest.subspan(size + schedules * kScheduleSize);
         items.push_back({std::move(file), {}, 0, {}});
         return true;
     }
 
-    Bytes rest_;
+    Bytes rest;
 };
 
 void AppendFiles(const std::vector<SequenceItem>& items, std::vector<FileEntry>& files)

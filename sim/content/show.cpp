@@ -40,53 +40,53 @@ std::optional<Show> Show::Load(std::span<const std::uint8_t> bytes, Timing timin
     return Show(std::move(*canvas), timing);
 }
 
-Show::Show(std::variant<std::vector<Page>, Canvas> content, Timing timing)
-    : content_(std::move(content)), pages_(1), entry_(&ModeOfCode(timing.entryMode)),
-      exit_(&ModeOfCode(timing.exitMode)), stayMs_(std::max(timing.stayMs, kShortestStayMs))
+Show::Show(std::variant<std::vector<Page>, Canvas> shown, Timing timing)
+    : content(std::move(shown)), pages(1), entry(&ModeOfCode(timing.entryMode)), exit(&ModeOfCode(timing.exitMode)),
+      stayMs(std::max(timing.stayMs, kShortestStayMs))
 {
     // A message without text shows a black face for its time.
-    if (const auto* pages = std::get_if<std::vector<Page>>(&content_))
-        pages_ = std::max<std::uint64_t>(1, pages->size());
+    if (const auto* texts = std::get_if<std::vector<Page>>(&content))
+        pages = std::max<std::uint64_t>(1, texts->size());
 }
 
 std::uint64_t Show::PageMs() const
 {
-    return entry_->durationMs + stayMs_ + exit_->durationMs;
+    return entry->durationMs + stayMs + exit->durationMs;
 }
 
 std::uint64_t Show::DurationMs() const
 {
-    return pages_ * PageMs();
+    return pages * PageMs();
 }
 
 void Show::DrawWhole(std::uint64_t page, Font& font, Canvas& face) const
 {
     face.Clear();
-    if (const auto* picture = std::get_if<Canvas>(&content_)) {
+    if (const auto* picture = std::get_if<Canvas>(&content)) {
         for (int y = 0; y < face.Height(); ++y) {
             for (int x = 0; x < face.Width(); ++x)
                 face.Set(x, y, picture->At(x, y));
         }
-    } else if (const auto& pages = std::get<std::vector<Page>>(content_); page < pages.size()) {
-        DrawPage(pages[static_cast<std::size_t>(page)], font, face);
+    } else if (const auto& texts = std::get<std::vector<Page>>(content); page < texts.size()) {
+        DrawPage(texts[static_cast<std::size_t>(page)], font, face);
     }
 }
 
 void Show::Draw(std::uint64_t elapsedMs, Font& font, Canvas& face) const
 {
-    const std::uint64_t page = std::min(elapsedMs / PageMs(), pages_ - 1);
+    const std::uint64_t page = std::min(elapsedMs / PageMs(), pages - 1);
     const std::uint64_t onPage = elapsedMs - page * PageMs();
     DrawWhole(page, font, face);
 
-    const std::uint64_t leaveMs = entry_->durationMs + stayMs_;
-    if (onPage >= entry_->durationMs && onPage < leaveMs)
+    const std::uint64_t leaveMs = entry->durationMs + stayMs;
+    if (onPage >= entry->durationMs && onPage < leaveMs)
         return;
     const Canvas whole = face;
     const Canvas black(face.Width(), face.Height());
-    if (onPage < entry_->durationMs)
-        DrawMode(*entry_, black, whole, onPage, face);
+    if (onPage < entry->durationMs)
+        DrawMode(*entry, black, whole, onPage, face);
     else
-        DrawMode(*exit_, whole, black, onPage - leaveMs, face);
+        DrawMode(*exit, whole, black, onPage - leaveMs, face);
 }
 
 } // namespace vxsim

@@ -39,16 +39,16 @@ public:
     void Draw(std::uint64_t elapsedMs, Font& font, Canvas& face) const;
 
 private:
-    Show(std::variant<std::vector<Page>, Canvas> content, Timing timing);
+    Show(std::variant<std::vector<Page>, Canvas> shown, Timing timing);
 
     std::uint64_t PageMs() const;
     void DrawWhole(std::uint64_t page, Font& font, Canvas& face) const;
 
-    std::variant<std::vector<Page>, Canvas> content_;
-    std::uint64_t pages_;
-    const Mode* entry_;
-    const Mode* exit_;
-    std::uint64_t stayMs_;
+    std::variant<std::vector<Page>, Canvas> content;
+    std::uint64_t pages;
+    const Mode* entry;
+    const Mode* exit;
+    std::uint64_t stayMs;
 };
 
 } // namespace vxsim

@@ -26,38 +26,39 @@ public:
     static constexpr int kMostPixelsPerSide = 4096;
 
     // Sides are brought into 1..kMostPixelsPerSide.
-    Canvas(int width, int height)
-        : width_(std::clamp(width, 1, kMostPixelsPerSide)), height_(std::clamp(height, 1, kMostPixelsPerSide)),
-          pixels_(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_))
+    Canvas(int wantedWidth, int wantedHeight)
+        : width(std::clamp(wantedWidth, 1, kMostPixelsPerSide)),
+          height(std::clamp(wantedHeight, 1, kMostPixelsPerSide)),
+          pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
     {
     }
 
-    int Width() const { return width_; }
-    int Height() const { return height_; }
+    int Width() const { return width; }
+    int Height() const { return height; }
 
-    Rgb At(int x, int y) const { return Inside(x, y) ? pixels_[Index(x, y)] : Rgb{}; }
+    Rgb At(int x, int y) const { return Inside(x, y) ? pixels[Index(x, y)] : Rgb{}; }
 
     void Set(int x, int y, Rgb colour)
     {
         if (Inside(x, y))
-            pixels_[Index(x, y)] = colour;
+            pixels[Index(x, y)] = colour;
     }
 
-    void Clear() { std::fill(pixels_.begin(), pixels_.end(), Rgb{}); }
+    void Clear() { std::fill(pixels.begin(), pixels.end(), Rgb{}); }
 
     bool operator==(const Canvas&) const = default;
 
 private:
-    bool Inside(int x, int y) const { return x >= 0 && y >= 0 && x < width_ && y < height_; }
+    bool Inside(int x, int y) const { return x >= 0 && y >= 0 && x < width && y < height; }
 
     std::size_t Index(int x, int y) const
     {
-        return static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x);
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
     }
 
-    int width_;
-    int height_;
-    std::vector<Rgb> pixels_;
+    int width;
+    int height;
+    std::vector<Rgb> pixels;
 };
 
 } // namespace vxsim

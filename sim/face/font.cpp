@@ -54,29 +54,29 @@ std::filesystem::path Font::DefaultPath()
     return chosen != nullptr && *chosen != '\0' ? chosen : VXSIM_FONT_PATH;
 }
 
-Font::Font(const std::filesystem::path& path) : source_(new Source)
+Font::Font(const std::filesystem::path& path) : source(new Source)
 {
-    if (FT_Init_FreeType(&source_->library) != 0)
+    if (FT_Init_FreeType(&source->library) != 0)
         throw std::runtime_error("cannot start FreeType");
-    if (FT_New_Face(source_->library, path.c_str(), 0, &source_->face) != 0)
+    if (FT_New_Face(source->library, path.c_str(), 0, &source->face) != 0)
         throw CannotOpen(path);
-    if (FT_Set_Pixel_Sizes(source_->face, 0, kGlyphHeight) != 0)
+    if (FT_Set_Pixel_Sizes(source->face, 0, kGlyphHeight) != 0)
         throw CannotOpen(path);
 }
 
 const Glyph& Font::GlyphOf(char32_t character)
 {
-    const auto known = cache_.find(character);
-    if (known != cache_.end())
+    const auto known = cache.find(character);
+    if (known != cache.end())
         return known->second;
-    if (cache_.size() >= kMostCached)
-        cache_.clear();
-    return cache_.emplace(character, Render(character)).first->second;
+    if (cache.size() >= kMostCached)
+        cache.clear();
+    return cache.emplace(character, Render(character)).first->second;
 }
 
 Glyph Font::Render(char32_t character) const
 {
-    FT_Face face = source_->face;
+    FT_Face face = source->face;
     FT_UInt index = FT_Get_Char_Index(face, character);
     if (index == 0)
         index = FT_Get_Char_Index(face, kReplacementCharacter);

@@ -40,8 +40,8 @@ private:
 
     Glyph Render(char32_t character) const;
 
-    std::unique_ptr<Source, CloseSource> source_;
-    std::unordered_map<char32_t, Glyph> cache_;
+    std::unique_ptr<Source, CloseSource> source;
+    std::unordered_map<char32_t, Glyph> cache;
 };
 
 } // namespace vxsim

@@ -46,41 +46,40 @@ class Lamp
 {
 public:
     explicit Lamp(int pitch)
-        : margin_(static_cast<int>(std::ceil(kGlowReach * pitch))), side_(pitch + 2 * margin_),
-          body_(static_cast<std::size_t>(side_) * static_cast<std::size_t>(side_)), glow_(body_.size()),
-          core_(body_.size())
+        : margin(static_cast<int>(std::ceil(kGlowReach * pitch))), side(pitch + 2 * margin),
+          body(static_cast<std::size_t>(side) * static_cast<std::size_t>(side)), glow(body.size()), core(body.size())
     {
-        const double middle = (side_ - 1) / 2.0;
-        for (int y = 0; y < side_; ++y) {
-            for (int x = 0; x < side_; ++x) {
+        const double middle = (side - 1) / 2.0;
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x) {
                 const double distance = std::hypot(x - middle, y - middle) / pitch;
                 const std::size_t at = Index(x, y);
                 const double edge = (kLampRadius - distance) * pitch + 0.5;
-                body_[at] = static_cast<float>(std::clamp(edge, 0.0, 1.0));
+                body[at] = static_cast<float>(std::clamp(edge, 0.0, 1.0));
                 const double fade = std::max(0.0, 1.0 - distance / kGlowReach);
-                glow_[at] = static_cast<float>(fade * fade * std::exp(-1.6 * distance));
-                core_[at] = static_cast<float>(std::exp(-std::pow(distance / (kLampRadius * 0.55), 2)));
+                glow[at] = static_cast<float>(fade * fade * std::exp(-1.6 * distance));
+                core[at] = static_cast<float>(std::exp(-std::pow(distance / (kLampRadius * 0.55), 2)));
             }
         }
     }
 
-    int Margin() const { return margin_; }
-    int Side() const { return side_; }
-    float Body(int x, int y) const { return body_[Index(x, y)]; } // how much of the pixel the lamp covers
-    float Glow(int x, int y) const { return glow_[Index(x, y)]; } // light thrown on the surroundings
-    float Core(int x, int y) const { return core_[Index(x, y)]; } // the bright spot of the chip
+    int Margin() const { return margin; }
+    int Side() const { return side; }
+    float Body(int x, int y) const { return body[Index(x, y)]; } // how much of the pixel the lamp covers
+    float Glow(int x, int y) const { return glow[Index(x, y)]; } // light thrown on the surroundings
+    float Core(int x, int y) const { return core[Index(x, y)]; } // the bright spot of the chip
 
 private:
     std::size_t Index(int x, int y) const
     {
-        return static_cast<std::size_t>(y) * static_cast<std::size_t>(side_) + static_cast<std::size_t>(x);
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(side) + static_cast<std::size_t>(x);
     }
 
-    int margin_;
-    int side_;
-    std::vector<float> body_;
-    std::vector<float> glow_;
-    std::vector<float> core_;
+    int margin;
+    int side;
+    std::vector<float> body;
+    std::vector<float> glow;
+    std::vector<float> core;
 };
 
 float Linear(std::uint8_t value)
@@ -97,13 +96,13 @@ std::uint8_t Encoded(float light)
 class Panel
 {
 public:
-    Panel(const Canvas& face, int pitch)
-        : pitch_(pitch), bezel_(static_cast<int>(std::lround(kBezelWidth * pitch))),
-          width_(face.Width() * pitch + 2 * bezel_), height_(face.Height() * pitch + 2 * bezel_), lamp_(pitch),
-          pixels_(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_))
+    Panel(const Canvas& face, int lampPitch)
+        : pitch(lampPitch), bezel(static_cast<int>(std::lround(kBezelWidth * pitch))),
+          width(face.Width() * pitch + 2 * bezel), height(face.Height() * pitch + 2 * bezel), lamp(pitch),
+          pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
     {
-        for (std::size_t i = 0; i < linear_.size(); ++i)
-            linear_[i] = Linear(static_cast<std::uint8_t>(i));
+        for (std::size_t i = 0; i < linear.size(); ++i)
+            linear[i] = Linear(static_cast<std::uint8_t>(i));
         DrawBezel();
         for (int y = 0; y < face.Height(); ++y) {
             for (int x = 0; x < face.Width(); ++x)
@@ -117,8 +116,8 @@ public:
         }
     }
 
-    int Width() const { return width_; }
-    int Height() const { return height_; }
+    int Width() const { return width; }
+    int Height() const { return height; }
 
     std::vector<std::uint8_t> Bytes() const
     {
@@ -131,8 +130,8 @@ public:
         };
 
         std::vector<std::uint8_t> bytes;
-        bytes.reserve(pixels_.size() * kChannels);
-        for (const Light& light : pixels_) {
+        bytes.reserve(pixels.size() * kChannels);
+        for (const Light& light : pixels) {
             // What is brighter than a channel can show spills into the others: strong colours turn whitish.
             const float spill = std::max(0.0F, std::max({light.red, light.green, light.blue}) - 1.0F) * 0.5F;
             bytes.push_back(byteOf(light.red + spill));
@@ -145,19 +144,19 @@ public:
 private:
     Light& PixelAt(int x, int y)
     {
-        return pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x)];
+        return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)];
     }
 
     void DrawBezel()
     {
-        const int edge = std::max(1, pitch_ / 4);
-        for (int y = 0; y < height_; ++y) {
-            for (int x = 0; x < width_; ++x) {
-                const int depth = std::min({x, y, width_ - 1 - x, height_ - 1 - y});
+        const int edge = std::max(1, pitch / 4);
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x) {
+                const int depth = std::min({x, y, width - 1 - x, height - 1 - y});
                 float light = kPanel;
                 if (depth < edge)
                     light = kBezelEdge;
-                else if (depth < bezel_ - edge)
+                else if (depth < bezel - edge)
                     light = kBezel;
                 PixelAt(x, y) = {light, light, light * 1.1F};
             }
@@ -166,24 +165,24 @@ private:
 
     void DrawUnlit(int column, int row)
     {
-        for (int y = 0; y < pitch_; ++y) {
-            for (int x = 0; x < pitch_; ++x) {
-                const float body = lamp_.Body(lamp_.Margin() + x, lamp_.Margin() + y);
+        for (int y = 0; y < pitch; ++y) {
+            for (int x = 0; x < pitch; ++x) {
+                const float body = lamp.Body(lamp.Margin() + x, lamp.Margin() + y);
                 const float light = kPanel + (kUnlitLamp - kPanel) * body;
-                PixelAt(bezel_ + column * pitch_ + x, bezel_ + row * pitch_ + y) = {light, light, light * 1.1F};
+                PixelAt(bezel + column * pitch + x, bezel + row * pitch + y) = {light, light, light * 1.1F};
             }
         }
     }
 
     void DrawLit(int column, int row, Rgb colour)
     {
-        const Light light{linear_[colour.red], linear_[colour.green], linear_[colour.blue]};
-        const int left = bezel_ + column * pitch_ - lamp_.Margin();
-        const int top = bezel_ + row * pitch_ - lamp_.Margin();
-        for (int y = std::max(0, -top); y < lamp_.Side() && top + y < height_; ++y) {
-            for (int x = std::max(0, -left); x < lamp_.Side() && left + x < width_; ++x) {
-                const float body = lamp_.Body(x, y);
-                const float strength = body * (0.85F + kCore * lamp_.Core(x, y)) + kGlow * lamp_.Glow(x, y);
+        const Light light{linear[colour.red], linear[colour.green], linear[colour.blue]};
+        const int left = bezel + column * pitch - lamp.Margin();
+        const int top = bezel + row * pitch - lamp.Margin();
+        for (int y = std::max(0, -top); y < lamp.Side() && top + y < height; ++y) {
+            for (int x = std::max(0, -left); x < lamp.Side() && left + x < width; ++x) {
+                const float body = lamp.Body(x, y);
+                const float strength = body * (0.85F + kCore * lamp.Core(x, y)) + kGlow * lamp.Glow(x, y);
                 Light& pixel = PixelAt(left + x, top + y);
                 pixel.red += light.red * strength;
                 pixel.green += light.green * strength;
@@ -192,13 +191,13 @@ private:
         }
     }
 
-    int pitch_;
-    int bezel_;
-    int width_;
-    int height_;
-    Lamp lamp_;
-    std::vector<Light> pixels_;
-    std::array<float, 256> linear_{};
+    int pitch;
+    int bezel;
+    int width;
+    int height;
+    Lamp lamp;
+    std::vector<Light> pixels;
+    std::array<float, 256> linear{};
 };
 
 void AppendBytes(void* context, void* data, int size)

@@ -60,91 +60,91 @@ bool IsWide(const Character& character)
 class Setter
 {
 public:
-    Setter(int width, int height, int openScale) : width_(width), height_(height), openScale_(openScale) {}
+    Setter(int faceWidth, int faceHeight, int scale) : width(faceWidth), height(faceHeight), openScale(scale) {}
 
     Setting Set(std::span<const Character> characters)
     {
         for (const Character& character : characters) {
-            if (setting_.pages.size() >= kMostPages)
+            if (setting.pages.size() >= kMostPages)
                 break;
             Add(character);
         }
         if (!characters.empty())
             EndPage();
-        return std::move(setting_);
+        return std::move(setting);
     }
 
 private:
-    int ScaleOf(const Character& character) const { return character.scale == 0 ? openScale_ : character.scale; }
+    int ScaleOf(const Character& character) const { return character.scale == 0 ? openScale : character.scale; }
     int WidthOf(const Character& character) const { return character.advance * ScaleOf(character); }
 
     void Add(Character character)
     {
         character.scale = ScaleOf(character);
-        lineHeight_ = std::max(lineHeight_, character.scale * kGlyphHeight);
+        lineHeight = std::max(lineHeight, character.scale * kGlyphHeight);
         if (character.code == U'\f')
             return EndPage();
         // Spaces at which a line breaks are not shown, and a line feed behind them breaks no further line.
-        const bool justWrapped = atWrap_;
-        atWrap_ = justWrapped && character.code == U' ';
-        if (atWrap_ || (justWrapped && character.code == U'\n'))
+        const bool justWrapped = atWrap;
+        atWrap = justWrapped && character.code == U' ';
+        if (atWrap || (justWrapped && character.code == U'\n'))
             return;
         if (character.code == U'\n')
             return EndLine();
-        while (character.advance > 0 && lineWidth_ + WidthOf(character) > width_ && !line_.empty()) {
+        while (character.advance > 0 && lineWidth + WidthOf(character) > width && !line.empty()) {
             if (character.code == U' ') {
                 EndLine();
-                atWrap_ = true;
+                atWrap = true;
                 return;
             }
             Wrap(character);
         }
-        if (!line_.empty() && character.advance > 0 &&
-            (line_.back().code == U' ' || IsWide(line_.back()) || IsWide(character)))
-            breakAt_ = line_.size();
-        line_.push_back(character);
-        lineWidth_ += WidthOf(character);
-        lineHeight_ = std::max(lineHeight_, character.scale * kGlyphHeight);
+        if (!line.empty() && character.advance > 0 &&
+            (line.back().code == U' ' || IsWide(line.back()) || IsWide(character)))
+            breakAt = line.size();
+        line.push_back(character);
+        lineWidth += WidthOf(character);
+        lineHeight = std::max(lineHeight, character.scale * kGlyphHeight);
     }
 
     // Ends the line at its last break, or in front of the next character if there is none.
     void Wrap(const Character& next)
     {
-        const bool breakHere = line_.back().code == U' ' || IsWide(line_.back()) || IsWide(next);
+        const bool breakHere = line.back().code == U' ' || IsWide(line.back()) || IsWide(next);
         std::vector<Character> carried;
-        if (!breakHere && breakAt_ > 0) {
-            const auto first = line_.begin() + static_cast<std::ptrdiff_t>(breakAt_);
-            carried.assign(first, line_.end());
-            line_.erase(first, line_.end());
+        if (!breakHere && breakAt > 0) {
+            const auto first = line.begin() + static_cast<std::ptrdiff_t>(breakAt);
+            carried.assign(first, line.end());
+            line.erase(first, line.end());
         } else if (!breakHere) {
-            setting_.brokenWord = true;
+            setting.brokenWord = true;
         }
-        while (!line_.empty() && line_.back().code == U' ')
-            line_.pop_back();
+        while (!line.empty() && line.back().code == U' ')
+            line.pop_back();
         EndLine();
         for (const Character& character : carried) {
-            line_.push_back(character);
-            lineWidth_ += WidthOf(character);
+            line.push_back(character);
+            lineWidth += WidthOf(character);
         }
     }
 
     void EndLine()
     {
-        Line line{std::move(line_), 0, 0};
-        for (const Character& character : line.characters) {
-            line.width += WidthOf(character);
-            line.height = std::max(line.height, character.scale * kGlyphHeight);
+        Line ended{std::move(line), 0, 0};
+        for (const Character& character : ended.characters) {
+            ended.width += WidthOf(character);
+            ended.height = std::max(ended.height, character.scale * kGlyphHeight);
         }
-        if (line.characters.empty())
-            line.height = lineHeight_;
-        if (!page_.empty() && pageHeight_ + line.height > height_)
+        if (ended.characters.empty())
+            ended.height = lineHeight;
+        if (!page.empty() && pageHeight + ended.height > height)
             TurnPage();
-        pageHeight_ += line.height;
-        page_.push_back(std::move(line));
-        line_.clear();
-        lineWidth_ = 0;
-        lineHeight_ = 0;
-        breakAt_ = 0;
+        pageHeight += ended.height;
+        page.push_back(std::move(ended));
+        line.clear();
+        lineWidth = 0;
+        lineHeight = 0;
+        breakAt = 0;
     }
 
     void EndPage()
@@ -155,22 +155,22 @@ private:
 
     void TurnPage()
     {
-        setting_.pages.push_back(std::move(page_));
-        page_.clear();
-        pageHeight_ = 0;
+        setting.pages.push_back(std::move(page));
+        page.clear();
+        pageHeight = 0;
     }
 
-    int width_;
-    int height_;
-    int openScale_; // what stands for scale 0
-    Setting setting_;
-    std::vector<Line> page_;
-    int pageHeight_ = 0;
-    std::vector<Character> line_;
-    int lineWidth_ = 0;
-    int lineHeight_ = 0;
-    std::size_t breakAt_ = 0; // the line may end in front of this character; 0: nowhere
-    bool atWrap_ = false;     // the line just began at a space that broke the last one
+    int width;
+    int height;
+    int openScale; // what stands for scale 0
+    Setting setting;
+    std::vector<Line> page;
+    int pageHeight = 0;
+    std::vector<Character> line;
+    int lineWidth = 0;
+    int lineHeight = 0;
+    std::size_t breakAt = 0; // the line may end in front of this character; 0: nowhere
+    bool atWrap = false;     // the line just began at a space that broke the last one
 };
 
 Page Place(const std::vector<Line>& lines, int width, int height)

@@ -31,15 +31,15 @@ class PlayerTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        folder_ = std::filesystem::temp_directory_path() / ("vxsimPlayer" + std::to_string(getpid()));
-        std::filesystem::create_directories(folder_);
+        folder = std::filesystem::temp_directory_path() / ("vxsimPlayer" + std::to_string(getpid()));
+        std::filesystem::create_directories(folder);
     }
 
-    void TearDown() override { std::filesystem::remove_all(folder_); }
+    void TearDown() override { std::filesystem::remove_all(folder); }
 
     void Write(const std::string& name, const Bytes& bytes)
     {
-        std::ofstream(folder_ / name, std::ios::binary)
+        std::ofstream(folder / name, std::ios::binary)
             .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     }
 
@@ -62,12 +62,12 @@ protected:
         return Player(
             16, 16,
             [this](std::string_view path) -> std::optional<std::filesystem::path> {
-                ++asked_;
-                if (path.substr(0, 5) != "D:\\T\\" || !std::filesystem::exists(folder_ / path.substr(5)))
+                ++asked;
+                if (path.substr(0, 5) != "D:\\T\\" || !std::filesystem::exists(folder / path.substr(5)))
                     return std::nullopt;
-                return folder_ / path.substr(5);
+                return folder / path.substr(5);
             },
-            folder_ / "SEQUENT.SYS");
+            folder / "SEQUENT.SYS");
     }
 
     // What the middle of the face shows.
@@ -78,8 +78,8 @@ protected:
         return face.At(7, 7);
     }
 
-    std::filesystem::path folder_;
-    int asked_ = 0;
+    std::filesystem::path folder;
+    int asked = 0;
 };
 
 TEST_F(PlayerTest, PlaysTheFilesInTurn)
@@ -193,7 +193,7 @@ TEST_F(PlayerTest, ShowsWhatWasWrittenOverAtTheNextTurn)
     Write("A.BMP", Dot(kBlue));
     EXPECT_EQ(Middle(player, 2999), kGreen);
     EXPECT_EQ(Middle(player, 3000), kBlue);
-    std::filesystem::remove(folder_ / "SEQUENT.SYS");
+    std::filesystem::remove(folder / "SEQUENT.SYS");
     player.Restart(4000);
     EXPECT_EQ(Middle(player, 4000), Rgb{});
     EXPECT_EQ(player.CurrentFile(), "");
@@ -204,13 +204,13 @@ TEST_F(PlayerTest, DoesNotSpinOnAListOfBrokenFiles)
     Write("EMPTY.NMG", {});
     Write("BROKEN.BMP", BytesOf("BM broken"));
     Write("NOPIC.NMG", BytesOf("QZ00SAX\x14@0\x04RC\x01") + Bytes(60, 0));
-    std::filesystem::create_directories(folder_ / "FOLDER");
+    std::filesystem::create_directories(folder / "FOLDER");
     WriteList({"GONE", "EMPTY.NMG", "BROKEN.BMP", "NOPIC.NMG", "FOLDER"});
     Player player = MakePlayer();
     player.Restart(0);
     for (std::uint64_t now = 0; now < 1000; now += 10)
         EXPECT_EQ(Middle(player, now), Rgb{});
-    EXPECT_EQ(asked_, 5) << "once around in a second";
+    EXPECT_EQ(asked, 5) << "once around in a second";
     EXPECT_EQ(player.CurrentFile(), "");
 
     Write("GONE", Dot(kGreen));
@@ -225,7 +225,7 @@ TEST_F(PlayerTest, GetsThroughALongListOfMissingFilesInSteps)
     WriteList(names);
     Player player = MakePlayer();
     player.Restart(0);
-    EXPECT_LE(asked_, 16);
+    EXPECT_LE(asked, 16);
     for (std::uint64_t now = 0; now < 100 && player.CurrentFile().empty(); ++now)
         Middle(player, now);
     EXPECT_EQ(player.CurrentFile(), "D:\\T\\A.BMP");

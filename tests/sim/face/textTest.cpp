@@ -40,7 +40,7 @@ protected:
     std::vector<Page> Set(std::string text, int width, int height, char fontCode = '1')
     {
         const TextRun runs[] = {{std::move(text), static_cast<std::uint8_t>(fontCode), kRed}};
-        return SetText(runs, width, height, font_);
+        return SetText(runs, width, height, font);
     }
 
     // The pages as lines of their characters, lines joined by '|' and pages by '/'.
@@ -57,7 +57,7 @@ protected:
         return lines;
     }
 
-    Font font_;
+    Font font;
 };
 
 TEST_F(Text, DrawsTheFontsOwnPixels)
@@ -65,13 +65,13 @@ TEST_F(Text, DrawsTheFontsOwnPixels)
     Canvas face(8, 16);
     const std::vector<Page> pages = Set("A", 8, 16);
     ASSERT_EQ(pages.size(), 1U);
-    DrawPage(pages[0], font_, face);
+    DrawPage(pages[0], font, face);
     EXPECT_EQ(Drawing(face), "........\n........\n........\n........\n"
                              "...##...\n..#..#..\n..#..#..\n.#....#.\n.#....#.\n.######.\n"
                              ".#....#.\n.#....#.\n.#....#.\n.#....#.\n........\n........\n");
 
     Canvas large(16, 32);
-    DrawPage(Set("A", 16, 32, '2')[0], font_, large);
+    DrawPage(Set("A", 16, 32, '2')[0], font, large);
     for (int y = 0; y < 32; ++y) {
         for (int x = 0; x < 16; ++x)
             ASSERT_EQ(large.At(x, y), face.At(x / 2, y / 2)) << x << ' ' << y;
@@ -109,7 +109,7 @@ TEST_F(Text, StandsInTheMiddleAndMixesSizesOnOneFoot)
     EXPECT_EQ(one[0][0].y, 8);
 
     const TextRun runs[] = {{"a", '2', kRed}, {"b", '1', kGreen}};
-    const Page mixed = SetText(runs, 64, 32, font_)[0];
+    const Page mixed = SetText(runs, 64, 32, font)[0];
     EXPECT_EQ(mixed[0].y, 0);
     EXPECT_EQ(mixed[1].y, 16);
     EXPECT_EQ(mixed[1].x, mixed[0].x + 16);
@@ -132,8 +132,8 @@ TEST_F(Text, DrawsMarksOverTheLetterBefore)
     EXPECT_EQ(page[2].x, page[0].x + 8);
     Canvas plain(64, 16);
     Canvas marked(64, 16);
-    DrawPage(Set("ex", 64, 16)[0], font_, plain);
-    DrawPage(page, font_, marked);
+    DrawPage(Set("ex", 64, 16)[0], font, plain);
+    DrawPage(page, font, marked);
     EXPECT_GT(CountLit(marked), CountLit(plain));
 }
 
