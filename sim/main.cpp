@@ -1,15 +1,18 @@
-#include "sim/facePainter.h"
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
 #include "sim/server/server.h"
 #include "sim/sign/virtualSign.h"
+#include "sim/stage/facePainter.h"
+#include "sim/stage/stage.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
+#include <ctime>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -28,6 +31,7 @@ constexpr int kExitFailure = 1;
 constexpr int kExitUsage = 2;
 constexpr int kLargestSide = 2048;
 constexpr std::chrono::milliseconds kFrame{40};
+constexpr std::chrono::milliseconds kUnseenStep{500}; // of a list that plays without a face
 
 struct Options
 {
@@ -113,6 +117,15 @@ vxsim::Descriptor CatchEndSignals()
     return end;
 }
 
+// The sign's clock begins at the local time of this machine.
+std::int64_t LocalSecondsAtZero()
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm local = {};
+    ::localtime_r(&now, &local);
+    return std::int64_t{now} + local.tm_gmtoff - static_cast<std::int64_t>(vxsim::NowMs() / 1000);
+}
+
 void Announce(const vxsim::Endpoints& endpoints, const fs::path& folder)
 {
     const std::string place = endpoints.host + ":" + std::to_string(endpoints.port);
@@ -131,17 +144,17 @@ void Serve(const Options& options)
     const vxsim::Descriptor end = CatchEndSignals();
     vxsim::Endpoints endpoints(options.listen);
     const SignFolder folder(options.folder);
-    vxsim::VirtualSign sign({folder.Path(), width, height, options.drives, endpoints.address, endpoints.port});
+    vxsim::VirtualSign sign(
+        {folder.Path(), width, height, options.drives, endpoints.address, endpoints.port, LocalSecondsAtZero()});
+    vxsim::Stage stage(sign);
     vxsim::Server server(endpoints, sign, serverSettings);
     Announce(endpoints, folder.Path());
     std::optional<vxsim::FacePainter> painter;
     if (options.face == "ansi" || !options.png.empty()) {
-        painter.emplace(sign, options.face == "ansi" ? &std::cout : nullptr, options.png);
-        server.OnTick(kFrame, [&painter] {
-            const auto now = vxsim::Clock::now().time_since_epoch();
-            painter->Paint(
-                static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count()));
-        });
+        painter.emplace(stage, options.face == "ansi" ? &std::cout : nullptr, options.png);
+        server.OnTick(kFrame, [&painter] { painter->Paint(vxsim::NowMs()); });
+    } else {
+        server.OnTick(kUnseenStep, [&stage] { stage.KeepUp(vxsim::NowMs()); });
     }
     server.Run(end.Get());
 }

@@ -78,38 +78,133 @@ void Player::Restart(std::uint64_t nowMs)
     misses = 0;
     show.reset();
     currentFile.clear();
+    pausedAtMs.reset();
+    lagMs = 0;
     startMs = nowMs;
     Advance(nowMs);
 }
 
+void Player::Stop()
+{
+    files.clear();
+    show.reset();
+    currentFile.clear();
+}
+
+void Player::Pause(std::uint64_t nowMs)
+{
+    pausedAtMs = PlayMs(nowMs);
+}
+
+void Player::Continue(std::uint64_t nowMs)
+{
+    if (!pausedAtMs)
+        return;
+    lagMs = nowMs - std::min(nowMs, *pausedAtMs);
+    pausedAtMs.reset();
+}
+
+void Player::PlayNext(std::uint64_t nowMs)
+{
+    Continue(nowMs);
+    if (files.empty())
+        return;
+    show.reset();
+    startMs = PlayMs(nowMs);
+    Advance(startMs);
+}
+
+// Goes back past what cannot be shown.
+void Player::PlayPrevious(std::uint64_t nowMs)
+{
+    Continue(nowMs);
+    const std::size_t count = files.size();
+    for (std::size_t back = 2; back < count + 2 && back < kMostTries; ++back) {
+        const std::size_t index = (next + 2 * count - back) % count;
+        if (auto loaded = Load(files[index])) {
+            Begin(std::move(*loaded), files[index].path, PlayMs(nowMs));
+            next = (index + 1) % count;
+            return;
+        }
+    }
+}
+
+void Player::ReplayFile(std::uint64_t nowMs)
+{
+    Continue(nowMs);
+    if (show)
+        startMs = PlayMs(nowMs);
+}
+
+bool Player::PlayOnce(const std::string& signPath, std::uint64_t nowMs)
+{
+    FileEntry file;
+    file.path = signPath;
+    auto loaded = Load(file);
+    if (!loaded)
+        return false;
+    Continue(nowMs);
+    Begin(std::move(*loaded), signPath, PlayMs(nowMs));
+    return true;
+}
+
+void Player::Move(std::int64_t ms, std::uint64_t nowMs)
+{
+    const std::uint64_t now = PlayMs(nowMs);
+    if (!show)
+        return;
+    const auto elapsed = static_cast<std::int64_t>(now - std::min(now, startMs)) + ms;
+    startMs = now - static_cast<std::uint64_t>(std::clamp(elapsed, std::int64_t{0}, static_cast<std::int64_t>(now)));
+    Advance(now);
+}
+
+void Player::MoveToNextPage(std::uint64_t nowMs)
+{
+    const std::uint64_t now = PlayMs(nowMs);
+    if (!show)
+        return;
+    const std::uint64_t elapsed = now - std::min(now, startMs);
+    Move(static_cast<std::int64_t>(show->NextPageMs(elapsed) - elapsed), nowMs);
+}
+
 void Player::Draw(std::uint64_t nowMs, Canvas& face)
 {
-    Advance(nowMs);
+    const std::uint64_t now = PlayMs(nowMs);
+    Advance(now);
     if (show)
-        show->Draw(nowMs - std::min(nowMs, startMs), font, face);
+        show->Draw(now - std::min(now, startMs), font, face);
     else
         face.Clear();
 }
 
-std::string Player::CurrentFile() const
+std::string Player::NextFile() const
 {
-    return currentFile;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const std::string& path = files[(next + i) % files.size()].path;
+        const auto file = path.empty() ? std::nullopt : resolve(path);
+        std::error_code error;
+        if (file && std::filesystem::is_regular_file(*file, error))
+            return path;
+    }
+    return {};
 }
 
 // Brings the player to the file whose turn it is. Turns follow each other without a gap, however seldom it is called;
 // only after so long an absence that many turns were missed does the last one of them start now.
-void Player::Advance(std::uint64_t nowMs)
+void Player::Advance(std::uint64_t playMs)
 {
     for (int tries = 1; tries <= kMostTries; ++tries) {
         const std::uint64_t endMs = show ? startMs + show->DurationMs() : startMs;
-        if (nowMs < endMs || files.empty())
+        if (playMs < endMs)
             return;
-        StartNext(tries < kMostTries ? endMs : nowMs);
+        if (files.empty())
+            return Stop(); // a file outside the list is over
+        StartNext(tries < kMostTries ? endMs : playMs);
         if (show) {
             misses = 0;
         } else if (++misses >= files.size()) {
             misses = 0;
-            startMs = nowMs + kRetryMs;
+            startMs = playMs + kRetryMs;
         }
     }
 }
@@ -121,6 +216,13 @@ void Player::StartNext(std::uint64_t turnMs)
     next = (next + 1) % files.size();
     show = Load(file);
     currentFile = show ? file.path : std::string();
+    startMs = turnMs;
+}
+
+void Player::Begin(Show loaded, const std::string& path, std::uint64_t turnMs)
+{
+    show = std::move(loaded);
+    currentFile = path;
     startMs = turnMs;
 }
 

@@ -6,6 +6,7 @@
 #include "sim/face/canvas.h"
 #include "sim/face/font.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -14,6 +15,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vxsim {
@@ -39,16 +41,51 @@ public:
     // Reads the sequence file anew and starts playing. A missing or unknown sequence file leaves the face black.
     void Restart(std::uint64_t nowMs);
 
+    // Plays nothing until Restart.
+    void Stop();
+
+    // What Restart reads from now on.
+    void SetSequenceFile(std::filesystem::path sequence) { sequenceFile = std::move(sequence); }
+
+    // Stops the time of what plays, and lets it run again.
+    void Pause(std::uint64_t nowMs);
+    void Continue(std::uint64_t nowMs);
+
+    // Each of these ends a pause. Those that find nothing to play leave what plays.
+    void PlayNext(std::uint64_t nowMs);
+    void PlayPrevious(std::uint64_t nowMs);
+    void ReplayFile(std::uint64_t nowMs);
+
+    // Plays a file that need not be in the list at once and in full, then goes on with the list. False if it cannot be
+    // shown; what plays then goes on.
+    bool PlayOnce(const std::string& signPath, std::uint64_t nowMs);
+
+    // Moves within the turn of the file that plays, not before its start; a file that is over gives way to the next.
+    void Move(std::int64_t ms, std::uint64_t nowMs);
+    void MoveToNextPage(std::uint64_t nowMs);
+
+    // Passes the turns that are over. Draw does so as well.
+    void KeepUp(std::uint64_t nowMs) { Advance(PlayMs(nowMs)); }
+
     // Draws what the face shows at that time. A canvas of another size than that given at
     // construction gets the part that it has room for.
     void Draw(std::uint64_t nowMs, Canvas& face);
 
-    // Sign path of what plays as of the last Restart or Draw, empty if nothing does.
-    std::string CurrentFile() const;
+    // Sign path of what plays as of the last call with a time, empty if nothing does.
+    std::string CurrentFile() const { return currentFile; }
+
+    // Sign path of the file whose turn comes then, empty if no file of the list is there.
+    std::string NextFile() const;
 
 private:
-    void Advance(std::uint64_t nowMs);
+    // The time of what plays: the caller's less all pauses.
+    std::uint64_t PlayMs(std::uint64_t nowMs) const
+    {
+        return pausedAtMs ? *pausedAtMs : nowMs - std::min(nowMs, lagMs);
+    }
+    void Advance(std::uint64_t playMs);
     void StartNext(std::uint64_t turnMs);
+    void Begin(Show loaded, const std::string& path, std::uint64_t turnMs);
     std::optional<Show> Load(const FileEntry& file);
 
     int width;
@@ -62,6 +99,8 @@ private:
     std::size_t misses = 0;   // files passed over since the last one that could be shown
     std::optional<Show> show; // what plays
     std::string currentFile;
+    std::optional<std::uint64_t> pausedAtMs; // times from here on are those of PlayMs
+    std::uint64_t lagMs = 0;
     std::uint64_t startMs = 0; // when the current file's turn began; while nothing plays, when the next one's does
 };
 

@@ -35,6 +35,9 @@ public:
     // How long all of it takes: each page comes, stays and leaves.
     std::uint64_t DurationMs() const;
 
+    // When, after the start, the page behind the one of that moment begins; behind the last page the end.
+    std::uint64_t NextPageMs(std::uint64_t elapsedMs) const { return (elapsedMs / PageMs() + 1) * PageMs(); }
+
     // Draws what is to be seen elapsedMs after the start. After the end: the last page's last sight.
     void Draw(std::uint64_t elapsedMs, Font& font, Canvas& face) const;
 

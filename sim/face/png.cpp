@@ -200,13 +200,6 @@ private:
     std::array<float, 256> linear{};
 };
 
-void AppendBytes(void* context, void* data, int size)
-{
-    const auto* bytes = static_cast<const std::uint8_t*>(data);
-    auto* out = static_cast<std::vector<std::uint8_t>*>(context);
-    out->insert(out->end(), bytes, bytes + size);
-}
-
 // The largest pitch up to the wanted one that keeps the picture within the limits.
 int FittingPitch(const Canvas& face, int wanted)
 {

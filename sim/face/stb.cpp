@@ -1,6 +1,8 @@
 // The one place where the stb libraries are compiled.
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
+#include <vector>
 
 namespace {
 
@@ -33,3 +35,10 @@ void* ReallocateBlock(void* block, std::size_t size)
 }
 
 } // namespace
+
+void vxsim::AppendBytes(void* vector, void* data, int size)
+{
+    const auto* bytes = static_cast<const std::uint8_t*>(data);
+    auto* out = static_cast<std::vector<std::uint8_t>*>(vector);
+    out->insert(out->end(), bytes, bytes + size);
+}

@@ -20,6 +20,9 @@ inline constexpr std::size_t kMostPicturePixels = std::size_t{16} * 1024 * 1024;
 // within the limits above needs.
 inline constexpr std::size_t kMostDecoderBlock = 6 * kMostPicturePixels;
 
+// For the writers of stb: appends what they give to a std::vector<std::uint8_t>.
+void AppendBytes(void* vector, void* data, int size);
+
 } // namespace vxsim
 
 #include <stb_image.h>

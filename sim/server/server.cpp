@@ -31,14 +31,25 @@ enum : std::size_t
     kFirstLine
 };
 
+std::uint32_t HostOf(const sockaddr_in& peer)
+{
+    return ntohl(peer.sin_addr.s_addr);
+}
+
 } // namespace
+
+std::uint64_t NowMs()
+{
+    return static_cast<std::uint64_t>(
+        std::chrono::duration_cast<milliseconds>(Clock::now().time_since_epoch()).count());
+}
 
 Server::Server(Endpoints& where, VirtualSign& served, const ServerSettings& how)
     : endpoints(where), sign(served), settings(how), injector(how.faults)
 {
     if (endpoints.serial) {
         serialLine = endpoints.serial.Get();
-        lines.emplace_back(++lastNumber, std::move(endpoints.serial), false);
+        lines.emplace_back(++lastNumber, std::move(endpoints.serial), std::nullopt);
     }
 }
 
@@ -115,7 +126,10 @@ int Server::TimeToWait(Clock::time_point now) const
 
 void Server::Accept()
 {
-    Descriptor connection(::accept4(endpoints.tcp.Get(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+    sockaddr_in peer = {};
+    socklen_t size = sizeof peer;
+    Descriptor connection(
+        ::accept4(endpoints.tcp.Get(), reinterpret_cast<sockaddr*>(&peer), &size, SOCK_NONBLOCK | SOCK_CLOEXEC));
     if (!connection) {
         // Out of descriptors: no new connection before an old one goes.
         acceptPaused = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
@@ -123,14 +137,14 @@ void Server::Accept()
     }
     const int on = 1;
     ::setsockopt(connection.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-    lines.emplace_back(++lastNumber, std::move(connection), true);
+    lines.emplace_back(++lastNumber, std::move(connection), HostOf(peer));
 }
 
 void Server::ServeDatagrams()
 {
     const std::size_t count = datagrams.Receive(endpoints.udp.Get());
     for (std::size_t i = 0; i < count; ++i) {
-        auto reply = injector.Apply(sign.Answer(datagrams.Bytes(i)));
+        auto reply = injector.Apply(sign.Answer(datagrams.Bytes(i), {NowMs(), HostOf(datagrams.Peer(i))}));
         if (reply.empty())
             continue;
         if (settings.delay.count() == 0)
@@ -179,7 +193,7 @@ bool Server::ServeLine(StreamLine& line, short events)
 bool Server::AnswerFrames(StreamLine& line)
 {
     while (const auto frame = line.Finder().Next()) {
-        if (!Reply(line, sign.Answer(*frame)))
+        if (!Reply(line, sign.Answer(*frame, {NowMs(), line.Host()})))
             return false;
     }
     return true;

@@ -17,6 +17,9 @@
 
 namespace vxsim {
 
+// The time that requests arrive at and the face is drawn for: milliseconds of the steady clock.
+std::uint64_t NowMs();
+
 struct ServerSettings
 {
     std::chrono::milliseconds delay{0}; // from a request to its reply

@@ -16,8 +16,8 @@ bool IsPassing(int error)
 
 } // namespace
 
-StreamLine::StreamLine(std::uint64_t ownNumber, Descriptor descriptor, bool socket)
-    : number(ownNumber), line(std::move(descriptor)), isSocket(socket)
+StreamLine::StreamLine(std::uint64_t ownNumber, Descriptor descriptor, std::optional<std::uint32_t> peerAddress)
+    : number(ownNumber), line(std::move(descriptor)), peer(peerAddress)
 {
 }
 
@@ -39,8 +39,8 @@ bool StreamLine::Send(std::span<const std::uint8_t> bytes)
     bool whole = true;
     while (sent < unsent.size()) {
         const auto rest = std::span(unsent).subspan(sent);
-        const ssize_t count = isSocket ? ::send(line.Get(), rest.data(), rest.size(), MSG_NOSIGNAL | MSG_DONTWAIT)
-                                       : ::write(line.Get(), rest.data(), rest.size());
+        const ssize_t count = peer ? ::send(line.Get(), rest.data(), rest.size(), MSG_NOSIGNAL | MSG_DONTWAIT)
+                                   : ::write(line.Get(), rest.data(), rest.size());
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)

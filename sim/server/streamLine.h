@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -17,10 +18,12 @@ using Clock = std::chrono::steady_clock;
 class StreamLine
 {
 public:
-    StreamLine(std::uint64_t number, Descriptor line, bool isSocket);
+    // `peer` is the IPv4 address at the other end of a connection; without one the line is no socket.
+    StreamLine(std::uint64_t number, Descriptor line, std::optional<std::uint32_t> peer);
 
     std::uint64_t Number() const { return number; } // tells the lines apart for good
     int Get() const { return line.Get(); }
+    std::uint32_t Host() const { return peer.value_or(0); }
     FrameFinder& Finder() { return finder; }
     bool IsWaiting() const { return finder.IsWaiting(); }
     Clock::time_point LastInput() const { return lastInput; }
@@ -38,7 +41,7 @@ public:
 private:
     std::uint64_t number;
     Descriptor line;
-    bool isSocket;
+    std::optional<std::uint32_t> peer;
     FrameFinder finder;
     std::vector<std::uint8_t> unsent;
     Clock::time_point lastInput{};

@@ -4,6 +4,7 @@
 #include "sim/sign/configFile.h"
 #include "sim/sign/signText.h"
 
+#include <algorithm>
 #include <exception>
 #include <system_error>
 
@@ -15,16 +16,30 @@ enum : std::uint8_t
 {
     kRead = 1,
     kWrite = 2,
+    kTest = 3,
     kControl = 4,
+    kTime = 5,
+    kPlay = 6,
     kFiles = 7,
-    kTube = 14
+    kUpdate = 12,
+    kTube = 14,
+    kFh = 17
 };
 enum : std::uint8_t
 {
+    kReset = 0,
     kBlackScreen = 1,
     kEndBlackScreen = 2,
-    kDelete = 6
+    kDelete = 6,
+    kPollUpdate = 13,
+    kColdReset = 20,
+    kResetToDataFlash = 25
 };
+
+constexpr std::uint64_t kRestartMs = 2000;
+// How often a host hears that the update is under way.
+constexpr unsigned kUpdatePolls = 3;
+constexpr std::uint8_t kFullLight = 8;
 
 constexpr const char* kSequencePath = "C:\\SEQUENT.SYS";
 
@@ -65,49 +80,64 @@ VirtualSign::VirtualSign(const SignSettings& wanted)
     : settings(wanted), drives(settings.folder, settings.drives), kept(MakeKeptFolder(settings.folder)), receiver(kept),
       displayStyle(kept / "display-style.bin", InitialDisplayStyle()),
       brightness(kept / "brightness.bin", std::vector<std::uint8_t>(kBrightnessSize, 8)),
-      identity(kept / "identity.bin", InitialIdentity())
+      identity(kept / "identity.bin", InitialIdentity()), tests(settings.width, settings.height),
+      time(settings.localSecondsAtZero), play(drives, kept / "radar.log")
 {
     if (const auto config = drives.FileIn('C', "", "CONFIG.SYS"))
         PrepareConfigFile(*config, {drives.Has('F'), settings.address, settings.port});
 }
 
-std::vector<std::uint8_t> VirtualSign::Answer(std::span<const std::uint8_t> request)
+std::vector<std::uint8_t> VirtualSign::Answer(std::span<const std::uint8_t> request, const Arrival& arrival)
 {
     if (const auto frame = ParseFrame(request))
-        return Answer(*frame);
+        return Answer(*frame, arrival);
     ++counters.malformed;
     return {};
 }
 
-std::vector<std::uint8_t> VirtualSign::Answer(const Frame& request)
+std::vector<std::uint8_t> VirtualSign::Answer(const Frame& request, const Arrival& arrival)
 {
     Reply reply;
     try {
-        reply = Execute(request);
+        reply = Execute(request, arrival);
     } catch (const std::exception&) { // no memory, or a file system that fails where it should not
         reply = Reply::WithCode(Code::kOpenFailed);
     }
     ++counters.answered;
-    if (const auto code = static_cast<Code>(Load16(reply.payload, 0)); reply.status != 0 && code != Code::kProcessOk) {
+    auto code = Code::kOk;
+    if (reply.status != 0 && static_cast<Code>(Load16(reply.payload, 0)) != Code::kProcessOk) {
+        code = static_cast<Code>(Load16(reply.payload, 0));
         ++counters.refused;
         refusals.Add(request.major, request.minor, code);
+    }
+    for (const SignEvents& observer : observers) {
+        if (observer.answered)
+            observer.answered(request, code);
     }
     return BuildReply(request, reply);
 }
 
-Reply VirtualSign::Execute(const Frame& request)
+Reply VirtualSign::Execute(const Frame& request, const Arrival& arrival)
 {
     switch (request.major) {
     case kRead:
         return Read(request);
     case kWrite:
         return Write(request);
+    case kTest:
+        return tests.Execute(request, arrival.nowMs);
     case kControl:
-        if (request.minor == kBlackScreen || request.minor == kEndBlackScreen)
-            return SetBlack(request.minor == kBlackScreen);
-        return Reply::WithCode(Code::kUnknownMinor);
+        return Control(request, arrival.nowMs);
+    case kTime:
+        return time.Execute(request, arrival.nowMs);
+    case kPlay:
+        return play.Execute(request, arrival.nowMs);
     case kFiles:
         return request.minor == kDelete ? Delete(request) : Reply::WithCode(Code::kUnknownMinor);
+    case kUpdate:
+        return PollUpdate(request);
+    case kFh:
+        return control.ExecuteFh(request);
     case kTube: {
         auto& data = tubeData[request.minor];
         data.assign(request.payload.begin(), request.payload.end());
@@ -129,12 +159,74 @@ fs::path VirtualSign::SequenceFile() const
     return drives.Resolve(kSequencePath).value_or(settings.folder / "C" / "SEQUENT.SYS");
 }
 
+bool VirtualSign::IsDark(std::uint64_t nowMs) const
+{
+    return black || !control.IsOn() || nowMs < darkUntilMs;
+}
+
+// The automatic light follows the brightness block, which has a level for each two hours of the sign's day.
+std::uint8_t VirtualSign::Light(std::uint64_t nowMs) const
+{
+    const std::uint8_t level =
+        control.Brightness() != 0 ? control.Brightness() : brightness.Bytes()[time.Clock().At(nowMs).hour / 2];
+    return std::clamp(level, std::uint8_t{1}, kFullLight);
+}
+
+Reply VirtualSign::Control(const Frame& request, std::uint64_t nowMs)
+{
+    switch (request.minor) {
+    case kReset:
+        Restart(nowMs);
+        return Reply::Done();
+    case kColdReset:
+        control.ForgetAll();
+        SetBlack(false);
+        Restart(nowMs);
+        return Reply::Done();
+    case kResetToDataFlash:
+        updatePolls = kUpdatePolls;
+        Restart(nowMs);
+        return Reply::Done();
+    case kBlackScreen:
+    case kEndBlackScreen:
+        return SetBlack(request.minor == kBlackScreen);
+    default:
+        return control.Execute(request);
+    }
+}
+
+// The sign goes on answering while its face is dark: hosts ask for the update while it runs.
+void VirtualSign::Restart(std::uint64_t nowMs)
+{
+    darkUntilMs = nowMs + kRestartMs;
+    tests.Stop();
+    play.ReturnToMainList();
+    for (const SignEvents& observer : observers) {
+        if (observer.restarting)
+            observer.restarting(darkUntilMs);
+    }
+}
+
+Reply VirtualSign::PollUpdate(const Frame& request)
+{
+    if (request.minor != kPollUpdate)
+        return Reply::WithCode(Code::kUnknownMinor);
+    if (!updatePolls)
+        return Reply::WithCode(Code::kNoUpdate);
+    if (*updatePolls == 0) // and stays so: the answer may get lost
+        return Reply::Done();
+    --*updatePolls;
+    return Reply::WithCode(Code::kUpdating);
+}
+
 Reply VirtualSign::SetBlack(bool on)
 {
     const bool changed = black != on;
     black = on;
-    if (changed && events.blackScreenChanged)
-        events.blackScreenChanged(on);
+    for (const SignEvents& observer : observers) {
+        if (changed && observer.blackScreenChanged)
+            observer.blackScreenChanged(on);
+    }
     return Reply::Done();
 }
 

@@ -2,13 +2,18 @@
 
 #include "sim/protocol/frame.h"
 #include "sim/protocol/reply.h"
+#include "sim/sign/arrival.h"
+#include "sim/sign/controlCommands.h"
 #include "sim/sign/drives.h"
 #include "sim/sign/fileLayouts.h"
 #include "sim/sign/fileReceiver.h"
 #include "sim/sign/fileSender.h"
 #include "sim/sign/limits.h"
+#include "sim/sign/playCommands.h"
 #include "sim/sign/refusalLog.h"
 #include "sim/sign/storedRecord.h"
+#include "sim/sign/testCommands.h"
+#include "sim/sign/timeCommands.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -28,18 +33,21 @@ struct SignSettings
     int width = 128;              // of the face, in pixels
     int height = 32;
     std::string drives = "CDEF";
-    std::uint32_t address = 0x7F000001; // for a new CONFIG.SYS: IPv4, first octet in the top byte
-    std::uint16_t port = 9520;          // likewise
+    std::uint32_t address = 0x7F000001;  // for a new CONFIG.SYS: IPv4, first octet in the top byte
+    std::uint16_t port = 9520;           // likewise
+    std::int64_t localSecondsAtZero = 0; // local time, in seconds since 1970, when Arrival::nowMs was 0
 };
 
 // Told after the fact, from inside Answer. Each may be empty; none may call Answer.
 struct SignEvents
 {
-    std::function<void()> sequenceWritten = {};                                  // C:\SEQUENT.SYS was replaced
+    std::function<void()> sequenceWritten = {};                                  // C:\SEQUENT.SYS was replaced or went
     std::function<void(const std::filesystem::path&)> fileWritten = {};          // any file, SEQUENT.SYS included
     std::function<void(std::span<const std::uint8_t, 52>)> displayStyleSet = {}; // a host set the default display style
     std::function<void(bool)> blackScreenChanged = {};                           // true: the face is dark
     std::function<void(std::span<const std::uint8_t>)> urgentMessageReceived = {}; // at most 1024 bytes
+    std::function<void(std::uint64_t)> restarting = {};    // dark up to this time in ms, then it plays anew
+    std::function<void(const Frame&, Code)> answered = {}; // every request, and kOk or what it was refused with
 };
 
 struct SignCounters
@@ -57,7 +65,7 @@ struct FileChecksum
 };
 
 // A sign without its line: answers the bytes of one request with the bytes of the reply. Needs no clock and no socket,
-// keeps its files below SignSettings::folder, and is meant for one thread.
+// keeps its files below SignSettings::folder, and is meant for one thread. Times are the caller's.
 class VirtualSign
 {
 public:
@@ -66,14 +74,29 @@ public:
     explicit VirtualSign(const SignSettings& settings);
 
     // The reply to exactly one request. Empty, which is silence, if the request is malformed.
-    std::vector<std::uint8_t> Answer(std::span<const std::uint8_t> request);
-    std::vector<std::uint8_t> Answer(const Frame& request);
+    std::vector<std::uint8_t> Answer(std::span<const std::uint8_t> request, const Arrival& arrival = {});
+    std::vector<std::uint8_t> Answer(const Frame& request, const Arrival& arrival = {});
 
-    void Observe(SignEvents observer) { events = std::move(observer); }
+    // Adds an observer, which is told as long as the sign lives.
+    void Observe(SignEvents observer) { observers.push_back(std::move(observer)); }
 
     const SignSettings& Settings() const { return settings; }
     const SignCounters& Counters() const { return counters; }
     bool IsBlack() const { return black; }
+
+    // Whether the face is dark at that time, whatever plays: blanked, without power or restarting.
+    bool IsDark(std::uint64_t nowMs) const;
+
+    // Eighths of full light, 1 to 8.
+    std::uint8_t Light(std::uint64_t nowMs) const;
+
+    const ControlCommands& Control() const { return control; }
+    const TestCommands& Tests() const { return tests; }
+    const TimeCommands& Time() const { return time; }
+    const PlayCommands& Play() const { return play; }
+
+    // What plays on the face. Stays attached as long as the sign lives.
+    void Attach(Playback& playback) { play.Attach(playback); }
     std::span<const std::uint8_t, kDisplayStyleSize> DisplayStyle() const;
     std::filesystem::path SequenceFile() const;
 
@@ -88,7 +111,10 @@ public:
     const std::map<std::uint16_t, std::uint8_t>& UpdateStates() const { return updateStates; }
 
 private:
-    Reply Execute(const Frame& request);
+    Reply Execute(const Frame& request, const Arrival& arrival);
+    Reply Control(const Frame& request, std::uint64_t nowMs);
+    Reply PollUpdate(const Frame& request);
+    void Restart(std::uint64_t nowMs);
     Reply Read(const Frame& request);
     Reply ReadFile(const Frame& request, const FileLayout& layout);
     Reply ReadUpdateState(const Frame& request) const;
@@ -117,14 +143,20 @@ private:
     StoredRecord displayStyle;
     StoredRecord brightness;
     StoredRecord identity;
+    ControlCommands control;
+    TestCommands tests;
+    TimeCommands time;
+    PlayCommands play;
     bool black = false;
+    std::uint64_t darkUntilMs = 0;       // of a restart
+    std::optional<unsigned> updatePolls; // that are still refused; nothing if no update was asked for
     std::map<std::uint8_t, std::vector<std::uint8_t>> tubeData;
     std::vector<std::uint8_t> urgentMessage;
     std::map<std::string, FileChecksum> checksums;
     std::map<std::uint16_t, std::uint8_t> updateStates;
     RefusalLog refusals;
     SignCounters counters;
-    SignEvents events;
+    std::vector<SignEvents> observers;
 };
 
 } // namespace vxsim

@@ -104,10 +104,14 @@ void VirtualSign::FileFinished(const std::filesystem::path& file)
 {
     ++counters.filesWritten;
     sender.Forget();
-    if (events.fileWritten)
-        events.fileWritten(file);
-    if (events.sequenceWritten && file == SequenceFile())
-        events.sequenceWritten();
+    if (file == SequenceFile())
+        play.ReturnToMainList();
+    for (const SignEvents& observer : observers) {
+        if (observer.fileWritten)
+            observer.fileWritten(file);
+        if (observer.sequenceWritten && file == SequenceFile())
+            observer.sequenceWritten();
+    }
 }
 
 // Blocks for a board of the sign. The first one begins a new image; there is no last one, so all go straight to the
@@ -137,8 +141,10 @@ Reply VirtualSign::WriteUrgentMessage(const Frame& request)
     if (request.extended.size() > kUrgentLimit)
         return Reply::WithCode(Code::kUrgentTooLong);
     urgentMessage.assign(request.extended.begin(), request.extended.end());
-    if (events.urgentMessageReceived)
-        events.urgentMessageReceived(urgentMessage);
+    for (const SignEvents& observer : observers) {
+        if (observer.urgentMessageReceived)
+            observer.urgentMessageReceived(urgentMessage);
+    }
     return Reply::Done();
 }
 
@@ -148,8 +154,10 @@ Reply VirtualSign::SetDisplayStyle(const Frame& request)
         return Reply::WithCode(Code::kBadLength);
     if (!displayStyle.Set(request.payload))
         return Reply::WithCode(Code::kWriteFailed);
-    if (events.displayStyleSet)
-        events.displayStyleSet(DisplayStyle());
+    for (const SignEvents& observer : observers) {
+        if (observer.displayStyleSet)
+            observer.displayStyleSet(DisplayStyle());
+    }
     return Reply::Done();
 }
 

@@ -129,7 +129,7 @@ protected:
     Bytes Ask(unsigned major, unsigned minor, const Bytes& payload = {}, const Bytes& extended = {},
               std::uint8_t destination = 0)
     {
-        return sign->Answer(MakeRequest(major, minor, payload, extended, ++id, destination));
+        return sign->Answer(MakeRequest(major, minor, payload, extended, ++id, destination), arrival);
     }
 
     // One packet of a file written by path: minor 8 with the narrow record, minor 13 with the wide one.
@@ -157,6 +157,7 @@ protected:
     TemporaryFolder folder;
     vxsim::SignSettings settings;
     std::unique_ptr<vxsim::VirtualSign> sign;
+    vxsim::Arrival arrival; // of what is asked next
     std::uint8_t id = 0;
 };
 

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+
+namespace vxsim {
+
+// When a request came, and from where.
+struct Arrival
+{
+    std::uint64_t nowMs = 0; // of any steady clock
+    std::uint32_t host = 0;  // IPv4 address of the host, first octet in the top byte; 0 for a serial line
+};
+
+} // namespace vxsim

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "sim/face/canvas.h"
+#include "sim/stage/stage.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <ostream>
+
+namespace vxsim {
+
+// Shows the face of a sign: in a terminal, in a PNG file, or both.
+class FacePainter
+{
+public:
+    // `terminal` may be null and `png` empty. Throws std::runtime_error if the PNG cannot be written.
+    FacePainter(Stage& stage, std::ostream* terminal, std::filesystem::path png);
+
+    // Draws the face of this moment, in milliseconds of the clock that requests are timed by, and puts it out where it
+    // has changed.
+    void Paint(std::uint64_t nowMs);
+
+private:
+    void WriteTerminal(const Canvas& face);
+    void WritePng(const Canvas& face, std::uint64_t nowMs);
+
+    Stage& stage;
+    std::ostream* terminal;
+    std::filesystem::path png;
+    std::optional<Canvas> shown;   // in the terminal
+    std::optional<Canvas> written; // to the PNG
+    std::uint64_t writtenMs = 0;
+};
+
+} // namespace vxsim

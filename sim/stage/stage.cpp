@@ -1,0 +1,135 @@
+#include "sim/stage/stage.h"
+
+#include "sim/face/jpeg.h"
+#include "sim/stage/testPictures.h"
+
+#include <algorithm>
+#include <span>
+#include <string_view>
+#include <utility>
+#include <variant>
+
+namespace vxsim {
+namespace {
+
+constexpr std::int64_t kLeapMs = 5000; // of forward and back
+constexpr int kFullLight = 8;
+
+} // namespace
+
+Stage::Stage(VirtualSign& shownSign)
+    : sign(shownSign), player(
+                           sign.Settings().width, sign.Settings().height,
+                           [this](std::string_view path) { return sign.Resolve(path); }, sign.SequenceFile()),
+      face(sign.Settings().width, sign.Settings().height)
+{
+    player.SetDefaults(sign.DisplayStyle());
+    SignEvents events;
+    events.sequenceWritten = [this] { restartAtMs = restartAtMs.value_or(0); };
+    events.displayStyleSet = [this](std::span<const std::uint8_t, kDisplayStyleSize> style) {
+        player.SetDefaults(style);
+    };
+    events.restarting = [this](std::uint64_t untilMs) {
+        player.Stop();
+        restartAtMs = untilMs;
+    };
+    sign.Observe(std::move(events));
+    sign.Attach(*this);
+}
+
+const Canvas& Stage::Draw(std::uint64_t nowMs)
+{
+    KeepUp(nowMs);
+    const TestCommands& tests = sign.Tests();
+    if (sign.IsDark(nowMs)) // the sign plays on in the dark
+        face.Clear();
+    else if (!std::holds_alternative<std::monostate>(tests.Running()))
+        DrawTest(tests.Running(), nowMs - std::min(nowMs, tests.StartedMs()), font, face);
+    else
+        player.Draw(nowMs, face);
+    Dim(sign.Light(nowMs));
+    return face;
+}
+
+void Stage::KeepUp(std::uint64_t nowMs)
+{
+    if (restartAtMs && nowMs >= *restartAtMs) {
+        // The file may have come under a name of another case than the one before.
+        player.SetSequenceFile(sign.SequenceFile());
+        player.Restart(*restartAtMs != 0 ? *restartAtMs : nowMs);
+        restartAtMs.reset();
+    }
+    player.KeepUp(nowMs);
+}
+
+void Stage::Dim(std::uint8_t eighths)
+{
+    if (eighths >= kFullLight)
+        return;
+    const auto dimmed = [eighths](std::uint8_t light) {
+        return static_cast<std::uint8_t>((light * eighths + kFullLight / 2) / kFullLight);
+    };
+    for (int y = 0; y < face.Height(); ++y) {
+        for (int x = 0; x < face.Width(); ++x) {
+            const Rgb colour = face.At(x, y);
+            face.Set(x, y, {dimmed(colour.red), dimmed(colour.green), dimmed(colour.blue)});
+        }
+    }
+}
+
+void Stage::Steer(PlayStep step, std::uint64_t nowMs)
+{
+    KeepUp(nowMs);
+    switch (step) {
+    case PlayStep::kReplayList:
+        return player.Restart(nowMs);
+    case PlayStep::kReplayFile:
+        return player.ReplayFile(nowMs);
+    case PlayStep::kPause:
+        return player.Pause(nowMs);
+    case PlayStep::kContinue:
+        return player.Continue(nowMs);
+    case PlayStep::kNext:
+        return player.PlayNext(nowMs);
+    case PlayStep::kPrevious:
+        return player.PlayPrevious(nowMs);
+    case PlayStep::kForward:
+        return player.Move(kLeapMs, nowMs);
+    case PlayStep::kBack:
+        return player.Move(-kLeapMs, nowMs);
+    case PlayStep::kNextPage:
+        return player.MoveToNextPage(nowMs);
+    }
+}
+
+void Stage::PlayList(const std::filesystem::path& sequence, std::uint64_t nowMs)
+{
+    KeepUp(nowMs);
+    player.SetSequenceFile(sequence);
+    player.Restart(nowMs);
+}
+
+bool Stage::PlayOnce(const std::string& signPath, std::uint64_t nowMs)
+{
+    KeepUp(nowMs);
+    return player.PlayOnce(signPath, nowMs);
+}
+
+std::string Stage::CurrentFile(std::uint64_t nowMs)
+{
+    KeepUp(nowMs);
+    return player.CurrentFile();
+}
+
+std::string Stage::NextFile(std::uint64_t nowMs)
+{
+    KeepUp(nowMs);
+    return player.NextFile();
+}
+
+std::vector<std::uint8_t> Stage::Screenshot(std::uint64_t nowMs)
+{
+    return JpegFace(Draw(nowMs));
+}
+
+} // namespace vxsim

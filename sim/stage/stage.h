@@ -1,0 +1,51 @@
+#pragma once
+
+#include "sim/content/player.h"
+#include "sim/face/canvas.h"
+#include "sim/face/font.h"
+#include "sim/sign/playback.h"
+#include "sim/sign/virtualSign.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vxsim {
+
+// What is to be seen on a sign: the list that plays, and over it tests and darkness, all in the light that is set.
+// Observes the sign and plays for it, so it outlives the last Answer.
+class Stage : public Playback
+{
+public:
+    // Throws std::runtime_error if the font is missing.
+    explicit Stage(VirtualSign& sign);
+
+    // The face at that time, in milliseconds of the clock that requests are timed by. Valid until the next call.
+    const Canvas& Draw(std::uint64_t nowMs);
+
+    // The face as it was drawn last; unlit at first.
+    const Canvas& Face() const { return face; }
+
+    // Passes the turns that are over, for a sign that nobody looks at.
+    void KeepUp(std::uint64_t nowMs);
+
+    void Steer(PlayStep step, std::uint64_t nowMs) override;
+    void PlayList(const std::filesystem::path& sequence, std::uint64_t nowMs) override;
+    bool PlayOnce(const std::string& signPath, std::uint64_t nowMs) override;
+    std::string CurrentFile(std::uint64_t nowMs) override;
+    std::string NextFile(std::uint64_t nowMs) override;
+    std::vector<std::uint8_t> Screenshot(std::uint64_t nowMs) override;
+
+private:
+    void Dim(std::uint8_t eighths);
+
+    VirtualSign& sign;
+    Player player;
+    Font font;
+    Canvas face;
+    std::optional<std::uint64_t> restartAtMs = 0; // when the sign's list plays anew; 0 is at once
+};
+
+} // namespace vxsim

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "sim/face/canvas.h"
+#include "sim/face/font.h"
+#include "sim/sign/testCommands.h"
+
+#include <cstdint>
+
+namespace vxsim {
+
+// Draws what a test shows `elapsedMs` after its start; without a test the face is unlit.
+void DrawTest(const FaceTest& test, std::uint64_t elapsedMs, Font& font, Canvas& face);
+
+} // namespace vxsim
