@@ -50,6 +50,12 @@ constexpr bool IsReplySync(const std::uint8_t* bytes)
     return bytes[0] == kSync && (bytes[1] == kReplySum || bytes[1] == kReplyCrc || bytes[1] == kReplyCrcSecond);
 }
 
+/// The words that a payload of this many bytes takes.
+constexpr std::uint32_t PayloadWords(std::uint32_t length)
+{
+    return (length + 3) / 4;
+}
+
 /// The whole length that a header of 16 bytes declares.
 constexpr std::uint32_t TotalLength(const std::uint8_t* packet)
 {

@@ -72,13 +72,13 @@ CBaseCMD::~CBaseCMD()
 bool CBaseCMD::Fits(std::uint32_t payloadLength, std::uint32_t extendedLength, std::uint32_t room)
 {
     return payloadLength <= kLongestPayload && extendedLength <= kLongestExtended &&
-           header::kSize + (payloadLength + 3) / 4 * 4 + extendedLength <= room;
+           header::kSize + std::size_t{4} * PayloadWords(payloadLength) + extendedLength <= room;
 }
 
 std::uint32_t CBaseCMD::BuildPacket(std::uint8_t* request, std::uint8_t major, std::uint8_t minor, const void* payload,
                                     std::uint32_t payloadLength, const void* extended, std::uint32_t extendedLength)
 {
-    const auto words = static_cast<std::uint8_t>((payloadLength + 3) / 4);
+    const std::uint32_t words = PayloadWords(payloadLength);
     packetId = packetIds::Next();
 
     std::memset(request, 0, kZeroedSize);
@@ -90,11 +90,11 @@ std::uint32_t CBaseCMD::BuildPacket(std::uint8_t* request, std::uint8_t major, s
     Store16(request + header::kPacketId, packetId);
     request[header::kMajor] = major;
     request[header::kMinor] = minor;
-    request[header::kPayloadWords] = words;
+    request[header::kPayloadWords] = static_cast<std::uint8_t>(words);
     if (payloadLength != 0)
         std::memcpy(request + header::kSize, payload, payloadLength);
     if (extendedLength != 0)
-        std::memmove(request + header::kSize + 4u * words, extended, extendedLength);
+        std::memmove(request + header::kSize + std::size_t{4} * words, extended, extendedLength);
 
     const std::uint32_t checksum =
         vxChkSum(request, header::kExtendedLength, TotalLength(request), useCrc != 0 ? kCrcMode : kSumMode);
