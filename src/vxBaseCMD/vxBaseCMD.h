@@ -22,6 +22,8 @@ constexpr std::uint32_t kReplyRoom = kReplySize + kRequestSize;
 /// call (see call.h).
 class CBaseCMD
 {
+    std::array<std::uint8_t, kReplyRoom> buffers; // cleared as far as a packet needs, when it is built or read
+
 public:
     /// Puts the numbers of the thread's record right, for good, makes the channel object (unopened) and calls onOpen.
     CBaseCMD();
@@ -72,19 +74,15 @@ public:
     vxApiState* state = nullptr;
     std::uint8_t useChannel = 0; // 1: through link; 0: through onRead and onWrite
     std::uint8_t useCrc = 0;     // 1: requests carry 0xA3 and the CRC
+    std::uint8_t* const replyBuffer = buffers.data();
+    std::uint8_t* const requestBuffer = buffers.data() + kReplySize;
+    std::uint16_t packetId = 0; // of the request last built
 
 private:
-    std::array<std::uint8_t, kReplyRoom> buffers; // cleared as far as a packet needs, when it is built or read
-
     std::uint32_t Room(const std::uint8_t* reply) const { return reply == replyBuffer ? kReplyRoom : kReplySize; }
     std::uint32_t Read(std::uint8_t* buffer, std::uint32_t capacity, std::uint32_t timeoutMs);
     void Gather(const std::uint8_t* request, std::uint32_t requestLength, std::uint8_t* reply, std::uint32_t capacity,
                 std::uint32_t& got);
-
-public:
-    std::uint8_t* const replyBuffer = buffers.data();
-    std::uint8_t* const requestBuffer = buffers.data() + kReplySize;
-    std::uint16_t packetId = 0; // of the request last built
 };
 
 /// What CheckReply gives for a reply that is no answer. A sign's own status 2 reads the same.
