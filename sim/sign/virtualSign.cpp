@@ -30,7 +30,6 @@ enum : std::uint8_t
     kReset = 0,
     kBlackScreen = 1,
     kEndBlackScreen = 2,
-    kDelete = 6,
     kPollUpdate = 13,
     kColdReset = 20,
     kResetToDataFlash = 25
@@ -81,10 +80,10 @@ VirtualSign::VirtualSign(const SignSettings& wanted)
       displayStyle(kept / "display-style.bin", InitialDisplayStyle()),
       brightness(kept / "brightness.bin", std::vector<std::uint8_t>(kBrightnessSize, 8)),
       identity(kept / "identity.bin", InitialIdentity()), tests(settings.width, settings.height),
-      time(settings.localSecondsAtZero), play(drives, kept / "radar.log")
+      time(settings.localSecondsAtZero), play(drives, kept / "radar.log"),
+      files(drives, [this] { PrepareSystemFiles(); })
 {
-    if (const auto config = drives.FileIn('C', "", "CONFIG.SYS"))
-        PrepareConfigFile(*config, {drives.Has('F'), settings.address, settings.port});
+    PrepareSystemFiles();
 }
 
 std::vector<std::uint8_t> VirtualSign::Answer(std::span<const std::uint8_t> request, const Arrival& arrival)
@@ -133,7 +132,7 @@ Reply VirtualSign::Execute(const Frame& request, const Arrival& arrival)
     case kPlay:
         return play.Execute(request, arrival.nowMs);
     case kFiles:
-        return request.minor == kDelete ? Delete(request) : Reply::WithCode(Code::kUnknownMinor);
+        return Files(request);
     case kUpdate:
         return PollUpdate(request);
     case kFh:
@@ -230,19 +229,31 @@ Reply VirtualSign::SetBlack(bool on)
     return Reply::Done();
 }
 
-Reply VirtualSign::Delete(const Frame& request)
+void VirtualSign::PrepareSystemFiles() const
 {
-    const auto file = drives.Resolve(TextAt(request.payload, 0));
+    if (const auto config = drives.FileIn('C', "", "CONFIG.SYS"))
+        PrepareConfigFile(*config, {drives.Has('F'), settings.address, settings.port});
+}
+
+// Whatever the command does to the list that plays, the face follows.
+Reply VirtualSign::Files(const Frame& request)
+{
     std::error_code error;
-    if (!file)
-        return Reply::WithCode(Code::kDeleteFailed);
-    const fs::file_status status = fs::symlink_status(*file, error);
-    if (!fs::exists(status))
-        return Reply::WithCode(Code::kFileGone);
-    if (fs::is_directory(status) || !fs::remove(*file, error))
-        return Reply::WithCode(Code::kDeleteFailed);
+    const bool hadSequence = fs::exists(SequenceFile(), error);
+    Reply reply = files.Execute(request);
     sender.Forget();
-    return Reply::Done();
+    if (hadSequence != fs::exists(SequenceFile(), error))
+        SequenceChanged();
+    return reply;
+}
+
+void VirtualSign::SequenceChanged()
+{
+    play.ReturnToMainList();
+    for (const SignEvents& observer : observers) {
+        if (observer.sequenceWritten)
+            observer.sequenceWritten();
+    }
 }
 
 // Drive of the file that a record names: system and font files live on C.

@@ -5,6 +5,7 @@
 #include "sim/sign/arrival.h"
 #include "sim/sign/controlCommands.h"
 #include "sim/sign/drives.h"
+#include "sim/sign/fileCommands.h"
 #include "sim/sign/fileLayouts.h"
 #include "sim/sign/fileReceiver.h"
 #include "sim/sign/fileSender.h"
@@ -127,12 +128,14 @@ private:
     Reply WriteUpdateState(const Frame& request);
     Reply SetDisplayStyle(const Frame& request);
     Reply SetBlack(bool on);
-    Reply Delete(const Frame& request);
+    Reply Files(const Frame& request);
 
     char DriveOf(const Frame& request, const FileLayout& layout) const;
     std::optional<std::filesystem::path> Locate(const Frame& request, const FileLayout& layout) const;
     std::filesystem::path FlashFile() const { return kept / "data-flash.bin"; }
     std::string SystemText() const;
+    void PrepareSystemFiles() const;
+    void SequenceChanged();
     void FileFinished(const std::filesystem::path& file);
 
     SignSettings settings;
@@ -147,6 +150,7 @@ private:
     TestCommands tests;
     TimeCommands time;
     PlayCommands play;
+    FileCommands files;
     bool black = false;
     std::uint64_t darkUntilMs = 0;       // of a restart
     std::optional<unsigned> updatePolls; // that are still refused; nothing if no update was asked for

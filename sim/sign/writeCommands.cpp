@@ -104,14 +104,12 @@ void VirtualSign::FileFinished(const std::filesystem::path& file)
 {
     ++counters.filesWritten;
     sender.Forget();
-    if (file == SequenceFile())
-        play.ReturnToMainList();
     for (const SignEvents& observer : observers) {
         if (observer.fileWritten)
             observer.fileWritten(file);
-        if (observer.sequenceWritten && file == SequenceFile())
-            observer.sequenceWritten();
     }
+    if (file == SequenceFile())
+        SequenceChanged();
 }
 
 // Blocks for a board of the sign. The first one begins a new image; there is no last one, so all go straight to the

@@ -1,0 +1,203 @@
+#include "stageFixture.h"
+
+#include <ctime>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace vxsim_tests {
+namespace {
+
+namespace fs = std::filesystem;
+
+class FileSystem : public SignTest
+{
+protected:
+    unsigned On(unsigned minor, const std::string& text) { return CodeOf(Ask(7, minor, Text(text) + Bytes{0})); }
+
+    void Make(const std::string& place, const Bytes& bytes = {1})
+    {
+        fs::create_directories((folder.path / place).parent_path());
+        std::ofstream(folder.path / place, std::ios::binary)
+            .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    }
+
+    // 2024-05-06 07:08:10 local time.
+    void Date(const std::string& place)
+    {
+        std::tm local = {};
+        local.tm_year = 124;
+        local.tm_mon = 4;
+        local.tm_mday = 6;
+        local.tm_hour = 7;
+        local.tm_min = 8;
+        local.tm_sec = 10;
+        local.tm_isdst = -1;
+        const timespec times[2] = {{std::mktime(&local), 0}, {std::mktime(&local), 0}};
+        ::utimensat(AT_FDCWD, (folder.path / place).c_str(), times, 0);
+    }
+
+    bool Has(const std::string& place) const { return fs::exists(folder.path / place); }
+};
+
+TEST_F(FileSystem, FoldersAreMadeAndEntriesRenamedAndMoved)
+{
+    EXPECT_EQ(On(3, "D:\\NEW\\INNER"), 0U);
+    EXPECT_EQ(On(3, "D:\\new"), 0U) << "is there";
+    Make("D/NEW/A B.TXT", Text("ab"));
+    EXPECT_EQ(On(3, "D:\\NEW\\A B.TXT"), 29441U);
+    EXPECT_EQ(On(3, "G:\\X"), 29441U);
+
+    EXPECT_EQ(On(4, "D:\\NEW\\A B.TXT C D.TXT"), 0U) << "blanks in both names";
+    EXPECT_EQ(FileBytes(folder.path / "D/NEW/C D.TXT"), Text("ab"));
+    EXPECT_EQ(On(4, "D:\\NEW\\C D.TXT d:/new/E.TXT"), 0U);
+    EXPECT_EQ(On(4, "D:\\NEW\\E.TXT e.txt"), 0U) << "another case only";
+    EXPECT_TRUE(Has("D/NEW/e.txt"));
+    Make("D/NEW/F.TXT");
+    EXPECT_EQ(On(4, "D:\\NEW\\E.TXT F.TXT"), 29697U) << "is taken";
+    EXPECT_EQ(On(4, "D:\\NEW\\NONE F.TXT"), 29697U);
+    EXPECT_EQ(On(4, "D:\\NEW\\E.TXT D:\\E.TXT"), 29698U);
+    EXPECT_EQ(On(4, "D:\\NEW\\E.TXT .."), 29698U);
+    EXPECT_EQ(On(4, "D:\\NEW\\E.TXT"), 29697U);
+    EXPECT_EQ(On(4, "D: E"), 29697U) << "a drive stays";
+
+    EXPECT_EQ(On(5, "D:\\NEW\\E.TXT E:\\G.TXT"), 0U);
+    EXPECT_EQ(FileBytes(folder.path / "E/G.TXT"), Text("ab"));
+    EXPECT_EQ(On(5, "E:\\G.TXT D:\\NEW"), 0U) << "into a folder";
+    EXPECT_TRUE(Has("D/NEW/G.TXT"));
+    EXPECT_EQ(On(5, "D:\\NEW\\G.TXT D:\\NEW\\F.TXT"), 29953U);
+    EXPECT_EQ(On(5, "D:\\NEW\\G.TXT D:\\NONE\\G.TXT"), 29953U);
+    EXPECT_EQ(On(5, "D:\\NEW D:\\NEW\\INNER"), 29953U) << "into itself";
+    EXPECT_EQ(On(5, "D:\\NEW E:\\NEW"), 0U);
+    EXPECT_TRUE(Has("E/NEW/G.TXT"));
+    EXPECT_EQ(On(14, "E:\\NEW\\G.TXT"), 0U);
+    EXPECT_EQ(On(14, "E:\\NEW"), 0U);
+    EXPECT_EQ(On(14, "E:\\NEW\\NONE"), 32257U);
+}
+
+TEST_F(FileSystem, FormattingEmptiesADriveAndCOnlyWithItsWord)
+{
+    Make("D/T/A.NMG");
+    Make("C/FONT/A.FNT");
+    const Bytes config = FileBytes(folder.path / "C/CONFIG.SYS");
+    EXPECT_EQ(CodeOf(Ask(7, 2, {'D', 0, 0, 0})), 0U);
+    EXPECT_TRUE(fs::is_empty(folder.path / "D"));
+    EXPECT_EQ(CodeOf(Ask(7, 2, {'C', 0, 0, 0})), 29185U);
+    EXPECT_EQ(CodeOf(Ask(7, 2, {'c', 0, 0, 0})), 29185U);
+    EXPECT_EQ(CodeOf(Ask(7, 2, {'G', 0, 0, 0})), 29185U);
+    EXPECT_EQ(CodeOf(Ask(7, 2)), 29185U);
+    EXPECT_TRUE(Has("C/FONT/A.FNT"));
+    Make("C/CONFIG.SYS", {1, 2, 3});
+    EXPECT_EQ(CodeOf(Ask(7, 2, Text("CSYS"))), 0U);
+    EXPECT_FALSE(Has("C/FONT"));
+    EXPECT_EQ(FileBytes(folder.path / "C/CONFIG.SYS"), config);
+}
+
+TEST_F(FileSystem, PlayFilesGoByKindOrAllTogether)
+{
+    const auto fill = [&] {
+        for (const char* place : {"C/T/1", "D/T/2", "D/S/3", "D/P/4", "E/A/5", "D/T/DEEP/6", "D/KEEP"})
+            Make(place);
+    };
+    fill();
+    EXPECT_EQ(CodeOf(Ask(7, 7, {'d', 0, 0, 0})), 0U);
+    EXPECT_TRUE(Has("C/T/1") && !Has("D/T/2") && Has("D/T/DEEP/6") && Has("D/S/3"));
+    EXPECT_EQ(CodeOf(Ask(7, 8, {2, 0, 0, 0})), 0U); // D is the second
+    EXPECT_FALSE(Has("D/S/3"));
+    EXPECT_EQ(CodeOf(Ask(7, 9, {0, 0, 0, 0})), 0U);
+    EXPECT_FALSE(Has("D/P/4"));
+    EXPECT_EQ(CodeOf(Ask(7, 10, {'D', 0, 0, 0})), 0U);
+    EXPECT_TRUE(Has("E/A/5"));
+    EXPECT_EQ(CodeOf(Ask(7, 10, {5, 0, 0, 0})), 30209U);
+    EXPECT_EQ(CodeOf(Ask(7, 10, {'G', 0, 0, 0})), 30209U);
+    fill();
+    Make("C/SEQUENT.SYS");
+    int sequences = 0;
+    sign->Observe({.sequenceWritten = [&] { ++sequences; }});
+    EXPECT_EQ(PayloadOf(Ask(7, 15, {1, 0, 0, 0})), (Bytes{6, 0, 0, 0}));
+    EXPECT_EQ(sequences, 1);
+    EXPECT_TRUE(Has("D/KEEP") && !Has("C/SEQUENT.SYS") && !Has("C/T/1"));
+    EXPECT_EQ(PayloadOf(Ask(7, 15, {0, 0, 0, 0})), Bytes{});
+}
+
+TEST_F(FileSystem, AListingIsMadeOfFatEntries)
+{
+    Make("D/L/zeta.txt", Bytes(300, 1));
+    Make("D/L/A longer name.html", Bytes(2, 1));
+    Make("D/L/A longer tale.html");
+    Make("D/L/NOEXT");
+    Make("D/L/SUB/X");
+    fs::create_symlink("/etc/passwd", folder.path / "D/L/LINK");
+    for (const char* place : {"zeta.txt", "A longer name.html", "A longer tale.html", "NOEXT", "SUB"})
+        Date(std::string("D/L/") + place);
+    const auto entry = [](const char* name, std::uint8_t attribute, std::uint8_t low, std::uint8_t high) {
+        return Text(name) + Bytes{attribute} + Bytes(10, 0) + Bytes{0x05, 0x39, 0xA6, 0x58, 0, 0, low, high, 0, 0};
+    };
+    const Bytes sub = entry("SUB        ", 0x10, 0, 0);
+    const Bytes one = entry("ALONGE~1HTM", 0x20, 2, 0);
+    const Bytes two = entry("ALONGE~2HTM", 0x20, 1, 0);
+    const Bytes three = entry("NOEXT      ", 0x20, 1, 0);
+    const Bytes four = entry("ZETA    TXT", 0x20, 0x2C, 0x01);
+    const Bytes reply = Ask(7, 11, Text("D:\\L") + Bytes{0});
+    EXPECT_EQ(PayloadOf(reply), (Bytes{5, 0, 0, 0}));
+    EXPECT_EQ(ExtendedOf(reply), sub + one + two + three + four);
+    EXPECT_EQ(ExtendedOf(Ask(7, 11, Text("D:\\L\\*.*") + Bytes{0})), sub + one + two + three + four);
+
+    const Bytes part = Ask(7, 12, Bytes{2, 0, 1, 0} + Text("D:\\L\\") + Bytes{0});
+    EXPECT_EQ(PayloadOf(part), (Bytes{5, 0, 0, 0}));
+    EXPECT_EQ(ExtendedOf(part), one + two);
+    EXPECT_EQ(ExtendedOf(Ask(7, 12, Bytes{255, 255, 4, 0} + Text("D:\\L"))), four);
+    EXPECT_EQ(ExtendedOf(Ask(7, 12, Bytes{5, 0, 5, 0} + Text("D:\\L"))), Bytes{});
+    EXPECT_EQ(On(11, "D:\\NONE"), 31489U);
+    EXPECT_EQ(On(11, "D:\\L\\NOEXT"), 31489U);
+
+    for (int i = 0; i < 100; ++i)
+        Make("E/many/" + std::to_string(i));
+    const Bytes many = Ask(7, 12, Bytes{255, 0, 0, 0} + Text("E:\\many"));
+    EXPECT_EQ(PayloadOf(many), (Bytes{100, 0, 0, 0}));
+    EXPECT_EQ(ExtendedOf(many).size(), 40U * 32) << "what one reply holds";
+}
+
+TEST_F(FileSystem, TheLongListingIsAFileOnDriveE)
+{
+    const std::string longName = std::string(200, 'n') + ".txt";
+    Make("D/L/" + longName, Bytes(258, 1));
+    Make("D/L/sub/X");
+    Date("D/L/" + longName);
+    Date("D/L/sub");
+    EXPECT_EQ(On(16, "D:\\L"), 0U);
+    const Bytes tail{0xA6, 0x58, 0x05, 0x39};
+    const Bytes header = Text("LD") + Bytes{16, 0, 2, 0, 0, 0, 0x38, 0x02, 0, 0, 0, 0, 0, 0};
+    const Bytes sub = Text("sub") + Bytes(257, 0) + Bytes{0, 0, 0, 0} + tail + Bytes{0x10} + Bytes(7, 0);
+    const Bytes file = Text(longName) + Bytes(56, 0) + Bytes{2, 1, 0, 0} + tail + Bytes{0x20} + Bytes(7, 0);
+    EXPECT_EQ(FileBytes(folder.path / "E/dlist.dlt"), header + sub + file);
+    EXPECT_EQ(On(16, "D:\\NONE"), 31489U);
+    Restart("CD");
+    EXPECT_EQ(On(16, "D:\\L"), 31489U);
+}
+
+TEST_F(FileSystem, DriveInformationCountsKilobytes)
+{
+    const Bytes record = PayloadOf(Ask(7, 13, {'D', ':', 0, 0}));
+    ASSERT_EQ(record.size(), 20U);
+    const auto word = [&](std::size_t at) {
+        return static_cast<std::uint32_t>(record[at] | record[at + 1] << 8 | record[at + 2] << 16) |
+               static_cast<std::uint32_t>(record[at + 3]) << 24;
+    };
+    const std::uint64_t total = std::min<std::uint64_t>(fs::space(folder.path).capacity / 1024, 0xFFFFFFFF);
+    EXPECT_EQ(word(0), total);
+    EXPECT_LE(word(4), word(0));
+    EXPECT_EQ(word(8), 1024U);
+    EXPECT_EQ(CodeOf(Ask(7, 13, {'G', ':', 0, 0})), 32001U);
+    EXPECT_EQ(CodeOf(Ask(7, 13)), 32001U);
+}
+
+TEST_F(StageTest, AListThatIsDeletedNoLongerPlays)
+{
+    PlayThree();
+    EXPECT_EQ(At(1000), kRed);
+    EXPECT_EQ(CodeOf(Ask(7, 6, Text("C:\\SEQUENT.SYS") + Bytes{0})), 0U);
+    EXPECT_EQ(At(1500), kDark);
+}
+
+} // namespace
+} // namespace vxsim_tests
