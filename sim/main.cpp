@@ -1,6 +1,7 @@
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
 #include "sim/server/server.h"
+#include "sim/sign/commandNames.h"
 #include "sim/sign/virtualSign.h"
 #include "sim/stage/facePainter.h"
 #include "sim/stage/stage.h"
@@ -22,6 +23,8 @@
 #include <string_view>
 #include <sys/signalfd.h>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -29,6 +32,8 @@ namespace fs = std::filesystem;
 
 constexpr int kExitFailure = 1;
 constexpr int kExitUsage = 2;
+constexpr int kPlayMajor = 6;
+constexpr int kPlaySoundFile = 26;
 constexpr int kLargestSide = 2048;
 constexpr std::chrono::milliseconds kFrame{40};
 constexpr std::chrono::milliseconds kUnseenStep{500}; // of a list that plays without a face
@@ -41,6 +46,8 @@ struct Options
     std::string faults;
     std::string face = "none";
     std::string png;
+    std::vector<std::string> logins;
+    bool verbose = false;
     unsigned delay = 0;
     vxsim::ListenSettings listen;
 };
@@ -56,6 +63,7 @@ Examples:
   vxsim --dir mysign --drives CDE           keeps its files in mysign, has no drive F
   vxsim --port 0 --serial                   any free port, and a serial line
   vxsim --face ansi --png face.png          shows the face in the terminal and as a picture
+  vxsim --login admin:1234 --verbose        asks hosts to log in, and tells what they do
   vxsim --delay 200 --fault drop=0.1,noise=4,seed=7)";
 
 // "128x32" as width and height in pixels.
@@ -72,6 +80,39 @@ std::pair<int, int> ParseSize(std::string_view text)
         throw std::invalid_argument("'" + std::string(text) + "' is no size such as 128x32, each side from 1 to " +
                                     std::to_string(kLargestSide));
     return size;
+}
+
+// Each "USER:PASSWORD"; a password may hold colons and may be empty.
+vxsim::Users ParseLogins(const std::vector<std::string>& texts)
+{
+    vxsim::Users users;
+    for (const std::string& text : texts) {
+        const std::size_t colon = text.find(':');
+        const std::string user = text.substr(0, colon);
+        if (colon == std::string::npos || user.empty() || user.size() > vxsim::kLongestUser ||
+            text.size() - colon - 1 > vxsim::kLongestPassword)
+            throw std::invalid_argument("'" + text +
+                                        "' is no login such as USER:PASSWORD, with up to 13 and 6 characters");
+        if (!users.emplace(user, text.substr(colon + 1)).second)
+            throw std::invalid_argument("user '" + user + "' has two passwords");
+    }
+    return users;
+}
+
+// A line for each command, on standard error.
+void ReportCommands(vxsim::VirtualSign& sign)
+{
+    vxsim::SignEvents events;
+    events.answered = [&sign](const vxsim::Frame& request, vxsim::Code code) {
+        std::cerr << vxsim::CommandName(request.major, request.minor) << " (" << int{request.major} << ", "
+                  << int{request.minor} << ')';
+        if (code != vxsim::Code::kOk)
+            std::cerr << " refused, code " << static_cast<int>(code);
+        else if (request.major == kPlayMajor && request.minor == kPlaySoundFile)
+            std::cerr << ' ' << sign.Play().SoundFile();
+        std::cerr << '\n';
+    };
+    sign.Observe(std::move(events));
 }
 
 // The folder of the sign: the one that was asked for, or a fresh one that goes with the program.
@@ -138,15 +179,26 @@ void Announce(const vxsim::Endpoints& endpoints, const fs::path& folder)
 void Serve(const Options& options)
 {
     const auto [width, height] = ParseSize(options.size);
+    const vxsim::Users users = ParseLogins(options.logins);
     const vxsim::ServerSettings serverSettings{std::chrono::milliseconds(options.delay),
                                                options.faults.empty() ? vxsim::FaultSettings{}
                                                                       : vxsim::ParseFaults(options.faults)};
     const vxsim::Descriptor end = CatchEndSignals();
     vxsim::Endpoints endpoints(options.listen);
     const SignFolder folder(options.folder);
-    vxsim::VirtualSign sign(
-        {folder.Path(), width, height, options.drives, endpoints.address, endpoints.port, LocalSecondsAtZero()});
+    vxsim::SignSettings settings;
+    settings.folder = folder.Path();
+    settings.width = width;
+    settings.height = height;
+    settings.drives = options.drives;
+    settings.address = endpoints.address;
+    settings.port = endpoints.port;
+    settings.users = users;
+    settings.localSecondsAtZero = LocalSecondsAtZero();
+    vxsim::VirtualSign sign(settings);
     vxsim::Stage stage(sign);
+    if (options.verbose)
+        ReportCommands(sign);
     vxsim::Server server(endpoints, sign, serverSettings);
     Announce(endpoints, folder.Path());
     std::optional<vxsim::FacePainter> painter;
@@ -177,6 +229,10 @@ int Run(int argc, char** argv)
         ->capture_default_str()
         ->check(CLI::IsMember({"ansi", "none"}));
     app.add_option("--png", options.png, "file for a picture of the face, written when it changes");
+    app.add_option("--login", options.logins, "a user of the sign, USER:PASSWORD; then every host has to log in")
+        ->expected(1)
+        ->take_all();
+    app.add_flag("--verbose", options.verbose, "names each command on standard error");
     app.add_option("--delay", options.delay, "milliseconds from a request to its reply")
         ->capture_default_str()
         ->check(CLI::Range(0U, 60000U));

@@ -21,6 +21,9 @@ enum : std::uint8_t
     kTime = 5,
     kPlay = 6,
     kFiles = 7,
+    kTicker = 8,
+    kOfflineTicker = 9,
+    kLogin = 10,
     kUpdate = 12,
     kTube = 14,
     kFh = 17
@@ -80,7 +83,8 @@ VirtualSign::VirtualSign(const SignSettings& wanted)
       displayStyle(kept / "display-style.bin", InitialDisplayStyle()),
       brightness(kept / "brightness.bin", std::vector<std::uint8_t>(kBrightnessSize, 8)),
       identity(kept / "identity.bin", InitialIdentity()), tests(settings.width, settings.height),
-      time(settings.localSecondsAtZero), play(drives, kept / "radar.log"),
+      time(settings.localSecondsAtZero), play(drives, kept / "radar.log"), ticker(settings.width),
+      login(settings.users, settings.loginHoldMs, settings.address, settings.port),
       files(drives, [this] { PrepareSystemFiles(); })
 {
     PrepareSystemFiles();
@@ -118,6 +122,8 @@ std::vector<std::uint8_t> VirtualSign::Answer(const Frame& request, const Arriva
 
 Reply VirtualSign::Execute(const Frame& request, const Arrival& arrival)
 {
+    if (!login.IsOpen(request, arrival))
+        return Reply::WithCode(Code::kLoginFirst);
     switch (request.major) {
     case kRead:
         return Read(request);
@@ -133,6 +139,12 @@ Reply VirtualSign::Execute(const Frame& request, const Arrival& arrival)
         return play.Execute(request, arrival.nowMs);
     case kFiles:
         return Files(request);
+    case kTicker:
+        return ticker.Execute(request, arrival.nowMs);
+    case kOfflineTicker:
+        return ticker.ExecuteOffline(request, arrival.nowMs);
+    case kLogin:
+        return login.Execute(request, arrival);
     case kUpdate:
         return PollUpdate(request);
     case kFh:
@@ -179,6 +191,7 @@ Reply VirtualSign::Control(const Frame& request, std::uint64_t nowMs)
         return Reply::Done();
     case kColdReset:
         control.ForgetAll();
+        login.LogOut();
         SetBlack(false);
         Restart(nowMs);
         return Reply::Done();
@@ -199,6 +212,7 @@ void VirtualSign::Restart(std::uint64_t nowMs)
 {
     darkUntilMs = nowMs + kRestartMs;
     tests.Stop();
+    ticker.Stop();
     play.ReturnToMainList();
     for (const SignEvents& observer : observers) {
         if (observer.restarting)

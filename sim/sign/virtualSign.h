@@ -10,10 +10,12 @@
 #include "sim/sign/fileReceiver.h"
 #include "sim/sign/fileSender.h"
 #include "sim/sign/limits.h"
+#include "sim/sign/loginCommands.h"
 #include "sim/sign/playCommands.h"
 #include "sim/sign/refusalLog.h"
 #include "sim/sign/storedRecord.h"
 #include "sim/sign/testCommands.h"
+#include "sim/sign/tickerCommands.h"
 #include "sim/sign/timeCommands.h"
 
 #include <cstdint>
@@ -36,6 +38,8 @@ struct SignSettings
     std::string drives = "CDEF";
     std::uint32_t address = 0x7F000001;  // for a new CONFIG.SYS: IPv4, first octet in the top byte
     std::uint16_t port = 9520;           // likewise
+    Users users = {};                    // without any, nobody needs to log in
+    std::uint64_t loginHoldMs = 600000;  // from the last command to the end of a login
     std::int64_t localSecondsAtZero = 0; // local time, in seconds since 1970, when Arrival::nowMs was 0
 };
 
@@ -95,6 +99,10 @@ public:
     const TestCommands& Tests() const { return tests; }
     const TimeCommands& Time() const { return time; }
     const PlayCommands& Play() const { return play; }
+    const TickerCommands& Ticker() const { return ticker; }
+
+    // How wide the texts of the ticker are on this face.
+    void MeasureTickerWith(TickerCommands::Measure measure) { ticker.MeasureWith(std::move(measure)); }
 
     // What plays on the face. Stays attached as long as the sign lives.
     void Attach(Playback& playback) { play.Attach(playback); }
@@ -150,6 +158,8 @@ private:
     TestCommands tests;
     TimeCommands time;
     PlayCommands play;
+    TickerCommands ticker;
+    LoginCommands login;
     FileCommands files;
     bool black = false;
     std::uint64_t darkUntilMs = 0;       // of a restart

@@ -2,6 +2,7 @@
 
 #include "sim/face/jpeg.h"
 #include "sim/stage/testPictures.h"
+#include "sim/stage/tickerPicture.h"
 
 #include <algorithm>
 #include <span>
@@ -35,6 +36,9 @@ Stage::Stage(VirtualSign& shownSign)
     };
     sign.Observe(std::move(events));
     sign.Attach(*this);
+    sign.MeasureTickerWith([this](std::string_view text, const TickerStyle& style) {
+        return TickerWidth(text, style, face.Height(), font);
+    });
 }
 
 const Canvas& Stage::Draw(std::uint64_t nowMs)
@@ -45,6 +49,8 @@ const Canvas& Stage::Draw(std::uint64_t nowMs)
         face.Clear();
     else if (!std::holds_alternative<std::monostate>(tests.Running()))
         DrawTest(tests.Running(), nowMs - std::min(nowMs, tests.StartedMs()), font, face);
+    else if (sign.Ticker().IsRunning(nowMs))
+        DrawTicker(sign.Ticker(), nowMs, font, face);
     else
         player.Draw(nowMs, face);
     Dim(sign.Light(nowMs));

@@ -14,7 +14,7 @@
 
 namespace vxsim {
 
-// What is to be seen on a sign: the list that plays, and over it tests and darkness, all in the light that is set.
+// What is to be seen on a sign: the list that plays, and over it ticker, tests and darkness, all in the light that is set.
 // Observes the sign and plays for it, so it outlives the last Answer.
 class Stage : public Playback
 {

@@ -106,7 +106,7 @@ TEST_F(Records, UnknownCommandsGetTheirCodes)
         EXPECT_EQ(CodeOf(Ask(major, 1)), 36868U) << major;
     const std::vector<std::pair<unsigned, unsigned>> minors{{1, 0},  {1, 21}, {1, 255}, {2, 0},   {2, 20},
                                                             {3, 0},  {3, 50}, {4, 12},  {4, 255}, {5, 2},
-                                                            {6, 13}, {12, 1}, {17, 3}};
+                                                            {6, 13}, {12, 1}, {17, 3}, {8, 0}, {9, 3}, {10, 0}};
     for (const auto& [major, minor] : minors)
         EXPECT_EQ(CodeOf(Ask(major, minor)), 36869U) << major << ' ' << minor;
     for (int i = 0; i < 100; ++i)
@@ -117,7 +117,7 @@ TEST_F(Records, UnknownCommandsGetTheirCodes)
 // Every command with payloads and extended parts of all small sizes: no crash, and always one whole reply.
 TEST_F(Records, AnyCommandTakesAnyBytes)
 {
-    for (const unsigned major : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 12U, 14U, 17U}) {
+    for (const unsigned major : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 10U, 12U, 14U, 17U}) {
         for (unsigned minor = 0; minor < 64; ++minor) {
             for (const std::size_t size : {0UL, 4UL, 8UL, 12UL, 16UL, 20UL, 24UL, 40UL, 256UL, 1020UL}) {
                 for (const unsigned fill : {0x00U, 0x41U, 0xFFU}) {

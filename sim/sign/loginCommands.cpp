@@ -1,0 +1,118 @@
+#include "sim/sign/loginCommands.h"
+
+#include "sim/protocol/bytes.h"
+#include "sim/sign/signText.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vxsim {
+namespace {
+
+constexpr std::uint8_t kMajor = 10;
+enum : std::uint8_t
+{
+    kLogIn = 1,
+    kLogOut = 2,
+    kChangePassword = 3,
+    kServerTable = 48
+};
+
+constexpr std::size_t kPasswordAt = 14;
+constexpr std::size_t kLoginSize = 20;
+constexpr std::size_t kNewPasswordAt = 20;
+constexpr std::size_t kChangeSize = 28;
+constexpr std::size_t kServerRecord = 68;
+constexpr std::size_t kServerPortAt = 64;
+
+std::string FieldAt(const Frame& request, std::size_t at, std::size_t size)
+{
+    return std::string(TextAt(request.payload.first(at + size), at));
+}
+
+} // namespace
+
+LoginCommands::LoginCommands(Users known, std::uint64_t hold, std::uint32_t signAddress, std::uint16_t signPort)
+    : users(std::move(known)), holdMs(hold), address(signAddress), port(signPort)
+{
+}
+
+bool LoginCommands::IsHeld(std::uint64_t nowMs) const
+{
+    return held && nowMs - std::min(nowMs, held->lastMs) < holdMs;
+}
+
+bool LoginCommands::IsOpen(const Frame& request, const Arrival& arrival)
+{
+    if (users.empty() || (request.major == kMajor && request.minor <= kChangePassword))
+        return true;
+    if (!IsHeld(arrival.nowMs) || held->host != arrival.host)
+        return false;
+    held->lastMs = arrival.nowMs;
+    return true;
+}
+
+Reply LoginCommands::Execute(const Frame& request, const Arrival& arrival)
+{
+    switch (request.minor) {
+    case kLogIn:
+        return LogIn(request, arrival);
+    case kLogOut:
+        if (held && held->host == arrival.host)
+            LogOut();
+        return Reply::Done();
+    case kChangePassword:
+        return ChangePassword(request);
+    case kServerTable:
+        return ServerTable();
+    default:
+        return Reply::WithCode(Code::kUnknownMinor);
+    }
+}
+
+// The same user may go on from another host; another user has to wait.
+Reply LoginCommands::LogIn(const Frame& request, const Arrival& arrival)
+{
+    if (request.payload.size() < kLoginSize)
+        return Reply::WithCode(Code::kBadLength);
+    if (users.empty())
+        return Reply::Done();
+    const std::string user = FieldAt(request, 0, kLongestUser);
+    const auto known = users.find(user);
+    if (known == users.end())
+        return Reply::WithCode(Code::kUnknownUser);
+    if (known->second != FieldAt(request, kPasswordAt, kLongestPassword))
+        return Reply::WithCode(Code::kWrongPassword);
+    if (IsHeld(arrival.nowMs) && held->host != arrival.host && held->user != user)
+        return Reply::WithCode(Code::kUsedByOthers);
+    held = Login{user, arrival.host, arrival.nowMs};
+    return Reply::Done();
+}
+
+// The old password stands for the login.
+Reply LoginCommands::ChangePassword(const Frame& request)
+{
+    if (request.payload.size() < kChangeSize)
+        return Reply::WithCode(Code::kBadLength);
+    const auto known = users.find(FieldAt(request, 0, kLongestUser));
+    if (known == users.end())
+        return Reply::WithCode(Code::kNoSuchUser);
+    if (known->second != FieldAt(request, kPasswordAt, kLongestPassword))
+        return Reply::WithCode(Code::kWrongOldPassword);
+    known->second = FieldAt(request, kNewPasswordAt, kLongestPassword);
+    return Reply::Done();
+}
+
+// The one server is the sign itself: its address as text, and its port.
+Reply LoginCommands::ServerTable() const
+{
+    Reply reply{0, {1, 0, 0, 0}, std::vector<std::uint8_t>(kServerRecord)};
+    std::string text;
+    for (int shift = 24; shift >= 0; shift -= 8)
+        text += std::to_string(address >> shift & 0xFF) + (shift > 0 ? "." : "");
+    std::ranges::copy(text, reply.extended.begin());
+    Store32(reply.extended, kServerPortAt, port);
+    return reply;
+}
+
+} // namespace vxsim

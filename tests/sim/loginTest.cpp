@@ -1,0 +1,106 @@
+#include "signFixture.h"
+
+namespace vxsim_tests {
+namespace {
+
+constexpr std::uint32_t kOneHost = 0x0A000001;
+constexpr std::uint32_t kOtherHost = 0x0A000002;
+
+class Login : public SignTest
+{
+protected:
+    Login()
+    {
+        settings.users = {{"admin", "123456"}, {"a user of 13.", ""}};
+        settings.loginHoldMs = 1000;
+        settings.address = 0x0A0000C8;
+        settings.port = 9520;
+        Restart("CDEF");
+    }
+
+    unsigned From(std::uint32_t host, std::uint64_t nowMs, unsigned major, unsigned minor, const Bytes& payload = {})
+    {
+        arrival = {nowMs, host};
+        return CodeOf(Ask(major, minor, payload));
+    }
+
+    static Bytes Field(const char* text, std::size_t size)
+    {
+        Bytes field = Text(text);
+        field.resize(size);
+        return field;
+    }
+
+    unsigned LogIn(std::uint32_t host, std::uint64_t nowMs, const char* user, const char* password)
+    {
+        return From(host, nowMs, 10, 1, Field(user, 14) + Field(password, 6));
+    }
+};
+
+TEST_F(Login, NothingButTheLoginIsAnsweredWithoutOne)
+{
+    for (const unsigned major : {1U, 2U, 3U, 4U, 6U, 7U, 12U, 255U})
+        EXPECT_EQ(From(kOneHost, 0, major, 1), 36912U) << major;
+    EXPECT_EQ(From(kOneHost, 0, 10, 48, Bytes(4, 0)), 36912U);
+    EXPECT_EQ(LogIn(kOneHost, 0, "Admin", "123456"), 36914U);
+    EXPECT_EQ(LogIn(kOneHost, 0, "admin", "12345"), 36913U);
+    EXPECT_EQ(From(kOneHost, 0, 10, 1, Bytes(16, 0)), 36870U);
+    EXPECT_EQ(From(kOneHost, 0, 4, 1), 36912U);
+    EXPECT_FALSE(sign->IsBlack());
+    EXPECT_EQ(LogIn(kOneHost, 0, "admin", "123456"), 0U);
+    EXPECT_EQ(From(kOneHost, 0, 4, 1), 0U);
+    EXPECT_EQ(From(kOtherHost, 0, 4, 1), 36912U);
+    EXPECT_EQ(From(kOtherHost, 0, 10, 2), 0U);
+    EXPECT_EQ(From(kOneHost, 0, 4, 1), 0U) << "nobody logs another host out";
+    EXPECT_EQ(From(kOneHost, 0, 10, 2), 0U);
+    EXPECT_EQ(From(kOneHost, 0, 4, 1), 36912U);
+}
+
+TEST_F(Login, EndsSomeTimeAfterTheLastCommandOrWithAColdReset)
+{
+    EXPECT_EQ(LogIn(kOneHost, 5000, "admin", "123456"), 0U);
+    EXPECT_EQ(From(kOneHost, 5999, 3, 1), 0U);
+    EXPECT_EQ(From(kOneHost, 6998, 3, 1), 0U);
+    EXPECT_EQ(From(kOneHost, 7998, 3, 1), 36912U);
+    EXPECT_EQ(LogIn(kOneHost, 8000, "admin", "123456"), 0U);
+    EXPECT_EQ(From(kOneHost, 8000, 4, 0), 0U);
+    EXPECT_EQ(From(kOneHost, 8000, 4, 20), 0U);
+    EXPECT_EQ(From(kOneHost, 8000, 3, 1), 36912U);
+}
+
+TEST_F(Login, OneUserAtATimeHoldsTheSign)
+{
+    EXPECT_EQ(LogIn(kOneHost, 0, "admin", "123456"), 0U);
+    EXPECT_EQ(LogIn(kOtherHost, 500, "a user of 13.", ""), 36917U);
+    EXPECT_EQ(LogIn(kOtherHost, 500, "admin", "123456"), 0U) << "the same user elsewhere";
+    EXPECT_EQ(From(kOneHost, 600, 3, 1), 36912U);
+    EXPECT_EQ(LogIn(kOneHost, 1500, "a user of 13.", ""), 0U) << "the other login is over";
+    EXPECT_EQ(LogIn(kOneHost, 1500, "admin", "123456"), 0U) << "from the same host";
+}
+
+TEST_F(Login, PasswordsChangeByTheOldOne)
+{
+    const auto change = [&](const char* user, const char* before, const char* after) {
+        return From(kOneHost, 0, 10, 3, Field(user, 14) + Field(before, 6) + Field(after, 8));
+    };
+    EXPECT_EQ(change("nobody", "", "x"), 36918U);
+    EXPECT_EQ(change("admin", "654321", "x"), 36915U);
+    EXPECT_EQ(change("admin", "123456", "abcdef"), 0U);
+    EXPECT_EQ(LogIn(kOneHost, 0, "admin", "123456"), 36913U);
+    EXPECT_EQ(LogIn(kOneHost, 0, "admin", "abcdef"), 0U);
+    const Bytes table = Ask(10, 48, Bytes(4, 0));
+    EXPECT_EQ(PayloadOf(table), (Bytes{1, 0, 0, 0}));
+    EXPECT_EQ(ExtendedOf(table), (Field("10.0.0.200", 64) + Bytes{0x30, 0x25, 0, 0}));
+}
+
+TEST_F(Login, WithoutUsersEverybodyIsIn)
+{
+    settings.users.clear();
+    Restart("CDEF");
+    EXPECT_EQ(From(kOneHost, 0, 4, 1), 0U);
+    EXPECT_EQ(LogIn(kOtherHost, 0, "anyone", "x"), 0U);
+    EXPECT_EQ(From(kOneHost, 0, 4, 2), 0U);
+}
+
+} // namespace
+} // namespace vxsim_tests
