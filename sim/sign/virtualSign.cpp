@@ -64,6 +64,13 @@ std::vector<std::uint8_t> InitialIdentity()
             2,  0,   0,   0,   0,   1,   0,   0,   0,   0,   0,   0,   0, 0, 0, 0};
 }
 
+// Some answers travel as codes.
+bool IsRefusal(Code code)
+{
+    return code != Code::kProcessOk && code != Code::kBuffer3Ready && code != Code::kBuffer1Ready &&
+           code != Code::kBuffer2Ready;
+}
+
 fs::path MakeKeptFolder(const fs::path& folder)
 {
     fs::path kept = folder / "sign";
@@ -108,7 +115,7 @@ std::vector<std::uint8_t> VirtualSign::Answer(const Frame& request, const Arriva
     }
     ++counters.answered;
     auto code = Code::kOk;
-    if (reply.status != 0 && static_cast<Code>(Load16(reply.payload, 0)) != Code::kProcessOk) {
+    if (reply.status != 0 && IsRefusal(static_cast<Code>(Load16(reply.payload, 0)))) {
         code = static_cast<Code>(Load16(reply.payload, 0));
         ++counters.refused;
         refusals.Add(request.major, request.minor, code);

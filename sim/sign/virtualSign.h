@@ -58,7 +58,7 @@ struct SignEvents
 struct SignCounters
 {
     std::uint32_t answered = 0;  // requests, refused ones included
-    std::uint32_t refused = 0;   // answered with a code other than 36864
+    std::uint32_t refused = 0;   // answered with a code that is no answer
     std::uint32_t malformed = 0; // left without an answer
     std::uint32_t filesWritten = 0;
 };

@@ -5,6 +5,7 @@
 #include "sim/stage/tickerPicture.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -14,7 +15,9 @@ namespace vxsim {
 namespace {
 
 constexpr std::int64_t kLeapMs = 5000; // of forward and back
-constexpr int kFullLight = 8;
+// What stands for so many eighths of the full light. Pictures hold their values for the eye, which takes a quarter of
+// the light for half of it, so these are the roots of the eighths.
+constexpr std::array<int, 8> kValues{0, 99, 136, 163, 186, 206, 224, 240};
 
 } // namespace
 
@@ -70,10 +73,10 @@ void Stage::KeepUp(std::uint64_t nowMs)
 
 void Stage::Dim(std::uint8_t eighths)
 {
-    if (eighths >= kFullLight)
+    if (eighths >= kValues.size())
         return;
-    const auto dimmed = [eighths](std::uint8_t light) {
-        return static_cast<std::uint8_t>((light * eighths + kFullLight / 2) / kFullLight);
+    const auto dimmed = [value = kValues[eighths]](std::uint8_t light) {
+        return static_cast<std::uint8_t>((light * value + 127) / 255);
     };
     for (int y = 0; y < face.Height(); ++y) {
         for (int x = 0; x < face.Width(); ++x) {

@@ -14,8 +14,8 @@
 
 namespace vxsim {
 
-// What is to be seen on a sign: the list that plays, and over it ticker, tests and darkness, all in the light that is set.
-// Observes the sign and plays for it, so it outlives the last Answer.
+// What is to be seen on a sign: the list that plays, and over it ticker, tests and darkness, all in the light that is
+// set. Observes the sign and plays for it, so it outlives the last Answer.
 class Stage : public Playback
 {
 public:

@@ -70,7 +70,11 @@ Rgb PatternPixel(std::uint8_t pattern, int x, int y, std::uint64_t elapsedMs, co
         return kBars[static_cast<std::size_t>(x) * kBars.size() / static_cast<std::size_t>(face.Width())];
     case kFrameAndCross: {
         const bool frame = x == 0 || y == 0 || x == right || y == bottom;
-        const bool cross = x == y * right / std::max(bottom, 1) || x == right - y * right / std::max(bottom, 1);
+        const auto isDiagonal = [&](int column) {
+            return column == (y * right + bottom / 2) / std::max(bottom, 1) ||
+                   y == (column * bottom + right / 2) / std::max(right, 1);
+        };
+        const bool cross = isDiagonal(x) || isDiagonal(right - x);
         return lit(frame || cross);
     }
     case kRunningBar: {

@@ -21,27 +21,27 @@ TEST_F(Control, PowerAndBlackScreenDarkenTheFaceWhileTheListPlaysOn)
     EXPECT_EQ(At(5000), kGreen);
 }
 
-TEST_F(Control, BrightnessScalesTheDotsInEighths)
+TEST_F(Control, BrightnessIsEighthsOfTheLight)
 {
     EXPECT_EQ(CodeOf(Ask(3, 11, Bytes{255, 128, 8} + Bytes(13, 0))), 0U);
     EXPECT_EQ(At(0), (vxsim::Rgb{255, 128, 8}));
     EXPECT_EQ(CodeOf(Ask(4, 7, {4, 0, 0, 0})), 0U);
-    EXPECT_EQ(At(0), (vxsim::Rgb{128, 64, 4}));
+    EXPECT_EQ(At(0), (vxsim::Rgb{186, 93, 6}));
     EXPECT_EQ(CodeOf(Ask(4, 7, {1, 8, 0, 0})), 0U);
-    EXPECT_EQ(At(0), (vxsim::Rgb{32, 16, 1}));
+    EXPECT_EQ(At(0), (vxsim::Rgb{99, 50, 3}));
     EXPECT_EQ(CodeOf(Ask(4, 7, {200, 0, 0, 0})), 0U);
     EXPECT_EQ(At(0), (vxsim::Rgb{255, 128, 8}));
     EXPECT_EQ(CodeOf(Ask(4, 21, {2, 8, 0, 0, 0, 0, 0, 0})), 0U);
-    EXPECT_EQ(At(0), (vxsim::Rgb{64, 32, 2}));
+    EXPECT_EQ(At(0), (vxsim::Rgb{136, 68, 4}));
     EXPECT_EQ(CodeOf(Ask(4, 21, {2, 8, 0, 0})), 36870U);
     EXPECT_EQ(CodeOf(Ask(4, 7)), 36870U);
 
     // Automatic: the level of these two hours of the sign's day.
     EXPECT_EQ(CodeOf(Ask(2, 10, {4, 8, 8, 8, 8, 8, 8, 8, 8, 8, 8, 0})), 0U);
     EXPECT_EQ(CodeOf(Ask(4, 7, {0, 0, 0, 0})), 0U);
-    EXPECT_EQ(At(7199999), (vxsim::Rgb{128, 64, 4}));
+    EXPECT_EQ(At(7199999), (vxsim::Rgb{186, 93, 6}));
     EXPECT_EQ(At(7200000), (vxsim::Rgb{255, 128, 8}));
-    EXPECT_EQ(At(86399999), (vxsim::Rgb{32, 16, 1})) << "never quite dark";
+    EXPECT_EQ(At(86399999), (vxsim::Rgb{99, 50, 3})) << "never quite dark";
 }
 
 TEST_F(Control, AResetDarkensTheFaceAndPlaysAnew)
@@ -54,9 +54,9 @@ TEST_F(Control, AResetDarkensTheFaceAndPlaysAnew)
     EXPECT_EQ(At(5000), kDark);
     EXPECT_EQ(CodeOf(AskAt(6000, 6, 7, {1, 0, 0, 0})), 26369U);
     EXPECT_EQ(At(6999), kDark);
-    EXPECT_EQ(At(7000), (vxsim::Rgb{128, 0, 0})) << "the test has ended, the light has stayed";
-    EXPECT_EQ(At(9999), (vxsim::Rgb{128, 0, 0}));
-    EXPECT_EQ(At(10000), (vxsim::Rgb{0, 128, 0}));
+    EXPECT_EQ(At(7000), (vxsim::Rgb{186, 0, 0})) << "the test has ended, the light has stayed";
+    EXPECT_EQ(At(9999), (vxsim::Rgb{186, 0, 0}));
+    EXPECT_EQ(At(10000), (vxsim::Rgb{0, 186, 0}));
 
     Ask(4, 10, {1, 2, 3, 4, 5, 6, 7, 8});
     Ask(4, 3, {1, 0, 0, 0});

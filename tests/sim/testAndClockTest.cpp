@@ -37,7 +37,7 @@ TEST_F(FaceTests, PatternsShowUntilTheyAreStopped)
         {6, "W.W.W.W.\nW.W.W.W.\nW.W.W.W.\nW.W.W.W.\n"},  {7, "WWWWWWWW\n........\nWWWWWWWW\n........\n"},
         {8, "WWWWWWWW\nW......W\nW......W\nWWWWWWWW\n"},  {10, "W.W.W.W.\n.W.W.W.W\nW.W.W.W.\n.W.W.W.W\n"},
         {11, "W.......\n.......W\n......W.\n.....W..\n"}, {12, "WYCGMRB.\nWYCGMRB.\nWYCGMRB.\nWYCGMRB.\n"},
-        {13, "WWWWWWWW\nW.W..W.W\nW..WW..W\nWWWWWWWW\n"},
+        {13, "WWWWWWWW\nW.WWWW.W\nW.WWWW.W\nWWWWWWWW\n"},
     };
     for (const auto& [pattern, drawing] : patterns) {
         EXPECT_EQ(CodeOf(Ask(3, pattern)), 0U);

@@ -66,6 +66,7 @@ TEST_F(Ticker, TextsFollowEachOtherInThreeBuffers)
     EXPECT_EQ(Status(2400), 33537U) << "the first has left the face";
     EXPECT_EQ(Upload(2400, kBlock), 0U);
     EXPECT_EQ(Columns(2800), "....############");
+    EXPECT_EQ(sign->Counters().refused, 5U) << "the ready buffers are answers";
     EXPECT_EQ(CodeOf(AskAt(9000, 4, 0)), 0U);
     EXPECT_EQ(Status(9000), 33541U) << "a reset ends it";
 }
