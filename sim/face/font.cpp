@@ -41,11 +41,11 @@ struct Font::Source
     FT_Face face = nullptr;
 };
 
-void Font::CloseSource::operator()(Source* source) const
+void Font::CloseSource::operator()(Source* closing) const
 {
-    FT_Done_Face(source->face);
-    FT_Done_FreeType(source->library);
-    delete source;
+    FT_Done_Face(closing->face);
+    FT_Done_FreeType(closing->library);
+    delete closing;
 }
 
 std::filesystem::path Font::DefaultPath()

@@ -45,7 +45,7 @@ void DrawTicker(const TickerCommands& ticker, std::uint64_t nowMs, Font& font, C
         std::int64_t x = text.left;
         Page page;
         ForEach(text.text, font, [&](char32_t character, int advance) {
-            if (x > -scale * 2 * kGlyphHeight && x < face.Width())
+            if (x > std::int64_t{-2} * scale * kGlyphHeight && x < face.Width())
                 page.push_back({character, static_cast<int>(x), top, scale, colour});
             x += std::int64_t{advance} * scale;
         });
