@@ -120,6 +120,33 @@ says err "File does not exist!"
 # Control, state and packets.
 expect 0 blank
 expect 0 unblank
+expect 0 power off
+expect 0 power status
+says out "power               off"
+expect 0 power on
+expect 0 power status --json
+member ON on
+for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port"; do
+    expect 0 -s "$url" bright 3
+    expect 0 -s "$url" clock --set "2031-07-09 12:34:00" --json
+    member 2031-07-09T12:34:00 set
+    expect 0 -s "$url" clock --json
+    found=$(sed -n 's/.*"clock":"\([^"]*\)".*/\1/p' "$work/out")
+    case $found in 2031-07-09T12:3[4-6]) ;; *) fail "the clock is $found" ;; esac
+    member 3 weekday
+    expect 0 -s "$url" beacon "01:02 Ff"
+    expect 0 -s "$url" beacon
+    says out "01 02 FF 00 00 00 00 00"
+    expect 0 -s "$url" ping -n 3 --json
+    member 3 answered
+    expect 0 -s "$url" ping -n 2
+    says out "2 sent, 2 answered, min "
+done
+expect 0 beacon 00
+expect 0 clock --set now
+expect 0 reset
+expect 0 reset --flash
+expect 0 reset --cold
 expect 0 info --json
 member OK text
 member "$port" communication port
@@ -138,6 +165,51 @@ expect 0 ports --json
 expect 0 error 0x5100
 says out "Communication Error!"
 
+# Folders and drives, over both channels.
+for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port"; do
+    expect 0 -s "$url" mkdir D:/NEW/SUB
+    cp "$work/logo.bmp" "$work/sign/D/NEW/a name of its own.bmp"
+    TZ=UTC touch -d "2026-11-21 14:05:58" "$work/sign/D/NEW/a name of its own.bmp"
+    expect 0 -s "$url" ls D:/NEW
+    printf 'SUB/\na name of its own.bmp\n' >"$work/wanted"
+    same "$work/wanted" "$work/out"
+    expect 0 -s "$url" ls -l D:/NEW
+    says out "       500  2026-11-21 14:05:58  a name of its own.bmp"
+    expect 0 -s "$url" ls D:/NEW --json
+    member OFF shortNames
+    member 500 entries 1 size
+    member ON entries 0 folder
+    member 2026-11-21T14:05:58 entries 1 changed
+    mv "$work/sign/D/NEW/a name of its own.bmp" "$work/sign/D/NEW/A.BMP"
+    expect 0 -s "$url" mv D:/NEW/A.BMP B.BMP
+    same "$work/logo.bmp" "$work/sign/D/NEW/B.BMP"
+    expect 0 -s "$url" mv D:/NEW/B.BMP d:/new/C.BMP
+    expect 0 -s "$url" mv D:/NEW/C.BMP D:/NEW/SUB/
+    expect 0 -s "$url" mv D:/NEW/SUB/C.BMP E:/D.BMP
+    same "$work/logo.bmp" "$work/sign/E/D.BMP"
+    expect 0 -s "$url" df
+    says out " free of "
+    expect 0 -s "$url" df d E: --json
+    member D drives 0 drive
+    member E drives 1 drive
+    expect 0 -s "$url" format E --yes
+    [ -z "$(ls "$work/sign/E")" ] || fail "format left files"
+done
+expect 1 ls D:/NONE
+expect 1 mkdir Q:/X
+expect 1 mv D:/NONE.BMP A.BMP
+expect 1 mv D:/NONE.BMP E:/A.BMP
+expect 1 df D Q
+says err "(0x7D01)"
+touch "$work/sign/E/KEPT"
+echo no >"$work/answer"
+expect 2 format E <"$work/answer"
+expect 2 format E </dev/null
+[ -e "$work/sign/E/KEPT" ] || fail "format did not wait for its yes"
+echo yes >"$work/answer"
+expect 0 format E <"$work/answer"
+[ ! -e "$work/sign/E/KEPT" ] || fail "format did nothing"
+
 # What the sign or the line refuses, and what the command line does.
 expect 1 get D:/F/NONE.BIN "$work/no/such/folder/file"
 says err "Failed open PC file!"
@@ -149,18 +221,25 @@ says err "20736 (0x5100): Communication Error!"
 says err "--timeout"
 expect 1 -s tcp://127.0.0.1:9 --timeout 50 --retries 1 info --json
 member 20736 result
+expect 1 -s udp://127.0.0.1:9 --timeout 50 ping -n 2 --json
+member 2 sent
+member 0 answered
+member 20736 result
 expect 1 -s serial:/dev/null@9600 blank
 for wrong in "" "frobnicate" "show" "show a b" "blank --timeout 49" "blank --chunk 1281" "blank -s udp://1.2.3:4" \
     "blank -s ftp://127.0.0.1" "raw 1 256" "raw 1 1 --payload 0" "error x" "put $work/none D:/X" "put $work D:/X" \
     "put --system $work/config THIRTEENCHARS" "show --font 200 a" "show --drive D a" "show --colour reddish a" \
-    "picture $work/none" "files" "put --window --system $work/config CONFIG.SYS"; do
+    "picture $work/none" "files" "bright" "bright 256" "power" "power maybe" "reset --cold --flash" "clock --set" \
+    "clock --set noon" "clock --set 2026-02-30T00:00" "beacon 0" "beacon 010203040506070809" "ping -n 0" "ls" "mkdir" "mv D:/A" "format" "format 1" "format DE" "df 1" \
+    "login" "login FOURTEEN-CHARS --password x" "login operator --password sevench" "passwd" "logout now" "put --window --system $work/config CONFIG.SYS"; do
     # shellcheck disable=SC2086 # each case is a list of words
     expect 2 $wrong
     [ -s "$work/err" ] || fail "nothing is said about: vxctl $wrong"
 done
 expect 2 raw 1 1 --extended "$(printf '00%.0s' $(seq 256))"
 expect 0 --help
-for command in show picture files put get rm blank unblank info ports error raw; do
+for command in show picture files put get rm blank unblank info ports error raw bright power reset clock beacon \
+    ping login logout passwd ls mkdir mv format df; do
     expect 0 "$command" --help
     says out "vxctl $command"
 done
@@ -182,6 +261,34 @@ status=$?
 [ "$status" -eq 1 ] || fail "an interrupted transfer ended with $status"
 says err "Operation Abort!"
 [ "$(cat "$work/kept")" = kept ] || fail "an interrupted read touched its target"
+stop "$sign"
+
+# A sign without drive E makes no long listings, and one with users wants a login first.
+mkdir -p "$work/closed/D/T"
+start "$work/closed" --drives CD --login operator:secret --login other:hidden
+export VXSIGN=udp://127.0.0.1:$port
+for number in $(seq 45); do
+    : >"$work/closed/D/T/LONGNAME$number.TXT"
+done
+expect 1 blank
+says err "log"
+expect 1 login nobody --password x
+expect 1 login operator --password wrong
+echo secret >"$work/answer"
+expect 0 login operator <"$work/answer"
+expect 0 blank
+expect 0 ls D:/T
+[ "$(sort -u "$work/out" | wc -l)" -eq 45 ] || fail "not all 45 short names are listed"
+says out "LONGNA~9.TXT"
+expect 0 ls D:/T --json
+member ON shortNames
+expect 0 logout
+expect 1 unblank
+printf 'secret\nnew' >"$work/answer"
+expect 0 passwd operator <"$work/answer"
+expect 1 passwd operator --password secret --new-password x
+expect 0 login operator --password new
+expect 0 logout
 stop "$sign"
 stop "$fast"
 

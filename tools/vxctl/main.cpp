@@ -45,10 +45,15 @@ int Run(int argc, char** argv)
     AddOptions(app, context);
     AddShowCommands(app, context);
     AddFileCommands(app, context);
+    AddFolderCommands(app, context);
+    AddDriveCommands(app, context);
     AddControlCommands(app, context);
+    AddSignCommands(app, context);
+    AddAccessCommands(app, context);
     AddInfoCommands(app, context);
     AddLocalCommands(app, context);
     AddRawCommand(app, context);
+    AddPingCommand(app, context);
 
     AbortOnInterrupt();
     try {

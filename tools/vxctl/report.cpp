@@ -67,6 +67,15 @@ std::string_view AdviceFor(std::uint32_t code)
     return found == std::end(kAdvice) ? std::string_view() : found->text;
 }
 
+std::string Printable(std::string text)
+{
+    const auto isControl = [](char character) {
+        return static_cast<unsigned char>(character) < ' ' || character == 127;
+    };
+    std::replace_if(text.begin(), text.end(), isControl, '?');
+    return text;
+}
+
 void Report::Line(std::string_view text) const
 {
     if (!json)

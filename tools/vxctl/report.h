@@ -12,6 +12,9 @@ namespace vxctl {
 // What to try after a failure with this code; empty when there is nothing to say beyond its text.
 std::string_view AdviceFor(std::uint32_t code);
 
+// The text with a question mark for each control character: names come from signs, and a terminal would obey.
+std::string Printable(std::string text);
+
 class Report
 {
 public:

@@ -1,0 +1,128 @@
+#include "vxctl/answer.h"
+#include "vxctl/command.h"
+#include "vxctl/numbers.h"
+#include "vxctl/progressBar.h"
+#include "vxctl/signPaths.h"
+
+#include <vxsign/filesystem.h>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+namespace vxctl {
+
+namespace {
+
+constexpr const char* kGroup = "Files";
+constexpr const char* kDrives = "CDEFG"; // that a sign may have
+constexpr std::uint32_t kUsualUnit = 1024;
+
+void Format(const Context& context, char drive, bool sure)
+{
+    const std::string name{drive, ':'};
+    if (!sure) {
+        const std::string what = drive == 'C' ? "all its files, those of the sign itself too" : "all its files";
+        const std::string answer =
+            Ask("Format drive " + name + " of " + context.options.url + " and lose " + what + "? Type yes to go on: ",
+                Echo::kOn);
+        if (answer != "yes")
+            throw UsageError("drive " + name + " stays as it is");
+    }
+    context.Connect();
+    Check(vxFormatDrive(drive));
+}
+
+void AddFormat(CLI::App& app, Context& context)
+{
+    CLI::App* const command = AddCommand(
+        app, {kGroup, "format", "Delete all that is on a drive of the sign",
+              R"(Asks first: the answer is the word yes. A large drive may take longer than the usual --timeout.
+
+Examples:
+  vxctl format E
+  vxctl --timeout 60000 --retries 1 format F --yes)"});
+    const auto drive = std::make_shared<std::string>();
+    const auto sure = std::make_shared<bool>(false);
+    command->add_option("DRIVE", *drive, "the letter of the drive")->type_name("LETTER")->required();
+    command->add_flag("--yes", *sure, "do not ask");
+    command->callback([&context, drive, sure] { Format(context, ParseDrive(*drive), *sure); });
+}
+
+// Total and free space in units, then the size of the unit in the bytes behind them; 0 is the usual one.
+struct Space
+{
+    std::uint32_t total = 0;
+    std::uint32_t free = 0;
+    std::array<std::uint8_t, 12> further{};
+
+    std::uint64_t Unit() const
+    {
+        const std::uint32_t unit =
+            further[0] | further[1] << 8U | further[2] << 16U | static_cast<std::uint32_t>(further[3]) << 24U;
+        return unit != 0 ? unit : kUsualUnit;
+    }
+};
+
+Report::Json ShowSpace(const Report& report, char drive, const Space& space)
+{
+    const std::uint64_t total = space.total * space.Unit();
+    const std::uint64_t free = space.free * space.Unit();
+    report.Line(std::string{drive, ':'} + "  " + FormatSize(static_cast<double>(free)) + " free of " +
+                FormatSize(static_cast<double>(total)));
+    return {{"drive", std::string(1, drive)},
+            {"totalBytes", total},
+            {"freeBytes", free},
+            {"further", FormatHex(space.further.data(), space.further.size(), "")}};
+}
+
+// Of all the drives that a sign may have, those that this one lacks are left out.
+void ShowDrives(Context& context, const std::vector<std::string>& names)
+{
+    std::string letters = names.empty() ? kDrives : "";
+    for (const std::string& name : names)
+        letters += ParseDrive(name);
+    context.Connect();
+    Report::Json drives = Report::Json::array();
+    std::uint32_t failure = VX_OK;
+    for (const char drive : letters) {
+        Space space;
+        const std::uint32_t result =
+            vxGetDriveInfo(static_cast<std::uint8_t>(drive), &space.total, &space.free, space.further.data());
+        if (result == VX_OK) {
+            drives.push_back(ShowSpace(context.report, drive, space));
+            continue;
+        }
+        failure = result;
+        if (!names.empty() || result == VX_ABORTED || result == VX_COMMUNICATION)
+            break;
+    }
+    const bool isLineDown = failure == VX_ABORTED || failure == VX_COMMUNICATION;
+    const bool isEnough = names.empty() && !drives.empty() && !isLineDown;
+    context.report.Put("drives", std::move(drives));
+    if (!isEnough)
+        Check(failure);
+}
+
+void AddSpace(CLI::App& app, Context& context)
+{
+    CLI::App* const command = AddCommand(app, {kGroup, "df", "Tell the free space on the sign's drives",
+                                               R"(Without DRIVE those of C to G that the sign has.
+
+Examples:
+  vxctl df
+  vxctl df D E)"});
+    const auto names = std::make_shared<std::vector<std::string>>();
+    command->add_option("DRIVE", *names, "letters of drives")->type_name("LETTER");
+    command->callback([&context, names] { ShowDrives(context, *names); });
+}
+
+} // namespace
+
+void AddDriveCommands(CLI::App& app, Context& context)
+{
+    AddFormat(app, context);
+    AddSpace(app, context);
+}
+
+} // namespace vxctl
