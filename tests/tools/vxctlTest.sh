@@ -165,6 +165,65 @@ expect 0 ports --json
 expect 0 error 0x5100
 says out "Communication Error!"
 
+# Playing, tests and tickers, seen in pictures of the face.
+expect 0 unblank # raw 4 1 has turned the face dark
+expect 0 show --drive E "first"
+cp "$work/sign/E/T/QMSG.Nmg" "$work/a.nmg"
+expect 0 show --drive E "second"
+cp "$work/sign/E/T/QMSG.Nmg" "$work/b.nmg"
+mkdir -p "$work/sign/D/T"
+cp "$work/b.nmg" "$work/sign/D/T/AHEAD.NMG"
+expect 0 files --stay 9999 --drive E "$work/a.nmg" "$work/b.nmg"
+playing() {
+    expect 0 playing
+    says out "playing             $1"
+}
+picture() {
+    expect 0 screenshot "$work/$1.jpeg"
+    [ "$(head -c 3 "$work/$1.jpeg" | od -An -tx1)" = " ff d8 ff" ] || fail "$1 is no JPEG"
+}
+for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port"; do
+    export VXSIGN=$url
+    expect 0 play replay
+    playing 'E:\T\a.nmg'
+    expect 0 play pause
+    expect 0 play next
+    playing 'E:\T\b.nmg'
+    expect 0 play previous
+    playing 'E:\T\a.nmg'
+    expect 0 play continue
+    expect 0 play AHEAD.NMG
+    playing 'D:\T\AHEAD.NMG'
+    expect 0 play e:/t/B.NMG
+    expect 0 playing --json
+    member 'E:\T\B.NMG' playing
+    expect 1 play NONE.NMG
+    expect 0 volume 77
+    expect 0 volume --json
+    member 77 volume
+
+    expect 0 test colour red
+    picture red
+    expect 0 test colour "#FF0000"
+    picture again
+    same "$work/red.jpeg" "$work/again.jpeg"
+    expect 0 test pattern 5
+    picture blue
+    cmp -s "$work/red.jpeg" "$work/blue.jpeg" && fail "red and blue look the same"
+    expect 0 test stop
+    printf 'X%.0s' $(seq 2000) >"$work/news"
+    expect 0 ticker "$work/news" --speed 255 --json
+    member 2000 bytes
+    expect 0 ticker --stop
+done
+export VXSIGN=udp://127.0.0.1:$port
+head -c 20000 "$work/file" >"$work/long"
+expect 1 ticker "$work/long"
+says err "(0x8307)"
+expect 1 screenshot "$work/no/such/folder/face.jpeg"
+expect 1 -s udp://127.0.0.1:9 --timeout 50 --retries 1 screenshot "$work/kept"
+[ "$(cat "$work/kept")" = kept ] || fail "a failed screenshot touched its target"
+
 # Folders and drives, over both channels.
 for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port"; do
     expect 0 -s "$url" mkdir D:/NEW/SUB
@@ -231,7 +290,9 @@ for wrong in "" "frobnicate" "show" "show a b" "blank --timeout 49" "blank --chu
     "put --system $work/config THIRTEENCHARS" "show --font 200 a" "show --drive D a" "show --colour reddish a" \
     "picture $work/none" "files" "bright" "bright 256" "power" "power maybe" "reset --cold --flash" "clock --set" \
     "clock --set noon" "clock --set 2026-02-30T00:00" "beacon 0" "beacon 010203040506070809" "ping -n 0" "ls" "mkdir" "mv D:/A" "format" "format 1" "format DE" "df 1" \
-    "login" "login FOURTEEN-CHARS --password x" "login operator --password sevench" "passwd" "logout now" "put --window --system $work/config CONFIG.SYS"; do
+    "login" "login FOURTEEN-CHARS --password x" "login operator --password sevench" "passwd" "logout now" "play" "play THIRTEENCHARS" \
+    "play D:/A.NMG" "volume 256" "screenshot" "test" "test colour" "test colour 50" "test colour reddish" "test pattern 1" \
+    "test pattern 16" "ticker" "ticker $work/none" "ticker --stop $work/file" "ticker $work/file --colour red" "put --window --system $work/config CONFIG.SYS"; do
     # shellcheck disable=SC2086 # each case is a list of words
     expect 2 $wrong
     [ -s "$work/err" ] || fail "nothing is said about: vxctl $wrong"
@@ -239,7 +300,8 @@ done
 expect 2 raw 1 1 --extended "$(printf '00%.0s' $(seq 256))"
 expect 0 --help
 for command in show picture files put get rm blank unblank info ports error raw bright power reset clock beacon \
-    ping login logout passwd ls mkdir mv format df; do
+    ping login logout passwd ls mkdir mv format df \
+    play playing screenshot volume test ticker; do
     expect 0 "$command" --help
     says out "vxctl $command"
 done

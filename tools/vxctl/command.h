@@ -41,6 +41,8 @@ void AddDriveCommands(CLI::App& app, Context& context);   // format, df
 void AddControlCommands(CLI::App& app, Context& context); // blank, unblank
 void AddSignCommands(CLI::App& app, Context& context);    // bright, power, reset, clock, beacon
 void AddAccessCommands(CLI::App& app, Context& context);  // login, logout, passwd
+void AddPlayCommands(CLI::App& app, Context& context);    // play, playing, screenshot, volume
+void AddTestCommands(CLI::App& app, Context& context);    // test, ticker
 void AddInfoCommands(CLI::App& app, Context& context);    // info
 void AddLocalCommands(CLI::App& app, Context& context);   // ports, error
 void AddRawCommand(CLI::App& app, Context& context);      // raw

@@ -1,4 +1,5 @@
 #include "vxctl/command.h"
+#include "vxctl/localFiles.h"
 #include "vxctl/progressBar.h"
 
 #include <vxsign/filesystem.h>
@@ -81,53 +82,10 @@ void Put(Context& context, const Transfer& put)
     Run(context, put, "put " + put.path, send, put.local);
 }
 
-// Where a file that is read goes while it is on its way: beside its target, so that a read that fails leaves a file
-// that was there before alone. What is no ordinary file, such as a pipe, is written straight.
-class Target
-{
-public:
-    explicit Target(const Transfer& get) : final(get.local), temporary(get.local)
-    {
-        std::error_code error;
-        if (fs::is_directory(final, error)) {
-            final /= get.path.substr(get.path.find_last_of("\\/:") + 1);
-            temporary = final;
-        }
-        const fs::file_status status = fs::status(final, error);
-        if (!fs::exists(status) || fs::is_regular_file(status))
-            temporary += ".part";
-    }
-    ~Target()
-    {
-        std::error_code error;
-        if (temporary != final)
-            fs::remove(temporary, error);
-    }
-    Target(const Target&) = delete;
-    Target& operator=(const Target&) = delete;
-
-    const fs::path& Final() const { return final; }
-    const fs::path& Temporary() const { return temporary; }
-
-    // The read went well.
-    void Keep() const
-    {
-        std::error_code error;
-        if (temporary != final)
-            fs::rename(temporary, final, error);
-        if (error)
-            throw SignFailure(VX_OPEN_FILE);
-    }
-
-private:
-    fs::path final;
-    fs::path temporary;
-};
-
 void Get(Context& context, const Transfer& get)
 {
     CheckSystemName(get);
-    const Target target(get);
+    const LocalTarget target(get.local, get.path.substr(get.path.find_last_of("\\/:") + 1));
     const auto receive = [&get, local = target.Temporary().string()] {
         return get.system ? vxReadSysFile(get.path.c_str(), local.c_str())
                           : vxReadSpecPathFileEx(get.path.c_str(), local.c_str());

@@ -47,9 +47,11 @@ int Run(int argc, char** argv)
     AddFileCommands(app, context);
     AddFolderCommands(app, context);
     AddDriveCommands(app, context);
+    AddPlayCommands(app, context);
     AddControlCommands(app, context);
     AddSignCommands(app, context);
     AddAccessCommands(app, context);
+    AddTestCommands(app, context);
     AddInfoCommands(app, context);
     AddLocalCommands(app, context);
     AddRawCommand(app, context);

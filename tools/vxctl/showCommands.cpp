@@ -1,11 +1,9 @@
 #include "vxctl/command.h"
+#include "vxctl/localFiles.h"
 #include "vxctl/showCodes.h"
 
-#include <vxsign/local.h>
 #include <vxsign/quickshow.h>
 
-#include <array>
-#include <cstdio>
 #include <memory>
 #include <vector>
 
@@ -81,22 +79,6 @@ Examples:
     AddAppearance(*command, *message);
     command->add_flag("--no-play", message->noPlay, "leave the sign's play list as it is");
     command->callback([&context, message] { Show(context, *message); });
-}
-
-std::vector<std::uint8_t> ReadWhole(const std::string& path)
-{
-    std::vector<std::uint8_t> bytes;
-    const std::unique_ptr<FILE, int (*)(FILE*)> file(vxFOpen(path.c_str(), "rb"), std::fclose);
-    if (!file)
-        throw SignFailure(VX_OPEN_FILE);
-    std::array<std::uint8_t, 65536> block{};
-    while (const std::size_t count = std::fread(block.data(), 1, block.size(), file.get()))
-        bytes.insert(bytes.end(), block.data(), block.data() + count);
-    if (std::ferror(file.get()) != 0)
-        throw SignFailure(VX_OPEN_FILE);
-    if (bytes.empty())
-        throw SignFailure(VX_EMPTY_FILE);
-    return bytes;
 }
 
 struct Picture : Appearance

@@ -1,0 +1,36 @@
+// Files on this PC.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace vxctl {
+
+// The whole file. Throws SignFailure for one that cannot be read or is empty.
+std::vector<std::uint8_t> ReadWhole(const std::string& path);
+
+// Where a file that is read goes while it is on its way: beside its target, so that a read that fails leaves a file
+// that was there before alone. What is no ordinary file, such as a pipe, is written straight.
+class LocalTarget
+{
+public:
+    // In a folder the file gets the given name.
+    LocalTarget(const std::string& local, const std::string& nameInFolder);
+    ~LocalTarget();
+    LocalTarget(const LocalTarget&) = delete;
+    LocalTarget& operator=(const LocalTarget&) = delete;
+
+    const std::filesystem::path& Final() const { return final; }
+    const std::filesystem::path& Temporary() const { return temporary; }
+
+    // The read went well. Throws SignFailure when the file cannot take its place.
+    void Keep() const;
+
+private:
+    std::filesystem::path final;
+    std::filesystem::path temporary;
+};
+
+} // namespace vxctl
