@@ -58,8 +58,9 @@ struct Space
 
     std::uint64_t Unit() const
     {
-        const std::uint32_t unit =
-            further[0] | further[1] << 8U | further[2] << 16U | static_cast<std::uint32_t>(further[3]) << 24U;
+        const std::uint32_t unit = further[0] | static_cast<std::uint32_t>(further[1]) << 8U |
+                                   static_cast<std::uint32_t>(further[2]) << 16U |
+                                   static_cast<std::uint32_t>(further[3]) << 24U;
         return unit != 0 ? unit : kUsualUnit;
     }
 };
