@@ -20,6 +20,7 @@
 #include <vxsign/login.h>
 #include <vxsign/mover.h>
 #include <vxsign/play.h>
+#include <vxsign/playlist.h>
 #include <vxsign/properties.h>
 #include <vxsign/quickshow.h>
 #include <vxsign/read.h>

@@ -1,0 +1,24 @@
+#include "playlist.h"
+
+#include <cstdlib>
+
+static_assert(sizeof(SCH) == 18 && offsetof(SCH, b_year) == 2 && offsetof(SCH, e_year) == 10);
+static_assert(sizeof(VXPLAYLIST_FILE_INFO) == 5384);
+static_assert(offsetof(VXPLAYLIST_FILE_INFO, schCount) == 256 && offsetof(VXPLAYLIST_FILE_INFO, Drive) == 258);
+static_assert(offsetof(VXPLAYLIST_FILE_INFO, PicStaySec) == 260 && offsetof(VXPLAYLIST_FILE_INFO, SCH) == 264);
+static_assert(offsetof(VXPLAYLIST_FILE_INFO, pcFileName) == 4872);
+static_assert(sizeof(VXPLAYLIST_ITEM) == 257);
+
+namespace vxsign::playlist {
+
+FilePointer MakeFile()
+{
+    return TakeFile(static_cast<VXPLAYLIST_FILE_INFO*>(std::calloc(1, sizeof(VXPLAYLIST_FILE_INFO))));
+}
+
+FilePointer TakeFile(VXPLAYLIST_FILE_INFO* record)
+{
+    return FilePointer(record, [](VXPLAYLIST_FILE_INFO* taken) { std::free(taken); });
+}
+
+} // namespace vxsign::playlist
