@@ -144,9 +144,6 @@ for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port"; do
 done
 expect 0 beacon 00
 expect 0 clock --set now
-expect 0 reset
-expect 0 reset --flash
-expect 0 reset --cold
 expect 0 info --json
 member OK text
 member "$port" communication port
@@ -223,6 +220,11 @@ says err "(0x8307)"
 expect 1 screenshot "$work/no/such/folder/face.jpeg"
 expect 1 -s udp://127.0.0.1:9 --timeout 50 --retries 1 screenshot "$work/kept"
 [ "$(cat "$work/kept")" = kept ] || fail "a failed screenshot touched its target"
+
+# A sign that starts anew is dark for a while, so this comes after the pictures.
+expect 0 reset
+expect 0 reset --flash
+expect 0 reset --cold
 
 # Folders and drives, over both channels.
 for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port"; do
