@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -19,9 +20,10 @@ public:
     SerialLine& operator=(const SerialLine&) = delete;
     ~SerialLine() { Close(); }
 
-    /// Throws std::system_error when the port cannot be opened or set.
+    /// A port is open once: for others it is in use. Only a call inside a call, which the thread makes while the outer
+    /// one keeps still, shares the outer one's. Throws std::system_error when the port cannot be opened or set.
     void Open(std::string_view name, std::uint32_t baudRate);
-    bool IsOpen() const { return descriptor >= 0; }
+    bool IsOpen() const { return port != nullptr; }
 
     /// Writes all bytes, as far as timeoutMs allows. Returns the bytes written; throws std::system_error.
     std::uint32_t Write(const void* data, std::uint32_t length, std::uint32_t timeoutMs);
@@ -30,10 +32,12 @@ public:
     /// Returns the bytes read; throws std::system_error.
     std::uint32_t Read(void* buffer, std::uint32_t capacity, std::uint32_t timeoutMs, std::uint32_t gapMs);
 
-    void Close();
+    void Close() { port.reset(); }
+
+    class Port;
 
 private:
-    int descriptor = -1;
+    std::shared_ptr<const Port> port;
 };
 
 } // namespace vxsign::platform

@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <fcntl.h>
+#include <future>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <pty.h>
@@ -57,7 +58,8 @@ TEST(Channels, CarryFilesBothWays)
         EXPECT_EQ(folder.Read("down"), content);
         EXPECT_EQ(vxWriteFileOptimize((path + "W").c_str(), file.c_str()), 0u);
         EXPECT_EQ(sign.Read("D/T/FILE" + std::to_string(config.kind) + "W"), content);
-        EXPECT_EQ(vxInitProperty(), 0u) << "a nested call opens a channel of its own";
+        EXPECT_EQ(vxInitProperty(), 0u);
+        EXPECT_EQ(vxGetDirLongFileEx("D:\\T", back.c_str()), 0u) << "a call inside a call has a channel of its own";
     }
 }
 
@@ -226,13 +228,25 @@ TEST_F(Pty, ReadsRawBytesUntilTheLineFallsSilentOrTheBufferIsFull)
 
 TEST_F(Pty, IsForOneProgramAtATime)
 {
-    platform::SerialLine first;
-    platform::SerialLine second;
-    first.Open(path, 9600);
-    EXPECT_THROW(second.Open(path, 9600), std::system_error);
-    first.Close();
-    EXPECT_NO_THROW(second.Open(path, 9600));
-    EXPECT_THROW(first.Open("/nowhere", 9600), std::system_error);
+    platform::SerialLine outer;
+    platform::SerialLine inner;
+    const auto another = [this] {
+        return std::async(std::launch::async, [this] { platform::SerialLine().Open(path, 9600); });
+    };
+    outer.Open(path, 9600);
+    EXPECT_THROW(another().get(), std::system_error);
+
+    // But a call inside a call goes over the line of the outer one.
+    inner.Open(path, 9600);
+    inner.Close();
+    EXPECT_THROW(another().get(), std::system_error);
+    Say("still");
+    char buffer[16] = {};
+    EXPECT_EQ(outer.Read(buffer, 5, 5000, 50), 5u);
+
+    outer.Close();
+    EXPECT_NO_THROW(another().get());
+    EXPECT_THROW(outer.Open("/nowhere", 9600), std::system_error);
 }
 
 TEST_F(Pty, ALineThatTakesNothingEndsInTime)

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <charconv>
 #include <fcntl.h>
+#include <map>
 #include <poll.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
@@ -54,6 +55,38 @@ bool Passing(int error)
 
 } // namespace
 
+/// An open port, closed with its last user.
+class SerialLine::Port
+{
+public:
+    explicit Port(const std::string& device)
+        : descriptor(::open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC))
+    {
+        if (descriptor < 0)
+            Fail("serial port");
+        // The lock holds among those who ask for it, the exclusive mode against all but a superuser.
+        if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+            const int error = errno;
+            ::close(descriptor);
+            errno = error;
+            Fail("serial port in use");
+        }
+        ::ioctl(descriptor, TIOCEXCL);
+    }
+    Port(const Port&) = delete;
+    Port& operator=(const Port&) = delete;
+    ~Port()
+    {
+        ::ioctl(descriptor, TIOCNXCL);
+        ::close(descriptor);
+    }
+
+    int Descriptor() const { return descriptor; }
+
+private:
+    int descriptor;
+};
+
 std::string SerialDevicePath(std::string_view name)
 {
     if (name.starts_with('/'))
@@ -69,19 +102,14 @@ std::string SerialDevicePath(std::string_view name)
 
 void SerialLine::Open(std::string_view name, std::uint32_t baudRate)
 {
+    thread_local std::map<std::string, std::weak_ptr<const Port>> ports; // that this thread has opened
     Close();
-    descriptor = ::open(SerialDevicePath(name).c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
-    if (!IsOpen())
-        Fail("serial port");
-    // The lock holds among those who ask for it, the exclusive mode against all but a superuser.
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
-        const int error = errno;
-        Close();
-        errno = error;
-        Fail("serial port in use");
-    }
-    ::ioctl(descriptor, TIOCEXCL);
-    MakeRaw(descriptor, baudRate);
+    const std::string device = SerialDevicePath(name);
+    auto opened = ports[device].lock();
+    if (opened == nullptr)
+        ports[device] = opened = std::make_shared<const Port>(device);
+    MakeRaw(opened->Descriptor(), baudRate);
+    port = std::move(opened);
 }
 
 std::uint32_t SerialLine::Write(const void* data, std::uint32_t length, std::uint32_t timeoutMs)
@@ -89,12 +117,12 @@ std::uint32_t SerialLine::Write(const void* data, std::uint32_t length, std::uin
     const std::uint64_t start = kSystemClock.monotonicMs();
     std::uint32_t written = 0;
     while (written < length) {
-        const ssize_t count = ::write(descriptor, static_cast<const char*>(data) + written, length - written);
+        const ssize_t count = ::write(port->Descriptor(), static_cast<const char*>(data) + written, length - written);
         if (count > 0)
             written += static_cast<std::uint32_t>(count);
         else if (count < 0 && !Passing(errno))
             Fail("serial write");
-        else if (!WaitReady(descriptor, POLLOUT, Left(start, timeoutMs)))
+        else if (!WaitReady(port->Descriptor(), POLLOUT, Left(start, timeoutMs)))
             break;
     }
     return written;
@@ -106,9 +134,9 @@ std::uint32_t SerialLine::Read(void* buffer, std::uint32_t capacity, std::uint32
     std::uint32_t got = 0;
     while (got < capacity) {
         const std::uint32_t left = Left(start, timeoutMs);
-        if (!WaitReady(descriptor, POLLIN, got == 0 ? left : std::min(left, gapMs)))
+        if (!WaitReady(port->Descriptor(), POLLIN, got == 0 ? left : std::min(left, gapMs)))
             break;
-        const ssize_t count = ::read(descriptor, static_cast<char*>(buffer) + got, capacity - got);
+        const ssize_t count = ::read(port->Descriptor(), static_cast<char*>(buffer) + got, capacity - got);
         if (count > 0)
             got += static_cast<std::uint32_t>(count);
         else if (count == 0) // the other end has gone
@@ -117,15 +145,6 @@ std::uint32_t SerialLine::Read(void* buffer, std::uint32_t capacity, std::uint32
             Fail("serial read");
     }
     return got;
-}
-
-void SerialLine::Close()
-{
-    if (!IsOpen())
-        return;
-    ::ioctl(descriptor, TIOCNXCL);
-    ::close(descriptor);
-    descriptor = -1;
 }
 
 } // namespace vxsign::platform
