@@ -10,15 +10,29 @@ static_assert(offsetof(VXPLAYLIST_FILE_INFO, pcFileName) == 4872);
 static_assert(sizeof(VXPLAYLIST_ITEM) == 257);
 
 namespace vxsign::playlist {
+namespace {
+
+struct Free
+{
+    void operator()(VXPLAYLIST_FILE_INFO* record) const noexcept { std::free(record); }
+};
+using Record = std::unique_ptr<VXPLAYLIST_FILE_INFO, Free>;
+
+} // namespace
 
 FilePointer MakeFile()
 {
-    return TakeFile(static_cast<VXPLAYLIST_FILE_INFO*>(std::calloc(1, sizeof(VXPLAYLIST_FILE_INFO))));
+    Record record(static_cast<VXPLAYLIST_FILE_INFO*>(std::calloc(1, sizeof(VXPLAYLIST_FILE_INFO))));
+    FilePointer file = TakeFile(record.get());
+    static_cast<void>(record.release());
+    return file;
 }
 
 FilePointer TakeFile(VXPLAYLIST_FILE_INFO* record)
 {
-    return FilePointer(record, [](VXPLAYLIST_FILE_INFO* taken) { std::free(taken); });
+    const auto holder = std::make_shared<Record>();
+    holder->reset(record);
+    return {holder, record};
 }
 
 } // namespace vxsign::playlist

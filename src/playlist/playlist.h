@@ -24,7 +24,7 @@ using FilePointer = std::shared_ptr<VXPLAYLIST_FILE_INFO>;
 /// A record of the library's own, cleared; null when memory runs out.
 FilePointer MakeFile();
 
-/// Takes over a caller's record.
+/// Takes over a caller's record. When this throws, the record is still the caller's.
 FilePointer TakeFile(VXPLAYLIST_FILE_INFO* record);
 
 } // namespace vxsign::playlist
