@@ -1,0 +1,127 @@
+// Play lists of PC programs.
+#include "support/playlistTree.h"
+
+#include <gtest/gtest.h>
+
+namespace vxsign::test {
+namespace {
+
+// A directory for the list that is still to be made, and a file elsewhere.
+class PcPlaylist : public testing::Test
+{
+protected:
+    std::string Load(const Bytes& file)
+    {
+        EXPECT_EQ(vxLoadPLSFromPC(WriteBytes(folder, "IN.PL", file).c_str()), 0u);
+        return Describe(list);
+    }
+    const VXPLAYLIST_FILE_INFO& File(std::size_t item, std::size_t child = 0) const
+    {
+        return *list.items[item]->children[child]->children[0];
+    }
+
+    TempFolder folder;
+    vxPlaylistState& list = FreshList(folder.Path("list"));
+    std::string source = folder.Write("source.txt", "contents");
+};
+
+Bytes FlatEntry(std::string_view name)
+{
+    return Hex("44 54 0F 1F 2420 03 04 05 06 01 00 2520 07 08 09 10 00 01 00000000") + Padded(name, 12);
+}
+
+// A file's record up to its schedules; `behind` are bytes 2 and 3.
+Bytes FileRecord(std::string_view path, std::size_t behind, std::uint8_t schedules)
+{
+    const Bytes size{static_cast<std::uint8_t>(behind), static_cast<std::uint8_t>(behind >> 8)};
+    return FromText("FS") + size + Bytes{schedules, 0} + Hex("02 00 54010000 00000000") + Padded(path, 320) +
+           Hex("3412 56 78");
+}
+
+Bytes Source(const std::string& path)
+{
+    return Bytes{static_cast<std::uint8_t>(path.size())} + FromText(path);
+}
+
+TEST_F(PcPlaylist, FlatFormTakesALineForEachFile)
+{
+    const Bytes records = Hex("5351 0400 0200 0000 A1A2A3A4A5A6A7A8") + FlatEntry("A.TXT") + FlatEntry("B.TXT");
+    const std::string loaded = ":0/0/255[:0/0/255[D\\T\\A.TXT 1x1 1/1/1;]]:0/0/0[:0/0/0[D\\T\\B.TXT 1x1 1/1/1;]]";
+    const std::string lines = source + "\r\nno such file";
+    for (const std::string& wrong : {source + "\r\n", std::string(), source, lines + "\r\nx", lines + "\r\n\r\n"}) {
+        EXPECT_EQ(Load(records + FromText(wrong)), loaded);
+        EXPECT_STREQ(File(0).pcFileName, "");
+        EXPECT_FALSE(folder.Has("list/A.TXT"));
+    }
+    for (const std::string& right : {lines, lines + "\r\n", lines + std::string("\0x\r\n", 4)}) {
+        EXPECT_EQ(Load(records + FromText(right)), loaded);
+        EXPECT_EQ(File(0).pcFileName, source);
+        EXPECT_STREQ(File(1).pcFileName, "no such file");
+        EXPECT_EQ(folder.Read("list/A.TXT"), "contents");
+        EXPECT_FALSE(folder.Has("list/B.TXT"));
+        folder.Write("list/A.TXT", "overwritten");
+    }
+    EXPECT_EQ(Load(records + FromText(source + "\r\n" + std::string(600, 'p'))), loaded);
+    EXPECT_EQ(File(1).pcFileName, std::string(511, 'p'));
+}
+
+TEST_F(PcPlaylist, TreeFormBringsPlayTypesSchedulesAndFiles)
+{
+    const Bytes first = Hex("1F 00 2420 03 04 05 06 01 00 2520 07 08 09 10 00 01");
+    const Bytes always = Hex("FF 00 0820 01 01 00 00 01 01 0820 01 01 23 59 01 01");
+    const Bytes sevenSchedules = always + first + first + first + first + first + first;
+    const Bytes tree = Hex("4750 0000 0200 04 00 14000000 00 00 0000") + Padded("GRP", 4) +
+                       Hex("4750 0000 0100 05 00 58000000 01 00 0000") + Padded("SUB!", 72) +
+                       FileRecord("D:\\T\\A.TXT", 126 + 1 + source.size(), 7) + sevenSchedules + Source(source) +
+                       FileRecord("F:\\P\\B.TXT", 18 + 1 + 4 + 3, 1) + always + Source("none") + Bytes(3, 0xEE) +
+                       FileRecord("E:\\Q\\" + std::string(300, 'c'), 1, 0) + Source("");
+    for (const char* const head : {"5351 0600 0200 0000", "0000 0500 0200 0000"}) {
+        EXPECT_EQ(Load(Hex(head) + tree), "GRP:1/4/0[SUB!:2/5/0[D\\T\\A.TXT 5x2 4660/86/120;]"
+                                          "GRP:0/2/0[F\\P\\B.TXT 1x2 4660/86/120;]]"
+                                          ":0/0/1[:0/0/2[E\\Q\\" +
+                                              std::string(251, 'c') + " 1x2 4660/86/120;]]");
+        EXPECT_EQ(folder.Read("list/A.TXT"), "contents");
+        std::filesystem::remove(folder.Path("list/A.TXT"));
+    }
+    EXPECT_EQ(File(0).pcFileName, source);
+    EXPECT_EQ(BytesOf(File(0).SCH, 126), Bytes(sevenSchedules.begin(), sevenSchedules.end() - 18) + Bytes(18));
+    EXPECT_STREQ(File(0, 1).pcFileName, "none");
+    EXPECT_EQ(BytesOf(File(0, 1).SCH, 18), Hex("7F 00 0820 01 01 00 00 01 01 0820 01 01 23 59 01 01"));
+}
+
+TEST_F(PcPlaylist, NamesDoNotLeaveTheDirectory)
+{
+    const auto load = [&](const char* path) {
+        return Load(Hex("5351 0600 0100 0000") + FileRecord(path, 1 + source.size(), 0) + Source(source));
+    };
+    EXPECT_EQ(load("D:\\T\\../up.txt"), ":0/0/0[:0/0/1[D\\T\\../up.txt 1x2 4660/86/120;]]");
+    for (const char* const path : {"D:\\T\\x/../../up.txt", "D:\\T\\..\\up.txt", "D:\\T\\..", "D:\\T\\"})
+        load(path);
+    EXPECT_FALSE(folder.Has("up.txt"));
+    load("D:\\T\\..up.txt"); // two dots, but no step
+    EXPECT_EQ(folder.Read("list/..up.txt"), "contents");
+}
+
+TEST_F(PcPlaylist, WhatIsNoneAndWhatIsDamaged)
+{
+    const Bytes flat = Hex("5351 0400 0100 0000 0000000000000000") + FlatEntry("A.TXT") + FromText("none");
+    const Bytes tree = Hex("5351 0600 0200 0000 4750 0000 0100 04 00 14000000 00 00 0000") + Padded("GRP", 4) +
+                       FileRecord("D:\\T\\A.TXT", 18 + 1 + 4, 1) + Bytes(18) + Source("none") +
+                       FileRecord("D:\\T\\A.TXT", 1 + 4, 0) + Source("none");
+    const std::string loaded = Load(flat);
+    EXPECT_EQ(Load(Hex("5351 0401 0100 0000")), loaded);
+    EXPECT_EQ(Load({}), loaded);
+    EXPECT_EQ(vxLoadPLSFromPC(folder.Path("no such").c_str()), 0u);
+    EXPECT_EQ(vxLoadPLSFromPC(nullptr), 1u);
+    EXPECT_EQ(Describe(list), loaded);
+    for (const Bytes& good : {flat, tree})
+        EachDamage(good, [&](const Bytes& damaged) {
+            list.items.clear();
+            Load(damaged);
+            ASSERT_LE(list.items.size(), damaged.size() / 16 + 2);
+        });
+    EXPECT_EQ(Load(Hex("5351 0600 FFFF 0000")), "");
+}
+
+} // namespace
+} // namespace vxsign::test
