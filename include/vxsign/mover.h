@@ -15,8 +15,10 @@ enum vxMoveMode
 
 /* Moves a file. The local file's name, in upper or lower case, decides how:
  *   MONITOR.GIF       vxCurrentMsg2Gif(path, local), in both modes
- *   PLAYFILE.PLS,     a package of a play list and its files: reading does nothing and returns 0, writing gives
- *   PLAYFILE.PLM      VX_NO_FUNCTION
+ *   PLAYFILE.PLS,     a package of a play list and its files: reading does nothing and returns 0, writing unpacks it
+ *   PLAYFILE.PLM      beside itself, sends the files to drive D and the list made of them, which plays at once. The
+ *                     first failure ends it. progressTotal is the number of all uploads, progressPos of those done.
+ *                     What is no package sends a SEQUENT.SYS that lies beside it.
  *   TRAFFICLIGHT.SYS  the sign's beacon as a file: "LT", number of records (16 bits: 1, or 0 when the beacon could not
  *                     be read), the file's size and 0 (32 bits each), then the 8 bytes of vxGetBeacon. Reading calls
  *                     onProgress once, with 90 percent. A file without "LT" gives VX_FILE_FORMAT.

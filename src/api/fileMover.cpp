@@ -1,5 +1,6 @@
 // A named file in either direction, and the picture of what the sign shows.
 #include "api/threadRecords.h"
+#include "playlist/packages.h"
 #include "util/file.h"
 #include "util/littleEndian.h"
 #include "util/localCall.h"
@@ -89,8 +90,13 @@ std::uint32_t Move(vxApiConfig& config, const char* local, const char* path, boo
     const std::string name = NameOf(local);
     if (name == "MONITOR.GIF")
         return vxCurrentMsg2Gif(path, local);
-    if (name == "PLAYFILE.PLS" || name == "PLAYFILE.PLM")
-        return read ? VX_OK : VX_NO_FUNCTION; // packages go one way only, and there is no play list to take them yet
+    const bool flatPackage = name == "PLAYFILE.PLS";
+    if (flatPackage || name == "PLAYFILE.PLM") {
+        if (read) // packages go one way only
+            return VX_OK;
+        return playlist::SendPackage(config, local,
+                                     flatPackage ? playlist::PackageForm::Flat : playlist::PackageForm::Tree);
+    }
     if (name == "TRAFFICLIGHT.SYS")
         return read ? ReadTrafficLight(config, local) : WriteTrafficLight(local);
     if (name == "CONFIG.SYS")
