@@ -3,6 +3,7 @@
 #include "support/playlistTree.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -62,8 +63,7 @@ TEST(FlatForm, IsRead)
     // The count says three, the file holds two.
     EXPECT_EQ(Load(folder, file), ":0/0/255[:0/0/255[D\\T\\EIGHTCHR.NMG 1x1 0/0/0;]]"
                                   ":0/0/0[:0/0/0[F\\P\\B.BMP 1x1 0/0/0;]]");
-    const SCH& schedule = ThreadPlaylist()->items[0]->children[0]->children[0]->SCH[0];
-    EXPECT_EQ(BytesOf(&schedule, sizeof schedule), Hex(kFirst));
+    EXPECT_EQ(BytesOf(ThreadPlaylist()->items[0]->children[0]->children[0]->SCH, 1), Hex(kFirst));
 
     // Neither a file of another form nor a missing one touches the list.
     for (const char* const head : {"5351 0500 0000 0000", "", "5351 0004 0000 0000"})
@@ -117,7 +117,7 @@ TEST(TreeForm, IsWrittenAndReadBack)
     EXPECT_EQ(Load(folder, written),
               "ABCD:1/7/0[S:2/1/0[D\\P\\A.BMP 1x3 0/0/0;]ABCD:0/0/0[D\\Q\\missing long name.txt 0x0 4660/86/120;]]"
               ":0/0/1[:0/0/2[D\\P\\A.BMP 0x0 0/0/0;]]");
-    EXPECT_EQ(BytesOf(&list.items[0]->children[0]->children[0]->SCH[0], 18), Hex(kFirst));
+    EXPECT_EQ(BytesOf(&list.items[0]->children[0]->children[0]->SCH[0], 1), Hex(kFirst));
 
     // A default child goes out with a mark that is refused on the way back: its group gets an empty child, and the rest
     // is read out of step.
@@ -140,16 +140,16 @@ TEST(TreeForm, NamesAndLengthsThatDoNotFit)
                          Hex("4750 0000 0000 00 00 10000000 01 00 0000"));
     EXPECT_EQ(Load(folder, whole), std::string(1023, 'n') + ":1/0/0[:2/1/0[]]");
 
-    // Records of other lengths than the writer's: without room for a path, and longer than any path.
-    const auto record = [](std::string_view length, const Bytes& rest) {
-        return Hex("5351 0600 0100 0000 4653 0000 0100 02 00") + Hex(length) + Hex("00000000") + rest;
-    };
+    // Records of other lengths than the writer's: a short one, one longer than any path, one beyond the file.
     const Bytes path = Padded("E:\\T\\" + std::string(300, 'p'), 320);
-    EXPECT_EQ(Load(folder, record("1A000000", FromText("D:\\T\\N") + Hex("0100 02 03") + Hex(kFirst))),
-              ":0/0/0[:0/0/1[D\\T\\N 1x2 1/2/3;]]");
-    EXPECT_EQ(Load(folder, record("10040000", path + Bytes(1000) + Hex(kFirst))),
-              ":0/0/0[:0/0/1[E\\T\\" + std::string(255, 'p') + " 1x2 0/0/0;]]");
-    EXPECT_EQ(Load(folder, record("FFFFFFFF", path)), ":0/0/0[:0/0/1[E\\T\\" + std::string(255, 'p') + " 0x2 0/0/0;]]");
+    const std::string cut = ":0/0/0[:0/0/1[E\\T\\" + std::string(255, 'p');
+    const std::tuple<const char*, Bytes, std::string> rows[] = {
+        {"1A000000", FromText("D:\\T\\N") + Hex("0100 02 03") + Hex(kFirst), ":0/0/0[:0/0/1[D\\T\\N 1x2 1/2/3;]]"},
+        {"10040000", path + Bytes(1000) + Hex(kFirst), cut + " 1x2 0/0/0;]]"},
+        {"FFFFFFFF", path, cut + " 0x2 0/0/0;]]"}};
+    for (const auto& [length, rest, loaded] : rows)
+        EXPECT_EQ(Load(folder, Hex("5351 0600 0100 0000 4653 0000 0100 02 00") + Hex(length) + Bytes(4) + rest),
+                  loaded);
 }
 
 TEST(TreeForm, CountsSchedulesThatRestrict)
@@ -165,7 +165,7 @@ TEST(TreeForm, CountsSchedulesThatRestrict)
                        Bytes(4) + always + Hex(kFirst) + noDate + noTime + everyDay;
     EXPECT_EQ(Load(folder, file), ":0/0/0[:0/0/1[D\\T\\N 4x1 0/0/0;]]");
     const VXPLAYLIST_FILE_INFO& info = *ThreadPlaylist()->items[0]->children[0]->children[0];
-    EXPECT_EQ(BytesOf(info.SCH, 36), always + Hex(kFirst)) << "the one that does not count keeps its place";
+    EXPECT_EQ(BytesOf(info.SCH, 2), always + Hex(kFirst)) << "the one that does not count keeps its place";
     // A sub-group passes over what is no file, which uses up one of its count.
     const Bytes one = Hex("4653 0000 0000 01 00 1A000000 00000000") + FromText("D:\\T\\N") + Bytes(4);
     EXPECT_EQ(Load(folder, Hex("5351 0600 0100 0000 4750 0000 0200 00 00 10000000 00 00 0000") +

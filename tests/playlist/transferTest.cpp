@@ -30,9 +30,9 @@ protected:
 
     void AddPictures()
     {
-        for (const char* const name : {"A", "B"}) {
-            local.Write(std::string(name) + ".BMP", std::string("BM") + name);
-            AddTopFile(list, std::string(name) + ".BMP");
+        for (const std::string& name : {std::string("A"), std::string("B")}) {
+            local.Write(name + ".BMP", "BM" + name);
+            AddTopFile(list, name + ".BMP");
         }
     }
 
@@ -42,13 +42,11 @@ protected:
         Paths paths;
         for (const Packet& request : line.requests) {
             const Bytes payload = request.Payload();
-            const auto text = [&](std::size_t at) {
-                return std::string(reinterpret_cast<const char*>(payload.data()) + at);
-            };
+            const char* const text = reinterpret_cast<const char*>(payload.data());
             if (request.Major() == 2 && request.Minor() == 13 && payload.at(10) == 1)
-                paths.push_back("<" + text(14));
+                paths.push_back(std::string("<") + (text + 14));
             if (request.Major() == 1 && request.Minor() == 17 && payload.at(4) == 1)
-                paths.push_back(">" + text(8));
+                paths.push_back(std::string(">") + (text + 8));
         }
         line.requests.clear();
         return paths;

@@ -66,10 +66,10 @@ inline std::string Describe(const vxPlaylistState& list)
     return text.str();
 }
 
-inline Bytes BytesOf(const void* data, std::size_t size)
+inline Bytes BytesOf(const SCH* schedules, std::size_t count)
 {
-    const auto* const begin = static_cast<const std::uint8_t*>(data);
-    return {begin, begin + size};
+    const auto* const begin = reinterpret_cast<const std::uint8_t*>(schedules);
+    return {begin, begin + count * sizeof(SCH)};
 }
 
 /// A text in a field of `size` bytes.
