@@ -34,6 +34,18 @@ void WipeLeft(const Canvas& from, const Canvas& to, double progress, Canvas& fac
     Choose(from, to, face, [=](int x, int) { return x >= edge; });
 }
 
+void WipeUp(const Canvas& from, const Canvas& to, double progress, Canvas& face)
+{
+    const int edge = face.Height() - Covered(face.Height(), progress);
+    Choose(from, to, face, [=](int, int y) { return y >= edge; });
+}
+
+void WipeDown(const Canvas& from, const Canvas& to, double progress, Canvas& face)
+{
+    const int edge = Covered(face.Height(), progress);
+    Choose(from, to, face, [=](int, int y) { return y < edge; });
+}
+
 void OpenFromMiddle(const Canvas& from, const Canvas& to, double progress, Canvas& face)
 {
     const int open = Covered(face.Width(), progress);
@@ -95,7 +107,8 @@ constexpr Mode kModes[] = {
     {'2', 600, "wipe left", WipeLeft},        {'3', 1200, "scroll left", ScrollLeft},
     {'4', 1200, "scroll right", ScrollRight}, {'5', 800, "scroll up", ScrollUp},
     {'6', 800, "scroll down", ScrollDown},    {'7', 600, "open from the middle", OpenFromMiddle},
-    {'8', 800, "dissolve", Dissolve},
+    {'8', 800, "dissolve", Dissolve},         {'9', 600, "wipe up", WipeUp},
+    {'A', 600, "wipe down", WipeDown},
 };
 
 } // namespace

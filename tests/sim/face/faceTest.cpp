@@ -131,7 +131,8 @@ TEST(Modes, ShowTheirStateHalfway)
         {'1', {{10, 11, 0, 0}, {20, 21, 0, 0}}}, {'2', {{0, 0, 12, 13}, {0, 0, 22, 23}}},
         {'3', {{0, 0, 10, 11}, {0, 0, 20, 21}}}, {'4', {{12, 13, 0, 0}, {22, 23, 0, 0}}},
         {'5', {{0, 0, 0, 0}, {10, 11, 12, 13}}}, {'6', {{20, 21, 22, 23}, {0, 0, 0, 0}}},
-        {'7', {{0, 11, 12, 0}, {0, 21, 22, 0}}},
+        {'7', {{0, 11, 12, 0}, {0, 21, 22, 0}}}, {'9', {{0, 0, 0, 0}, {20, 21, 22, 23}}},
+        {'A', {{10, 11, 12, 13}, {0, 0, 0, 0}}},
     };
     for (const auto& row : rows) {
         Canvas face(4, 2);
@@ -151,7 +152,7 @@ TEST(Modes, AllBeginWithTheOldAndEndWithTheNewPicture)
     Canvas to(9, 5);
     for (int i = 0; i < 45; ++i)
         (i % 2 == 0 ? from : to).Set(i % 9, i / 9, kRed);
-    for (char code = '1'; code <= '8'; ++code) {
+    for (const char code : std::string("123456789A")) {
         Canvas face(9, 5);
         const Mode& mode = ModeOfCode(static_cast<std::uint8_t>(code));
         mode.draw(from, to, 0.0, face);
@@ -159,7 +160,7 @@ TEST(Modes, AllBeginWithTheOldAndEndWithTheNewPicture)
         mode.draw(from, to, 1.0, face);
         EXPECT_EQ(face, to) << mode.name;
     }
-    for (const int unknown : {0, int{'/'}, int{'9'}, 255})
+    for (const int unknown : {0, int{'/'}, int{'B'}, 255})
         EXPECT_EQ(ModeOfCode(static_cast<std::uint8_t>(unknown)).draw, nullptr);
 }
 
