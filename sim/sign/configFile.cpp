@@ -17,6 +17,8 @@ constexpr std::size_t kSecondSetting = 33;
 constexpr std::size_t kAddress = 36;
 constexpr std::size_t kSecondAddress = 136;
 constexpr std::size_t kThirdAddress = 140;
+constexpr std::size_t kTreeLists = 152;
+constexpr std::uint32_t kTreeListsBit = 1U << 27; // the sign plays lists with groups
 constexpr std::size_t kPort = 186;
 constexpr std::uint32_t kClassCMask = 0xFFFFFF00;
 
@@ -33,6 +35,7 @@ void PrepareConfigFile(const std::filesystem::path& file, const ConfigDefaults& 
         Store32(config, kAddress, defaults.address);
         Store32(config, kSecondAddress, kClassCMask);
         Store32(config, kThirdAddress, (defaults.address & kClassCMask) | 1U);
+        Store32(config, kTreeLists, kTreeListsBit);
         Store16(config, kPort, defaults.port);
     }
     const bool marked = Load16(config, kDriveF) != 0;

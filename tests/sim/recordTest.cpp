@@ -35,6 +35,7 @@ TEST_F(Records, ConfigurationTellsAddressPortAndDriveF)
     ASSERT_GE(config.size(), 300U);
     EXPECT_EQ(config[16], 1);
     EXPECT_EQ(Bytes(config.begin() + 36, config.begin() + 40), (Bytes{1, 0, 0, 127}));
+    EXPECT_EQ(Bytes(config.begin() + 152, config.begin() + 156), (Bytes{0, 0, 0, 8})) << "plays lists with groups";
     EXPECT_EQ(Bytes(config.begin() + 186, config.begin() + 188), (Bytes{0x30, 0x25}));
     // What a host has set stays, but the drives are as they are.
     config[36] = 77;
