@@ -10,7 +10,7 @@ namespace {
 
 // Larger files are passed over unread.
 constexpr std::uintmax_t kMostContentBytes = std::uintmax_t{64} * 1024 * 1024;
-constexpr std::uintmax_t kMostSequenceBytes = std::uintmax_t{8} * 1024 * 1024;
+constexpr std::uintmax_t kMostSequenceBytes = std::uintmax_t{32} * 1024 * 1024;
 
 // Files tried at one look at the clock, so that a long list of broken files doesn't hold up the sign.
 constexpr int kMostTries = 16;
@@ -49,10 +49,11 @@ std::vector<std::uint8_t> ReadFile(const std::filesystem::path& path, std::uintm
 
 } // namespace
 
-Player::Player(int faceWidth, int faceHeight, PathResolver resolver, std::filesystem::path sequence)
+Player::Player(int faceWidth, int faceHeight, PathResolver resolver, std::filesystem::path sequence,
+               MomentClock signClock)
     : width(std::clamp(faceWidth, 1, Canvas::kMostPixelsPerSide)),
       height(std::clamp(faceHeight, 1, Canvas::kMostPixelsPerSide)), resolve(std::move(resolver)),
-      sequenceFile(std::move(sequence))
+      sequenceFile(std::move(sequence)), clock(std::move(signClock))
 {
 }
 
@@ -72,12 +73,16 @@ void Player::SetDefaults(std::span<const std::uint8_t, 52> displayStyle)
 
 void Player::Restart(std::uint64_t nowMs)
 {
-    const std::optional<Sequence> sequence = ParseSequence(ReadFile(sequenceFile, kMostSequenceBytes));
-    files = sequence ? FilesInOrder(*sequence) : std::vector<FileEntry>();
-    next = 0;
+    Play(ParseSequence(ReadFile(sequenceFile, kMostSequenceBytes)).value_or(Sequence{}), nowMs);
+}
+
+void Player::Play(Sequence sequence, std::uint64_t nowMs)
+{
+    Clear();
+    order = PlayOrder(std::move(sequence));
+    next = order.Size(); // the second round, so that there is one to go back to
     misses = 0;
-    show.reset();
-    currentFile.clear();
+    resting = false;
     pausedAtMs.reset();
     lagMs = 0;
     startMs = nowMs;
@@ -86,9 +91,8 @@ void Player::Restart(std::uint64_t nowMs)
 
 void Player::Stop()
 {
-    files.clear();
-    show.reset();
-    currentFile.clear();
+    Clear();
+    order = {};
 }
 
 void Player::Pause(std::uint64_t nowMs)
@@ -107,9 +111,9 @@ void Player::Continue(std::uint64_t nowMs)
 void Player::PlayNext(std::uint64_t nowMs)
 {
     Continue(nowMs);
-    if (files.empty())
+    if (order.Size() == 0)
         return;
-    show.reset();
+    Clear();
     startMs = PlayMs(nowMs);
     Advance(startMs);
 }
@@ -118,12 +122,19 @@ void Player::PlayNext(std::uint64_t nowMs)
 void Player::PlayPrevious(std::uint64_t nowMs)
 {
     Continue(nowMs);
-    const std::size_t count = files.size();
-    for (std::size_t back = 2; back < count + 2 && back < kMostTries; ++back) {
-        const std::size_t index = (next + 2 * count - back) % count;
-        if (auto loaded = Load(files[index])) {
-            Begin(std::move(*loaded), files[index].path, PlayMs(nowMs));
-            next = (index + 1) % count;
+    const std::uint64_t now = PlayMs(nowMs);
+    const std::uint64_t count = order.Size();
+    // So far back there is no earlier round: this one is taken for a later one.
+    const std::uint64_t from = next <= count ? next + count : next;
+    int tries = 0;
+    for (std::uint64_t back = 2; back < count + 2 && tries < kMostTries; ++back) {
+        const FileEntry& file = order.At(from - back);
+        if (!IsDue(file, now))
+            continue;
+        ++tries;
+        if (auto loaded = Load(file)) {
+            Begin(std::move(*loaded), file, now);
+            next = from - back + 1;
             return;
         }
     }
@@ -144,7 +155,7 @@ bool Player::PlayOnce(const std::string& signPath, std::uint64_t nowMs)
     if (!loaded)
         return false;
     Continue(nowMs);
-    Begin(std::move(*loaded), signPath, PlayMs(nowMs));
+    Begin(std::move(*loaded), file, PlayMs(nowMs));
     return true;
 }
 
@@ -163,8 +174,8 @@ void Player::MoveToNextPage(std::uint64_t nowMs)
     const std::uint64_t now = PlayMs(nowMs);
     if (!show)
         return;
-    const std::uint64_t elapsed = now - std::min(now, startMs);
-    Move(static_cast<std::int64_t>(show->NextPageMs(elapsed) - elapsed), nowMs);
+    const std::uint64_t inPlay = (now - std::min(now, startMs)) % show->DurationMs();
+    Move(static_cast<std::int64_t>(show->NextPageMs(inPlay) - inPlay), nowMs);
 }
 
 void Player::Draw(std::uint64_t nowMs, Canvas& face)
@@ -172,21 +183,33 @@ void Player::Draw(std::uint64_t nowMs, Canvas& face)
     const std::uint64_t now = PlayMs(nowMs);
     Advance(now);
     if (show)
-        show->Draw(now - std::min(now, startMs), font, face);
+        show->Draw((now - std::min(now, startMs)) % show->DurationMs(), font, face);
     else
         face.Clear();
 }
 
-std::string Player::NextFile() const
+std::string Player::NextFile(std::uint64_t nowMs)
 {
-    for (std::size_t i = 0; i < files.size(); ++i) {
-        const std::string& path = files[(next + i) % files.size()].path;
-        const auto file = path.empty() ? std::nullopt : resolve(path);
+    const std::uint64_t now = PlayMs(nowMs);
+    for (std::size_t i = 0; i < order.Size(); ++i) {
+        const FileEntry& entry = order.At(next + i);
+        const auto file = entry.path.empty() || !IsDue(entry, now) ? std::nullopt : resolve(entry.path);
         std::error_code error;
         if (file && std::filesystem::is_regular_file(*file, error))
-            return path;
+            return entry.path;
     }
     return {};
+}
+
+bool Player::IsDue(const FileEntry& file, std::uint64_t playMs) const
+{
+    return !clock || file.schedules.empty() || MayPlay(file.schedules, clock(playMs + lagMs));
+}
+
+// When the turn of what plays is over.
+std::uint64_t Player::EndMs() const
+{
+    return startMs + show->DurationMs() * std::max<std::uint64_t>(current.playTimes, 1);
 }
 
 // Brings the player to the file whose turn it is. Turns follow each other without a gap, however seldom it is called;
@@ -194,36 +217,54 @@ std::string Player::NextFile() const
 void Player::Advance(std::uint64_t playMs)
 {
     for (int tries = 1; tries <= kMostTries; ++tries) {
-        const std::uint64_t endMs = show ? startMs + show->DurationMs() : startMs;
-        if (playMs < endMs)
+        if (show ? playMs < EndMs() && IsDue(current, playMs) : playMs < startMs)
             return;
-        if (files.empty())
+        if (order.Size() == 0)
             return Stop(); // a file outside the list is over
-        StartNext(tries < kMostTries ? endMs : playMs);
-        if (show) {
+        const std::uint64_t endMs = std::min(show ? EndMs() : startMs, playMs);
+        const std::uint64_t turnMs = resting || tries == kMostTries ? playMs : endMs;
+        resting = false;
+        StartNext(turnMs);
+        if (!show && misses >= order.Size()) {
             misses = 0;
-        } else if (++misses >= files.size()) {
-            misses = 0;
-            startMs = playMs + kRetryMs;
+            resting = true;
+            // What wasn't due when its turn came may be now.
+            startMs = turnMs < playMs ? playMs : playMs + kRetryMs;
         }
     }
 }
 
-// Gives the next file its turn. If it can't be shown, nothing plays, and the file after it can have the turn.
+// Gives the next file that is due its turn. If it can't be shown, nothing plays, and the file after it can have the
+// turn.
 void Player::StartNext(std::uint64_t turnMs)
 {
-    const FileEntry& file = files[next];
-    next = (next + 1) % files.size();
-    show = Load(file);
-    currentFile = show ? file.path : std::string();
+    Clear();
     startMs = turnMs;
+    while (misses < order.Size()) {
+        const FileEntry& file = order.At(next++);
+        ++misses;
+        if (!IsDue(file, turnMs))
+            continue;
+        if (auto loaded = Load(file)) {
+            Begin(std::move(*loaded), file, turnMs);
+            misses = 0;
+        }
+        return;
+    }
 }
 
-void Player::Begin(Show loaded, const std::string& path, std::uint64_t turnMs)
+void Player::Begin(Show loaded, const FileEntry& file, std::uint64_t turnMs)
 {
     show = std::move(loaded);
-    currentFile = path;
+    current = file;
     startMs = turnMs;
+    resting = false;
+}
+
+void Player::Clear()
+{
+    show.reset();
+    current = {};
 }
 
 std::optional<Show> Player::Load(const FileEntry& file)

@@ -1,6 +1,8 @@
 // Plays the sign's sequence file on its face.
 #pragma once
 
+#include "sim/content/playOrder.h"
+#include "sim/content/schedule.h"
 #include "sim/content/sequence.h"
 #include "sim/content/show.h"
 #include "sim/face/canvas.h"
@@ -23,15 +25,19 @@ namespace vxsim {
 // Where a file of the sign lies on this machine: "D:\\T\\QMSG.Nmg" gives the local file, or nullopt if there is none.
 using PathResolver = std::function<std::optional<std::filesystem::path>(std::string_view signPath)>;
 
-// Shows the files of the sequence file in their order, each for its stay time, and then again from the start. Every
-// turn reads its file anew, so a file that was written over appears at its next turn. What is missing or broken is
-// passed over, and a list without one good file is tried again every second. Time is the caller's, in milliseconds from
-// any origin. Not for use from two threads at once.
+// What the sign's clock shows at that time of the caller's.
+using MomentClock = std::function<Moment(std::uint64_t nowMs)>;
+
+// Shows the files of a list in their order, each for its stay time and as often as its record says, and then again
+// from the start. Every turn reads its file anew, so a file that was written over appears at its next turn. What is
+// missing, broken or not due by its schedules is passed over; a file that is no longer due gives way at once. A list
+// without a file to show leaves the face black and is tried again every second. Time is the caller's, in milliseconds
+// from any origin. Not for use from two threads at once.
 class Player
 {
 public:
-    // Throws std::runtime_error when the sign's font can't be opened.
-    Player(int width, int height, PathResolver resolve, std::filesystem::path sequenceFile);
+    // Without a clock every file is always due. Throws std::runtime_error when the sign's font can't be opened.
+    Player(int width, int height, PathResolver resolve, std::filesystem::path sequenceFile, MomentClock clock = {});
 
     // Modes and stay time used where a file has none of its own, from the sign's display style: byte 11 entry mode,
     // byte 12 exit mode, byte 14 stay time in seconds, or 255 for the 32-bit stay time at offset 16; a stay time
@@ -41,7 +47,10 @@ public:
     // Reads the sequence file anew and starts playing. A missing or unknown sequence file leaves the face black.
     void Restart(std::uint64_t nowMs);
 
-    // Plays nothing until Restart.
+    // Plays this list from its start, in place of that of the sequence file, until Restart.
+    void Play(Sequence sequence, std::uint64_t nowMs);
+
+    // Plays nothing until Restart or Play.
     void Stop();
 
     // What Restart reads from now on.
@@ -72,10 +81,10 @@ public:
     void Draw(std::uint64_t nowMs, Canvas& face);
 
     // Sign path of what plays as of the last call with a time, empty if nothing does.
-    std::string CurrentFile() const { return currentFile; }
+    std::string CurrentFile() const { return current.path; }
 
-    // Sign path of the file whose turn comes then, empty if no file of the list is there.
-    std::string NextFile() const;
+    // Sign path of the file whose turn comes then, empty if no file of the list is both there and due.
+    std::string NextFile(std::uint64_t nowMs);
 
 private:
     // The time of what plays: the caller's less all pauses.
@@ -83,25 +92,30 @@ private:
     {
         return pausedAtMs ? *pausedAtMs : nowMs - std::min(nowMs, lagMs);
     }
+    bool IsDue(const FileEntry& file, std::uint64_t playMs) const;
+    std::uint64_t EndMs() const;
     void Advance(std::uint64_t playMs);
     void StartNext(std::uint64_t turnMs);
-    void Begin(Show loaded, const std::string& path, std::uint64_t turnMs);
+    void Begin(Show loaded, const FileEntry& file, std::uint64_t turnMs);
+    void Clear();
     std::optional<Show> Load(const FileEntry& file);
 
     int width;
     int height;
     PathResolver resolve;
     std::filesystem::path sequenceFile;
+    MomentClock clock;
     Font font;
     Timing defaults;
-    std::vector<FileEntry> files;
-    std::size_t next = 0;     // the file whose turn comes after the current one
-    std::size_t misses = 0;   // files passed over since the last one that could be shown
-    std::optional<Show> show; // what plays
-    std::string currentFile;
+    PlayOrder order;
+    std::uint64_t next = 0;                  // the turn after the current one
+    std::size_t misses = 0;                  // files passed over since the last one that could be shown
+    std::optional<Show> show;                // what plays
+    FileEntry current;                       // its record
     std::optional<std::uint64_t> pausedAtMs; // times from here on are those of PlayMs
     std::uint64_t lagMs = 0;
-    std::uint64_t startMs = 0; // when the current file's turn began; while nothing plays, when the next one's does
+    std::uint64_t startMs = 0; // when the current turn began; while nothing plays, when the next one is looked for
+    bool resting = false;      // nothing could be shown: the next turn begins when it is looked for, not at startMs
 };
 
 } // namespace vxsim

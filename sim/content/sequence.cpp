@@ -17,6 +17,7 @@ constexpr std::size_t kFlatNameSize = 12;
 constexpr std::uint8_t kNoSchedule = 255;
 
 constexpr std::size_t kHeadSize = 16;
+constexpr std::size_t kSubGroupOffset = 12;
 constexpr std::size_t kPictureFieldsSize = 4; // they close a file record
 constexpr std::size_t kScheduleSize = 18;
 
@@ -85,11 +86,14 @@ private:
         const std::size_t size = Load32(rest, 8);
         if (size < kHeadSize || size > rest.size() || depth >= kDeepestGroup)
             return false;
+        const bool defaultChild = depth > 0 && rest[kSubGroupOffset] == 0;
         SequenceItem group;
         group.groupName = LoadText(rest.subspan(kHeadSize, size - kHeadSize));
         group.playType = rest[6];
         const std::size_t children = Load16(rest, 4);
         rest = rest.subspan(size);
+        if (defaultChild)
+            return ReadItems(children, depth + 1, items);
         const bool whole = ReadItems(children, depth + 1, group.children);
         items.push_back(std::move(group));
         return whole;
@@ -120,15 +124,6 @@ private:
     Bytes rest;
 };
 
-void AppendFiles(const std::vector<SequenceItem>& items, std::vector<FileEntry>& files)
-{
-    for (const SequenceItem& item : items) {
-        if (item.file)
-            files.push_back(*item.file);
-        AppendFiles(item.children, files);
-    }
-}
-
 } // namespace
 
 std::optional<Sequence> ParseSequence(std::span<const std::uint8_t> bytes)
@@ -150,13 +145,6 @@ std::optional<Sequence> ParseSequence(std::span<const std::uint8_t> bytes)
         rest = rest.subspan(kFlatRecordSize);
     }
     return sequence;
-}
-
-std::vector<FileEntry> FilesInOrder(const Sequence& sequence)
-{
-    std::vector<FileEntry> files;
-    AppendFiles(sequence.items, files);
-    return files;
 }
 
 } // namespace vxsim

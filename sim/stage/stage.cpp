@@ -1,6 +1,7 @@
 #include "sim/stage/stage.h"
 
 #include "sim/face/jpeg.h"
+#include "sim/sign/signClock.h"
 #include "sim/stage/testPictures.h"
 #include "sim/stage/tickerPicture.h"
 
@@ -19,22 +20,41 @@ constexpr std::int64_t kLeapMs = 5000; // of forward and back
 // the light for half of it, so these are the roots of the eighths.
 constexpr std::array<int, 8> kValues{0, 99, 136, 163, 186, 206, 224, 240};
 
+Moment MomentOf(const SignClock& clock, std::uint64_t nowMs)
+{
+    const ClockTime time = clock.At(nowMs);
+    const auto year = static_cast<unsigned>(time.year);
+    const auto bcd = [](unsigned high, unsigned low) { return ToBcd(high % 100) << 8 | ToBcd(low); };
+    return {static_cast<std::uint32_t>(bcd(year / 100, year % 100)) << 16 |
+                static_cast<std::uint32_t>(bcd(time.month, time.day)),
+            static_cast<std::uint16_t>(bcd(time.hour, time.minute)), clock.WeekdayAt(nowMs)};
+}
+
 } // namespace
 
 Stage::Stage(VirtualSign& shownSign)
-    : sign(shownSign), player(
-                           sign.Settings().width, sign.Settings().height,
-                           [this](std::string_view path) { return sign.Resolve(path); }, sign.SequenceFile()),
+    : sign(shownSign),
+      player(
+          sign.Settings().width, sign.Settings().height, [this](std::string_view path) { return sign.Resolve(path); },
+          sign.SequenceFile(), [this](std::uint64_t nowMs) { return MomentOf(sign.Time().Clock(), nowMs); }),
       face(sign.Settings().width, sign.Settings().height)
 {
     player.SetDefaults(sign.DisplayStyle());
     SignEvents events;
-    events.sequenceWritten = [this] { restartAtMs = restartAtMs.value_or(0); };
+    events.sequenceWritten = [this] {
+        numberedList.clear();
+        restartAtMs = restartAtMs.value_or(0);
+    };
+    events.fileWritten = [this](const std::filesystem::path& file) {
+        if (file == numberedList)
+            restartAtMs = restartAtMs.value_or(0);
+    };
     events.displayStyleSet = [this](std::span<const std::uint8_t, kDisplayStyleSize> style) {
         player.SetDefaults(style);
     };
     events.restarting = [this](std::uint64_t untilMs) {
         player.Stop();
+        numberedList.clear();
         restartAtMs = untilMs;
     };
     sign.Observe(std::move(events));
@@ -64,7 +84,7 @@ void Stage::KeepUp(std::uint64_t nowMs)
 {
     if (restartAtMs && nowMs >= *restartAtMs) {
         // The file may have come under a name of another case than the one before.
-        player.SetSequenceFile(sign.SequenceFile());
+        player.SetSequenceFile(numberedList.empty() ? sign.SequenceFile() : numberedList);
         player.Restart(*restartAtMs != 0 ? *restartAtMs : nowMs);
         restartAtMs.reset();
     }
@@ -114,6 +134,7 @@ void Stage::Steer(PlayStep step, std::uint64_t nowMs)
 void Stage::PlayList(const std::filesystem::path& sequence, std::uint64_t nowMs)
 {
     KeepUp(nowMs);
+    numberedList = sequence == sign.SequenceFile() ? std::filesystem::path() : sequence;
     player.SetSequenceFile(sequence);
     player.Restart(nowMs);
 }
@@ -133,7 +154,7 @@ std::string Stage::CurrentFile(std::uint64_t nowMs)
 std::string Stage::NextFile(std::uint64_t nowMs)
 {
     KeepUp(nowMs);
-    return player.NextFile();
+    return player.NextFile(nowMs);
 }
 
 std::vector<std::uint8_t> Stage::Screenshot(std::uint64_t nowMs)

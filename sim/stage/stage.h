@@ -45,7 +45,8 @@ private:
     Player player;
     Font font;
     Canvas face;
-    std::optional<std::uint64_t> restartAtMs = 0; // when the sign's list plays anew; 0 is at once
+    std::optional<std::uint64_t> restartAtMs = 0; // when the list plays anew; 0 is at once
+    std::filesystem::path numberedList;           // what plays instead of the main list; empty if that does
 };
 
 } // namespace vxsim

@@ -118,9 +118,38 @@ TEST_F(PlayControl, ListsByNumberAndBackToTheMainOne)
     EXPECT_EQ(CodeOf(AskAt(5000, 6, 24, {255, 0, 0, 0})), 0U);
     EXPECT_EQ(At(5000), kRed);
     EXPECT_EQ(CodeOf(AskAt(6000, 6, 24, {3, 0, 0, 0})), 0U);
+    PutFile("C:\\playlist\\sequent3.sys", List({"RED.BMP"}));
+    EXPECT_EQ(At(6500), kRed) << "a new file of the list that plays";
+    PutFile("C:\\PLAYLIST\\SEQUENT4.SYS", List({"BLUE.BMP"}));
+    EXPECT_EQ(At(6600), kRed);
     PutFile("C:\\SEQUENT.SYS", List({"GREEN.BMP"}));
-    EXPECT_EQ(At(6000), kGreen);
+    EXPECT_EQ(At(6700), kGreen);
     EXPECT_EQ(PayloadOf(Ask(6, 29)), (Bytes{255, 0, 0, 0}));
+}
+
+TEST_F(PlayControl, SchedulesFollowTheClockOfTheSign)
+{
+    PutFile("D:\\T\\RED.BMP", Dot(255, 0, 0));
+    PutFile("D:\\T\\BLUE.BMP", Dot(0, 0, 255));
+    // Red: Fridays in December 1999 from 23:59 to 23:59; blue: from the year 2000 on, weekends.
+    Bytes list = List({"RED.BMP", "BLUE.BMP"});
+    const Bytes red{0x20, 0x99, 0x19, 0x12, 0x01, 0x23, 0x59, 1, 1, 0x99, 0x19, 0x12, 0x31, 0x23, 0x59, 1, 1};
+    const Bytes blue{0x41, 0x00, 0x20, 0x01, 0x01, 0, 0, 1, 0};
+    std::copy(red.begin(), red.end(), list.begin() + 8 + 3);
+    std::copy(blue.begin(), blue.end(), list.begin() + 44 + 3);
+    PutFile("C:\\SEQUENT.SYS", list);
+    EXPECT_EQ(At(0), kDark);
+    EXPECT_EQ(Name(0), "");
+    EXPECT_EQ(Name(0, 8), "");
+    EXPECT_EQ(CodeOf(AskAt(1000, 5, 4, {0x99, 0x19, 0x12, 0x31, 0x23, 0x58, 0x55, 5, 0, 0, 0, 0})), 0U);
+    EXPECT_EQ(At(5999), kDark);
+    EXPECT_EQ(At(7000), kRed) << "23:59:01 of a Friday";
+    EXPECT_EQ(Name(7000), "D:\\T\\RED.BMP");
+    EXPECT_EQ(At(65999), kRed);
+    EXPECT_EQ(At(66000), kBlue) << "midnight; Saturday";
+    EXPECT_EQ(Name(66000, 8), "D:\\T\\BLUE.BMP");
+    EXPECT_EQ(CodeOf(AskAt(66500, 5, 4, {0x00, 0x20, 0x01, 0x03, 0x12, 0x00, 0x00, 1, 0, 0, 0, 0})), 0U);
+    EXPECT_EQ(At(66500), kDark) << "Monday";
 }
 
 TEST_F(PlayControl, TheScreenshotIsAJpegOfTheFace)

@@ -57,7 +57,24 @@ protected:
         Write("SEQUENT.SYS", list);
     }
 
-    Player MakePlayer()
+    // A list of BMPs in folder T made in memory, and a player whose clock shows the minutes since 2008-03-15 06:00.
+    static SequenceItem Item(const std::string& name, std::uint8_t playTimes = 1, std::vector<Schedule> schedules = {})
+    {
+        return {FileEntry{"D:\\T\\" + name, playTimes, 1, 0, 0, std::move(schedules)}};
+    }
+
+    static Schedule Minutes(std::uint8_t first, std::uint8_t last)
+    {
+        return {127, {0, 0, 0, 6, first, false, true}, {0, 0, 0, 6, last, false, true}};
+    }
+
+    static Moment Minute(std::uint64_t nowMs)
+    {
+        const auto minutes = static_cast<unsigned>(nowMs / 60000);
+        return {0x20080315, static_cast<std::uint16_t>(0x0600 + minutes / 10 * 16 + minutes % 10), 6};
+    }
+
+    Player MakePlayer(MomentClock clock = {})
     {
         return Player(
             16, 16,
@@ -67,7 +84,7 @@ protected:
                     return std::nullopt;
                 return folder / path.substr(5);
             },
-            folder / "SEQUENT.SYS");
+            folder / "SEQUENT.SYS", std::move(clock));
     }
 
     // What the middle of the face shows.
@@ -182,6 +199,87 @@ TEST_F(PlayerTest, TakesThePictureFieldsOfATree)
     EXPECT_EQ(Middle(player, 7599), kGreen);
     EXPECT_EQ(Middle(player, 7600), kBlue) << "no mode of its own";
     EXPECT_EQ(Middle(player, 10600), Rgb{});
+}
+
+TEST_F(PlayerTest, PlaysAFileAsOftenAsItsRecordSays)
+{
+    Write("A.BMP", Dot(kGreen));
+    Write("B.NMG", Blocks("\u2588\u2588", "\x0AI1\x0E"
+                                          "20001"));
+    Player player = MakePlayer();
+    player.Play({6, {Item("A.BMP", 3), Item("B.NMG", 2), Item("A.BMP", 0)}}, 0);
+    EXPECT_EQ(Middle(player, 2999), kGreen);
+    for (const std::uint64_t start : {3000U, 4600U}) {
+        EXPECT_EQ(Middle(player, start), Rgb{}) << "comes in each time";
+        EXPECT_EQ(Middle(player, start + 1599), kRed);
+    }
+    EXPECT_EQ(Middle(player, 6200), kGreen);
+    EXPECT_EQ(player.NextFile(6200), "D:\\T\\A.BMP");
+    EXPECT_EQ(Middle(player, 10200), Rgb{}) << "0 is once; then three times again";
+    player.MoveToNextPage(11000);
+    EXPECT_EQ(Middle(player, 11000), Rgb{}) << "the second time";
+    EXPECT_EQ(Middle(player, 12599), kRed);
+    EXPECT_EQ(Middle(player, 12600), kGreen);
+}
+
+TEST_F(PlayerTest, KeepsToTheSchedules)
+{
+    Write("A.BMP", Dot(kGreen));
+    Write("B.BMP", Dot(kBlue));
+    Write("C.BMP", Dot(kRed));
+    Player player = MakePlayer(Minute);
+    player.Play({6,
+                 {Item("A.BMP", 1, {Minutes(0, 1), Minutes(0x20, 0x20)}), Item("B.BMP", 90, {Minutes(1, 2)}),
+                  Item("C.BMP", 1, {Minutes(5, 5)})}},
+                0);
+    EXPECT_EQ(Middle(player, 1500), kGreen) << "alone";
+    EXPECT_EQ(player.NextFile(1500), "D:\\T\\A.BMP");
+    EXPECT_EQ(player.NextFile(60000), "D:\\T\\B.BMP");
+    EXPECT_EQ(Middle(player, 61000), kBlue);
+    EXPECT_EQ(Middle(player, 120000), kBlue) << "90 times one second";
+    EXPECT_EQ(Middle(player, 151500), kBlue) << "alone";
+    EXPECT_EQ(Middle(player, 179999), kBlue);
+    EXPECT_EQ(Middle(player, 180000), Rgb{}) << "its schedule cuts it off";
+    EXPECT_EQ(player.CurrentFile(), "");
+    EXPECT_EQ(player.NextFile(180000), "");
+    player.PlayNext(190000);
+    player.PlayPrevious(190000);
+    EXPECT_EQ(player.CurrentFile(), "") << "nothing else is due";
+    EXPECT_EQ(Middle(player, 299999), Rgb{});
+    EXPECT_EQ(Middle(player, 301000), kRed);
+    player.Pause(301500);
+    EXPECT_EQ(Middle(player, 420000), kRed) << "a pause holds it";
+    player.Continue(420000);
+    EXPECT_EQ(Middle(player, 420000), Rgb{});
+    EXPECT_TRUE(player.PlayOnce("D:\\T\\B.BMP", 430000)) << "without regard to schedules";
+    EXPECT_EQ(Middle(player, 431000), kBlue);
+    EXPECT_EQ(Middle(player, 1200000), kGreen) << "seen again after a long time";
+    EXPECT_EQ(Middle(player, 1200999), kGreen) << "its whole turn";
+}
+
+TEST_F(PlayerTest, GoesBackThroughTheOrderThatItPlayed)
+{
+    SequenceItem group;
+    group.playType = kAtRandom;
+    for (const char* name : {"A", "B", "C", "D"}) {
+        Write(name, Dot(kGreen));
+        group.children.push_back(Item(name));
+    }
+    Player player = MakePlayer();
+    player.Play({6, {group}}, 0);
+    std::vector<std::string> played;
+    for (std::uint64_t now = 0; now < 12000; now += 1000) {
+        player.KeepUp(now);
+        played.push_back(player.CurrentFile());
+        EXPECT_EQ(player.NextFile(now).size(), 6U);
+    }
+    for (std::size_t back = 1; back < played.size(); ++back) {
+        player.PlayPrevious(11500);
+        EXPECT_EQ(player.CurrentFile(), played[played.size() - 1 - back]) << back;
+    }
+    for (int i = 0; i < 10; ++i) // before the start as well
+        player.PlayPrevious(11500);
+    EXPECT_NE(player.CurrentFile(), "");
 }
 
 TEST_F(PlayerTest, ShowsWhatWasWrittenOverAtTheNextTurn)

@@ -1,8 +1,11 @@
 #include "faceSamples.h"
 
+#include "sim/content/playOrder.h"
 #include "sim/content/sequence.h"
 
 #include <gtest/gtest.h>
+
+#include <set>
 
 namespace vxsim::test {
 namespace {
@@ -36,10 +39,10 @@ Bytes FileRecord(std::string_view path, const Bytes& pictureFields = {0, 0, 0, 0
     return record + BytesOf(path) + Bytes{0} + pictureFields + schedules;
 }
 
-Bytes GroupHead(std::uint8_t children, std::string_view name, std::uint8_t subGroup = 0)
+Bytes GroupHead(std::uint8_t children, std::string_view name, std::uint8_t subGroup = 0, std::uint8_t playType = 3)
 {
     const auto size = static_cast<std::uint8_t>(16 + name.size());
-    return Bytes{'G', 'P', 0, 0, children, 0, 3, 0, size, 0, 0, 0, subGroup, 0, 0, 0} + BytesOf(name);
+    return Bytes{'G', 'P', 0, 0, children, 0, playType, 0, size, 0, 0, 0, subGroup, 0, 0, 0} + BytesOf(name);
 }
 
 Bytes Header(std::uint8_t version, std::uint16_t count)
@@ -47,11 +50,12 @@ Bytes Header(std::uint8_t version, std::uint16_t count)
     return {'S', 'Q', version, 0, static_cast<std::uint8_t>(count), static_cast<std::uint8_t>(count >> 8), 0, 0};
 }
 
-std::string Paths(const Bytes& bytes)
+std::string Paths(const Bytes& bytes, std::uint64_t round = 0)
 {
+    const Sequence sequence = ParseSequence(bytes).value();
     std::string paths;
-    for (const FileEntry& file : FilesInOrder(ParseSequence(bytes).value()))
-        paths += file.path + '|';
+    for (const FileEntry* file : FilesInOrder(sequence, round))
+        paths += file->path + '|';
     return paths;
 }
 
@@ -59,14 +63,14 @@ TEST(Sequence, ReadsTheFlatForm)
 {
     const auto sequence = ParseSequence(Header(4, 2) + kFlatRecord + kScheduled);
     ASSERT_TRUE(sequence);
-    const std::vector<FileEntry> files = FilesInOrder(*sequence);
+    const std::vector<const FileEntry*> files = FilesInOrder(*sequence);
     ASSERT_EQ(files.size(), 2U);
-    EXPECT_EQ(files[0].path, "D:\\T\\QMSG.Nmg");
-    EXPECT_TRUE(files[0].schedules.empty());
-    EXPECT_EQ(files[1].path, "F:\\P\\ABCDEFGH.BMP") << "a full name has no terminator";
+    EXPECT_EQ(files[0]->path, "D:\\T\\QMSG.Nmg");
+    EXPECT_TRUE(files[0]->schedules.empty());
+    EXPECT_EQ(files[1]->path, "F:\\P\\ABCDEFGH.BMP") << "a full name has no terminator";
     const Schedule schedule{
         0x1F, {0x2008, 0x03, 0x15, 0x06, 0x30, true, true}, {0x2009, 0x12, 0x31, 0x23, 0x59, true, false}};
-    EXPECT_EQ(files[1].schedules, std::vector{schedule});
+    EXPECT_EQ(files[1]->schedules, std::vector{schedule});
 }
 
 TEST(Sequence, GivesNoPathForARecordWithoutName)
@@ -99,9 +103,37 @@ TEST(Sequence, ReadsTheTree)
     EXPECT_FALSE(group.file);
     EXPECT_EQ(group.groupName, "Day1");
     EXPECT_EQ(group.playType, 3);
-    ASSERT_EQ(group.children.size(), 2U);
-    EXPECT_EQ(group.children[1].groupName, "Evening");
-    EXPECT_EQ(group.children[1].children.size(), 1U);
+    ASSERT_EQ(group.children.size(), 3U) << "the files of the default child are the group's own";
+    EXPECT_EQ(group.children[1].file.value().path, "D:\\P\\C");
+    EXPECT_EQ(group.children[2].groupName, "Evening");
+    EXPECT_EQ(group.children[2].children.size(), 1U);
+}
+
+TEST(Sequence, ShufflesGroupsThatPlayAtRandom)
+{
+    // First, a random group of A B C and a sub-group D E that keeps its order, last.
+    const Bytes list = Header(6, 3) + FileRecord("first") + GroupHead(2, "G", 0, 1) + GroupHead(3, "G") +
+                       FileRecord("A") + FileRecord("B") + FileRecord("C") + GroupHead(2, "S", 1, 0) + FileRecord("D") +
+                       FileRecord("E") + FileRecord("last");
+    std::set<std::string> orders;
+    for (std::uint64_t round = 0; round < 400; ++round) {
+        const std::string paths = Paths(list, round);
+        EXPECT_EQ(paths.size(), std::string("first|A|B|C|D|E|last|").size());
+        EXPECT_EQ(paths.rfind("first|", 0), 0U);
+        EXPECT_EQ(paths.rfind("|last|"), paths.size() - 6);
+        EXPECT_NE(paths.find("|D|E|"), std::string::npos);
+        orders.insert(paths);
+    }
+    EXPECT_EQ(orders.size(), 24U) << "every order of its four members, and each file once";
+    EXPECT_EQ(Paths(list, 7), Paths(list, 7));
+
+    Sequence sequence = ParseSequence(list).value();
+    PlayOrder order(std::move(sequence));
+    std::string turns;
+    for (std::uint64_t turn = 14; turn < 21; ++turn)
+        turns += order.At(turn).path + '|';
+    EXPECT_EQ(turns, Paths(list, 2));
+    EXPECT_EQ(order.At(0).path, "first") << "back again";
 }
 
 TEST(Sequence, HonoursTheRecordLength)
