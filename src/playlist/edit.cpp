@@ -80,7 +80,8 @@ std::uint32_t AddSubGroup(Items& items, std::string_view path, std::uint16_t ind
 // among the names of sub-groups: the files of the default child are not looked at.
 bool IsFileTaken(const Items& items, const Level& level, std::string_view name)
 {
-    return FindFile(items, name, level.group, level.kind == Level::kSubGroup ? level.child : std::uint8_t{0}) != 0;
+    return FindFile(items, name, level.group, level.kind == Level::Kind::kSubGroup ? level.child : std::uint8_t{0}) !=
+           0;
 }
 
 } // namespace
@@ -108,7 +109,7 @@ std::uint32_t vxPLModifyGroup(char* path, char* name, std::uint8_t playType)
         return VX_ARGUMENTS;
     return LevelCall(path, [=](Items& items) {
         const Level level = FindLevel(items, path);
-        if (level.kind == Level::kGroup)
+        if (level.kind == Level::Kind::kGroup)
             Rename(*level.item, name, playType);
         if (level.node != nullptr)
             Rename(*level.node, name, playType);
@@ -123,9 +124,9 @@ std::uint32_t vxPLAddFile(char* path, std::uint16_t index, VXPLAYLIST_FILE_INFO*
     // All that can fail comes before the record is taken: until then it is the caller's to free.
     return LevelCall(path, [=](Items& items) {
         const Level level = FindLevel(items, path);
-        if (level.kind == Level::kMissing || IsFileTaken(items, level, FileName(*info)))
+        if (level.kind == Level::Kind::kMissing || IsFileTaken(items, level, FileName(*info)))
             return VX_OK;
-        if (level.kind == Level::kRoot) {
+        if (level.kind == Level::Kind::kRoot) {
             auto item = MakeItem("", 0, kFile, items.size() + 1);
             auto& files = item->children.front()->children;
             Grow(items);

@@ -29,16 +29,16 @@ template <class Visit>
 void VisitEntries(Items& items, const Level& level, Visit&& visit)
 {
     switch (level.kind) {
-    case Level::kRoot:
+    case Level::Kind::kRoot:
         visit(items);
         break;
-    case Level::kGroup:
+    case Level::Kind::kGroup:
         visit(level.item->children);
         break;
-    case Level::kSubGroup:
+    case Level::Kind::kSubGroup:
         visit(level.node->children);
         break;
-    case Level::kMissing:
+    case Level::Kind::kMissing:
         break;
     }
 }

@@ -44,7 +44,7 @@ std::uint32_t vxPLGetItems(char* path, std::uint16_t* count, VXPLAYLIST_ITEM* li
         VisitEntries(items, level, [&](const auto& entries) {
             // What the count cannot tell of is not written either.
             const std::size_t size = std::min<std::size_t>(entries.size(), std::numeric_limits<std::uint16_t>::max());
-            const bool isTooSmall = level.kind == Level::kRoot && *count < size;
+            const bool isTooSmall = level.kind == Level::Kind::kRoot && *count < size;
             *count = static_cast<std::uint16_t>(size);
             if (isTooSmall)
                 result = VX_ARGUMENTS;

@@ -108,13 +108,14 @@ Level FindLevel(const Items& items, const PathParts& parts)
     if (child == 0)
         return {};
     Item* const item = items[group - 1U].get();
-    return {parts.hasSubGroup ? Level::kSubGroup : Level::kGroup, group, child, item, item->children[child - 1U].get()};
+    return {parts.hasSubGroup ? Level::Kind::kSubGroup : Level::Kind::kGroup, group, child, item,
+            item->children[child - 1U].get()};
 }
 
 Level FindLevel(const Items& items, std::string_view path)
 {
     if (path == "/")
-        return {Level::kRoot};
+        return {Level::Kind::kRoot};
     return FindLevel(items, CutPath(path, SecondSlash::kInOneByte));
 }
 
@@ -141,7 +142,7 @@ VXPLAYLIST_FILE_INFO* FindRecord(const Items& items, std::string_view path)
         return position == 0 ? nullptr : FirstFile(*items[position - 1U]);
     }
     const Level level = FindLevel(items, parts);
-    if (level.kind == Level::kMissing)
+    if (level.kind == Level::Kind::kMissing)
         return nullptr;
     const std::uint8_t position = FindFile(items, parts.file, level.group, level.child);
     const auto& files = level.node->children;

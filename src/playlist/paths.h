@@ -36,14 +36,14 @@ bool IsLevelPath(std::string_view path);
 /// A place found. Positions are 1-based; 0 means none.
 struct Level
 {
-    enum Kind
+    enum class Kind
     {
         kMissing,
         kRoot,
         kGroup,
         kSubGroup
     };
-    Kind kind = kMissing;
+    Kind kind = Kind::kMissing;
     std::uint8_t group = 0;
     std::uint8_t child = 0; // of the group: the sub-group, or the default child
     Item* item = nullptr;

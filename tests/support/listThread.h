@@ -90,9 +90,9 @@ private:
                 text += (text.empty() ? "" : " ") + std::to_string(field(*node));
         };
         const playlist::Level level = playlist::FindLevel(List(), path);
-        if (level.kind == playlist::Level::kRoot)
+        if (level.kind == playlist::Level::Kind::kRoot)
             add(List());
-        else if (level.kind == playlist::Level::kGroup)
+        else if (level.kind == playlist::Level::Kind::kGroup)
             add(level.item->children);
         return text;
     }
