@@ -28,33 +28,33 @@ TEST(Schedule, HoldsWhenDayDateAndTimeFit)
     const struct
     {
         const char* rule;
-        Schedule schedule;
         Moment moment;
+        Schedule schedule;
         bool holds;
     } rows[] = {
-        {"always", {127, defaultBegin, defaultEnd}, Saturday(0x2359), true},
-        {"always, without weekdays", {255, defaultBegin, defaultEnd}, Saturday(0x0000), true},
-        {"weekends, else always", {0x41, defaultBegin, defaultEnd}, Saturday(0x1200), true},
-        {"Sunday to Friday", {0x3F, defaultBegin, defaultEnd}, Saturday(0x1200), false},
-        {"Sunday is bit 0", {0x01, any, any}, {0x20080316, 0, 0}, true},
-        {"Monday is bit 1", {0x02, any, any}, {0x20080316, 0, 0}, false},
-        {"no day is every day", {0, any, any}, Saturday(0), true},
-        {"bit 7 is no day", {0x81, any, any}, Saturday(0), false},
-        {"first day", {127, march15, any}, Saturday(0x0000), true},
-        {"the day after", {127, any, march14}, Saturday(0x0000), false},
-        {"last day", {127, march14, march15}, Saturday(0x2359), true},
-        {"the day before", {127, march15, any}, {0x20080314, 0x2359, 5}, false},
-        {"years weigh most", {127, march15, any}, {0x20090101, 0, 4}, true},
-        {"first minute", {127, six, ten}, Saturday(0x0600), true},
-        {"the minute before", {127, six, ten}, Saturday(0x0559), false},
-        {"last minute", {127, six, nine59}, Saturday(0x0959), true},
-        {"the minute after", {127, six, nine59}, Saturday(0x1000), false},
-        {"BCD: 9:59 is before 10:00", {127, nine59, ten}, Saturday(0x0958), false},
-        {"over midnight, evening", {127, ten, six}, Saturday(0x2300), true},
-        {"over midnight, morning", {127, ten, six}, Saturday(0x0600), true},
-        {"over midnight, day", {127, ten, six}, Saturday(0x0601), false},
-        {"open end", {127, six, any}, Saturday(0x2359), true},
-        {"digits that are none", {127, {0xFFFF, 255, 255, 255, 255, true, true}, any}, Saturday(0), false},
+        {"always", Saturday(0x2359), {127, defaultBegin, defaultEnd}, true},
+        {"always, without weekdays", Saturday(0x0000), {255, defaultBegin, defaultEnd}, true},
+        {"weekends, else always", Saturday(0x1200), {0x41, defaultBegin, defaultEnd}, true},
+        {"Sunday to Friday", Saturday(0x1200), {0x3F, defaultBegin, defaultEnd}, false},
+        {"Sunday is bit 0", {0x20080316, 0, 0}, {0x01, any, any}, true},
+        {"Monday is bit 1", {0x20080316, 0, 0}, {0x02, any, any}, false},
+        {"no day is every day", Saturday(0), {0, any, any}, true},
+        {"bit 7 is no day", Saturday(0), {0x81, any, any}, false},
+        {"first day", Saturday(0x0000), {127, march15, any}, true},
+        {"the day after", Saturday(0x0000), {127, any, march14}, false},
+        {"last day", Saturday(0x2359), {127, march14, march15}, true},
+        {"the day before", {0x20080314, 0x2359, 5}, {127, march15, any}, false},
+        {"years weigh most", {0x20090101, 0, 4}, {127, march15, any}, true},
+        {"first minute", Saturday(0x0600), {127, six, ten}, true},
+        {"the minute before", Saturday(0x0559), {127, six, ten}, false},
+        {"last minute", Saturday(0x0959), {127, six, nine59}, true},
+        {"the minute after", Saturday(0x1000), {127, six, nine59}, false},
+        {"BCD: 9:59 is before 10:00", Saturday(0x0958), {127, nine59, ten}, false},
+        {"over midnight, evening", Saturday(0x2300), {127, ten, six}, true},
+        {"over midnight, morning", Saturday(0x0600), {127, ten, six}, true},
+        {"over midnight, day", Saturday(0x0601), {127, ten, six}, false},
+        {"open end", Saturday(0x2359), {127, six, any}, true},
+        {"digits that are none", Saturday(0), {127, {0xFFFF, 255, 255, 255, 255, true, true}, any}, false},
     };
     for (const auto& row : rows)
         EXPECT_EQ(MayPlay({&row.schedule, 1}, row.moment), row.holds) << row.rule;
