@@ -19,6 +19,7 @@ struct Options
     std::uint32_t retries = 3;
     std::uint32_t chunk = 768;
     std::uint32_t destination = 0;
+    std::string playList = "playlist.xml"; // of the commands for play lists
 
     std::uint16_t Destination() const { return static_cast<std::uint16_t>(destination); }
 };

@@ -48,6 +48,7 @@ int Run(int argc, char** argv)
     AddFolderCommands(app, context);
     AddDriveCommands(app, context);
     AddPlayCommands(app, context);
+    AddPlayListCommands(app, context);
     AddControlCommands(app, context);
     AddSignCommands(app, context);
     AddAccessCommands(app, context);

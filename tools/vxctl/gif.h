@@ -1,0 +1,36 @@
+// Animated GIF files.
+#pragma once
+
+#include "sim/face/canvas.h"
+
+#include <cstdint>
+#include <string>
+
+struct GifFileType;
+
+namespace vxctl {
+
+// An animation of a face, each pixel a square lamp of four pixels with its gap, repeated for ever. Colours are brought
+// to a cube of 6 by 7 by 6.
+class Gif
+{
+public:
+    // Throws SignFailure when the file cannot be made, here and below.
+    Gif(const std::string& path, int faceWidth, int faceHeight);
+    ~Gif();
+    Gif(const Gif&) = delete;
+    Gif& operator=(const Gif&) = delete;
+
+    // Shows the face for so long, in steps of 10 ms.
+    void Add(const vxsim::Canvas& face, std::uint32_t milliseconds);
+
+    // Ends the file, which is whole only then.
+    void Close();
+
+private:
+    GifFileType* file;
+    int width;
+    int height;
+};
+
+} // namespace vxctl
