@@ -1,4 +1,5 @@
 // A named file in either direction, and the picture of what the sign shows.
+#include "api/currentMessage.h"
 #include "api/threadRecords.h"
 #include "playlist/packages.h"
 #include "util/file.h"
@@ -21,12 +22,6 @@
 namespace {
 
 using namespace vxsign;
-
-constexpr std::uint32_t kNothingPlays = 26369; // "No current display file!"
-
-// What the callers' converters were written for.
-constexpr std::uint32_t kFirstGifSetting = 20;
-constexpr std::uint32_t kSecondGifSetting = 1000;
 
 // "TRAFFICLIGHT.SYS": a header, then the beacon.
 constexpr std::size_t kLightHeaderSize = 12;
@@ -121,7 +116,7 @@ std::uint32_t vxCurrentMsg2Gif(const char* tempFolder, const char* gifPath)
     if (tempFolder == nullptr || gifPath == nullptr)
         return VX_ARGUMENTS;
     return LocalCall<std::uint32_t>(VX_CALL, [=] {
-        char playing[256] = {};
+        char playing[kPlayingPathSize] = {};
         const std::uint32_t result = vxGetPlayingFileName(playing, sizeof playing);
         if (result != VX_OK && result != kNothingPlays)
             return result;
@@ -129,15 +124,10 @@ std::uint32_t vxCurrentMsg2Gif(const char* tempFolder, const char* gifPath)
         if (config == nullptr || config->onMessageToGif == nullptr)
             return result;
 
-        std::string_view name = "__BLANK.VXB";
-        if (result == VX_OK) {
-            name = FieldText(playing, sizeof playing);
-            // The names of signs are separated by backslashes; a slash counts where there is none.
-            const char separator = name.find('\\') != name.npos ? '\\' : '/';
-            name.remove_prefix(name.rfind(separator) + 1);
-        }
+        const std::string_view playingPath = FieldText(playing, sizeof playing);
+        const std::string_view name = result == VX_OK ? MessageName(playingPath) : kBlankMessage;
         const std::string message = std::string(tempFolder) + '\\' + std::string(name);
-        config->onMessageToGif(config, message.c_str(), gifPath, kFirstGifSetting, kSecondGifSetting);
+        ConvertMessage(*config, message.c_str(), gifPath);
         return result;
     });
 }

@@ -1,0 +1,33 @@
+// The message that the sign shows, and its conversion to a picture by the caller.
+#pragma once
+
+#include "api/threadRecords.h"
+
+#include <string_view>
+
+namespace vxsign {
+
+/// The sign's answer when nothing plays ("No current display file!"), and the message that stands for it.
+constexpr std::uint32_t kNothingPlays = 26369;
+constexpr std::string_view kBlankMessage = "__BLANK.VXB";
+
+/// The longest path that the sign is asked for.
+constexpr std::size_t kPlayingPathSize = 256;
+
+/// A message's name without its folder. The names of signs are separated by backslashes; a slash counts where there is
+/// none.
+inline std::string_view MessageName(std::string_view path)
+{
+    const char separator = path.find('\\') != path.npos ? '\\' : '/';
+    return path.substr(path.rfind(separator) + 1);
+}
+
+/// Calls onMessageToGif, which must be set, with the settings that the callers' converters were written for.
+inline void ConvertMessage(vxApiConfig& config, const char* message, const char* gif)
+{
+    constexpr std::uint32_t kFirstSetting = 20;
+    constexpr std::uint32_t kSecondSetting = 1000;
+    config.onMessageToGif(&config, message, gif, kFirstSetting, kSecondSetting);
+}
+
+} // namespace vxsign
