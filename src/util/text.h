@@ -1,9 +1,12 @@
-// Texts in fixed fields.
+// Texts in fixed fields, and numbers in texts.
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <cstdlib>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 namespace vxsign {
@@ -17,8 +20,7 @@ inline std::string_view FieldText(const char* field, std::size_t size)
 /// Copies a text into a field of `size` bytes: cut to the field, zero padded, without terminator when it is full.
 inline void CopyToField(void* field, std::size_t size, std::string_view text)
 {
-    const std::size_t length = std::min(size, text.size());
-    std::memcpy(field, text.data(), length);
+    const std::size_t length = text.copy(static_cast<char*>(field), size);
     std::memset(static_cast<char*>(field) + length, 0, size - length);
 }
 
@@ -30,6 +32,12 @@ inline void CopyToText(char* buffer, std::size_t size, std::string_view text)
         return;
     CopyToField(buffer, size - 1, text);
     buffer[size - 1] = '\0';
+}
+
+/// The decimal number that a text begins with, behind blanks; 0 when it begins with none.
+inline std::int32_t NumberOf(std::string_view text)
+{
+    return static_cast<std::int32_t>(std::strtol(std::string(text).c_str(), nullptr, 10));
 }
 
 } // namespace vxsign
