@@ -17,6 +17,7 @@
 #include <vxsign/control.h>
 #include <vxsign/filesystem.h>
 #include <vxsign/local.h>
+#include <vxsign/log.h>
 #include <vxsign/login.h>
 #include <vxsign/mover.h>
 #include <vxsign/play.h>
