@@ -26,6 +26,7 @@
 #include <vxsign/quickshow.h>
 #include <vxsign/read.h>
 #include <vxsign/result.h>
+#include <vxsign/status.h>
 #include <vxsign/test.h>
 #include <vxsign/ticker.h>
 #include <vxsign/write.h>
