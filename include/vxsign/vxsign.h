@@ -20,6 +20,7 @@
 #include <vxsign/log.h>
 #include <vxsign/login.h>
 #include <vxsign/mover.h>
+#include <vxsign/pixel.h>
 #include <vxsign/play.h>
 #include <vxsign/playlist.h>
 #include <vxsign/properties.h>

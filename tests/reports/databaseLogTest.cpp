@@ -39,6 +39,10 @@ const std::vector<Reader>& Readers()
          [](int mode) { return vxReadEventLog(0, 7, mode, Taken::WithUser); },
          "sql select EventType,DateTime,Status,Note from EventLog limit 5 offset 0",
          {}},
+        {"PixelStatus",
+         [](int) { return vxReadPixelInfo("", 7, 1, Taken::WithUser); },
+         "sql select X,Y,Status,DateTime from PixelStatus limit 10 offset 0",
+         {"sql delete from PixelStatus"}},
     };
     return readers;
 }
