@@ -2,8 +2,6 @@
 #include "reports/logTables.h"
 #include "support/reportSign.h"
 
-#include <random>
-
 namespace vxsign::test {
 namespace {
 
@@ -173,33 +171,6 @@ TEST(DatabaseLogs, ColumnsOfARow)
                 row.table.columns[i].Put(records.back().data(), groups[i + 1]);
         });
         EXPECT_EQ(records, (std::vector{row.record, row.record}));
-    }
-}
-
-TEST(DatabaseLogs, RandomRows)
-{
-    std::mt19937 random(61);
-    const Table* const tables[] = {&kPlayLogTable, &kSignLogTable, &kTempLogTable, &kTileInfoTable, &kEventLogTable};
-    constexpr std::string_view kLetters("<>1-9<>aZ\xFF, <>", 15);
-    for (int round = 0; round < 400; ++round) {
-        std::string text(random() % 2000, '\0');
-        for (char& c : text)
-            c = kLetters[random() % kLetters.size()];
-        const Table& table = *tables[round % 5];
-        const Pattern row(RowExpression(table.columns.size()).c_str());
-        TakeRows(row, text.c_str(), static_cast<std::uint32_t>(random() % 300), [&](const Groups& groups) {
-            std::vector<std::uint8_t> record(400);
-            for (std::size_t i = 0; i < table.columns.size(); ++i)
-                table.columns[i].Put(record.data(), groups[i + 1]);
-        });
-        // The same through the readers, with any head and text.
-        const Taken taken;
-        ReportSign sign;
-        sign.onSql = [&](const std::string&) {
-            return ReportSign::Rows(static_cast<std::uint16_t>(random() % 3), text.substr(0, random() % 40));
-        };
-        sign.answers[std::string("sql select count(*) from ") + table.name] = {ReportSign::Rows(1, "<30")};
-        Readers()[static_cast<std::size_t>(round % 5)].read(1);
     }
 }
 

@@ -2,8 +2,6 @@
 #include "support/reportSign.h"
 #include "support/tempFolder.h"
 
-#include <random>
-
 namespace vxsign::test {
 namespace {
 
@@ -134,22 +132,6 @@ TEST(FileLogs, RadarOfLanes)
     sign.asked.clear();
     EXPECT_EQ(read(), 36912u);
     EXPECT_EQ(sign.asked, Asked{"6/23"}) << "a log that did not arrive stays";
-}
-
-TEST(FileLogs, RandomFiles)
-{
-    const TempFolder folder;
-    std::mt19937 random(62);
-    for (int round = 0; round < 120; ++round) {
-        const Log& log = Logs()[static_cast<std::size_t>(round) % Logs().size()];
-        const Taken taken;
-        ReportSign sign;
-        std::string file = log.header + std::string(random() % 200, '\0');
-        for (std::size_t i = random() % 12; i < file.size(); ++i)
-            file[i] = static_cast<char>(random());
-        sign.files[log.signFile] = file;
-        log.read(folder.Path().c_str());
-    }
 }
 
 TEST(FileBatch, SendsUntilOneFails)

@@ -4,8 +4,6 @@
 #include "support/reportSign.h"
 #include "support/tempFolder.h"
 
-#include <random>
-
 namespace vxsign::test {
 namespace {
 
@@ -198,10 +196,6 @@ TEST_F(PixelCheck, Tables)
                        signalPage};
     sign.answers[all[0]] = sign.answers[all[2]] = {two};
     sign.answers[pixelPage] = sign.answers[signalPage] = {ReportSign::Rows(2, "<><><><>")};
-    EXPECT_EQ(Read(1), 0u);
-    EXPECT_EQ(sign.asked, (Asked{all[0], pixelPage, "sql delete from PixelStatus"}));
-    EXPECT_EQ(Rows(), std::vector<std::string>{"2 0 0,0  @"});
-
     const auto report = [&] {
         Taken::records.clear();
         sign.asked.clear();
@@ -219,22 +213,6 @@ TEST_F(PixelCheck, Tables)
     sign.answers[all[0]] = {Refusal(36869)};
     EXPECT_EQ(report(), 36869u);
     EXPECT_EQ(sign.asked, Asked{all[0]});
-}
-
-TEST_F(PixelCheck, RandomFiles)
-{
-    std::mt19937 random(64);
-    constexpr std::string_view kLetters("1,2,3,\"\"\r\nPort:(ALL OK)\0-\xFF>", 27);
-    for (int round = 0; round < 60; ++round) {
-        std::string file(random() % 3000, '\0');
-        const auto most = round % 3 == 0 ? 8u : static_cast<unsigned>(kLetters.size()); // no line feed in a third
-        for (char& c : file)
-            c = kLetters[random() % most];
-        sign.files = {{"D:\\PXL.CSV", file}, {"D:\\SIGNAL.CSV", file}, {"C:\\PIXEL.SYS", file}};
-        Done();
-        EXPECT_EQ(Read(0), 0u);
-        EXPECT_EQ(Read(2), 0u);
-    }
 }
 
 TEST_F(PixelCheck, TestPattern)
