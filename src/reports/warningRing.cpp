@@ -119,7 +119,7 @@ bool FindTime(Ring& ring, Record& record)
             return false;
         if (read == Ring::Read::Got) {
             if (record[0] == kTime)
-                return !ring.AtPosition(); // one at the ring position ends it too, by rule
+                return true;
             ring.Step();
         }
         if (ring.AtPosition())
@@ -141,7 +141,7 @@ std::uint32_t TakeRows(Ring& ring, const char* signName, vxOnWaringLog callback)
     CopyToField(row.SignName, sizeof row.SignName, FieldText(signName, sizeof row.SignName));
     PutTime(record, row);
     // The index is one behind the records read, until the end of the file puts it right: without that end in between,
-    // the record at the ring position is the last.
+    // the record at the ring position is the last. By rule a ring whose first record is the time stamp has no rows.
     std::uint32_t result = VX_OK;
     while (!ring.AtPosition()) {
         const Ring::Read read = ring.Next(record);

@@ -14,7 +14,7 @@ struct Log
     bool deleted;
     std::string header;
     std::string first;     // 2020-05-13 10:20, 15 in the seconds' bits
-    std::string second;    // 13th month, day 0
+    std::string second;    // month 13 or 0, day 0
     std::string values[2]; // what stands ahead of the time, hexadecimal
     const char* noLog;     // a header without records behind it
 };
@@ -44,7 +44,7 @@ const std::vector<Log>& Logs()
          false,
          HexText("00000001 FFFFFFFF FFFFFFFF"),
          HexText("0102 F304 " + kNothing36 + "AD50 8F52"),
-         HexText("FFFF 0000 " + kNothing36 + "A051 8F52"),
+         HexText("FFFF 0000 " + kNothing36 + "0050 8F52"),
          {"01020000 F3040000", "FFFF0000 00000000"},
          "00000000 01010101 01010101"},
         {"new radar",

@@ -126,6 +126,9 @@ TEST(Status, SignBeacon)
     sign.answers["4/27"] = {Refusal(36912)};
     EXPECT_EQ(Read(kNone, kNone, 1), 36912u);
     EXPECT_EQ(Seen::beacon, Hex("0012130100000000"));
+    sign.answers["4/27"] = {Good(Hex("01020304")), Refusal(36912)};
+    EXPECT_EQ(Read(kNone, kNone, 1), 36912u);
+    EXPECT_EQ(Seen::beacon, Hex("0012130100000000")) << "the second answer counts";
 }
 
 TEST(Status, ShownMessage)

@@ -155,7 +155,7 @@ TEST_F(Warnings, RowsOfTheReport)
     EXPECT_EQ(ReadReport(R"(<?xml version="1.0"?><any>
         <PixelCheckResult><DT>t3</DT><PixelErrorNum>12</PixelErrorNum><SignalErrorNum>1</SignalErrorNum></PixelCheckResult>
         <MainboardStatus><DT>t1</DT><Waring><Fan>stopped</Fan><Door/></Waring></MainboardStatus>
-        <TileStatus><DT>t2</DT>
+        <TileStatus><DT>t2<Waring><D>4</D></Waring></DT>
             <T1><Position>X=300,Y=5</Position><Waring><Temp>80</Temp><Power>low</Power></Waring></T1>
             <T2><Position>nowhere</Position><Waring><A>1</A></Waring></T2><T3><Waring><B>2</B></Waring></T3>
             <T4><Position>at x=1,y=-1</Position><Waring><C>3</C></Waring></T4><T5><Waring/></T5><T6/>
