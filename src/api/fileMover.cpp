@@ -1,6 +1,5 @@
 // A named file in either direction, and the picture of what the sign shows.
 #include "api/currentMessage.h"
-#include "api/threadRecords.h"
 #include "playlist/packages.h"
 #include "util/file.h"
 #include "util/littleEndian.h"

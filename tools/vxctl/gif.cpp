@@ -2,6 +2,8 @@
 
 #include "vxctl/failure.h"
 
+#include <vxsign/local.h>
+
 #include <gif_lib.h>
 
 #include <array>
@@ -52,6 +54,11 @@ std::unique_ptr<ColorMapObject, decltype(&GifFreeMapObject)> MakeColours()
     return {GifMakeMapObject(kColours, colours.data()), GifFreeMapObject};
 }
 
+int WriteBytes(GifFileType* gif, const GifByteType* bytes, int count)
+{
+    return static_cast<int>(std::fwrite(bytes, 1, static_cast<std::size_t>(count), static_cast<FILE*>(gif->UserData)));
+}
+
 void CheckGif(int status)
 {
     if (status != GIF_OK)
@@ -61,7 +68,8 @@ void CheckGif(int status)
 } // namespace
 
 Gif::Gif(const std::string& path, int faceWidth, int faceHeight)
-    : file(EGifOpenFileName(path.c_str(), false, nullptr)), width(faceWidth * kPitch), height(faceHeight * kPitch)
+    : out(vxFOpen(path.c_str(), "wb"), std::fclose), file(out ? EGifOpen(out.get(), WriteBytes, nullptr) : nullptr),
+      width(faceWidth * kPitch), height(faceHeight * kPitch)
 {
     if (file == nullptr)
         throw SignFailure(VX_OPEN_FILE);
@@ -106,6 +114,8 @@ void Gif::Add(const vxsim::Canvas& face, std::uint32_t milliseconds)
 void Gif::Close()
 {
     CheckGif(EGifCloseFile(std::exchange(file, nullptr), nullptr));
+    if (std::fclose(out.release()) != 0)
+        throw SignFailure(VX_OPEN_FILE);
 }
 
 } // namespace vxctl

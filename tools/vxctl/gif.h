@@ -4,6 +4,8 @@
 #include "sim/face/canvas.h"
 
 #include <cstdint>
+#include <cstdio>
+#include <memory>
 #include <string>
 
 struct GifFileType;
@@ -28,6 +30,7 @@ public:
     void Close();
 
 private:
+    std::unique_ptr<FILE, int (*)(FILE*)> out;
     GifFileType* file;
     int width;
     int height;

@@ -159,6 +159,11 @@ void WriteSheet(const PlayList& list, const Wanted& wanted, const std::vector<vx
     const int rows = std::clamp(count, 1, std::min(kMostRows, vxsim::Canvas::kMostPixelsPerSide / stepY));
     const int columns = std::min((count + rows - 1) / rows, vxsim::Canvas::kMostPixelsPerSide / stepX);
     vxsim::Canvas sheet(std::max(1, columns) * stepX - kGap, rows * stepY - kGap);
+    constexpr vxsim::Rgb kFrame{48, 48, 48};
+    for (int y = 0; y < sheet.Height(); ++y)
+        for (int x = 0; x < sheet.Width(); ++x)
+            if (x % stepX == wanted.width + 1 || y % stepY == wanted.height + 1)
+                sheet.Set(x, y, kFrame);
     vxsim::Font font;
     for (int i = 0; i < std::min(count, rows * columns); ++i) {
         const vxsim::FileEntry& file = files[static_cast<std::size_t>(i)];
