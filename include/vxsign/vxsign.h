@@ -31,5 +31,6 @@
 #include <vxsign/test.h>
 #include <vxsign/ticker.h>
 #include <vxsign/write.h>
+#include <vxsign/zones.h>
 
 #endif
