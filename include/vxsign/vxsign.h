@@ -22,6 +22,7 @@
 #include <vxsign/mover.h>
 #include <vxsign/pixel.h>
 #include <vxsign/play.h>
+#include <vxsign/player.h>
 #include <vxsign/playlist.h>
 #include <vxsign/properties.h>
 #include <vxsign/quickshow.h>
