@@ -18,12 +18,13 @@ enum vxResult
     VX_FILE_FORMAT = 258,   /* the contents of a file are not what they should be */
     VX_NO_FUNCTION = 261,   /* the library does not do this */
     VX_FAILED_OPERATION = 20483,
-    VX_INCONSISTENT_SYNC = 20484, /* a reply with a status that has no meaning */
-    VX_ABORTED = 20497,           /* abortFlag was set */
-    VX_COMMUNICATION = 20736,     /* no configuration, no channel, or no valid reply in all tries */
-    VX_OPEN_FILE = 20737,         /* a file on the PC cannot be opened or made */
-    VX_EMPTY_FILE = 20738,        /* a file on the PC is empty */
-    VX_FILE_NOT_EXISTS = 36872    /* a file on the sign; given too when the sign announces a size of 0 */
+    VX_INCONSISTENT_SYNC = 20484,  /* a reply with a status that has no meaning */
+    VX_INCONSISTENT_MAJOR = 20488, /* a Modbus device confirmed another write than the one sent */
+    VX_ABORTED = 20497,            /* abortFlag was set */
+    VX_COMMUNICATION = 20736,      /* no configuration, no channel, or no valid reply in all tries */
+    VX_OPEN_FILE = 20737,          /* a file on the PC cannot be opened or made */
+    VX_EMPTY_FILE = 20738,         /* a file on the PC is empty */
+    VX_FILE_NOT_EXISTS = 36872     /* a file on the sign; given too when the sign announces a size of 0 */
 };
 
 /* The English text of a result word: a constant; "Unknow Error!" for a number that is not known. */

@@ -19,6 +19,7 @@
 #include <vxsign/local.h>
 #include <vxsign/log.h>
 #include <vxsign/login.h>
+#include <vxsign/modbus.h>
 #include <vxsign/mover.h>
 #include <vxsign/pixel.h>
 #include <vxsign/play.h>

@@ -1,0 +1,81 @@
+// The exchange of one Modbus register: its tries, and what a serial line needs to be quick.
+#include "platform/clock.h"
+#include "vxComm/MB/vxMBLED.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace vxsign {
+namespace {
+
+constexpr std::uint8_t kNoSection = 255;
+constexpr std::uint16_t kNoSectionBase = 0xFF00;
+constexpr std::uint16_t kSectionSize = 100;
+
+constexpr std::uint32_t kQuietMs = 50; // behind the last byte of a serial answer
+
+std::uint16_t RegisterAddress(std::uint8_t section, std::uint16_t registerNumber)
+{
+    const std::uint32_t base = section == kNoSection ? kNoSectionBase : std::uint32_t{section} * kSectionSize;
+    return static_cast<std::uint16_t>(base + registerNumber);
+}
+
+} // namespace
+
+std::uint32_t vxMBLED::ModbusExchange(std::uint8_t device, std::uint8_t section, modbus::Function function,
+                                      std::uint16_t registerNumber, std::uint16_t& value)
+{
+    using Kind = modbus::Answer::Kind;
+    constexpr std::uint16_t kOneRegister = 1;
+    modbus::BuildRequest(modbus::RequestBytes(requestBuffer, modbus::kRequestLength), device, function,
+                         RegisterAddress(section, registerNumber),
+                         function == modbus::Function::Read ? kOneRegister : value);
+    requestLength = modbus::kRequestLength;
+    functionCode = function;
+
+    std::uint32_t result = VX_COMMUNICATION;
+    for (std::uint32_t tries = 0; result != VX_OK && tries < config->retries; ++tries) {
+        const modbus::Answer answer = FindAnswer(ModbusTransact());
+        if (answer.kind == Kind::Value)
+            value = answer.value;
+        if (answer.kind == Kind::Other)
+            result = VX_INCONSISTENT_MAJOR; // and stays so if nothing better comes
+        else if (answer.kind != Kind::None)
+            result = VX_OK;
+    }
+    return result;
+}
+
+std::uint32_t vxMBLED::ModbusTransact()
+{
+    RawSend(requestBuffer, requestLength, config->timeoutMs);
+    std::memset(replyBuffer, 0, kReplySize);
+    if (useChannel != 0 && config->kind == VX_CHANNEL_SERIAL)
+        return ReadSerialAnswer();
+    return RawRecv(replyBuffer, kReplySize, config->timeoutMs);
+}
+
+// A serial line is read until the buffer is full or the line has been quiet for a while, which is longer than all the
+// rest of an exchange takes. So no more than an answer is asked for; what noise has pushed back follows byte by byte.
+std::uint32_t vxMBLED::ReadSerialAnswer()
+{
+    const bool reading = functionCode == modbus::Function::Read;
+    const std::uint32_t answerLength = reading ? modbus::kReadReplyLength : modbus::kWriteReplyLength;
+    const std::uint64_t start = platform::clock.monotonicMs();
+    std::uint32_t got = RawRecv(replyBuffer, answerLength, config->timeoutMs);
+    std::uint32_t more = got == answerLength ? 1 : 0;
+    while (more != 0 && got < kReplySize && FindAnswer(got).kind == modbus::Answer::Kind::None) {
+        const std::uint64_t gone = platform::clock.monotonicMs() - start;
+        more = gone < config->timeoutMs ? RawRecv(replyBuffer + got, 1, kQuietMs) : 0;
+        got += more;
+    }
+    return got;
+}
+
+modbus::Answer vxMBLED::FindAnswer(std::uint32_t length) const
+{
+    const std::span<const std::uint8_t, modbus::kRequestLength> request(requestBuffer, modbus::kRequestLength);
+    return modbus::FindAnswer(request, {replyBuffer, length});
+}
+
+} // namespace vxsign

@@ -1,0 +1,49 @@
+// Frames of Modbus RTU, as far as single holding registers need them.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace vxsign::modbus {
+
+enum class Function : std::uint8_t
+{
+    Read = 3, // holding registers
+    Write = 6 // one register
+};
+
+constexpr std::size_t kRequestLength = 8;
+constexpr std::size_t kReadReplyLength = 7;
+constexpr std::size_t kWriteReplyLength = 8;
+
+using RequestBytes = std::span<std::uint8_t, kRequestLength>;
+
+/// Lays out a request. For a read the last number is the count of registers, for a write the value.
+void BuildRequest(RequestBytes request, std::uint8_t device, Function function, std::uint16_t address,
+                  std::uint16_t last);
+
+/// What was found in the bytes that came back.
+struct Answer
+{
+    enum class Kind : std::uint8_t
+    {
+        None,  // no valid frame
+        Value, // the register that was read
+        Done,  // the write, confirmed
+        Other  // another write, confirmed
+    };
+    Kind kind = Kind::None;
+    std::uint16_t value = 0;
+};
+
+/// Looks for the answer to a request among bytes with bus noise ahead of it or behind it. A read ends with its first
+/// valid frame from the device or from address 255. Of confirmed writes the last one counts; the address and the low
+/// byte of the value are not compared.
+Answer FindAnswer(std::span<const std::uint8_t, kRequestLength> request, std::span<const std::uint8_t> bytes);
+
+/// The checksum of frames, which is sent low byte first: CRC-16, reflected polynomial 0xA001, seed 0xFFFF.
+std::uint16_t Crc(std::span<const std::uint8_t> bytes);
+
+} // namespace vxsign::modbus

@@ -1,0 +1,237 @@
+// Field devices on a Modbus line: frames, registers, noise, tries.
+#include "support/bytes.h"
+
+#include <vxsign/vxsign.h>
+
+#include <algorithm>
+#include <cstring>
+#include <deque>
+#include <functional>
+#include <gtest/gtest.h>
+#include <pty.h>
+#include <string>
+#include <thread>
+#include <unistd.h>
+
+namespace vxsign::test {
+namespace {
+
+// The thread's line, through onWrite and onRead: keeps what was sent and gives each read what is scripted.
+class Modbus : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        sent.clear();
+        replies.clear();
+        vxApiConfig config{};
+        config.retries = 3;
+        config.timeoutMs = 700;
+        config.onWrite = [](vxApiConfig*, const std::uint8_t* bytes, std::uint32_t length, std::uint32_t) {
+            sent.emplace_back(bytes, bytes + length);
+            return static_cast<std::int32_t>(length);
+        };
+        config.onRead = [](vxApiConfig*, std::uint8_t* buffer, std::uint32_t capacity, std::uint32_t waitMs) {
+            EXPECT_EQ(capacity, 1536u);
+            EXPECT_EQ(waitMs, 700u);
+            if (replies.empty())
+                return 0;
+            const Bytes reply = replies.front();
+            replies.pop_front();
+            std::copy_n(reply.begin(), std::min<std::size_t>(reply.size(), capacity), buffer);
+            return static_cast<std::int32_t>(reply.size());
+        };
+        vxInitAPI(&config);
+    }
+    void TearDown() override
+    {
+        EXPECT_TRUE(replies.empty());
+        const vxApiConfig nothing{};
+        vxInitAPI(&nothing);
+    }
+
+    inline static std::vector<Bytes> sent;
+    inline static std::deque<Bytes> replies;
+};
+
+TEST_F(Modbus, Frames)
+{
+    std::uint16_t value = 0;
+    const struct
+    {
+        const char* name;
+        std::function<std::uint32_t()> call;
+        const char* frame;
+    } rows[] = {
+        {"vxMB_LCGet", [&] { return vxMB_LCGet(7, 5, &value); }, "07 03 FF05 0001 A479"},
+        {"vxMB_TLSGet", [&] { return vxMB_TLSGet(7, 3, 5, &value); }, "07 03 0131 0001 D45F"},
+        {"vxMB_TLSGet of the device", [&] { return vxMB_TLSGet(7, 255, 5, &value); }, "07 03 FF05 0001 A479"},
+        {"vxMB_ALCSGet", [&] { return vxMB_ALCSGet(7, 1, 65535, &value); }, "07 03 0063 0001 7472"},
+        {"vxMB_MLCSGet", [&] { return vxMB_MLCSGet(7, 3, 29, &value); }, "07 03 0149 0001 5446"},
+        {"vxMB_VSLSGet", [&] { return vxMB_VSLSGet(7, 3, 29, &value); }, "07 03 0149 0001 5446"},
+        {"vxMB_TORGet", [&] { return vxMB_TORGet(7, 3, 23, &value); }, "07 03 0143 0001 7444"},
+        {"vxMB_VMSGet", [&] { return vxMB_VMSGet(7, 3, 100, &value); }, "07 03 0190 0001 85BD"},
+        {"vxMB_PVMSGet", [&] { return vxMB_PVMSGet(7, 67, &value); }, "07 03 FF43 0001 45AC"},
+        {"vxMB_LCSet", [] { return vxMB_LCSet(7, 63, 0x1234); }, "07 06 FF3F 1234 84C3"},
+        {"vxMB_TLSSet", [] { return vxMB_TLSSet(7, 3, 26, 0x1234); }, "07 06 0146 1234 64F2"},
+        {"vxMB_ALCSSet", [] { return vxMB_ALCSSet(7, 3, 28, 0x1234); }, "07 06 0148 1234 0531"},
+        {"vxMB_MLCSSet", [] { return vxMB_MLCSSet(7, 3, 29, 0x1234); }, "07 06 0149 1234 54F1"},
+        {"vxMB_VSLSSet", [] { return vxMB_VSLSSet(7, 3, 30, 0x1234); }, "07 06 014A 1234 A4F1"},
+        {"vxMB_TORSet", [] { return vxMB_TORSet(7, 3, 24, 0x1234); }, "07 06 0144 1234 C532"},
+        {"vxMB_VMSSet", [] { return vxMB_VMSSet(7, 3, 100, 0x1234); }, "07 06 0190 1234 850A"},
+        {"vxMB_PVMSSet", [] { return vxMB_PVMSSet(7, 67, 0x1234); }, "07 06 FF43 1234 451B"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        sent.clear();
+        EXPECT_EQ(row.call(), 20736u);
+        EXPECT_EQ(sent, std::vector<Bytes>(3, Hex(row.frame))) << "each of the tries";
+    }
+}
+
+TEST_F(Modbus, RegistersOfTheClasses)
+{
+    static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION))->retries = 1;
+    using Get = std::uint32_t (*)(std::uint8_t, std::uint8_t, std::uint16_t, std::uint16_t*);
+    using Set = std::uint32_t (*)(std::uint8_t, std::uint8_t, std::uint16_t, std::uint16_t);
+    const Get lcGet = [](std::uint8_t d, std::uint8_t, std::uint16_t r, std::uint16_t* v) {
+        return vxMB_LCGet(d, r, v);
+    };
+    const Set lcSet = [](std::uint8_t d, std::uint8_t, std::uint16_t r, std::uint16_t v) {
+        return vxMB_LCSet(d, r, v);
+    };
+    const Get pvmsGet = [](std::uint8_t d, std::uint8_t, std::uint16_t r, std::uint16_t* v) {
+        return vxMB_PVMSGet(d, r, v);
+    };
+    const Set pvmsSet = [](std::uint8_t d, std::uint8_t, std::uint16_t r, std::uint16_t v) {
+        return vxMB_PVMSSet(d, r, v);
+    };
+    const struct
+    {
+        const char* name;
+        Get get;
+        Set set;
+        int lastRead;
+        int lastWritten;
+        const char* refused; // hexadecimal
+        std::uint16_t unread;
+    } rows[] = {
+        {"LC", lcGet, lcSet, 63, 63, "08090A 11 16 3738393A3B3C3D3E", 7},
+        {"TLS", vxMB_TLSGet, vxMB_TLSSet, 26, 26, "0B0C0D 0F 16", 0},
+        {"ALCS", vxMB_ALCSGet, vxMB_ALCSSet, 200, 28, "0B0C0D 0F 1314 16", 0},
+        {"MLCS", vxMB_MLCSGet, vxMB_MLCSSet, 29, 29, "0B 0D0E0F 16", 0},
+        {"VSLS", vxMB_VSLSGet, vxMB_VSLSSet, 29, 30, "0B0C 0E0F 16", 0},
+        {"TOR", vxMB_TORGet, vxMB_TORSet, 23, 24, "0E0F 16", 0},
+        {"VMS", vxMB_VMSGet, vxMB_VMSSet, 100, 100, "0B 0D0E0F 1213 16 19 1E1F20 2223", 0},
+        {"PVMS", pvmsGet, pvmsSet, 67, 67, "08 16 3F404142", 7},
+    };
+    for (const auto& row : rows) {
+        Bytes refused;
+        for (int number = 0; number <= 200; ++number) {
+            SCOPED_TRACE(row.name + std::to_string(number));
+            const auto registerNumber = static_cast<std::uint16_t>(number);
+            sent.clear();
+            std::uint16_t value = 7;
+            const bool readable = number <= row.lastRead;
+            EXPECT_EQ(row.get(1, 1, registerNumber, &value), readable ? 20736u : 2u);
+            EXPECT_EQ(value, readable ? row.unread : 7);
+            EXPECT_EQ(sent.size(), readable ? 1u : 0u);
+            if (row.set(1, 1, registerNumber, 9) == 20736u)
+                EXPECT_EQ(sent.size(), readable ? 2u : 1u);
+            else if (number <= row.lastWritten)
+                refused.push_back(static_cast<std::uint8_t>(number));
+        }
+        EXPECT_EQ(refused, Hex(row.refused)) << row.name;
+        EXPECT_EQ(row.set(1, 1, static_cast<std::uint16_t>(row.lastWritten), 9), 20736u);
+        EXPECT_EQ(row.set(1, 1, static_cast<std::uint16_t>(row.lastWritten + 1), 9), 2u);
+    }
+}
+
+TEST_F(Modbus, Answers)
+{
+    constexpr char kGood[] = "07 03 02 1234 3D33";
+    const Bytes full = Bytes(1529, 0x03) + Hex(kGood);
+    struct Row
+    {
+        const char* name;
+        std::vector<Bytes> replies;
+        std::uint32_t result;
+        std::uint16_t value;
+        std::size_t tries;
+    };
+    const Row reads[] = {
+        {"clean", {Hex(kGood)}, 0, 0x1234, 1},
+        {"noise ahead", {Hex("0703") + Hex(kGood)}, 0, 0x1234, 1},
+        {"noise to the end of the buffer", {full}, 0, 0x1234, 1},
+        {"noise behind", {Hex(kGood) + Hex("FF03025678AE12")}, 0, 0x1234, 1},
+        {"from address 255", {Hex("FF 03 02 5678 AE12")}, 0, 0x5678, 1},
+        {"from another device", {Hex("08 03 02 1234 6932"), Hex(kGood)}, 0, 0x1234, 2},
+        {"cut, bad checksum, silence", {Hex("0703021234 3D"), Hex("07 03 02 1235 3D33"), {}}, 20736, 0, 3},
+        {"exception", {Hex("078302 20F0"), Hex("078302 20F0"), Hex("078302 20F0")}, 20736, 0, 3},
+        {"a confirmed write", {Hex("07 06 FF05 0005 69BA"), {}, {}}, 20488, 0, 3},
+        {"a confirmed write ahead", {Hex("07 06 FF05 0005 69BA") + Hex(kGood)}, 0, 0x1234, 1},
+        {"only functions", {Bytes(1536, 3), Bytes(1536, 6), Bytes(1, 3)}, 20736, 0, 3},
+    };
+    const Row writes[] = {
+        {"clean", {Hex("07 06 FF07 0102 8828")}, 0, 0, 1},
+        {"low byte differs", {Hex("07 06 FF07 01FF 49A9")}, 0, 0, 1},
+        {"another device", {Hex("09 06 FF07 0102 8906")}, 0, 0, 1},
+        {"high byte differs", {Hex("07 06 FF07 0202 88D8"), {}, {}}, 20488, 0, 3},
+        {"another register", {Hex("07 06 FF08 0102 B82B"), Hex("07 06 FF07 0102 8828")}, 0, 0, 2},
+        {"another one ahead", {Hex("07 06 FF08 0102 B82B 07 06 FF07 0102 8828")}, 0, 0, 1},
+        {"another one behind", {Hex("07 06 FF07 0102 8828 07 06 FF08 0102 B82B"), {}, {}}, 20488, 0, 3},
+        {"a read register", {Hex(kGood), {}, {}}, 20736, 0, 3},
+        {"cut", {Hex("07 06 FF07 0102 88"), {}, {}}, 20736, 0, 3},
+    };
+    const auto run = [](const Row& row, std::uint32_t result) {
+        EXPECT_EQ(result, row.result) << row.name;
+        EXPECT_EQ(sent.size(), row.tries) << row.name;
+        EXPECT_TRUE(replies.empty()) << row.name;
+        sent.clear();
+    };
+    for (const Row& row : reads) {
+        replies.assign(row.replies.begin(), row.replies.end());
+        std::uint16_t value = 7;
+        run(row, vxMB_TLSGet(7, 3, 5, &value));
+        EXPECT_EQ(value, row.value) << row.name;
+    }
+    for (const Row& row : writes) {
+        replies.assign(row.replies.begin(), row.replies.end());
+        run(row, vxMB_LCSet(7, 7, 0x0102));
+    }
+    replies.push_back(Hex(kGood));
+    EXPECT_EQ(vxMB_LCGet(7, 7, nullptr), 0u) << "a value that nobody wants";
+}
+
+TEST(ModbusLine, SerialAnswerWithNoiseAhead)
+{
+    int master = -1;
+    int slave = -1;
+    char name[128];
+    ASSERT_EQ(::openpty(&master, &slave, name, nullptr, nullptr), 0);
+    vxApiConfig config{};
+    config.kind = VX_CHANNEL_SERIAL;
+    config.retries = 1;
+    config.timeoutMs = 60000;
+    config.baudRate = 115200;
+    std::strncpy(config.serialName, name, sizeof config.serialName - 1);
+    vxInitAPI(&config);
+    std::thread device([=] {
+        const Bytes reply = Hex("0703") + Hex("07 03 02 1234 3D33");
+        std::uint8_t request[8];
+        for (std::size_t got = 0; got < sizeof request;)
+            got += static_cast<std::size_t>(std::max<ssize_t>(0, ::read(master, request + got, sizeof request - got)));
+        EXPECT_EQ(::write(master, reply.data(), reply.size()), static_cast<ssize_t>(reply.size()));
+    });
+    std::uint16_t value = 0;
+    EXPECT_EQ(vxMB_LCGet(7, 5, &value), 0u);
+    EXPECT_EQ(value, 0x1234);
+    device.join();
+    ::close(slave);
+    ::close(master);
+    const vxApiConfig nothing{};
+    vxInitAPI(&nothing);
+}
+
+} // namespace
+} // namespace vxsign::test
