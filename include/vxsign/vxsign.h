@@ -32,6 +32,7 @@
 #include <vxsign/status.h>
 #include <vxsign/test.h>
 #include <vxsign/ticker.h>
+#include <vxsign/video.h>
 #include <vxsign/write.h>
 #include <vxsign/zones.h>
 
