@@ -95,7 +95,11 @@ std::uint32_t CBaseCMD::BuildPacket(std::uint8_t* request, std::uint8_t major, s
         std::memcpy(request + header::kSize, payload, payloadLength);
     if (extendedLength != 0)
         std::memmove(request + header::kSize + std::size_t{4} * words, extended, extendedLength);
+    return Seal(request);
+}
 
+std::uint32_t CBaseCMD::Seal(std::uint8_t* request) const
+{
     const std::uint32_t checksum =
         vxChkSum(request, header::kExtendedLength, TotalLength(request), useCrc != 0 ? kCrcMode : kSumMode);
     Store16(request + header::kChecksum, static_cast<std::uint16_t>(checksum));

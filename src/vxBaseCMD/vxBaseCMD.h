@@ -48,6 +48,9 @@ public:
     std::uint32_t BuildPacket(std::uint8_t* request, std::uint8_t major, std::uint8_t minor, const void* payload,
                               std::uint32_t payloadLength, const void* extended, std::uint32_t extendedLength);
 
+    /// Stores the checksum of a packet that is laid out: for those who change a field of it. Returns the checksum.
+    std::uint32_t Seal(std::uint8_t* request) const;
+
     /// Sends a request until a reply to it comes or the tries are used up. Returns the result word.
     std::uint32_t Exchange(const std::uint8_t* request, std::uint32_t requestLength, std::uint8_t* reply);
 
