@@ -4,7 +4,6 @@
 #include <vxsign/vxsign.h>
 
 #include <algorithm>
-#include <cstring>
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
@@ -214,7 +213,7 @@ TEST(ModbusLine, SerialAnswerWithNoiseAhead)
     config.retries = 1;
     config.timeoutMs = 60000;
     config.baudRate = 115200;
-    std::strncpy(config.serialName, name, sizeof config.serialName - 1);
+    std::string(name).copy(config.serialName, sizeof config.serialName - 1);
     vxInitAPI(&config);
     std::thread device([=] {
         const Bytes reply = Hex("0703") + Hex("07 03 02 1234 3D33");
