@@ -1,3 +1,4 @@
+#include "sim/conditionOptions.h"
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
 #include "sim/server/server.h"
@@ -50,6 +51,7 @@ struct Options
     bool verbose = false;
     unsigned delay = 0;
     vxsim::ListenSettings listen;
+    vxsim::ConditionOptions condition;
 };
 
 constexpr const char* kFooter = R"(Each line on standard output names one thing to use: "dir FOLDER", "udp HOST:PORT",
@@ -63,6 +65,8 @@ Examples:
   vxsim --dir mysign --drives CDE           keeps its files in mysign, has no drive F
   vxsim --port 0 --serial                   any free port, and a serial line
   vxsim --face ansi --png face.png          shows the face in the terminal and as a picture
+  vxsim --dir mysign --bad 3,4,red          begins with a bad pixel
+  vxsim pixel --dir mysign --good 3,4       mends it while the sign runs
   vxsim --login admin:1234 --verbose        asks hosts to log in, and tells what they do
   vxsim --delay 200 --fault drop=0.1,noise=4,seed=7)";
 
@@ -183,6 +187,7 @@ void Serve(const Options& options)
     const vxsim::ServerSettings serverSettings{std::chrono::milliseconds(options.delay),
                                                options.faults.empty() ? vxsim::FaultSettings{}
                                                                       : vxsim::ParseFaults(options.faults)};
+    options.condition.Check();
     const vxsim::Descriptor end = CatchEndSignals();
     vxsim::Endpoints endpoints(options.listen);
     const SignFolder folder(options.folder);
@@ -196,6 +201,7 @@ void Serve(const Options& options)
     settings.users = users;
     settings.localSecondsAtZero = LocalSecondsAtZero();
     vxsim::VirtualSign sign(settings);
+    options.condition.Apply(folder.Path());
     vxsim::Stage stage(sign);
     if (options.verbose)
         ReportCommands(sign);
@@ -204,9 +210,15 @@ void Serve(const Options& options)
     std::optional<vxsim::FacePainter> painter;
     if (options.face == "ansi" || !options.png.empty()) {
         painter.emplace(stage, options.face == "ansi" ? &std::cout : nullptr, options.png);
-        server.OnTick(kFrame, [&painter] { painter->Paint(vxsim::NowMs()); });
+        server.OnTick(kFrame, [&sign, &painter] {
+            sign.KeepUp(vxsim::NowMs());
+            painter->Paint(vxsim::NowMs());
+        });
     } else {
-        server.OnTick(kUnseenStep, [&stage] { stage.KeepUp(vxsim::NowMs()); });
+        server.OnTick(kUnseenStep, [&sign, &stage] {
+            sign.KeepUp(vxsim::NowMs());
+            stage.KeepUp(vxsim::NowMs());
+        });
     }
     server.Run(end.Get());
 }
@@ -237,13 +249,18 @@ int Run(int argc, char** argv)
         ->capture_default_str()
         ->check(CLI::Range(0U, 60000U));
     app.add_option("--fault", options.faults, "what happens to replies, such as drop=0.1,noise=4");
+    options.condition.AddTo(app);
+    options.condition.AddCommandsTo(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? EXIT_SUCCESS : kExitUsage;
     }
     try {
-        Serve(options);
+        if (app.get_subcommands().empty())
+            Serve(options);
+        else
+            options.condition.ApplyToTarget();
     } catch (const std::invalid_argument& error) {
         std::cerr << "vxsim: " << error.what() << '\n';
         return kExitUsage;

@@ -257,6 +257,7 @@ void Player::Begin(Show loaded, const FileEntry& file, std::uint64_t turnMs)
 {
     show = std::move(loaded);
     current = file;
+    ++turns;
     startMs = turnMs;
     resting = false;
 }

@@ -83,6 +83,9 @@ public:
     // Sign path of what plays as of the last call with a time, empty if nothing does.
     std::string CurrentFile() const { return current.path; }
 
+    // How many turns have begun.
+    std::uint64_t Turns() const { return turns; }
+
     // Sign path of the file whose turn comes then, empty if no file of the list is both there and due.
     std::string NextFile(std::uint64_t nowMs);
 
@@ -108,10 +111,11 @@ private:
     Font font;
     Timing defaults;
     PlayOrder order;
-    std::uint64_t next = 0;                  // the turn after the current one
-    std::size_t misses = 0;                  // files passed over since the last one that could be shown
-    std::optional<Show> show;                // what plays
-    FileEntry current;                       // its record
+    std::uint64_t next = 0;   // the turn after the current one
+    std::size_t misses = 0;   // files passed over since the last one that could be shown
+    std::optional<Show> show; // what plays
+    FileEntry current;        // its record
+    std::uint64_t turns = 0;
     std::optional<std::uint64_t> pausedAtMs; // times from here on are those of PlayMs
     std::uint64_t lagMs = 0;
     std::uint64_t startMs = 0; // when the current turn began; while nothing plays, when the next one is looked for

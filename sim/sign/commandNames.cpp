@@ -25,6 +25,7 @@ constexpr Name kNames[] = {
     {1, 17, "read file"},
     {1, 18, "read system information"},
     {1, 19, "read error log"},
+    {1, 21, "query database"},
     {1, 22, "read brightness"},
     {1, 26, "read statistics"},
     {1, 27, "read board number"},
@@ -131,13 +132,15 @@ constexpr Name kNames[] = {
     {10, 3, "change password"},
     {10, 48, "server table"},
     {12, 13, "poll update"},
+    {16, 1, "begin pixel check"},
+    {16, 3, "pixel check progress"},
     {17, 1, "set FH"},
     {17, 2, "get FH"},
 };
 
-constexpr std::string_view kFamilies[] = {"unknown", "read",    "write",     "pattern test",   "control", "time",
-                                          "play",    "files",   "ticker",    "offline ticker", "login",   "unknown",
-                                          "update",  "unknown", "tube data", "unknown",        "unknown", "FH"};
+constexpr std::string_view kFamilies[] = {"unknown", "read",    "write",     "pattern test",   "control",     "time",
+                                          "play",    "files",   "ticker",    "offline ticker", "login",       "unknown",
+                                          "update",  "unknown", "tube data", "unknown",        "pixel check", "FH"};
 
 } // namespace
 

@@ -107,10 +107,7 @@ Reply LoginCommands::ChangePassword(const Frame& request)
 Reply LoginCommands::ServerTable() const
 {
     Reply reply{0, {1, 0, 0, 0}, std::vector<std::uint8_t>(kServerRecord)};
-    std::string text;
-    for (int shift = 24; shift >= 0; shift -= 8)
-        text += std::to_string(address >> shift & 0xFF) + (shift > 0 ? "." : "");
-    std::ranges::copy(text, reply.extended.begin());
+    std::ranges::copy(AddressText(address), reply.extended.begin());
     Store32(reply.extended, kServerPortAt, port);
     return reply;
 }

@@ -33,6 +33,12 @@ public:
 
     void LogOut() { held.reset(); }
 
+    // Who is logged in from that host; empty if nobody is.
+    std::string UserAt(const Arrival& arrival) const
+    {
+        return IsHeld(arrival.nowMs) && held->host == arrival.host ? held->user : std::string();
+    }
+
 private:
     struct Login
     {

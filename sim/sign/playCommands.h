@@ -38,6 +38,9 @@ public:
     // The sign's own list plays again.
     void ReturnToMainList() { listIndex = kMainList; }
 
+    // "SEQUENT", with the number of another list behind it.
+    std::string ListName() const { return listIndex == kMainList ? "SEQUENT" : "SEQUENT" + std::to_string(listIndex); }
+
     std::uint8_t Volume() const { return volume; }
     // What hosts wanted to be heard: the path or name of the last file, and the settings of the last sound command.
     const std::string& SoundFile() const { return soundFile; }

@@ -18,6 +18,7 @@ enum : std::uint8_t
     kDisplayStyle = 16,
     kSystemInfo = 18,
     kErrorLog = 19,
+    kDatabase = 21,
     kBrightness = 22,
     kStatistics = 26,
     kBoardId = 27,
@@ -27,8 +28,6 @@ enum : std::uint8_t
 
 constexpr std::uint32_t kBoardNumber = 36896;
 constexpr std::uint8_t kBoardPorts = 4;
-constexpr std::size_t kStateWordSize = 8;
-constexpr std::size_t kStateRecordSize = 96;
 
 std::span<const std::uint8_t> AsBytes(const std::string& text)
 {
@@ -37,7 +36,7 @@ std::span<const std::uint8_t> AsBytes(const std::string& text)
 
 } // namespace
 
-Reply VirtualSign::Read(const Frame& request)
+Reply VirtualSign::Read(const Frame& request, std::uint64_t nowMs)
 {
     if (const FileLayout* layout = ReadLayout(request.minor))
         return ReadFile(request, *layout);
@@ -49,8 +48,10 @@ Reply VirtualSign::Read(const Frame& request)
         record[4] = static_cast<std::uint8_t>(drives.Letters().size());
         return Reply::WithPayload(record);
     }
-    case kState: // all well, no position
-        return {0, std::vector<std::uint8_t>(kStateWordSize), std::vector<std::uint8_t>(kStateRecordSize)};
+    case kState:
+        return ReadState(nowMs);
+    case kDatabase:
+        return QueryDatabase(request);
     case kIdentity:
         return Reply::WithPayload(identity.Bytes());
     case kUpdateResult:
@@ -134,6 +135,8 @@ Reply VirtualSign::Statistics(const Frame& request) const
     if (request.payload.empty())
         return Reply::WithCode(Code::kBadLength);
     std::vector<std::uint8_t> record(request.payload[0] == kFaultSelector ? 1 : 16);
+    if (request.payload[0] == kFaultSelector)
+        record[0] = monitor.IsAlarmed() ? 1 : 0;
     if (request.payload[0] == 0) {
         Store32(record, 0, counters.answered);
         Store32(record, 4, counters.refused);

@@ -1,6 +1,9 @@
 #include "sim/sign/signClock.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
+#include <cstdio>
 
 namespace vxsim {
 namespace {
@@ -15,6 +18,25 @@ constexpr int kFirstYear = 1970;
 constexpr int kLastYear = 9999; // four digits of BCD
 
 } // namespace
+
+std::string TimeText(const ClockTime& time)
+{
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "%d-%02u-%02u %02u:%02u:%02u", time.year, time.month, time.day, time.hour,
+                  time.minute, time.second);
+    return text.data();
+}
+
+std::uint16_t PackedDate(const ClockTime& time)
+{
+    const auto years = static_cast<unsigned>(std::clamp(time.year - 1980, 0, 127));
+    return static_cast<std::uint16_t>(time.day | time.month << 5 | years << 9);
+}
+
+std::uint16_t PackedTime(const ClockTime& time)
+{
+    return static_cast<std::uint16_t>(time.second / 2 | time.minute << 5 | time.hour << 11);
+}
 
 ClockTime SignClock::At(std::uint64_t nowMs) const
 {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace vxsim {
 
@@ -30,6 +31,14 @@ struct ClockTime
 
     bool operator==(const ClockTime&) const = default;
 };
+
+// "2020-05-13 10:20:30"
+std::string TimeText(const ClockTime& time);
+
+// As FAT and the log files have them: day, month from bit 5 on, years since 1980 from bit 9 on; seconds / 2, minutes
+// from bit 5 on, hours from bit 11 on.
+std::uint16_t PackedDate(const ClockTime& time);
+std::uint16_t PackedTime(const ClockTime& time);
 
 // The clock of the sign. It runs with the caller's and is ahead of it or behind by what a host has set.
 class SignClock

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace vxsim {
@@ -14,6 +15,15 @@ inline std::string_view TextAt(std::span<const std::uint8_t> payload, std::size_
     const auto text = payload.subspan(std::min(at, payload.size()));
     const auto end = std::ranges::find(text, std::uint8_t{0});
     return {reinterpret_cast<const char*>(text.data()), static_cast<std::size_t>(end - text.begin())};
+}
+
+// "127.0.0.1"; the first octet is in the top byte.
+inline std::string AddressText(std::uint32_t address)
+{
+    std::string text;
+    for (int shift = 24; shift >= 0; shift -= 8)
+        text += std::to_string(address >> shift & 0xFF) + (shift > 0 ? "." : "");
+    return text;
 }
 
 } // namespace vxsim

@@ -26,6 +26,7 @@ enum : std::uint8_t
     kLogin = 10,
     kUpdate = 12,
     kTube = 14,
+    kPixels = 16,
     kFh = 17
 };
 enum : std::uint8_t
@@ -92,7 +93,9 @@ VirtualSign::VirtualSign(const SignSettings& wanted)
       identity(kept / "identity.bin", InitialIdentity()), tests(settings.width, settings.height),
       time(settings.localSecondsAtZero), play(drives, kept / "radar.log"), ticker(settings.width),
       login(settings.users, settings.loginHoldMs, settings.address, settings.port),
-      files(drives, [this] { PrepareSystemFiles(); })
+      files(drives, [this] { PrepareSystemFiles(); }), database(kept / "logs.sqlite"), log(database),
+      monitor(settings.folder, drives, database, settings.width, settings.height),
+      pixelCheck(drives, database, settings.width, settings.height)
 {
     PrepareSystemFiles();
 }
@@ -108,6 +111,7 @@ std::vector<std::uint8_t> VirtualSign::Answer(std::span<const std::uint8_t> requ
 std::vector<std::uint8_t> VirtualSign::Answer(const Frame& request, const Arrival& arrival)
 {
     Reply reply;
+    std::string author = login.UserAt(arrival);
     try {
         reply = Execute(request, arrival);
     } catch (const std::exception&) { // no memory, or a file system that fails where it should not
@@ -120,6 +124,11 @@ std::vector<std::uint8_t> VirtualSign::Answer(const Frame& request, const Arriva
         ++counters.refused;
         refusals.Add(request.major, request.minor, code);
     }
+    if (author.empty()) // a login has just made one
+        author = login.UserAt(arrival);
+    if (author.empty())
+        author = arrival.host == 0 ? "serial line" : AddressText(arrival.host);
+    log.Command(request, code, author, time.Clock().At(arrival.nowMs));
     for (const SignEvents& observer : observers) {
         if (observer.answered)
             observer.answered(request, code);
@@ -133,7 +142,7 @@ Reply VirtualSign::Execute(const Frame& request, const Arrival& arrival)
         return Reply::WithCode(Code::kLoginFirst);
     switch (request.major) {
     case kRead:
-        return Read(request);
+        return Read(request, arrival.nowMs);
     case kWrite:
         return Write(request);
     case kTest:
@@ -154,6 +163,8 @@ Reply VirtualSign::Execute(const Frame& request, const Arrival& arrival)
         return login.Execute(request, arrival);
     case kUpdate:
         return PollUpdate(request);
+    case kPixels:
+        return pixelCheck.Execute(request, monitor.Now(), time.Clock(), arrival.nowMs);
     case kFh:
         return control.ExecuteFh(request);
     case kTube: {
@@ -220,6 +231,7 @@ void VirtualSign::Restart(std::uint64_t nowMs)
     darkUntilMs = nowMs + kRestartMs;
     tests.Stop();
     ticker.Stop();
+    pixelCheck.Stop();
     play.ReturnToMainList();
     for (const SignEvents& observer : observers) {
         if (observer.restarting)

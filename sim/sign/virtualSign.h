@@ -4,6 +4,7 @@
 #include "sim/protocol/reply.h"
 #include "sim/sign/arrival.h"
 #include "sim/sign/controlCommands.h"
+#include "sim/sign/database.h"
 #include "sim/sign/drives.h"
 #include "sim/sign/fileCommands.h"
 #include "sim/sign/fileLayouts.h"
@@ -11,8 +12,11 @@
 #include "sim/sign/fileSender.h"
 #include "sim/sign/limits.h"
 #include "sim/sign/loginCommands.h"
+#include "sim/sign/monitor.h"
+#include "sim/sign/pixelCheck.h"
 #include "sim/sign/playCommands.h"
 #include "sim/sign/refusalLog.h"
+#include "sim/sign/signLog.h"
 #include "sim/sign/storedRecord.h"
 #include "sim/sign/testCommands.h"
 #include "sim/sign/tickerCommands.h"
@@ -82,6 +86,12 @@ public:
     std::vector<std::uint8_t> Answer(std::span<const std::uint8_t> request, const Arrival& arrival = {});
     std::vector<std::uint8_t> Answer(const Frame& request, const Arrival& arrival = {});
 
+    // What the sign does of itself: looks after its condition, measures, ends a pixel check. Called now and then.
+    void KeepUp(std::uint64_t nowMs);
+
+    // A file of the list, or one that was asked for, has played from `beginMs` until now.
+    void NotePlay(const std::string& signPath, std::uint64_t beginMs, std::uint64_t nowMs);
+
     // Adds an observer, which is told as long as the sign lives.
     void Observe(SignEvents observer) { observers.push_back(std::move(observer)); }
 
@@ -100,6 +110,7 @@ public:
     const TimeCommands& Time() const { return time; }
     const PlayCommands& Play() const { return play; }
     const TickerCommands& Ticker() const { return ticker; }
+    const Monitor& Faults() const { return monitor; }
 
     // How wide the texts of the ticker are on this face.
     void MeasureTickerWith(TickerCommands::Measure measure) { ticker.MeasureWith(std::move(measure)); }
@@ -124,7 +135,9 @@ private:
     Reply Control(const Frame& request, std::uint64_t nowMs);
     Reply PollUpdate(const Frame& request);
     void Restart(std::uint64_t nowMs);
-    Reply Read(const Frame& request);
+    Reply Read(const Frame& request, std::uint64_t nowMs);
+    Reply ReadState(std::uint64_t nowMs) const;
+    Reply QueryDatabase(const Frame& request);
     Reply ReadFile(const Frame& request, const FileLayout& layout);
     Reply ReadUpdateState(const Frame& request) const;
     Reply Statistics(const Frame& request) const;
@@ -142,6 +155,7 @@ private:
     std::optional<std::filesystem::path> Locate(const Frame& request, const FileLayout& layout) const;
     std::filesystem::path FlashFile() const { return kept / "data-flash.bin"; }
     std::string SystemText() const;
+    SignMoment MomentAt(std::uint64_t nowMs) const;
     void PrepareSystemFiles() const;
     void SequenceChanged();
     void FileFinished(const std::filesystem::path& file);
@@ -161,6 +175,10 @@ private:
     TickerCommands ticker;
     LoginCommands login;
     FileCommands files;
+    SignDatabase database;
+    SignLog log;
+    Monitor monitor;
+    PixelCheck pixelCheck;
     bool black = false;
     std::uint64_t darkUntilMs = 0;       // of a restart
     std::optional<unsigned> updatePolls; // that are still refused; nothing if no update was asked for

@@ -2,6 +2,7 @@
 
 #include "sim/face/jpeg.h"
 #include "sim/sign/signClock.h"
+#include "sim/stage/faults.h"
 #include "sim/stage/testPictures.h"
 #include "sim/stage/tickerPicture.h"
 
@@ -77,6 +78,7 @@ const Canvas& Stage::Draw(std::uint64_t nowMs)
     else
         player.Draw(nowMs, face);
     Dim(sign.Light(nowMs));
+    DrawFaults(sign.Faults(), sign.Control().IsOn(), face);
     return face;
 }
 
@@ -89,6 +91,19 @@ void Stage::KeepUp(std::uint64_t nowMs)
         restartAtMs.reset();
     }
     player.KeepUp(nowMs);
+    NoteTurn(nowMs);
+}
+
+// A turn goes into the log of plays when it is over.
+void Stage::NoteTurn(std::uint64_t nowMs)
+{
+    if (player.Turns() == turn && player.CurrentFile() == turnFile)
+        return;
+    if (!turnFile.empty())
+        sign.NotePlay(turnFile, turnMs, nowMs);
+    turn = player.Turns();
+    turnFile = player.CurrentFile();
+    turnMs = nowMs;
 }
 
 void Stage::Dim(std::uint8_t eighths)

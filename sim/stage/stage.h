@@ -40,6 +40,7 @@ public:
 
 private:
     void Dim(std::uint8_t eighths);
+    void NoteTurn(std::uint64_t nowMs);
 
     VirtualSign& sign;
     Player player;
@@ -47,6 +48,9 @@ private:
     Canvas face;
     std::optional<std::uint64_t> restartAtMs = 0; // when the list plays anew; 0 is at once
     std::filesystem::path numberedList;           // what plays instead of the main list; empty if that does
+    std::string turnFile;                         // what the log of plays has not yet
+    std::uint64_t turn = 0;
+    std::uint64_t turnMs = 0;
 };
 
 } // namespace vxsim

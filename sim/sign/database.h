@@ -1,0 +1,80 @@
+#pragma once
+
+#include "sim/protocol/codes.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <initializer_list>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace vxsim {
+
+// Bytes of row text in one answer: with its header it fits what hosts take.
+inline constexpr std::size_t kMostRowText = 1500;
+// Rows that a table keeps; the oldest go.
+inline constexpr int kMostRows = 10000;
+
+// What a host's statement gave: whole rows, each column in angle brackets, nothing between them.
+struct RowPage
+{
+    Code code = Code::kOk;
+    std::uint16_t rows = 0;
+    std::string text;
+};
+
+// The tables of the sign's logs, in one SQLite file.
+class SignDatabase
+{
+public:
+    using Value = std::variant<std::int64_t, std::string>;
+    using Row = std::vector<Value>;
+
+    // Makes the file and the tables that are missing; a file that is no database is replaced. Throws
+    // std::runtime_error if that fails.
+    explicit SignDatabase(const std::filesystem::path& file);
+
+    // One statement of a host: select from the tables of the logs, or delete from them. Anything else, and what does
+    // not compile, is refused; so is what takes too many steps, with nothing deleted then.
+    RowPage Query(std::string_view sql);
+
+    // The sign's own rows. A table that cannot be written stays as it is: no log is worth an answer to a host.
+    void Add(const std::string& table, const Row& row);
+    void Replace(const std::string& table, std::span<const Row> rows);
+
+    // Counts a play of the file in its row of PlayLog.
+    void AddPlay(const Row& windowGroupFileTime, std::int64_t seconds);
+
+private:
+    struct Closer
+    {
+        void operator()(sqlite3* open) const;
+    };
+    struct Finalizer
+    {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    using Statement = std::unique_ptr<sqlite3_stmt, Finalizer>;
+
+    bool Open(const std::filesystem::path& file);
+    bool Run(const std::string& sql, std::span<const Value> values = {});
+    bool Insert(const std::string& table, const Row& row);
+    RowPage Rows(sqlite3_stmt* statement);
+
+    static int Authorize(void* self, int action, const char* first, const char* second, const char*, const char*);
+    static int CountSteps(void* self);
+
+    std::unique_ptr<sqlite3, Closer> database;
+    bool hostSpeaks = false; // the rules for hosts hold
+    int stepsLeft = 0;       // thousands
+};
+
+} // namespace vxsim
