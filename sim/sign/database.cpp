@@ -114,7 +114,9 @@ bool SignDatabase::Open(const std::filesystem::path& file)
 
 int SignDatabase::Authorize(void* self, int action, const char* first, const char* second, const char*, const char*)
 {
-    if (!static_cast<const SignDatabase*>(self)->hostSpeaks || action == SQLITE_SELECT)
+    auto& database = *static_cast<SignDatabase*>(self);
+    database.touchesRows |= action == SQLITE_SELECT || action == SQLITE_DELETE;
+    if (!database.hostSpeaks || action == SQLITE_SELECT)
         return SQLITE_OK;
     if (action == SQLITE_READ || action == SQLITE_DELETE)
         return IsTable(first) ? SQLITE_OK : SQLITE_DENY;
@@ -137,6 +139,7 @@ RowPage SignDatabase::Query(std::string_view sql)
     if (sql.size() > kLongestValue)
         return {Code::kNotSupported, 0, {}};
     hostSpeaks = true;
+    touchesRows = false; // some statements, such as vacuum, ask for no permission until they run
     stepsLeft = kMostSteps;
     sqlite3_stmt* prepared = nullptr;
     const char* tail = nullptr;
@@ -145,7 +148,7 @@ RowPage SignDatabase::Query(std::string_view sql)
     const bool alone =
         tail != nullptr && std::all_of(tail, sql.data() + sql.size(), [](char c) { return c == ' ' || c == ';'; });
     RowPage page{Code::kNotSupported, 0, {}};
-    if (compiled == SQLITE_OK && statement && alone)
+    if (compiled == SQLITE_OK && statement && alone && touchesRows)
         page = Rows(statement.get());
     statement.reset(); // ends it under the rules for hosts
     hostSpeaks = false;

@@ -73,8 +73,9 @@ private:
     static int CountSteps(void* self);
 
     std::unique_ptr<sqlite3, Closer> database;
-    bool hostSpeaks = false; // the rules for hosts hold
-    int stepsLeft = 0;       // thousands
+    bool hostSpeaks = false;  // the rules for hosts hold
+    bool touchesRows = false; // the statement that is compiled for a host selects or deletes
+    int stepsLeft = 0;        // thousands
 };
 
 } // namespace vxsim

@@ -1,0 +1,128 @@
+#include "sim/sign/database.h"
+#include "logFixture.h"
+
+namespace vxsim_tests {
+namespace {
+
+using Database = LogTest;
+using vxsim::SignDatabase;
+
+TEST_F(Database, CommandsAreLoggedWithWhoGaveThem)
+{
+    arrival.host = 0x7F000001;
+    EXPECT_EQ(RowsOf("select count(*) from SysLog"), "<0>");
+    AskAt(1000, 4, 3);
+    Ask(1, 10); // changes nothing
+    AskAt(2000, 5, 4, {0x20, 0x20, 0x05, 0x13, 0x23, 0x59, 0x58, 0, 0, 0, 0, 0});
+    arrival.host = 0;
+    AskAt(4000, 7, 2, {'X'});
+    const Bytes page = AskDatabase("select Type,DateTime,Operate,Author,Result from SysLog limit 5 offset 0");
+    EXPECT_EQ(PayloadOf(page), (Bytes{3, 0, 0, 0}));
+    EXPECT_EQ(ExtendedOf(page), Text("<4><2020-05-13 10:20:31><power off><127.0.0.1><OK>"
+                                     "<5><2020-05-13 23:59:58><set clock><127.0.0.1><OK>"
+                                     "<7><2020-05-14 00:00:00><format><serial line><refused, code 29185>"));
+    EXPECT_EQ(RowsOf("select Type from SysLog limit 5 offset 2;"), "<7>");
+    EXPECT_EQ(RowsOf("delete from SysLog"), "");
+    EXPECT_EQ(RowsOf("select count(*) from SysLog"), "<0>");
+}
+
+TEST_F(Database, ALoggedInUserIsTheAuthorAndLogsSurviveARestart)
+{
+    settings.users = {{"admin", "1234"}};
+    Rebuild(32, 32);
+    Bytes name = Text("admin");
+    name.resize(14);
+    EXPECT_EQ(CodeOf(Ask(10, 1, name + Text("1234") + Bytes{0, 0})), 0U);
+    Ask(4, 1);
+    Ask(10, 2);
+    settings.users.clear();
+    Rebuild(32, 32);
+    EXPECT_EQ(RowsOf("select Operate,Author from SysLog"), "<log in><admin><black screen><admin><log out><admin>");
+}
+
+TEST_F(Database, RefusesWhatIsNeitherReadingNorDeletingLogs)
+{
+    const char* refused[] = {"attach '/tmp/other' as other",
+                             "pragma user_version",
+                             "select * from pragma_table_info('SysLog')",
+                             "select name from sqlite_master",
+                             "select load_extension('x')",
+                             "select replace('aaaa','a','aaaaaaaa')",
+                             "select 1 where 'aaaa' like '%a%a%b'",
+                             "insert into SysLog values(1,2,3,4,5)",
+                             "update SysLog set Type=1",
+                             "drop table SysLog",
+                             "begin",
+                             "vacuum",
+                             "vacuum into '/tmp/other'",
+                             "delete from SysLog; delete from TempLog",
+                             "with recursive a(x) as (select 1 union all select x+1 from a) select x from a",
+                             "selec",
+                             ";"};
+    for (const char* sql : refused)
+        EXPECT_EQ(CodeOf(AskDatabase(sql)), 36881U) << sql;
+    EXPECT_EQ(CodeOf(AskDatabase(std::string(2000, ' '))), 36881U);
+    EXPECT_EQ(CodeOf(AskDatabase("select 1", {2, 0, 1, 0})), 36881U);
+    EXPECT_EQ(CodeOf(AskDatabase("")), 36870U);
+    EXPECT_EQ(CodeOf(Ask(1, 21, {}, Text("select 1"))), 36870U);
+    EXPECT_EQ(RowsOf(std::string("select 1\0 from nowhere", 22)), "<1>");
+}
+
+TEST(SignDatabase, StatementsWithoutEndAreStoppedAndChangeNothing)
+{
+    const TemporaryFolder folder;
+    SignDatabase database(folder.path / "logs");
+    const std::vector<SignDatabase::Row> rows(1000, {std::int64_t{1}, "t", std::int64_t{1}, "n"});
+    database.Replace("EventLog", rows);
+    const std::string endless = "(select count(*) from EventLog a,EventLog b,EventLog c,EventLog d)";
+    EXPECT_EQ(database.Query("select " + endless).code, vxsim::Code::kWriteFailed);
+    EXPECT_EQ(database.Query("select a.Note||b.Note from EventLog a,EventLog b,EventLog c order by 1").code,
+              vxsim::Code::kWriteFailed);
+    EXPECT_EQ(database.Query("delete from EventLog where " + endless + ">0").code, vxsim::Code::kWriteFailed);
+    EXPECT_EQ(database.Query("select count(*) from EventLog").text, "<1000>");
+}
+
+TEST(SignDatabase, AnswersAreWholeRowsThatCanBeTakenApart)
+{
+    const TemporaryFolder folder;
+    SignDatabase database(folder.path / "logs");
+    database.Add("EventLog", {std::int64_t{-3}, "<b>\n", std::int64_t{0}, std::string(700, 'x')});
+    database.Add("EventLog", {std::int64_t{2}, "", std::int64_t{0}, std::string(700, 'y')});
+    database.Add("EventLog", {std::int64_t{3}, "", std::int64_t{0}, std::string(2000, 'z')});
+    const auto page = database.Query("select EventType,DateTime,Note,null from EventLog");
+    EXPECT_EQ(page.rows, 2);
+    EXPECT_EQ(page.text, "<-3><(b) ><" + std::string(700, 'x') + "><><2><><" + std::string(700, 'y') + "><>");
+    EXPECT_EQ(database.Query("select Note from EventLog limit 1 offset 2").code, vxsim::Code::kBadPacketSize);
+    EXPECT_EQ(database.Query("select Note from EventLog limit 1 offset 3").rows, 0);
+}
+
+TEST(SignDatabase, KeepsTheLatestRowsAndReplacesABrokenFile)
+{
+    const TemporaryFolder folder;
+    std::ofstream(folder.path / "logs") << std::string(4096, 'x');
+    SignDatabase database(folder.path / "logs");
+    const std::vector<SignDatabase::Row> rows(vxsim::kMostRows, {std::int64_t{1}, "", std::int64_t{0}, ""});
+    database.Replace("EventLog", rows);
+    database.Add("EventLog", {std::int64_t{7}, "", std::int64_t{0}, ""});
+    EXPECT_EQ(database.Query("select count(*),max(EventType) from EventLog").text, "<10000><7>");
+    EXPECT_THROW(SignDatabase(folder.path / "missing" / "logs"), std::runtime_error);
+}
+
+TEST_F(Database, PlaysAreCountedByFile)
+{
+    PutFile("D:\\T\\RED.BMP", Dot(255, 0, 0));
+    PutFile("D:\\T\\GREEN.BMP", Dot(0, 255, 0));
+    PutFile("C:\\SEQUENT.SYS", List({"RED.BMP", "GREEN.BMP"}));
+    for (std::uint64_t ms = 0; ms <= 10000; ms += 500)
+        stage->KeepUp(ms);
+    const std::string sql = "select WinID,GroupName,FileName,Time,PlayTimes,TotalSeconds from PlayLog";
+    EXPECT_EQ(RowsOf(sql), "<1><SEQUENT><D:\\T\\RED.BMP><2020-05-13 10:20:36><2><6>"
+                           "<1><SEQUENT><D:\\T\\GREEN.BMP><2020-05-13 10:20:33><1><3>");
+    PutFile("C:\\SEQUENT.SYS", List({"RED.BMP"})); // a list of one file has turns too
+    for (std::uint64_t ms = 10500; ms <= 17000; ms += 500)
+        stage->KeepUp(ms);
+    EXPECT_EQ(RowsOf("select PlayTimes from PlayLog"), "<4><2>");
+}
+
+} // namespace
+} // namespace vxsim_tests

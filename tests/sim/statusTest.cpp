@@ -1,0 +1,176 @@
+#include "logFixture.h"
+#include "sim/sign/warningFiles.h"
+
+namespace vxsim_tests {
+namespace {
+
+using Status = LogTest;
+
+TEST(Condition, TextsAreReadAndWritten)
+{
+    vxsim::Condition condition =
+        vxsim::ParseCondition("bad 3,4,red\nnonsense\r\n\nbad 5,6,all,stuck\r\nbad 7,8,blue,signal"
+                              "\nhot 2\nhot 9\ncool 9\ndoor open\ngood 5,6\nbad 1,2");
+    EXPECT_EQ(vxsim::ConditionText(condition), "door open\nhot 2\nbad 3,4,red,dark\nbad 7,8,blue,signal\n");
+    EXPECT_EQ(vxsim::ParseCondition(vxsim::ConditionText(condition)), condition);
+    const std::pair<const char*, const char*> wrong[] = {{"bad", "1,2"},
+                                                         {"bad", "1,2,pink"},
+                                                         {"bad", "1,2,red,odd"},
+                                                         {"bad", "-1,2,red"},
+                                                         {"bad", "1,65536,red"},
+                                                         {"bad", ""},
+                                                         {"bad", "1,2,red,dark,5"},
+                                                         {"good", "1"},
+                                                         {"good", "x,1"},
+                                                         {"hot", "0"},
+                                                         {"hot", "all"},
+                                                         {"hot", "2x"},
+                                                         {"door", "ajar"},
+                                                         {"paint", "red"}};
+    for (const auto& [what, value] : wrong)
+        EXPECT_THROW(vxsim::Change(condition, what, value), std::invalid_argument) << what << ' ' << value;
+    vxsim::Change(condition, "good", "all");
+    vxsim::Change(condition, "cool", "all");
+    vxsim::Change(condition, "door", "closed");
+    EXPECT_EQ(condition, vxsim::Condition());
+}
+
+TEST_F(Status, StateWordAndRecordTellTheCondition)
+{
+    sign->KeepUp(0); // ten o'clock: 22 outside, full light
+    Bytes reply = Ask(1, 11);
+    EXPECT_EQ(PayloadOf(reply), (Bytes{0, 38, 22, 0, 43, 0, 55, 0}));
+    ASSERT_EQ(ExtendedOf(reply).size(), 96U);
+    EXPECT_EQ(ExtendedOf(Ask(1, 26, {9, 0, 0, 0})), Bytes{0});
+    Ask(5, 3, {80, 0xF0, 0x0F, 0}); // a degree below 0
+    Tell(1000, "bad 3,4,all\nbad 5,4,red,signal\nhot 2\nhot 5\ndoor open");
+    AskAt(9000, 4, 1);
+    reply = Ask(1, 11);
+    EXPECT_EQ(PayloadOf(reply), (Bytes{0x17, 25, 0xFF, 0, 85, 0, 80, 0})) << "tile 5 is none of this face";
+    const Bytes record = ExtendedOf(reply);
+    EXPECT_EQ(Bytes(record.begin(), record.begin() + 16), (Bytes{0, 0, 0, 0, 3, 0, 1, 0, 1, 0, 4, 0, 1, 1, 1, 8}));
+    EXPECT_EQ(record[80], 9);
+    EXPECT_EQ(ExtendedOf(Ask(1, 26, {9, 0, 0, 0})), Bytes{1});
+    std::filesystem::remove(folder.path / "sign/condition.txt");
+    sign->KeepUp(10000);
+    EXPECT_EQ(PayloadOf(Ask(1, 11))[0], 0x10) << "but for the dark face all is well";
+}
+
+TEST_F(Status, FaultsAreEventsAsTheyComeAndGo)
+{
+    sign->KeepUp(0);
+    Tell(1000, "bad 3,4,red\nhot 2\ndoor open");
+    Tell(1100, "hot 2\ndoor open");
+    EXPECT_EQ(RowsOf("select count(*) from EventLog"), "<3>") << "looks a few times a second only";
+    sign->KeepUp(2000);
+    Tell(3000, "");
+    EXPECT_EQ(RowsOf("select EventType,DateTime,Status,Note from EventLog"),
+              "<1><2020-05-13 10:20:31><1><Door open>"
+              "<2><2020-05-13 10:20:31><1><(3,4) Red Pixel Bad>"
+              "<4><2020-05-13 10:20:31><1><Tile 2 hot>"
+              "<2><2020-05-13 10:20:32><0><(3,4) Red Pixel Bad>"
+              "<1><2020-05-13 10:20:33><0><Door closed>"
+              "<4><2020-05-13 10:20:33><0><Tile 2 cool>");
+}
+
+TEST_F(Status, TheRingHasATimeStampBeforeEachWarning)
+{
+    sign->KeepUp(0);
+    EXPECT_FALSE(std::filesystem::exists(folder.path / "E/STATUS.SYS"));
+    Tell(1000, "hot 3");
+    Tell(3000, "hot 3\nbad 5,20,green\nbad 5,21,blue,signal");
+    const Bytes stamp31{5, 0xAD, 0x50, 0x8F, 0x52, 0, 0, 0};
+    const Bytes stamp33{5, 0xAD, 0x50, 0x90, 0x52, 0, 0, 0};
+    EXPECT_EQ(FileBytes(folder.path / "E/STATUS.SYS"),
+              (Bytes{'S', 'T', 0, 0, 0, 0, 0, 0, 5, 0} + Bytes(22, 0) + stamp31 + Bytes{3, 1, 3, 0, 0, 0, 0, 0} +
+               stamp33 + Bytes{4, 2, 0, 20, 0, 0, 0, 0} + stamp33 + Bytes{4, 6, 0, 21, 0, 0, 0, 0}));
+    const Bytes log = FileBytes(folder.path / "D/log/vxspeapp.log");
+    ASSERT_EQ(log.size(), 16U + 3 * 32);
+    EXPECT_EQ(Bytes(log.begin(), log.begin() + 25),
+              (Bytes{'G', 'L', 32, 0, 3, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xAD, 0x50, 0x90, 0x52, 4, 6, 0, 21, 0}));
+}
+
+TEST(WarningFiles, AFullRingGoesRoundAndAForeignFileIsReplaced)
+{
+    const TemporaryFolder folder;
+    const vxsim::Drives drives(folder.path, "CDE");
+    const vxsim::WarningFiles files(drives, vxsim::Tiles(32, 32));
+    std::ofstream(folder.path / "E/STATUS.SYS") << std::string(100, 'x');
+    for (int i = 0; i < 258; ++i) {
+        const auto warning = vxsim::Warning::HotTile(i);
+        files.Add({&warning, 1}, {});
+    }
+    const Bytes ring = FileBytes(folder.path / "E/STATUS.SYS");
+    ASSERT_EQ(ring.size(), 32U + 256 * 16);
+    EXPECT_EQ(ring[8], 3) << "the latest is the second pair's";
+    EXPECT_EQ(Bytes(ring.begin() + 32 + 24, ring.begin() + 32 + 28), (Bytes{3, 1, 1, 1}));
+    EXPECT_EQ(Bytes(ring.begin() + 32 + 40, ring.begin() + 32 + 44), (Bytes{3, 1, 2, 0}));
+    EXPECT_EQ(std::filesystem::file_size(folder.path / "D/log/vxspeapp.log"), 16U + 255 * 32);
+}
+
+TEST_F(Status, TheReportTellsWhatIsWrongNow)
+{
+    Tell(0, "bad 3,4,all\nbad 5,4,red,signal\nhot 2\ndoor open");
+    EXPECT_EQ(
+        FileText("E/errors.xml"),
+        "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<Errors>\n"
+        "<MainboardStatus><DT>2020-05-13 10:20:30</DT>\n<Waring><Door>open</Door>\n</Waring>\n</MainboardStatus>\n"
+        "<TileStatus><DT>2020-05-13 10:20:30</DT>\n<Tile><Position>X=1,Y=0</Position>\n"
+        "<Waring><Temperature>85</Temperature>\n</Waring>\n</Tile>\n</TileStatus>\n"
+        "<PixelCheckResult><DT>2020-05-13 10:20:30</DT>\n<PixelErrorNum>3</PixelErrorNum>\n"
+        "<SignalErrorNum>1</SignalErrorNum>\n</PixelCheckResult>\n</Errors>\n");
+    Tell(1000, "hot 1\nhot 2\nhot 3");
+    EXPECT_NE(FileText("E/errors.xml").find("<Waring><Temperature>74</Temperature>"), std::string::npos);
+    sign->KeepUp(6000); // the box is warned of with its measurement
+    EXPECT_EQ(FileText("E/STATUS.SYS").substr(32 + 15 * 8, 3), "\x01\x45\x3C");
+    Rebuild(32, 32);
+    Restart("C"); // a sign without the drives goes without the files
+    Tell(7000, "door open");
+    EXPECT_EQ(PayloadOf(Ask(1, 11))[0], 4);
+}
+
+TEST_F(Status, MeasuresATileTableAndTemperatures)
+{
+    Tell(0, "hot 2\nbad 3,4,all");
+    Ask(5, 3, {80, 0x90, 0x01, 0}); // 25 degrees
+    for (std::uint64_t ms = 6000; ms <= 60000; ms += 6000)
+        sign->KeepUp(ms);
+    const std::string columns = "OutHightTemp,OutLowTemp,OutAvgTemp,InHightTemp,InLowTemp,InAvgTemp,BoxHightTemp,"
+                                "BoxLowTemp,BoxAvgTemp from TempLog limit 10 offset 0";
+    EXPECT_EQ(RowsOf("select BeginTime,EndTime," + columns),
+              "<2020-05-13 10:20:30><2020-05-13 10:20:30><22><22><22><48><48><48><53><53><53>"
+              "<2020-05-13 10:20:36><2020-05-13 10:21:30><25><25><25><50><50><50><55><55><55>");
+    const std::string tiles = "select * from TileInfo limit 2 offset 0;";
+    EXPECT_EQ(RowsOf(tiles), "<1><0><0><16><16><46><5000><VT16><1.0><60><RGB><3><0><0><VXTILE1><70><good><8>"
+                             "<2><1><0><16><16><85><5000><VT16><1.0><60><RGB><0><0><1><VXTILE2><70><hot><8>");
+    EXPECT_EQ(RowsOf("delete from TileInfo"), "");
+    for (std::uint64_t ms = 66000; ms <= 120000; ms += 6000)
+        sign->KeepUp(ms);
+    EXPECT_EQ(RowsOf("select count(*) from TileInfo"), "<4>") << "measured anew";
+}
+
+TEST_F(Status, RadarAndBatteryLogsGrowByARecordAMinute)
+{
+    for (std::uint64_t ms = 0; ms <= 60000; ms += 6000)
+        sign->KeepUp(ms);
+    const Bytes stamp{0xAD, 0x50, 0x8F, 0x52};
+    const Bytes radar = FileBytes(folder.path / "E/RADAR.log");
+    EXPECT_EQ(radar, (Bytes{'R', 'L', 'O', 'G', 2, 0, 0, 0} + Bytes(8, 0) + Bytes{12, 0, 74, 0} + stamp +
+                      Bytes{13, 0, 68, 0, 0xAD, 0x50, 0xAF, 0x52}));
+    const Bytes old = FileBytes(folder.path / "D/RADARLog.log");
+    ASSERT_EQ(old.size(), 12U + 2 * 44);
+    EXPECT_EQ(old[0], 2);
+    EXPECT_EQ(Bytes(old.begin() + 52, old.begin() + 56), stamp);
+    EXPECT_EQ(ExtendedOf(Ask(6, 23, {5, 0, 1, 0})),
+              (Bytes{13, 68, 0, 0, 0, 0, 0, 0, 0xAD, 0x50, 0xAF, 0x52, 160, 0, 0, 0}));
+    for (const char* name : {"D/batinfo.log", "D/dbatinfo.log"}) {
+        const Bytes battery = FileBytes(folder.path / name);
+        ASSERT_EQ(battery.size(), 16U + 2 * 32);
+        EXPECT_EQ(battery[4], 2);
+        EXPECT_EQ(Bytes(battery.begin() + 16, battery.begin() + 36),
+                  (stamp + Bytes{0xC8, 0x32, 0, 0, 0xE2, 0x04, 0, 0, 0, 0, 0, 0, 0, 0, 90, 22}));
+    }
+}
+
+} // namespace
+} // namespace vxsim_tests
