@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <filesystem>
 #include <map>
@@ -8,6 +7,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 namespace vxsim {
 
@@ -31,7 +31,11 @@ struct LampPlace
     int x = 0;
     Lamp lamp = Lamp::kRed;
 
-    auto operator<=>(const LampPlace&) const = default;
+    bool operator==(const LampPlace&) const = default;
+    bool operator<(const LampPlace& other) const
+    {
+        return std::tie(y, x, lamp) < std::tie(other.y, other.x, other.lamp);
+    }
 };
 
 // What is wrong with the sign.

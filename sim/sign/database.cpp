@@ -201,7 +201,12 @@ bool SignDatabase::Insert(const std::string& table, const Row& row)
 void SignDatabase::Add(const std::string& table, const Row& row)
 {
     if (Insert(table, row))
-        Run("delete from " + table + " where rowid<=last_insert_rowid()-" + std::to_string(kMostRows));
+        Trim(table);
+}
+
+void SignDatabase::Trim(const std::string& table)
+{
+    Run("delete from " + table + " where rowid<=last_insert_rowid()-" + std::to_string(kMostRows));
 }
 
 void SignDatabase::Replace(const std::string& table, std::span<const Row> rows)
@@ -222,10 +227,8 @@ void SignDatabase::AddPlay(const Row& windowGroupFileTime, std::int64_t seconds)
     if (Run("update PlayLog set Time=?4,PlayTimes=PlayTimes+1,TotalSeconds=TotalSeconds+?5 "
             "where WinID=?1 and GroupName=?2 and FileName=?3",
             row) &&
-        sqlite3_changes(database.get()) == 0) {
-        row.insert(row.begin() + 4, std::int64_t{1});
-        Add("PlayLog", row);
-    }
+        sqlite3_changes(database.get()) == 0 && Run("insert into PlayLog values(?1,?2,?3,?4,1,?5)", row))
+        Trim("PlayLog");
 }
 
 } // namespace vxsim

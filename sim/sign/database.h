@@ -67,6 +67,7 @@ private:
     bool Open(const std::filesystem::path& file);
     bool Run(const std::string& sql, std::span<const Value> values = {});
     bool Insert(const std::string& table, const Row& row);
+    void Trim(const std::string& table);
     RowPage Rows(sqlite3_stmt* statement);
 
     static int Authorize(void* self, int action, const char* first, const char* second, const char*, const char*);

@@ -67,14 +67,15 @@ void PixelCheck::WriteResults(const Condition& condition, const std::string& tim
         const bool signal = fault == LampFault::kSignal;
         const std::string where = std::to_string(place.x) + "," + std::to_string(place.y);
         const std::string text = std::string(LampName(place.lamp)) + (signal ? " Signal Bad" : " Pixel Bad");
-        const std::string tail = ",\"" + text + "\",\"" + time + "\"\n";
+        std::string tail = ",\"";
+        tail.append(text).append("\",\"").append(time).append("\"\n");
         auto& rows = signal ? signalRows : pixelRows;
         rows.push_back({std::int64_t{place.x}, std::int64_t{place.y}, text, time});
-        const std::string number = std::to_string(rows.size()) + ",";
-        if (signal)
-            signalLines += number + where + tail;
-        else
-            pixelLines += number + where + "," + std::to_string(static_cast<int>(place.lamp) + 1) + tail;
+        std::string& lines = signal ? signalLines : pixelLines;
+        lines.append(std::to_string(rows.size())).append(",").append(where);
+        if (!signal)
+            lines.append(",").append(std::to_string(static_cast<int>(place.lamp) + 1));
+        lines.append(tail);
     }
     WriteFile("D:\\PXL.CSV", pixelLines);
     WriteFile("D:\\SIGNAL.CSV", signalLines);
