@@ -226,6 +226,63 @@ expect 0 reset
 expect 0 reset --flash
 expect 0 reset --cold
 
+# A play list from its first file to the face and back.
+export VXLIST=$work/shop/list.xml
+expect 0 playlist new
+expect 2 playlist new
+cp "$work/a.nmg" "$work/first.nmg"
+cp "$work/b.nmg" "$work/second.nmg"
+expect 0 playlist add "$work/first.nmg"
+expect 0 playlist group /winter/
+expect 0 playlist add --to /winter/ --times 2 "$work/second.nmg" "$work/logo.bmp"
+expect 0 playlist schedule /winter/logo.bmp --days mon-fri --hours 07:00..19:30
+expect 2 playlist add "$work/first.nmg"
+echo other >"$work/other.nmg"
+mkdir -p "$work/else"
+cp "$work/other.nmg" "$work/else/first.nmg"
+expect 0 playlist rm /first.nmg
+expect 2 playlist add "$work/else/first.nmg"
+says err "with other contents"
+expect 0 playlist add "$work/first.nmg"
+expect 0 playlist mv /first.nmg up
+expect 0 playlist ls
+cat >"$work/wanted" <<END
+$VXLIST
+|-- first.nmg
+\`-- winter/
+    |-- second.nmg  2 times
+    \`-- logo.bmp  2 times
+          Mon-Fri, 07:00 to 19:30
+END
+same "$work/wanted" "$work/out"
+cp "$work/out" "$work/sent"
+for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port"; do
+    expect 0 -s "$url" playlist send
+    expect 0 -s "$url" playing
+    says out 'first.nmg'
+    expect 0 -s "$url" playlist -l "$work/back/list.xml" fetch
+    expect 0 playlist -l "$work/back/list.xml" ls
+    sed 1d "$work/sent" >"$work/wanted"
+    sed 1d "$work/out" >"$work/found"
+    same "$work/wanted" "$work/found"
+    same "$work/shop/logo.bmp" "$work/back/logo.bmp"
+    rm -r "$work/back"
+done
+expect 0 playlist send --index 7 --list-only
+[ -s "$work/sign/C/PLAYLIST/SEQUENT7.SYS" ] || [ -s "$work/sign/C/playlist/sequent7.sys" ] || fail "no numbered list"
+expect 0 playlist save other.xml
+expect 0 playlist -l "$work/shop/other.xml" ls
+expect 0 playlist -l "$work/shop/taken.xml" import --sequence "$work/sign/C/SEQUENT.SYS"
+expect 2 playlist -l "$work/shop/none.xml" import "$work/other.nmg"
+rm "$work/shop/second.nmg"
+expect 0 playlist preview "$work/list.gif" --seconds 4 --json
+member 1 files
+member "nothing that can be shown" warnings 1 warning
+member missing warnings 0 warning
+[ "$(head -c 6 "$work/list.gif")" = GIF89a ] || fail "the preview is no GIF"
+expect 0 playlist preview "$work/list.png" --size 64x16
+expect 2 playlist preview "$work/list.bmp"
+
 # Folders and drives, over both channels.
 for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port"; do
     expect 0 -s "$url" mkdir D:/NEW/SUB
@@ -294,7 +351,8 @@ for wrong in "" "frobnicate" "show" "show a b" "blank --timeout 49" "blank --chu
     "clock --set noon" "clock --set 2026-02-30T00:00" "beacon 0" "beacon 010203040506070809" "ping -n 0" "ls" "mkdir" "mv D:/A" "format" "format 1" "format DE" "df 1" \
     "login" "login FOURTEEN-CHARS --password x" "login operator --password sevench" "passwd" "logout now" "play" "play THIRTEENCHARS" \
     "play D:/A.NMG" "volume 256" "screenshot" "test" "test colour" "test colour 50" "test colour reddish" "test pattern 1" \
-    "test pattern 16" "ticker" "ticker $work/none" "ticker --stop $work/file" "ticker $work/file --colour red" "put --window --system $work/config CONFIG.SYS"; do
+    "test pattern 16" "ticker" "ticker $work/none" "ticker --stop $work/file" "ticker $work/file --colour red" "playlist" "playlist add" "playlist group" "playlist group /a/b/c/" "playlist mv /first.nmg left" \
+    "playlist schedule /first.nmg" "playlist schedule /first.nmg --days noday" "playlist send --index 256" "put --window --system $work/config CONFIG.SYS"; do
     # shellcheck disable=SC2086 # each case is a list of words
     expect 2 $wrong
     [ -s "$work/err" ] || fail "nothing is said about: vxctl $wrong"
@@ -303,7 +361,7 @@ expect 2 raw 1 1 --extended "$(printf '00%.0s' $(seq 256))"
 expect 0 --help
 for command in show picture files put get rm blank unblank info ports error raw bright power reset clock beacon \
     ping login logout passwd ls mkdir mv format df \
-    play playing screenshot volume test ticker; do
+    play playing screenshot volume test ticker playlist; do
     expect 0 "$command" --help
     says out "vxctl $command"
 done
