@@ -1,3 +1,5 @@
+#include "vxBaseCMD/checksum.h"
+
 #include "vxBaseCMD/packet.h"
 
 #include <vxsign/result.h>
@@ -29,9 +31,9 @@ constexpr std::array<CrcTable, kSlices> MakeTables()
 }
 constexpr std::array<CrcTable, kSlices> kTables = MakeTables();
 
-std::uint32_t Crc(const std::uint8_t* bytes, std::size_t length)
+// What the register becomes after these bytes.
+std::uint32_t Crc(std::uint32_t crc, const std::uint8_t* bytes, std::size_t length)
 {
-    std::uint32_t crc = 0xFFFF;
     for (; length >= kSlices; bytes += kSlices, length -= kSlices) {
         std::uint32_t next = kTables[kSlices - 1][(bytes[0] ^ crc) & 0xFF] ^ kTables[kSlices - 2][bytes[1] ^ crc >> 8];
         for (std::size_t i = 2; i < kSlices; ++i)
@@ -40,9 +42,7 @@ std::uint32_t Crc(const std::uint8_t* bytes, std::size_t length)
     }
     for (; length != 0; ++bytes, --length)
         crc = crc >> 8 ^ kTables[0][(*bytes ^ crc) & 0xFF];
-    // The complement goes out high byte first: the one big-endian field of a packet.
-    const std::uint32_t complement = ~crc & 0xFFFF;
-    return (complement >> 8 | complement << 8) & 0xFFFF;
+    return crc;
 }
 
 // Adds eight bytes at a time as four lanes of 16 bits, in four such words at once, which compilers turn into vector
@@ -75,6 +75,19 @@ std::uint32_t Sum(const std::uint8_t* bytes, std::size_t length)
 }
 
 } // namespace
+
+void RunningCrc::Add(std::span<const std::uint8_t> bytes)
+{
+    crc = Crc(crc, bytes.data(), bytes.size());
+}
+
+std::uint16_t RunningCrc::Value() const
+{
+    // The complement goes out high byte first: the one big-endian field of a packet.
+    const std::uint32_t complement = ~crc & 0xFFFF;
+    return static_cast<std::uint16_t>(complement >> 8 | complement << 8);
+}
+
 } // namespace vxsign
 
 std::uint32_t vxChkSum(const void* buffer, std::uint32_t start, std::uint32_t end, std::uint32_t mode)
@@ -82,5 +95,9 @@ std::uint32_t vxChkSum(const void* buffer, std::uint32_t start, std::uint32_t en
     if (buffer == nullptr || end <= start)
         return 0;
     const auto* const bytes = static_cast<const std::uint8_t*>(buffer) + start;
-    return mode == vxsign::kCrcMode ? vxsign::Crc(bytes, end - start) : vxsign::Sum(bytes, end - start);
+    if (mode != vxsign::kCrcMode)
+        return vxsign::Sum(bytes, end - start);
+    vxsign::RunningCrc crc;
+    crc.Add({bytes, end - start});
+    return crc.Value();
 }
