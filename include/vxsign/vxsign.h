@@ -31,6 +31,7 @@
 #include <vxsign/read.h>
 #include <vxsign/result.h>
 #include <vxsign/status.h>
+#include <vxsign/tarsis.h>
 #include <vxsign/test.h>
 #include <vxsign/ticker.h>
 #include <vxsign/video.h>
