@@ -22,6 +22,7 @@
 #include <vxsign/login.h>
 #include <vxsign/modbus.h>
 #include <vxsign/mover.h>
+#include <vxsign/ondra.h>
 #include <vxsign/pixel.h>
 #include <vxsign/play.h>
 #include <vxsign/player.h>

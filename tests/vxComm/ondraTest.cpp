@@ -1,0 +1,296 @@
+// Tiles of the second family: major 28.
+#include "support/fakeClock.h"
+#include "support/flatRows.h"
+#include "support/tempFolder.h"
+
+namespace vxsign::test {
+namespace {
+
+constexpr std::uint8_t kData[] = {0xA1, 0xA2, 0xA3};
+
+// A task's state as it is answered: progress, state, detail.
+Answer State(const char* state)
+{
+    return Good({}, Hex(state));
+}
+const Answer kTask = Good(Hex("0A0B0C0D"));
+const Answer kDone = State("64043412");
+
+class SecondTiles : public testing::Test
+{
+protected:
+    TempFolder folder;
+    FakeClock clock;
+    std::string file = folder.Write("file", "abc");
+    const char* local = file.c_str();
+    std::uint32_t detail = 0xEEEEEEEE;
+};
+
+TEST_F(SecondTiles, Requests)
+{
+    std::uint8_t state[4];
+    ExpectRequests({
+        {"vxOndraGetResult", [&] { return vxOndraGetResult(0x04030201, state, 4); }, 28, 3, "01020304 00000000", ""},
+        {"vxOndraLDUCMD", [] { return vxOndraLDUCMD(1, 2); }, 28, 7, "0201000000000000", ""},
+        {"vxOndraSyncBriMode", [] { return vxOndraSyncBriMode(3); }, 28, 9, "0300000000000000", ""},
+    });
+    ExpectReplies({
+        {"vxOndraGetResult", [](std::uint8_t* out) { return vxOndraGetResult(1, out, 4); }, "", "01020304 05",
+         "01020304"},
+        {"vxOndraGetResult short", [](std::uint8_t* out) { return vxOndraGetResult(1, out, 200); }, "", "0102", "0102"},
+        {"vxOndraGetResult begins with the payload", [](std::uint8_t* out) { return vxOndraGetResult(1, out, 9); },
+         "01020304", "0506", "0102"},
+    });
+}
+
+TEST_F(SecondTiles, ArgumentsErrors)
+{
+    ExpectArgumentsError({
+        {"vxOndraGetResult", [] { return vxOndraGetResult(1, nullptr, 4); }},
+        {"vxOndraTileCMD", [] { return vxOndraTileCMD(1, 2, 3, nullptr, 1); }},
+        {"vxOndraTileCMD too long", [] { return vxOndraTileCMD(1, 2, 3, Bytes(3049).data(), 3049); }},
+        {"read, null", [&] { return vxOndraReadTileFile(nullptr, 0, 1, 1, 0, nullptr); }},
+        {"read, all tiles", [&] { return vxOndraReadTileFile(local, 0, 1, 65535, 1, nullptr); }},
+        {"read, no port", [&] { return vxOndraReadTileFile(local, 0, 255, 1, 1, nullptr); }},
+        {"read, type 11", [&] { return vxOndraReadTileFileTimeout(local, 11, 1, 1, 1, nullptr, 1); }},
+        {"read ext, all tiles", [&] { return vxOndraReadTileFileExt(local, 0, 1, 65535, 0, 1, nullptr); }},
+        {"read ext, no port", [&] { return vxOndraReadTileFileExt(local, 0, 255, 1, 0, 1, nullptr); }},
+        {"write, null", [&] { return vxOndraWriteTileFile(nullptr, 0, 1, 1, nullptr); }},
+        {"write, no port", [&] { return vxOndraWriteTileFile(local, 0, 255, 1, nullptr); }},
+        {"write, type 11", [&] { return vxOndraWriteTileFile(local, 11, 1, 1, nullptr); }},
+        {"write ext, no port", [&] { return vxOndraWriteTileFileExt(local, 0, 255, 1, 0, nullptr); }},
+        {"calibration, no port", [&] { return vxOndraWritePxlCal(local, 255, 1, 0, nullptr, nullptr); }},
+        {"burn, no port", [&] { return vxOndraWritePxlCalBurn(local, 255, 1, 0, 0, nullptr, &detail); }},
+    });
+    EXPECT_EQ(detail, 0u) << "the burn clears its task first";
+}
+
+// Each operation with a task: the copy to the sign's disk, if any, its start, and how it waits.
+TEST_F(SecondTiles, TasksAreStartedAndWaitedFor)
+{
+    const Bytes params(88, 0x99);
+    struct Row
+    {
+        const char* name;
+        std::function<std::uint32_t()> call;
+        bool copies;
+        std::uint8_t minor;
+        const char* payload;
+        Bytes extended;
+        std::uint32_t sleepMs;
+        std::uint32_t limitMs; // 0 for none
+        bool details;
+    };
+    const auto path = [](const char* text) { return FromText(text) + Bytes{0}; };
+    const Bytes calibrated = FromText("C:\\port7\\00ff.bri") + Bytes(47, 0);
+    const Row rows[] = {
+        {"test", [] { return vxOndraTileTest(9, 1, 0x0203); }, false, 4, "0302010900000000", {}, 100, 0, false},
+        {"command", [] { return vxOndraTileCMD(9, 1, 0x0203, kData, 3); }, false, 5, "0302010900000000", Hex("A1A2A3"),
+         100, 300000, false},
+        {"command without data",
+         [] { return vxOndraTileCMDTimeout(9, 1, 0x0203, nullptr, 0, 250); },
+         false,
+         5,
+         "0302010900000000",
+         {},
+         100,
+         250,
+         false},
+        {"picture",
+         [] { return vxOndraPicCalShow(1, 0x0203, 4, 0xFFFF); },
+         false,
+         8,
+         "010003020400FFFF00000000",
+         {},
+         100,
+         0,
+         false},
+        {"read",
+         [&] { return vxOndraReadTileFile(local, 10, 254, 0xABC, 0, &detail); },
+         false,
+         1,
+         "BC0AFE0A00000000",
+         {},
+         20,
+         300000,
+         true},
+        {"read in time",
+         [&] { return vxOndraReadTileFileTimeout(local, 0, 0, 1, 0, &detail, 50); },
+         false,
+         1,
+         "0100000000000000",
+         {},
+         20,
+         50,
+         true},
+        {"read ext",
+         [&] { return vxOndraReadTileFileExt(local, 13, 1, 2, 0x77, 0, &detail); },
+         false,
+         1,
+         "0200010D77000000",
+         {},
+         20,
+         0,
+         true},
+        {"write", [&] { return vxOndraWriteTileFile(local, 0, 10, 65535, &detail); }, true, 2, "FFFF0A0000000000",
+         path("C:\\port10\\ffff.cpu"), 100, 0, true},
+        {"write ext", [&] { return vxOndraWriteTileFileExt(local, 13, 254, 0xABC, 5, &detail); }, true, 2,
+         "BC0AFE0D05000000", path("C:\\port254\\0abc.mcc"), 100, 0, true},
+        {"write ext, wrapped", [&] { return vxOndraWriteTileFileExt(local, 19, 1, 2, 5, &detail); }, true, 2,
+         "0200011305000000", path("C:\\port1\\0002.cpu"), 100, 0, true},
+        {"calibration", [&] { return vxOndraWritePxlCal(local, 7, 255, 0, &detail, params.data()); }, true, 2,
+         "FF00070500000000", calibrated + Hex("01000000") + params + Bytes(36, 0), 100, 0, true},
+        {"calibration of mode 2", [&] { return vxOndraWritePxlCal(local, 7, 255, 2, &detail, nullptr); }, true, 2,
+         "FF00070500000000", calibrated + Bytes(128, 0), 100, 0, true},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        ScriptedSign sign;
+        const bool reads = row.minor == 1;
+        const auto run = [&](std::initializer_list<Answer> answers) {
+            sign.requests.clear();
+            sign.progress.clear();
+            detail = 0xEEEEEEEE;
+            if (row.copies)
+                sign.Then(Good());
+            for (const Answer& answer : answers)
+                sign.Then(answer);
+            return row.call();
+        };
+        const Answer tail = Good(Hex("03000000"), FromText("abc")); // of the file that is read
+
+        const std::uint64_t before = clock.SleptMs();
+        EXPECT_EQ(reads ? run({kTask, State("05010000"), State("32020000"), kDone, tail})
+                        : run({kTask, State("05010000"), State("32020000"), kDone}),
+                  0u);
+        const std::size_t start = row.copies ? 1 : 0;
+        ASSERT_EQ(sign.requests.size(), start + 4 + (reads ? 1 : 0));
+        EXPECT_EQ(sign.requests[start].Major(), 28);
+        EXPECT_EQ(sign.requests[start].Minor(), row.minor);
+        EXPECT_EQ(sign.requests[start].Payload(), Hex(row.payload));
+        EXPECT_EQ(sign.requests[start].Extended(), row.extended);
+        if (row.copies) {
+            EXPECT_EQ(sign.requests[0].Major(), 2);
+            EXPECT_EQ(sign.requests[0].Extended(), FromText("abc"));
+            const Bytes record = sign.requests[0].Payload();
+            const auto end = std::find(row.extended.begin(), row.extended.end(), 0);
+            EXPECT_TRUE(std::equal(row.extended.begin(), end, record.begin() + 14)) << "the path is the task's";
+        }
+        for (std::size_t i = 1; i < 4; ++i) {
+            EXPECT_EQ(sign.requests[start + i].Minor(), 3);
+            EXPECT_EQ(sign.requests[start + i].Payload(), Hex("0A0B0C0D 00000000"));
+        }
+        const std::size_t copied = row.copies ? 1 : 0; // percentages
+        ASSERT_GE(sign.progress.size(), copied + 2);
+        EXPECT_EQ(sign.progress[copied], 5u);
+        EXPECT_EQ(sign.progress[copied + 1], 50u);
+        EXPECT_EQ(clock.SleptMs() - before, 2 * row.sleepMs);
+        EXPECT_EQ(detail, row.details ? 0x1234u : 0xEEEEEEEEu);
+
+        EXPECT_EQ(run({kTask, State("64037856")}), 3078u);
+        EXPECT_EQ(detail, row.details ? 0x5678u : 0xEEEEEEEEu);
+        EXPECT_EQ(run({Refusal(65535)}), 65535u);
+        EXPECT_EQ(run({kTask, State("00010000"), Refusal(3079)}), 3079u);
+        EXPECT_EQ(run({kTask, Good()}), 3078u) << "no state is no success";
+        EXPECT_EQ(detail, row.details ? 0u : 0xEEEEEEEEu);
+
+        std::uint32_t rounds = 0;
+        sign.otherwise = [&](const Packet& request) {
+            if (request.Minor() == 3)
+                ++rounds;
+            return rounds == 20000 ? kDone : request.Minor() == 3 ? State("00020000") : kTask;
+        };
+        if (row.limitMs != 0) {
+            EXPECT_EQ(run({}), 4u);
+            EXPECT_EQ(rounds, row.limitMs / row.sleepMs + 1) << "the limit itself is still in time";
+        }
+    }
+}
+
+TEST_F(SecondTiles, TimeLimitOfZero)
+{
+    ScriptedSign sign;
+    sign.Then(kTask).Then(State("00010000"));
+    EXPECT_EQ(vxOndraTileCMDTimeout(1, 2, 3, kData, 3, 0), 4u);
+    sign.otherwise = [](const Packet&) {
+        FakeClock::Advance(1);
+        return kTask;
+    };
+    EXPECT_EQ(vxOndraTileCMDTimeout(1, 2, 3, kData, 3, 0), 4u);
+    EXPECT_EQ(sign.requests.size(), 3u);
+}
+
+TEST_F(SecondTiles, ExtensionsOfWhatIsRead)
+{
+    const char* const plain[] = {".cpu", ".pga", ".gam", ".cfg", ".drv", ".bri",
+                                 ".mod", ".sta", ".pix", ".ifo", ".all"};
+    const char* const longer[] = {".rev", ".rev", ".rev", ".org", ".dst", ".gan",
+                                  ".gap", ".dap", ".log", ".cpu", ".pga"}; // from 11 on
+    ScriptedSign sign;
+    for (std::uint8_t type = 0; type < 22; ++type) {
+        SCOPED_TRACE(int(type));
+        const std::string path = std::string("C:\\port3\\00ab") + (type < 11 ? plain[type] : longer[type - 11]);
+        const auto expectPath = [&](std::uint32_t result) {
+            EXPECT_EQ(result, 0u);
+            const Bytes record = sign.requests.back().Payload();
+            EXPECT_EQ(std::string(record.begin() + 8, std::find(record.begin() + 8, record.end(), 0)), path);
+        };
+        const Answer answer = Good(Hex("03000000"), FromText("abc"));
+        sign.Then(answer);
+        expectPath(vxOndraReadTileFileExt(local, type, 3, 0xAB, 0, 1, &detail));
+        if (type < 11) {
+            sign.Then(answer);
+            expectPath(vxOndraReadTileFile(local, type, 3, 0xAB, -1, &detail));
+        }
+    }
+    for (const Packet& request : sign.requests)
+        EXPECT_EQ(request.Major(), 1) << "the tile is left alone";
+    EXPECT_EQ(detail, 0xEEEEEEEEu);
+    sign.Then(Refusal(36872));
+    EXPECT_EQ(vxOndraReadTileFile(local, 0, 3, 0xAB, 1, &detail), 36872u);
+}
+
+TEST_F(SecondTiles, WithoutACopyNoTask)
+{
+    ScriptedSign sign;
+    sign.Then(3, Refusal(8451));
+    EXPECT_EQ(vxOndraWriteTileFile(local, 0, 1, 1, &detail), 8451u);
+    EXPECT_EQ(vxOndraWritePxlCal(local, 1, 1, 0, &detail, nullptr), 8451u);
+    EXPECT_EQ(detail, 0xEEEEEEEEu);
+    EXPECT_EQ(vxOndraWritePxlCalBurn(local, 1, 1, 0, 0, nullptr, &detail), 8451u);
+    EXPECT_EQ(detail, 0u);
+    EXPECT_EQ(sign.requests.size(), 3u);
+}
+
+TEST_F(SecondTiles, Burn)
+{
+    struct Row
+    {
+        const char* name;
+        std::vector<Answer> states;
+        std::uint32_t result;
+    };
+    for (const Row& row : {Row{"under way", {State("09010000"), State("00020000"), State("0A010000")}, 0},
+                           Row{"progress counts first", {State("0A050000")}, 0},
+                           Row{"failed", {State("00010000"), State("09030000")}, 3078},
+                           Row{"failed otherwise", {State("09050000")}, 3078},
+                           Row{"no answer", {State("00010000"), Refusal(3079)}, 3079}}) {
+        SCOPED_TRACE(row.name);
+        ScriptedSign sign;
+        sign.Then(Good()).Then(kTask);
+        for (const Answer& answer : row.states)
+            sign.Then(answer);
+        const std::uint64_t before = clock.SleptMs();
+        EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0x1234, nullptr, &detail), row.result);
+        EXPECT_EQ(detail, 0x0D0C0B0Au);
+        EXPECT_EQ(sign.requests[1].Payload(), Hex("FF00070500000000"));
+        EXPECT_EQ(clock.SleptMs() - before, 100 * (row.states.size() - 1));
+        EXPECT_EQ(sign.progress.size(), 1u) << "of the copy alone";
+    }
+    ScriptedSign sign;
+    sign.Then(Good()).Then(kTask).Then(State("0A010000"));
+    EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0, nullptr, nullptr), 0u);
+}
+
+} // namespace
+} // namespace vxsign::test
