@@ -15,6 +15,7 @@
 #include <vxsign/api.h>
 #include <vxsign/content.h>
 #include <vxsign/control.h>
+#include <vxsign/directtile.h>
 #include <vxsign/extra.h>
 #include <vxsign/filesystem.h>
 #include <vxsign/local.h>

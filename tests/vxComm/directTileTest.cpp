@@ -1,0 +1,429 @@
+// Packets to a tile itself, and the files that travel in them.
+#include "support/fakeClock.h"
+#include "support/scriptedSign.h"
+#include "support/tempFolder.h"
+
+#include <gtest/gtest.h>
+#include <map>
+
+namespace vxsign::test {
+namespace {
+
+std::string Text(const Bytes& bytes)
+{
+    return {bytes.begin(), bytes.end()};
+}
+
+// A tile's file: its header and `size` - 32 bytes that tell their place.
+Bytes TileFile(std::size_t size, const char* header = "AA55 2000")
+{
+    Bytes file = Hex(header);
+    file.resize(32);
+    for (std::size_t i = 0; i < 4; ++i)
+        file[16 + i] = static_cast<std::uint8_t>((size - 32) >> (8 * i));
+    for (std::size_t i = 32; i < size; ++i)
+        file.push_back(static_cast<std::uint8_t>(i * 7));
+    return file;
+}
+
+// The status of a tile: flags, width to module height, modules across and down.
+Bytes Status(const char* flags, const char* sizes)
+{
+    return Hex("AA55 2000 0000 0700 0000 0000 0000 0000 60000000") + Bytes(12 + 16, 0) + Hex(flags) + Bytes(35, 0) +
+           Hex(sizes) + Bytes(34, 0);
+}
+constexpr char kFourByFour[] = "0400 0400 0200 0200 02 02"; // four modules
+
+Bytes Records(std::initializer_list<int> numbers)
+{
+    Bytes records;
+    for (const int number : numbers)
+        records.insert(records.end(), 18, static_cast<std::uint8_t>(number));
+    return records;
+}
+
+constexpr char kStamps[] = "0000 AD50 8F52 0000"; // from offset 8 of a calibration's header
+
+// The two forms of a calibration.
+Bytes Flat()
+{
+    return Hex("AA55 2000 0000 0500") + Hex(kStamps) + Hex("20010000") + Bytes(12, 0x3C) +
+           Records({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15});
+}
+Bytes Block(const char* crc, std::initializer_list<int> numbers)
+{
+    return Hex("AA55") + Hex(crc) + Hex("48000000 AD50 8F52") + Bytes(52, 0) + Records(numbers);
+}
+Bytes Blocks()
+{
+    return Hex("AA55 2000 0000 0500") + Hex(kStamps) + Hex("20020000") + Bytes(12, 0x3C) + Block("320D", {0, 1, 4, 5}) +
+           Block("862A", {2, 3, 6, 7}) + Block("F2B3", {8, 9, 12, 13}) + Block("4694", {10, 11, 14, 15});
+}
+
+// A tile behind the scripted sign: gives and takes files, in a folder that has the PC's place for them.
+class DirectTile : public testing::Test
+{
+protected:
+    DirectTile()
+    {
+        std::filesystem::current_path(folder.Path());
+        std::filesystem::create_directories("c:/port1");
+        sign.otherwise = [this](const Packet& request) { return Serve(request); };
+        testing::internal::CaptureStdout();
+    }
+    ~DirectTile() override
+    {
+        testing::internal::GetCapturedStdout();
+        std::filesystem::current_path(former);
+    }
+
+    Answer Serve(const Packet& request)
+    {
+        const Bytes payload = request.Payload();
+        if (request.Major() == 0x7C && request.Minor() == 1) {
+            const std::size_t offset = payload[4] + 256u * payload[5] + 65536u * payload[6];
+            const auto file = files.find(payload[1]);
+            if (file == files.end() || offset >= file->second.size())
+                return Refusal(36872);
+            const auto begin = file->second.begin() + static_cast<long>(offset);
+            const Bytes piece(begin, begin + std::min<long>(264, file->second.end() - begin));
+            return answersInPayload ? Good(piece) : Good({}, piece);
+        }
+        if (request.Major() == 0x7C && request.Minor() == 2)
+            written = written + request.Extended();
+        return Good();
+    }
+
+    // Minors and file types of what went to the tile.
+    std::string Sent() const
+    {
+        std::string sent;
+        for (const Packet& request : sign.requests)
+            sent += std::to_string(request.Minor()) + "." + std::to_string(request.Payload().at(1)) + " ";
+        return sent;
+    }
+
+    const std::filesystem::path former = std::filesystem::current_path();
+    TempFolder folder;
+    FakeClock clock;
+    ScriptedSign sign;
+    std::map<std::uint8_t, Bytes> files;
+    Bytes written;
+    bool answersInPayload = false;
+};
+
+TEST_F(DirectTile, Packets)
+{
+    const std::uint8_t data[] = {1, 2, 3};
+    sign.Config().sourceAddress = 0x1111;
+    sign.Config().destinationAddress = 0x2222;
+    ASSERT_EQ(vxStabilityTest("", 0, 0x1233), 0u);
+    EXPECT_EQ(vxDirectTileTest(0xAB, 3, 65535), 0u);
+    EXPECT_EQ(sign.requests.back().bytes, Hex("55B1 6D40 0000 0000 FFFF 3512 7C04 0100 03AB0000"));
+    EXPECT_EQ(vxDirectTileCMD(0xCD, 3, 0x0102, data, 3), 0u);
+    EXPECT_EQ(sign.requests.back().bytes, Hex("55B1 8B2F 0300 0000 0201 3612 7C03 0100 03CD0000 010203"));
+    EXPECT_EQ(vxDirectTilePHYWriteCoefficent1(4, 5), 0u);
+    EXPECT_EQ(sign.requests.back().bytes, Hex("55B1 D683 0000 0000 0500 3712 7C03 0100 040F0000"));
+    EXPECT_EQ(vxDirectTileCMD(0, 0, 0, nullptr, 0), 0u);
+    EXPECT_EQ(vxBlackScreen(), 0u);
+    EXPECT_EQ(sign.requests.back().Id(), 0x1239) << "one count of ids";
+    sign.Then(Refusal(36912));
+    EXPECT_EQ(vxDirectTileTest(1, 1, 1), 36912u);
+
+    sign.requests.clear();
+    EXPECT_EQ(vxDirectTileCMD(1, 1, 1, nullptr, 1), 2u);
+    EXPECT_EQ(vxDirectTileCMD(1, 1, 1, Bytes(3053).data(), 3053), 2u) << "one byte more than a request holds";
+    EXPECT_EQ(vxDirectTileReadFileEx(nullptr, 0, 1, 1, 0), 2u);
+    EXPECT_EQ(vxDirectTileWriteFileEx(nullptr, 5, 1, 1, 0), 2u);
+    EXPECT_EQ(vxDirectTilePHYWriteCoefficent2(nullptr, 1, 1, 0, nullptr, 0), 2u);
+    EXPECT_EQ(vxDirectTilePHYWriteCoefficent2("x", 1, 1, 0, nullptr, 1), 2u);
+    EXPECT_EQ(vxWriteCmdBuf(nullptr, 1), 2u);
+    EXPECT_TRUE(sign.requests.empty());
+}
+
+TEST_F(DirectTile, FilesAreReadInPieces)
+{
+    for (const std::size_t size : {40u, 264u, 265u, 1056u, 1057u}) {
+        SCOPED_TRACE(size);
+        sign.requests.clear();
+        sign.progress.clear();
+        files[7] = TileFile(size) + Bytes(9, 0xBB); // what is behind the end stays there
+        answersInPayload = size == 265;
+        EXPECT_EQ(vxDirectTileReadFileEx("local", 7, 1, 0x0203, 0x77), 0u);
+        files[7].resize(size);
+        EXPECT_EQ(folder.Read("local"), Text(files[7]));
+        const std::size_t chunks = (size + 263) / 264;
+        ASSERT_EQ(sign.requests.size(), chunks);
+        EXPECT_EQ(sign.requests[0].Payload(), Hex("01 07 0801 00000000 77 00000000000000"));
+        std::vector<std::uint32_t> progress = {0};
+        for (std::uint32_t k = 1; k < chunks; ++k)
+            progress.push_back(100 * k / static_cast<std::uint32_t>(chunks));
+        EXPECT_EQ(sign.progress, progress);
+        if (chunks == 5) {
+            EXPECT_EQ(sign.requests[4].Payload(), Hex("01 07 0801 20040000 77 000000"));
+        }
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStdout().substr(0, 56),
+              "First ProcCMD iResult = 0\nFirst ProcCMD iResult = 0\nFirs");
+    testing::internal::CaptureStdout();
+}
+
+TEST_F(DirectTile, ReadingFailures)
+{
+    const Bytes whole = TileFile(600);
+    const Bytes piece(whole.begin(), whole.begin() + 264);
+    const Bytes next(whole.begin() + 264, whole.begin() + 528);
+    struct Row
+    {
+        const char* name;
+        std::vector<Answer> answers;
+        std::uint32_t result;
+        Bytes file;
+    };
+    const Row rows[] = {
+        {"refused", {Refusal(36872)}, 36872, {}},
+        {"another magic", {Good({}, Hex("55AA") + Bytes(262, 0))}, 5, {}},
+        {"nothing in it", {Good()}, 5, {}},
+        {"more than 4 GB", {Good({}, Hex("AA55 2000") + Bytes(12, 0) + Hex("FFFFFFFF"))}, 5, {}},
+        {"an empty file", {Good({}, Hex("AA55 0000") + Bytes(260, 0))}, 0, {}},
+        {"a later piece is refused", {Good({}, piece), Refusal(36882)}, 36882, piece},
+        {"a piece that is too long", {Good({}, piece + Bytes(800, 0xCC)), Refusal(36882)}, 36882, piece},
+        {"a short piece leaves zeros",
+         {Good({}, piece), Good({}, Bytes(next.begin(), next.begin() + 4)), Good({}, Hex("010203"))},
+         0,
+         piece + Bytes(next.begin(), next.begin() + 4) + Bytes(260, 0) + Hex("010203")},
+        {"the file ends with what arrives", {Good({}, piece), Good(), Good()}, 0, piece},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        for (const Answer& answer : row.answers)
+            sign.Then(answer);
+        EXPECT_EQ(vxDirectTileReadFileEx("local", 7, 1, 2, 0), row.result);
+        EXPECT_EQ(folder.Read("local"), Text(row.file));
+    }
+    sign.requests.clear();
+    EXPECT_EQ(vxDirectTileReadFileEx("no/such", 7, 1, 2, 0), 1u);
+    EXPECT_EQ(sign.progress.back(), 0u);
+    EXPECT_TRUE(sign.requests.empty());
+    sign.otherwise = nullptr;
+    EXPECT_EQ(vxDirectTileReadFileEx("local", 7, 1, 2, 0), 20736u) << "silence";
+}
+
+TEST_F(DirectTile, FilesAreWrittenInPieces)
+{
+    const Bytes file = TileFile(265);
+    folder.Write("local", Text(file));
+    EXPECT_EQ(vxDirectTileWriteFileEx("local", 13, 1, 0x0203, 0x77), 0u);
+    ASSERT_EQ(sign.requests.size(), 2u);
+    EXPECT_EQ(sign.requests[0].Word(8), 0x0203);
+    EXPECT_EQ(sign.requests[0].Minor(), 2);
+    EXPECT_EQ(sign.requests[0].Payload(), Hex("01 0D 00000000 77 0000000000"));
+    EXPECT_EQ(sign.requests[1].Payload(), Hex("01 0D 08010000 77 0000000000"));
+    EXPECT_EQ(written, file + Bytes(263, 0));
+    EXPECT_EQ(sign.progress, (std::vector<std::uint32_t>{0, 0, 50, 100}));
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "ProcCMD curPackNum = 0, Errorcode = 0ProcCMD curPackNum = 1, Errorcode = 0");
+    testing::internal::CaptureStdout();
+
+    sign.progress.clear();
+    sign.Then(Good()).Then(Refusal(36882));
+    EXPECT_EQ(vxDirectTileWriteFileEx("local", 13, 1, 2, 0), 36882u);
+    EXPECT_EQ(sign.progress, (std::vector<std::uint32_t>{0, 0, 100}));
+
+    sign.requests.clear();
+    folder.Write("local", "");
+    EXPECT_EQ(vxDirectTileWriteFileEx("local", 13, 1, 2, 0), 0u) << "an empty file";
+    EXPECT_EQ(vxDirectTileWriteFileEx("none", 13, 1, 2, 0), 1u);
+    EXPECT_EQ(vxDirectTileWriteFileEx("c:", 13, 1, 2, 0), 1u) << "a folder";
+    EXPECT_TRUE(sign.requests.empty());
+}
+
+TEST_F(DirectTile, ProgramsForAllTilesGoOutTwice)
+{
+    folder.Write("local", Text(TileFile(300)));
+    struct Row
+    {
+        std::uint8_t type;
+        std::uint16_t tile;
+        std::size_t requests;
+    };
+    for (const Row& row : {Row{0, 65535, 4}, Row{1, 65535, 4}, Row{2, 65535, 2}, Row{0, 65534, 2}}) {
+        sign.requests.clear();
+        EXPECT_EQ(vxDirectTileWriteFileEx("local", row.type, 1, row.tile, 0), 0u);
+        ASSERT_EQ(sign.requests.size(), row.requests);
+        EXPECT_EQ(sign.requests[0].bytes == sign.requests[1].bytes, row.requests == 4);
+    }
+    // The first answer is dropped, even one that runs over the request.
+    sign.requests.clear();
+    sign.Then(Good({}, Bytes(4000, 0xCC))).Then(Good()).Then(Refusal(1)).Then(Refusal(36882));
+    EXPECT_EQ(vxDirectTileWriteFileEx("local", 0, 1, 65535, 0), 36882u);
+    ASSERT_EQ(sign.requests.size(), 4u);
+    EXPECT_EQ(sign.requests[0].bytes, sign.requests[1].bytes);
+}
+
+TEST_F(DirectTile, CalibrationGoesOutInBlocks)
+{
+    files[7] = Status("00", kFourByFour);
+    folder.Write("local", Text(Flat()));
+    EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 0x00AB, 0), 0u);
+    EXPECT_EQ(folder.Read("localt"), Text(Blocks()));
+    written.resize(Blocks().size());
+    EXPECT_EQ(written, Blocks());
+    EXPECT_EQ(Sent(), "1.7 1.7 2.5 2.5 2.5 ");
+    EXPECT_TRUE(folder.Has("c:/port1/00ab.sta"));
+
+    sign.requests.clear();
+    files[7] = Status("10", kFourByFour);
+    EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 0x00AB, 0), 1u) << "locked";
+    EXPECT_EQ(Sent(), "1.7 1.7 ");
+    EXPECT_TRUE(folder.Has("localt"));
+    files[7] = Status("EF", kFourByFour);
+    EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 0x00AB, 0), 0u);
+}
+
+TEST_F(DirectTile, CalibrationComesInBlocks)
+{
+    files[7] = Status("00", kFourByFour);
+    files[5] = Blocks();
+    const std::string name(100, 'n');
+    EXPECT_EQ(vxDirectTileReadFileEx(name.c_str(), 5, 1, 2, 0), 0u);
+    EXPECT_EQ(folder.Read(name + "t"), Text(Blocks()));
+    EXPECT_EQ(folder.Read(name), Text(Flat()));
+    // Without the status the blocks are all there is.
+    files.erase(7);
+    EXPECT_EQ(vxDirectTileReadFileEx("other", 5, 1, 2, 0), 0u);
+    EXPECT_TRUE(folder.Has("othert"));
+    EXPECT_FALSE(folder.Has("other"));
+}
+
+TEST_F(DirectTile, CalibrationThatCannotBeConverted)
+{
+    const Bytes flat = Flat();
+    const auto changed = [&](std::size_t at, std::uint8_t value) {
+        Bytes file = flat;
+        file[at] = value;
+        return file;
+    };
+    struct Row
+    {
+        const char* name;
+        Bytes status;
+        Bytes flat;
+    };
+    const Bytes good = Status("00", kFourByFour);
+    const Row rows[] = {
+        {"no status", {}, flat},
+        {"a short status", Bytes(good.begin(), good.begin() + 127), flat},
+        {"no modules", Status("00", "0400 0400 0200 0200 00 02"), flat},
+        {"no rows of modules", Status("00", "0400 0400 0200 0200 02 00"), flat},
+        {"modules of no width", Status("00", "FFFF FFFF 0000 FFFF FF FF"), flat},
+        {"modules of no height", Status("00", "FFFF FFFF FFFF 0000 FF FF"), flat},
+        {"modules beyond the width", Status("00", "0300 0400 0200 0200 02 02"), flat},
+        {"modules beyond the height", Status("00", "0400 0300 0200 0200 02 02"), flat},
+        {"rows of nothing", Status("00", "0000 FFFF 0100 FFFF FF FF"), flat},
+        {"a tile that is larger than the file", Status("00", "0400 0400 0200 0200 02 03"), flat},
+        {"the largest of tiles", Status("00", "FFFF FFFF 0101 0101 FF FF"), flat},
+        {"one byte less", good, Bytes(flat.begin(), flat.end() - 1)},
+        {"another magic", good, changed(0, 0xAB)},
+        {"another type of file", good, changed(6, 7)},
+        {"an empty file", good, {}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        sign.requests.clear();
+        files[7] = row.status;
+        folder.Write("local", Text(row.flat));
+        folder.Write("localt", "of an earlier call");
+        EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 2, 0), 1u);
+        EXPECT_EQ(Sent().find("2.5"), std::string::npos) << "nothing of the earlier call goes out";
+        EXPECT_EQ(folder.Read("local"), Text(row.flat));
+
+        files[5] = Blocks();
+        if (row.status == good)
+            files[5].resize(files[5].size() - 1);
+        folder.Write("local", "abc");
+        EXPECT_EQ(vxDirectTileReadFileEx("local", 5, 1, 2, 0), 0u);
+    }
+    std::filesystem::remove_all("c:");
+    folder.Write("local", Text(flat));
+    EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 2, 0), 1u) << "no place for the status";
+}
+
+TEST_F(DirectTile, Coefficients)
+{
+    Bytes params(65, 0);
+    const auto run = [&](std::size_t length) {
+        sign.requests.clear();
+        return vxDirectTilePHYWriteCoefficent2("local", 1, 2, 0, params.data(), static_cast<std::uint32_t>(length));
+    };
+    files[7] = Status("00", kFourByFour);
+    files[13] = TileFile(72);
+    folder.Write("local", Text(Flat()));
+    EXPECT_EQ(run(65), 0u);
+    EXPECT_EQ(Sent(), "1.7 3.16 3.17 1.13 ");
+    EXPECT_EQ(sign.requests[1].Extended(), params);
+    EXPECT_EQ(sign.requests[2].Extended(), params);
+    EXPECT_EQ(folder.Read("localt"), Text(Blocks()));
+    EXPECT_EQ(folder.Read("c:/port1/0002.mcc"), Text(TileFile(72)));
+    params[64] = 1;
+    EXPECT_EQ(run(65), 0u);
+    EXPECT_EQ(Sent(), "1.7 3.16 ");
+    EXPECT_EQ(run(64), 0u);
+    EXPECT_EQ(Sent(), "1.7 3.16 3.17 1.13 ");
+
+    struct Row
+    {
+        std::size_t failures;
+        std::uint32_t result;
+        std::size_t requests;
+    };
+    for (const Row& row : {Row{1, 0, 2}, Row{19, 0, 20}, Row{20, 1, 21}, Row{21, 0, 21}}) {
+        SCOPED_TRACE(row.failures);
+        std::size_t asked = 0;
+        sign.otherwise = [&](const Packet& request) {
+            const bool coefficients = request.Minor() == 1 && request.Payload()[1] == 13;
+            return coefficients && ++asked <= row.failures ? Refusal(36872) : Serve(request);
+        };
+        EXPECT_EQ(run(0), row.result);
+        EXPECT_EQ(asked, row.requests);
+    }
+}
+
+// What vxWriteCmdBuf hands to the callbacks.
+struct RawTraffic
+{
+    Bytes sent;
+    std::uint32_t sendMs;
+    std::uint32_t capacity;
+    std::uint32_t receiveMs;
+    std::int32_t count;
+};
+RawTraffic traffic;
+
+TEST_F(DirectTile, RawBytes)
+{
+    vxApiConfig& config = sign.Config();
+    config.timeoutMs = 1234;
+    config.onWrite = [](vxApiConfig*, const std::uint8_t* bytes, std::uint32_t length, std::uint32_t ms) {
+        traffic.sent.assign(bytes, bytes + length);
+        traffic.sendMs = ms;
+        return static_cast<std::int32_t>(length);
+    };
+    config.onRead = [](vxApiConfig*, std::uint8_t*, std::uint32_t capacity, std::uint32_t ms) {
+        traffic.capacity = capacity;
+        traffic.receiveMs = ms;
+        return traffic.count;
+    };
+    const Bytes bytes(4000, 0x5A);
+    for (const auto& [count, result] : {std::pair{1, 0u}, {1536, 0u}, {0, 21061u}, {-1, 21061u}}) {
+        traffic = {{}, 0, 0, 0, count};
+        EXPECT_EQ(vxWriteCmdBuf(bytes.data(), 4000), result);
+        EXPECT_EQ(traffic.sent, bytes);
+        EXPECT_EQ(traffic.sendMs, 1234u);
+        EXPECT_EQ(traffic.capacity, 1536u);
+        EXPECT_EQ(traffic.receiveMs, 1234u);
+    }
+}
+
+} // namespace
+} // namespace vxsign::test
