@@ -3,7 +3,7 @@
 #include "support/scriptedSign.h"
 #include "support/tempFolder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <map>
 
 namespace vxsign::test {
@@ -304,46 +304,32 @@ TEST_F(DirectTile, CalibrationThatCannotBeConverted)
         file[at] = value;
         return file;
     };
-    struct Row
-    {
-        const char* name;
-        Bytes status;
-        Bytes flat;
-    };
     const Bytes good = Status("00", kFourByFour);
-    const Row rows[] = {
-        {"no status", {}, flat},
-        {"a short status", Bytes(good.begin(), good.begin() + 127), flat},
-        {"no modules", Status("00", "0400 0400 0200 0200 00 02"), flat},
-        {"no rows of modules", Status("00", "0400 0400 0200 0200 02 00"), flat},
-        {"modules of no width", Status("00", "FFFF FFFF 0000 FFFF FF FF"), flat},
-        {"modules of no height", Status("00", "FFFF FFFF FFFF 0000 FF FF"), flat},
-        {"modules beyond the width", Status("00", "0300 0400 0200 0200 02 02"), flat},
-        {"modules beyond the height", Status("00", "0400 0300 0200 0200 02 02"), flat},
-        {"rows of nothing", Status("00", "0000 FFFF 0100 FFFF FF FF"), flat},
-        {"a tile that is larger than the file", Status("00", "0400 0400 0200 0200 02 03"), flat},
-        {"the largest of tiles", Status("00", "FFFF FFFF 0101 0101 FF FF"), flat},
-        {"one byte less", good, Bytes(flat.begin(), flat.end() - 1)},
-        {"another magic", good, changed(0, 0xAB)},
-        {"another type of file", good, changed(6, 7)},
-        {"an empty file", good, {}},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
+    const auto expectFailure = [&](const char* name, const Bytes& status, const Bytes& local) {
+        SCOPED_TRACE(name);
         sign.requests.clear();
-        files[7] = row.status;
-        folder.Write("local", Text(row.flat));
+        files[7] = status;
+        folder.Write("local", Text(local));
         folder.Write("localt", "of an earlier call");
         EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 2, 0), 1u);
         EXPECT_EQ(Sent().find("2.5"), std::string::npos) << "nothing of the earlier call goes out";
-        EXPECT_EQ(folder.Read("local"), Text(row.flat));
-
+        EXPECT_EQ(folder.Read("local"), Text(local));
         files[5] = Blocks();
-        if (row.status == good)
+        if (status == good)
             files[5].resize(files[5].size() - 1);
-        folder.Write("local", "abc");
         EXPECT_EQ(vxDirectTileReadFileEx("local", 5, 1, 2, 0), 0u);
-    }
+    };
+    expectFailure("no status", {}, flat);
+    expectFailure("a short status", Bytes(good.begin(), good.begin() + 127), flat);
+    expectFailure("one byte less", good, Bytes(flat.begin(), flat.end() - 1));
+    expectFailure("another magic", good, changed(0, 0xAB));
+    expectFailure("another type of file", good, changed(6, 7));
+    // No modules, modules of no pixels, beyond the tile, one row for all; a tile that is larger than the file, or any.
+    for (const char* const sizes :
+         {"0400 0400 0200 0200 00 02", "0400 0400 0200 0200 02 00", "FFFF FFFF 0000 FFFF FF FF",
+          "FFFF FFFF FFFF 0000 FF FF", "0300 0400 0200 0200 02 02", "0400 0300 0200 0200 02 02",
+          "0000 FFFF 0100 FFFF FF FF", "0400 0600 0200 0200 02 03", "FFFF FFFF 0101 0101 FF FF"})
+        expectFailure(sizes, Status("00", sizes), flat);
     std::filesystem::remove_all("c:");
     folder.Write("local", Text(flat));
     EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 2, 0), 1u) << "no place for the status";
@@ -389,39 +375,29 @@ TEST_F(DirectTile, Coefficients)
     }
 }
 
-// What vxWriteCmdBuf hands to the callbacks.
-struct RawTraffic
-{
-    Bytes sent;
-    std::uint32_t sendMs;
-    std::uint32_t capacity;
-    std::uint32_t receiveMs;
-    std::int32_t count;
-};
-RawTraffic traffic;
-
 TEST_F(DirectTile, RawBytes)
 {
+    static Bytes sent;
+    static std::uint32_t waits[2];
+    static std::int32_t count;
     vxApiConfig& config = sign.Config();
     config.timeoutMs = 1234;
     config.onWrite = [](vxApiConfig*, const std::uint8_t* bytes, std::uint32_t length, std::uint32_t ms) {
-        traffic.sent.assign(bytes, bytes + length);
-        traffic.sendMs = ms;
-        return static_cast<std::int32_t>(length);
+        sent.assign(bytes, bytes + length);
+        waits[0] = ms;
+        return 0;
     };
     config.onRead = [](vxApiConfig*, std::uint8_t*, std::uint32_t capacity, std::uint32_t ms) {
-        traffic.capacity = capacity;
-        traffic.receiveMs = ms;
-        return traffic.count;
+        EXPECT_EQ(capacity, 1536u);
+        waits[1] = ms;
+        return count;
     };
     const Bytes bytes(4000, 0x5A);
-    for (const auto& [count, result] : {std::pair{1, 0u}, {1536, 0u}, {0, 21061u}, {-1, 21061u}}) {
-        traffic = {{}, 0, 0, 0, count};
+    for (const auto& [arrived, result] : {std::pair{1, 0u}, {1536, 0u}, {0, 21061u}, {-1, 21061u}}) {
+        count = arrived;
         EXPECT_EQ(vxWriteCmdBuf(bytes.data(), 4000), result);
-        EXPECT_EQ(traffic.sent, bytes);
-        EXPECT_EQ(traffic.sendMs, 1234u);
-        EXPECT_EQ(traffic.capacity, 1536u);
-        EXPECT_EQ(traffic.receiveMs, 1234u);
+        EXPECT_EQ(sent, bytes);
+        EXPECT_THAT(waits, testing::Each(1234u));
     }
 }
 

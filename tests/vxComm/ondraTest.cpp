@@ -1,4 +1,5 @@
 // Tiles of the second family: major 28.
+#include "support/answers.h"
 #include "support/fakeClock.h"
 #include "support/flatRows.h"
 #include "support/tempFolder.h"
@@ -7,14 +8,6 @@ namespace vxsign::test {
 namespace {
 
 constexpr std::uint8_t kData[] = {0xA1, 0xA2, 0xA3};
-
-// A task's state as it is answered: progress, state, detail.
-Answer State(const char* state)
-{
-    return Good({}, Hex(state));
-}
-const Answer kTask = Good(Hex("0A0B0C0D"));
-const Answer kDone = State("64043412");
 
 class SecondTiles : public testing::Test
 {
@@ -49,14 +42,10 @@ TEST_F(SecondTiles, ArgumentsErrors)
         {"vxOndraGetResult", [] { return vxOndraGetResult(1, nullptr, 4); }},
         {"vxOndraTileCMD", [] { return vxOndraTileCMD(1, 2, 3, nullptr, 1); }},
         {"vxOndraTileCMD too long", [] { return vxOndraTileCMD(1, 2, 3, Bytes(3049).data(), 3049); }},
-        {"read, null", [&] { return vxOndraReadTileFile(nullptr, 0, 1, 1, 0, nullptr); }},
         {"read, all tiles", [&] { return vxOndraReadTileFile(local, 0, 1, 65535, 1, nullptr); }},
-        {"read, no port", [&] { return vxOndraReadTileFile(local, 0, 255, 1, 1, nullptr); }},
         {"read, type 11", [&] { return vxOndraReadTileFileTimeout(local, 11, 1, 1, 1, nullptr, 1); }},
-        {"read ext, all tiles", [&] { return vxOndraReadTileFileExt(local, 0, 1, 65535, 0, 1, nullptr); }},
         {"read ext, no port", [&] { return vxOndraReadTileFileExt(local, 0, 255, 1, 0, 1, nullptr); }},
         {"write, null", [&] { return vxOndraWriteTileFile(nullptr, 0, 1, 1, nullptr); }},
-        {"write, no port", [&] { return vxOndraWriteTileFile(local, 0, 255, 1, nullptr); }},
         {"write, type 11", [&] { return vxOndraWriteTileFile(local, 11, 1, 1, nullptr); }},
         {"write ext, no port", [&] { return vxOndraWriteTileFileExt(local, 0, 255, 1, 0, nullptr); }},
         {"calibration, no port", [&] { return vxOndraWritePxlCal(local, 255, 1, 0, nullptr, nullptr); }},
@@ -147,22 +136,17 @@ TEST_F(SecondTiles, TasksAreStartedAndWaitedFor)
         SCOPED_TRACE(row.name);
         ScriptedSign sign;
         const bool reads = row.minor == 1;
-        const auto run = [&](std::initializer_list<Answer> answers) {
+        const auto run = [&](const std::string& answers) {
             sign.requests.clear();
             sign.progress.clear();
             detail = 0xEEEEEEEE;
-            if (row.copies)
-                sign.Then(Good());
-            for (const Answer& answer : answers)
-                sign.Then(answer);
+            Play(sign, (row.copies ? ". " : "") + answers);
             return row.call();
         };
-        const Answer tail = Good(Hex("03000000"), FromText("abc")); // of the file that is read
-
         const std::uint64_t before = clock.SleptMs();
-        EXPECT_EQ(reads ? run({kTask, State("05010000"), State("32020000"), kDone, tail})
-                        : run({kTask, State("05010000"), State("32020000"), kDone}),
-                  0u);
+        if (reads)
+            sign.otherwise = [](const Packet&) { return Good(Hex("03000000"), FromText("abc")); };
+        EXPECT_EQ(run("+0A0B0C0D =05010000 =32020000 =64043412"), 0u);
         const std::size_t start = row.copies ? 1 : 0;
         ASSERT_EQ(sign.requests.size(), start + 4 + (reads ? 1 : 0));
         EXPECT_EQ(sign.requests[start].Major(), 28);
@@ -180,41 +164,35 @@ TEST_F(SecondTiles, TasksAreStartedAndWaitedFor)
             EXPECT_EQ(sign.requests[start + i].Minor(), 3);
             EXPECT_EQ(sign.requests[start + i].Payload(), Hex("0A0B0C0D 00000000"));
         }
-        const std::size_t copied = row.copies ? 1 : 0; // percentages
-        ASSERT_GE(sign.progress.size(), copied + 2);
-        EXPECT_EQ(sign.progress[copied], 5u);
-        EXPECT_EQ(sign.progress[copied + 1], 50u);
+        ASSERT_GE(sign.progress.size(), start + 2);
+        EXPECT_EQ(sign.progress[start], 5u);
+        EXPECT_EQ(sign.progress[start + 1], 50u);
         EXPECT_EQ(clock.SleptMs() - before, 2 * row.sleepMs);
         EXPECT_EQ(detail, row.details ? 0x1234u : 0xEEEEEEEEu);
 
-        EXPECT_EQ(run({kTask, State("64037856")}), 3078u);
+        EXPECT_EQ(run("+01 =64037856"), 3078u);
         EXPECT_EQ(detail, row.details ? 0x5678u : 0xEEEEEEEEu);
-        EXPECT_EQ(run({Refusal(65535)}), 65535u);
-        EXPECT_EQ(run({kTask, State("00010000"), Refusal(3079)}), 3079u);
-        EXPECT_EQ(run({kTask, Good()}), 3078u) << "no state is no success";
+        EXPECT_EQ(run("!65535"), 65535u);
+        EXPECT_EQ(run("+01 =00010000 !3079"), 3079u);
+        EXPECT_EQ(run("+01 ."), 3078u) << "no state is no success";
         EXPECT_EQ(detail, row.details ? 0u : 0xEEEEEEEEu);
 
-        std::uint32_t rounds = 0;
-        sign.otherwise = [&](const Packet& request) {
-            if (request.Minor() == 3)
-                ++rounds;
-            return rounds == 20000 ? kDone : request.Minor() == 3 ? State("00020000") : kTask;
-        };
-        if (row.limitMs != 0) {
-            EXPECT_EQ(run({}), 4u);
-            EXPECT_EQ(rounds, row.limitMs / row.sleepMs + 1) << "the limit itself is still in time";
-        }
+        if (row.limitMs == 0)
+            continue;
+        sign.otherwise = [](const Packet&) { return Good(Hex("00020000")); };
+        EXPECT_EQ(run(""), 4u);
+        EXPECT_EQ(sign.requests.size(), 1 + row.limitMs / row.sleepMs + 1) << "the limit itself is still in time";
     }
 }
 
 TEST_F(SecondTiles, TimeLimitOfZero)
 {
     ScriptedSign sign;
-    sign.Then(kTask).Then(State("00010000"));
+    Play(sign, "+01 =00010000");
     EXPECT_EQ(vxOndraTileCMDTimeout(1, 2, 3, kData, 3, 0), 4u);
     sign.otherwise = [](const Packet&) {
         FakeClock::Advance(1);
-        return kTask;
+        return Good();
     };
     EXPECT_EQ(vxOndraTileCMDTimeout(1, 2, 3, kData, 3, 0), 4u);
     EXPECT_EQ(sign.requests.size(), 3u);
@@ -267,28 +245,24 @@ TEST_F(SecondTiles, Burn)
     struct Row
     {
         const char* name;
-        std::vector<Answer> states;
+        const char* states;
         std::uint32_t result;
     };
-    for (const Row& row : {Row{"under way", {State("09010000"), State("00020000"), State("0A010000")}, 0},
-                           Row{"progress counts first", {State("0A050000")}, 0},
-                           Row{"failed", {State("00010000"), State("09030000")}, 3078},
-                           Row{"failed otherwise", {State("09050000")}, 3078},
-                           Row{"no answer", {State("00010000"), Refusal(3079)}, 3079}}) {
+    for (const Row& row : {Row{"under way", "=09010000 =00020000 =0A010000", 0},
+                           Row{"progress counts first", "=0A050000", 0}, Row{"failed", "=00010000 =09030000", 3078},
+                           Row{"failed otherwise", "=09050000", 3078}, Row{"no answer", "=00010000 !3079", 3079}}) {
         SCOPED_TRACE(row.name);
         ScriptedSign sign;
-        sign.Then(Good()).Then(kTask);
-        for (const Answer& answer : row.states)
-            sign.Then(answer);
+        const std::size_t answers = Play(sign, std::string(". +0A0B0C0D ") + row.states);
         const std::uint64_t before = clock.SleptMs();
         EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0x1234, nullptr, &detail), row.result);
         EXPECT_EQ(detail, 0x0D0C0B0Au);
         EXPECT_EQ(sign.requests[1].Payload(), Hex("FF00070500000000"));
-        EXPECT_EQ(clock.SleptMs() - before, 100 * (row.states.size() - 1));
+        EXPECT_EQ(clock.SleptMs() - before, 100 * (answers - 3));
         EXPECT_EQ(sign.progress.size(), 1u) << "of the copy alone";
     }
     ScriptedSign sign;
-    sign.Then(Good()).Then(kTask).Then(State("0A010000"));
+    Play(sign, ". +01 =0A010000");
     EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0, nullptr, nullptr), 0u);
 }
 

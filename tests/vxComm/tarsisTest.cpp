@@ -1,4 +1,5 @@
 // Tiles of the first family: majors 12 and 50.
+#include "support/answers.h"
 #include "support/fakeClock.h"
 #include "support/flatRows.h"
 #include "support/tempFolder.h"
@@ -6,18 +7,19 @@
 namespace vxsign::test {
 namespace {
 
-const Answer kWaiting = Good({}, Hex("000C"));
-const Answer kProcessing = Good(Hex("030C0000"));
+// A status as a tile gives it: 8 by 8 pixels, firmware 0, model 0.
+const std::string kStatus = " =08080000000000 ";
 
-// A reply to the question for a task's progress.
-Answer State(std::uint8_t state, const char* totalAndDone = "0A000000 05000000")
-{
-    return Good({}, Hex("00") + Hex(totalAndDone) + Hex("0000") + Bytes{state});
-}
+// The end of a task with success, and the answer after it.
+const std::string kDone = " =000A00000005000000000001 . ";
 
-Answer Task(const char* id)
+// What was asked, by major and minor.
+std::string Requests(const ScriptedSign& sign)
 {
-    return Good(Hex(id));
+    std::string all;
+    for (const Packet& request : sign.requests)
+        all += std::to_string(request.Major()) + "." + std::to_string(request.Minor()) + " ";
+    return all;
 }
 
 TEST(FirstTiles, Requests)
@@ -44,12 +46,9 @@ TEST(FirstTiles, ArgumentsErrors)
     std::uint8_t buffer[4];
     ExpectArgumentsError({
         {"vxTarsisGetTileStat 495", [&] { return vxTarsisGetTileStat(495, &task); }},
-        {"vxTarsisGetTileStat 65535", [&] { return vxTarsisGetTileStat(65535, &task); }},
         {"vxTarsisGetTileStat null", [] { return vxTarsisGetTileStat(1, nullptr); }},
         {"vxTarsisTileTest 495", [&] { return vxTarsisTileTest(495, 1, &task); }},
         {"vxTarsisTileTest 65534", [&] { return vxTarsisTileTest(65534, 1, &task); }},
-        {"vxTarsisTileTest null", [] { return vxTarsisTileTest(1, 1, nullptr); }},
-        {"vxTarsisSetTileCmd 495", [] { return vxTarsisSetTileCmd(495, 1); }},
         {"vxTarsisSetTileCmd 65534", [] { return vxTarsisSetTileCmd(65534, 1); }},
         {"vxTarsisGetResult buffer", [&] { return vxTarsisGetResult(1, nullptr, 4, &status); }},
         {"vxTarsisGetResult status", [&] { return vxTarsisGetResult(1, buffer, 4, nullptr); }},
@@ -92,54 +91,37 @@ TEST(FirstTiles, ResultOfATask)
     struct Row
     {
         const char* name;
-        std::vector<Answer> answers;
+        const char* answers;
         std::uint32_t bufferSize;
         std::uint32_t result;
         std::uint16_t status;
-        const char* buffer; // of eight bytes
+        const char* buffer; // as far as it is written
     };
-    const Row rows[] = {
-        {"data at once", {Good({}, Hex("112233"))}, 8, 0, 3073, "112233EEEEEEEEEE"},
-        {"data of a task that takes its time",
-         {kWaiting, kProcessing, kWaiting, Good({}, Hex("000C00"))},
-         8,
-         0,
-         3073,
-         "000C00EEEEEEEEEE"},
-        {"two bytes are a status", {Good({}, Hex("1122"))}, 8, 0, 0x2211, "EEEEEEEEEEEEEEEE"},
-        {"more data than the buffer takes", {Good({}, Bytes(2000, 0x55))}, 3, 0, 3073, "555555EEEEEEEEEE"},
-        {"no room", {Good({}, Hex("112233"))}, 0, 0, 3073, "EEEEEEEEEEEEEEEE"},
-        {"data begins with the payload", {Good(Hex("AABBCCDD"), Hex("112233"))}, 8, 0, 3073, "AABBCCEEEEEEEEEE"},
-        {"failed", {kProcessing, Good(Hex("040C0000"))}, 8, 0, 3076, "EEEEEEEEEEEEEEEE"},
-        {"success without data", {Good(Hex("010C0000"))}, 8, 0, 3073, "EEEEEEEEEEEEEEEE"},
-        {"a refusal that goes on",
-         {Refusal(3075), Refusal(3072), Good({}, Hex("112233"))},
-         8,
-         0,
-         3073,
-         "112233EEEEEEEEEE"},
-        {"a refusal", {Refusal(3079)}, 8, 3079, 3079, "EEEEEEEEEEEEEEEE"},
-        {"an empty reply", {Good()}, 8, 0, 0, "EEEEEEEEEEEEEEEE"},
-    };
-    for (const Row& row : rows) {
+    for (const Row& row : {Row{"data at once", "=112233", 8, 0, 3073, "112233"},
+                           Row{"data that takes its time", "=000C +030C0000 =000C =000C00", 8, 0, 3073, "000C00"},
+                           Row{"two bytes are a status", "=1122", 8, 0, 0x2211, ""},
+                           Row{"more data than the buffer takes", "=11223344556677889900", 3, 0, 3073, "112233"},
+                           Row{"failed", "+030C0000 =000C +040C0000", 8, 0, 3076, ""},
+                           Row{"success without data", "+010C0000", 8, 0, 3073, ""},
+                           Row{"a refusal that goes on", "!3075 !3072 =112233", 8, 0, 3073, "112233"},
+                           Row{"a refusal", "!3079", 8, 3079, 3079, ""}, Row{"an empty reply", ".", 8, 0, 0, ""}}) {
         SCOPED_TRACE(row.name);
         const FakeClock clock;
         ScriptedSign sign;
-        for (const Answer& answer : row.answers)
-            sign.Then(answer);
+        const std::size_t answers = Play(sign, row.answers);
         std::uint16_t status = 0xEEEE;
         Bytes buffer(8, 0xEE);
+        Bytes expected = Hex(row.buffer);
+        expected.resize(8, 0xEE);
         EXPECT_EQ(vxTarsisGetResult(0x04030201, buffer.data(), row.bufferSize, &status), row.result);
         EXPECT_EQ(status, row.status);
-        EXPECT_EQ(buffer, Hex(row.buffer));
-        ASSERT_EQ(sign.requests.size(), row.answers.size());
-        EXPECT_EQ(sign.requests[0].Major(), 12);
-        EXPECT_EQ(sign.requests[0].Minor(), 2);
+        EXPECT_EQ(buffer, expected);
+        ASSERT_EQ(sign.requests.size(), answers);
+        EXPECT_EQ(Requests(sign).substr(0, 5), "12.2 ");
         EXPECT_EQ(sign.requests[0].Payload(), Hex("01020304"));
-        for (const Packet& request : sign.requests)
-            EXPECT_EQ(request.bytes, sign.requests[0].bytes) << "the same packet again";
-        EXPECT_EQ(sign.progress, std::vector<std::uint32_t>(row.answers.size() - 1, 10));
-        EXPECT_EQ(clock.SleptMs(), 100 * (row.answers.size() - 1));
+        EXPECT_EQ(sign.requests.back().bytes, sign.requests[0].bytes) << "the same packet again";
+        EXPECT_EQ(sign.progress, std::vector<std::uint32_t>(answers - 1, 10));
+        EXPECT_EQ(clock.SleptMs(), 100 * (answers - 1));
     }
 }
 
@@ -153,7 +135,7 @@ TEST(FirstTiles, WaitsThatEndWithoutTheTask)
     EXPECT_EQ(status, 0);
     sign.requests.clear();
 
-    sign.otherwise = [](const Packet&) { return kProcessing; };
+    sign.otherwise = [](const Packet&) { return Good(Hex("030C0000")); };
     EXPECT_EQ(vxTarsisGetResult(1, buffer, 4, &status), 0u);
     EXPECT_EQ(status, 3075);
     EXPECT_EQ(sign.requests.size(), 3000u);
@@ -161,14 +143,14 @@ TEST(FirstTiles, WaitsThatEndWithoutTheTask)
 
     sign.otherwise = [&](const Packet&) {
         sign.Config().abortFlag = sign.requests.size() == 3 ? 1 : 0;
-        return kProcessing;
+        return Good(Hex("030C0000"));
     };
     EXPECT_EQ(vxTarsisGetResult(1, buffer, 4, &status), 20497u);
     EXPECT_EQ(sign.requests.size(), 3u);
     sign.Config().abortFlag = 0;
     sign.requests.clear();
 
-    sign.otherwise = [](const Packet& request) { return request.Minor() == 4 ? State(3) : Task("01000000"); };
+    sign.otherwise = [](const Packet&) { return Good({}, Bytes(12, 3)); };
     EXPECT_EQ(vxTarsisSetTileCmd(1, 1), 0u);
     EXPECT_EQ(sign.requests.size(), 3001u);
 
@@ -185,55 +167,38 @@ TEST(FirstTiles, WaitsThatEndWithoutTheTask)
 
 TEST(FirstTiles, ProgressOfACommand)
 {
+    // Total, done and, at the end, the state of a task.
+    const auto at = [](std::string state) { return "=000A000000050000000000" + state + " "; };
     struct Row
     {
         const char* name;
-        std::vector<Answer> answers; // to the questions
+        std::string answers; // to the questions
         std::uint32_t result;
         std::vector<std::uint32_t> progress;
     };
-    const Row rows[] = {
-        {"done", {State(0), State(3, "04000000 03000000"), State(1), Good()}, 0, {50, 75}},
-        {"failed, and asked once more", {State(9), Good()}, 3081, {}},
-        {"failed, whatever the last answer", {State(4), Refusal(36912)}, 3076, {}},
-        {"done, but the last answer fails", {State(1), Refusal(36912)}, 36912, {}},
-        {"highest state", {State(255), Good()}, 3327, {}},
-        {"first question fails", {Refusal(3079)}, 3079, {}},
-        {"a later question fails", {State(3), Refusal(36912)}, 36912, {50}},
-        {"a total of 0", {State(0, "00000000 05000000"), State(1), Good()}, 0, {0}},
-        {"32 bits", {State(0, "01000000 FFFFFFFF"), State(1), Good()}, 0, {0xFFFFFF9C}},
-        {"in the payload", {Good(Hex("00 04000000 01000000 0000 03")), State(1), Good()}, 0, {25}},
-        {"a short reply goes on", {Good({}, Hex("0001")), State(1), Good()}, 0, {0}},
-    };
-    for (const Row& row : rows) {
+    for (const Row& row :
+         {Row{"done", at("00") + "=000400000003000000000003 " + at("01") + ".", 0, {50, 75}},
+          Row{"failed, and asked once more", at("09") + ".", 3081, {}},
+          Row{"failed, whatever the last answer", at("04") + "!36912", 3076, {}},
+          Row{"done, but the last answer fails", at("01") + "!36912", 36912, {}},
+          Row{"highest state", at("FF") + ".", 3327, {}}, Row{"first question fails", "!3079", 3079, {}},
+          Row{"a later question fails", at("03") + "!36912", 36912, {50}},
+          Row{"a total of 0", "=000000000005000000000000 " + at("01") + ".", 0, {0}},
+          Row{"32 bits", "=0001000000FFFFFFFF000003 " + at("01") + ".", 0, {0xFFFFFF9C}},
+          Row{"in the payload", "+000400000001000000000003 " + at("01") + ".", 0, {25}},
+          Row{"a short reply goes on", "=0001 " + at("01") + ".", 0, {0}}}) {
         SCOPED_TRACE(row.name);
         const FakeClock clock;
         ScriptedSign sign;
-        sign.Then(Task("0A0B0C0D"));
-        for (const Answer& answer : row.answers)
-            sign.Then(answer);
+        const std::size_t answers = Play(sign, "+0A0B0C0D " + row.answers);
         EXPECT_EQ(vxTarsisSetTileCmd(300, 2), row.result);
         EXPECT_EQ(sign.progress, row.progress);
-        ASSERT_EQ(sign.requests.size(), row.answers.size() + 1);
-        EXPECT_EQ(clock.SleptMs(), 100 * (row.answers.size() - 1));
-        EXPECT_EQ(sign.requests[1].Minor(), 4);
+        ASSERT_EQ(sign.requests.size(), answers);
+        EXPECT_EQ(clock.SleptMs(), 100 * (answers - 2));
+        EXPECT_EQ(Requests(sign).substr(0, 11), "12.11 12.4 ");
         EXPECT_EQ(sign.requests[1].Payload(), Hex("0A0B0C0D 00000000"));
         EXPECT_EQ(sign.requests.back().bytes, sign.requests[1].bytes) << "the same packet again";
     }
-}
-
-// A status as a tile gives it: size, firmware, model.
-Answer TileStatus(const char* begin)
-{
-    return Good({}, Hex(begin) + Bytes(20, 0));
-}
-
-std::string Requests(const ScriptedSign& sign)
-{
-    std::string all;
-    for (const Packet& request : sign.requests)
-        all += std::to_string(request.Major()) + "." + std::to_string(request.Minor()) + " ";
-    return all;
 }
 
 class FirstTileFiles : public testing::Test
@@ -264,9 +229,7 @@ TEST_F(FirstTileFiles, AreInstalledInFixedPlaces)
                            Row{4, "0808000011", "C:\\R_DATA\\BRBLOCK.DAT", "40940100"}}) {
         SCOPED_TRACE(std::string(row.path) + row.status);
         sign.requests.clear();
-        sign.Then(Task("01000000")).Then(TileStatus(row.status)).Then(Good());
-        sign.Then(Task("02000000")).Then(State(1)).Then(Good()).Then(Task("03000000"));
-        sign.Then(Task("04000000")).Then(State(1)).Then(Good());
+        Play(sign, std::string("+01000000 =") + row.status + " . +02000000" + kDone + "+03000000 +04000000" + kDone);
         EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 256, row.type), 0u);
         ASSERT_EQ(Requests(sign), "12.7 12.2 2.13 12.15 12.4 12.4 12.9 12.11 12.4 12.4 ");
         const Bytes path = FromText(row.path) + Bytes{0};
@@ -289,42 +252,23 @@ TEST_F(FirstTileFiles, InstallingGoesOnToItsLastCommand)
     {
         const char* name;
         std::uint8_t type;
-        std::vector<Answer> answers;
+        std::string answers;
         const char* requests;
         std::uint32_t result;
     };
-    const Answer status = TileStatus("0808000000");
-    const Answer task = Task("01000000");
-    const Row rows[] = {
-        {"no status task", 0, {Refusal(65535), Good(Hex("070C0000"))}, "12.7 12.2 ", 3079},
-        {"no answer to the question", 0, {task, Refusal(36912)}, "12.7 12.2 ", 36912},
-        {"another type of file", 5, {task, status}, "12.7 12.2 ", 2},
-        {"no copy",
-         0,
-         {task, status, Refusal(8451), Good(), task, State(1), Good()},
-         "12.7 12.2 2.13 12.9 12.11 12.4 12.4 ",
-         0},
-        {"no task to install",
-         0,
-         {task, status, Good(), Refusal(65535), Refusal(1), task, State(1), Good()},
-         "12.7 12.2 2.13 12.15 12.9 12.11 12.4 12.4 ",
-         0},
-        {"not installed",
-         0,
-         {task, status, Good(), task, State(4), Good(), Good(), task, State(5), Good()},
-         "12.7 12.2 2.13 12.15 12.4 12.4 12.9 12.11 12.4 12.4 ",
-         3077},
-        {"no last command",
-         0,
-         {task, status, Refusal(8451), Good(), Refusal(36881)},
-         "12.7 12.2 2.13 12.9 12.11 ",
-         36881},
-    };
-    for (const Row& row : rows) {
+    for (const Row& row :
+         {Row{"no status task", 0, "!65535 +070C0000", "12.7 12.2 ", 3079},
+          Row{"no answer to the question", 0, "+01 !36912", "12.7 12.2 ", 36912},
+          Row{"another type of file", 5, "+01" + kStatus, "12.7 12.2 ", 2},
+          Row{"no copy", 0, "+01" + kStatus + "!8451 . +01" + kDone, "12.7 12.2 2.13 12.9 12.11 12.4 12.4 ", 0},
+          Row{"no task to install", 0, "+01" + kStatus + ". !65535 !1 +01" + kDone,
+              "12.7 12.2 2.13 12.15 12.9 12.11 12.4 12.4 ", 0},
+          Row{"not installed", 0, "+01" + kStatus + ". +01 =000000000000000000000004 . . +01" + kDone,
+              "12.7 12.2 2.13 12.15 12.4 12.4 12.9 12.11 12.4 12.4 ", 0},
+          Row{"no last command", 0, "+01" + kStatus + "!8451 . !36881", "12.7 12.2 2.13 12.9 12.11 ", 36881}}) {
         SCOPED_TRACE(row.name);
         sign.requests.clear();
-        for (const Answer& answer : row.answers)
-            sign.Then(answer);
+        Play(sign, row.answers);
         EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 1, row.type), row.result);
         EXPECT_EQ(Requests(sign), row.requests);
     }
@@ -338,16 +282,16 @@ TEST_F(FirstTileFiles, CalibrationIsReadInBlocks)
         std::size_t size;
         std::uint32_t firstOffset;
     };
-    for (const Row& row : {Row{"0808000000 00", 1184, 103488}, Row{"0403008410 DF", 248, 86064},
-                           Row{"0403000000 E0", 888, 103488}, Row{"0000000000 00", 32, 103488}}) {
+    for (const Row& row : {Row{"080800000000", 1184, 103488}, Row{"0403008410DF", 248, 86064},
+                           Row{"0403000000E0", 888, 103488}, Row{"000000000000", 32, 103488}}) {
         SCOPED_TRACE(row.status);
         sign.requests.clear();
         std::vector<Bytes> blocks;
-        sign.Then(Task("07000000")).Then(TileStatus(row.status));
+        Play(sign, std::string("+07 =") + row.status);
         sign.otherwise = [&](const Packet& request) {
             if (request.Minor() == 1) {
                 blocks.push_back(request.Payload());
-                return Task("08000000");
+                return Good(Hex("08000000"));
             }
             return Good({}, Bytes(264, static_cast<std::uint8_t>(blocks.size())));
         };
@@ -369,41 +313,26 @@ TEST_F(FirstTileFiles, ReadingFailures)
     struct Row
     {
         const char* name;
-        std::uint16_t tile;
         std::uint8_t type;
         const char* local;
-        std::vector<Answer> answers; // behind the status task
+        std::string answers; // behind the status task
         std::uint32_t result;
         std::string file;
     };
-    const Answer task = Task("01000000");
-    const std::string block(264, 'x');
-    const Row rows[] = {
-        {"another type of file", 1, 3, "file", {}, 2, "abc"},
-        {"type 5", 1, 5, "file", {}, 2, "abc"},
-        {"no local file", 1, 4, "no/such", {}, 20737, "abc"},
-        {"no block", 1, 4, "file", {Refusal(65535)}, 65535, ""},
-        {"a block that fails", 1, 4, "file", {task, Good({}, FromText(block)), task, Refusal(36912)}, 36912, block},
-        {"a task that fails", 1, 4, "file", {task, Good(Hex("040C0000"))}, 3076, ""},
-        {"a short block ends in zeros",
-         1,
-         4,
-         "file",
-         {task, Good({}, FromText("xyz")), task, Refusal(36912)},
-         36912,
-         "xyz" + std::string(261, '\0')},
-    };
-    for (const Row& row : rows) {
+    const std::string zeros(261, '\0');
+    for (const Row& row :
+         {Row{"another type of file", 3, "file", "", 2, "abc"}, Row{"no local file", 4, "no/such", "", 20737, "abc"},
+          Row{"no block", 4, "file", "!65535", 65535, ""},
+          Row{"a short block ends in zeros", 4, "file", "+01 =78797A +01 !36912", 36912, "xyz" + zeros},
+          Row{"a task that fails", 4, "file", "+01 =78797A +01 +040C0000", 3076, "xyz" + zeros}}) {
         SCOPED_TRACE(row.name);
-        sign.Then(task).Then(TileStatus("0808000000 00"));
-        for (const Answer& answer : row.answers)
-            sign.Then(answer);
+        Play(sign, "+01" + kStatus + row.answers);
         folder.Write("file", "abc");
-        EXPECT_EQ(vxTarsisReadTileFile(folder.Path(row.local).c_str(), row.tile, row.type), row.result);
+        EXPECT_EQ(vxTarsisReadTileFile(folder.Path(row.local).c_str(), 1, row.type), row.result);
         EXPECT_EQ(folder.Read("file"), row.file);
     }
     // A number that no tile has: the status task does not start, but another's result may be there.
-    sign.Then(TileStatus("0808000000 00"));
+    Play(sign, kStatus);
     EXPECT_EQ(vxTarsisReadTileFile(local.c_str(), 495, 4), 2u);
     EXPECT_EQ(sign.requests.back().Minor(), 2);
 }

@@ -76,7 +76,7 @@ void PackPadding(bool wide, Record& record)
 {
     record.fill(wide ? 0x00 : 0xFF);
     if (wide)
-        for (const std::size_t diagonal : {0, 4, 8})
+        for (const std::size_t diagonal : {0u, 4u, 8u})
             Store16(&record[2 * diagonal], 0xFFFF);
 }
 

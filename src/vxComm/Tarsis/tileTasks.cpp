@@ -19,9 +19,9 @@ constexpr std::uint32_t kPollRounds = 2999;
 constexpr std::uint32_t kPollMs = 100;
 constexpr std::uint32_t kFixedPercent = 10; // of a task that does not tell
 
-// The state of a task in its progress reply. Each is a status word less the first of them.
-constexpr std::uint8_t kWaiting = VX_TASK_WAITING - VX_TASK_WAITING;
-constexpr std::uint8_t kProcessing = VX_TASK_PROCESSING - VX_TASK_WAITING;
+// The states of a task that goes on, in its progress reply. Each state is a status word less VX_TASK_WAITING.
+constexpr std::uint8_t kWaiting = 0;
+constexpr std::uint8_t kProcessing = 3;
 
 // Above 494 only what passes for all tiles.
 bool IsTileOrAll(std::uint16_t tile)

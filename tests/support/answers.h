@@ -1,0 +1,25 @@
+#pragma once
+
+#include "support/scriptedSign.h"
+
+#include <sstream>
+
+namespace vxsign::test {
+
+/// Scripts answers in a few words: "+0102" has a payload, "=0102" an extended part, "!3075" refuses with that code, "."
+/// is a bare good one. Returns how many.
+inline std::size_t Play(ScriptedSign& sign, const std::string& script)
+{
+    std::istringstream words(script);
+    std::size_t count = 0;
+    for (std::string word; words >> word; ++count) {
+        const std::string rest = word.substr(1);
+        if (word[0] == '!')
+            sign.Then(Refusal(static_cast<std::uint16_t>(std::stoul(rest))));
+        else
+            sign.Then(word[0] == '+' ? Good(Hex(rest)) : Good({}, Hex(rest)));
+    }
+    return count;
+}
+
+} // namespace vxsign::test
