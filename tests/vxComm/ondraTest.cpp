@@ -173,6 +173,10 @@ TEST_F(SecondTiles, TasksAreStartedAndWaitedFor)
         EXPECT_EQ(run("+01 =64037856"), 3078u);
         EXPECT_EQ(detail, row.details ? 0x5678u : 0xEEEEEEEEu);
         EXPECT_EQ(run("!65535"), 65535u);
+        if (row.copies) {
+            Play(sign, "!8451");
+            EXPECT_EQ(row.call(), 8451u) << "without a copy no task";
+        }
         EXPECT_EQ(run("+01 =00010000 !3079"), 3079u);
         EXPECT_EQ(run("+01 ."), 3078u) << "no state is no success";
         EXPECT_EQ(detail, row.details ? 0u : 0xEEEEEEEEu);
@@ -228,18 +232,6 @@ TEST_F(SecondTiles, ExtensionsOfWhatIsRead)
     EXPECT_EQ(vxOndraReadTileFile(local, 0, 3, 0xAB, 1, &detail), 36872u);
 }
 
-TEST_F(SecondTiles, WithoutACopyNoTask)
-{
-    ScriptedSign sign;
-    sign.Then(3, Refusal(8451));
-    EXPECT_EQ(vxOndraWriteTileFile(local, 0, 1, 1, &detail), 8451u);
-    EXPECT_EQ(vxOndraWritePxlCal(local, 1, 1, 0, &detail, nullptr), 8451u);
-    EXPECT_EQ(detail, 0xEEEEEEEEu);
-    EXPECT_EQ(vxOndraWritePxlCalBurn(local, 1, 1, 0, 0, nullptr, &detail), 8451u);
-    EXPECT_EQ(detail, 0u);
-    EXPECT_EQ(sign.requests.size(), 3u);
-}
-
 TEST_F(SecondTiles, Burn)
 {
     struct Row
@@ -262,7 +254,9 @@ TEST_F(SecondTiles, Burn)
         EXPECT_EQ(sign.progress.size(), 1u) << "of the copy alone";
     }
     ScriptedSign sign;
-    Play(sign, ". +01 =0A010000");
+    Play(sign, "!8451 . +01 =0A010000");
+    EXPECT_EQ(vxOndraWritePxlCalBurn(local, 1, 1, 0, 0, nullptr, &detail), 8451u);
+    EXPECT_EQ(detail, 0u);
     EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0, nullptr, nullptr), 0u);
 }
 
