@@ -6,6 +6,15 @@
 
 namespace vxsign::test {
 
+/// Parts of a script, one behind the other.
+inline std::string Words(std::initializer_list<std::string_view> parts)
+{
+    std::string words;
+    for (const std::string_view part : parts)
+        words.append(part).append(" ");
+    return words;
+}
+
 /// Scripts answers in a few words: "+0102" has a payload, "=0102" an extended part, "!3075" refuses with that code, "."
 /// is a bare good one. Returns how many.
 inline std::size_t Play(ScriptedSign& sign, const std::string& script)

@@ -60,100 +60,58 @@ TEST_F(SecondTiles, TasksAreStartedAndWaitedFor)
     const Bytes params(88, 0x99);
     struct Row
     {
-        const char* name;
         std::function<std::uint32_t()> call;
-        bool copies;
-        std::uint8_t minor;
         const char* payload;
         Bytes extended;
-        std::uint32_t sleepMs;
         std::uint32_t limitMs; // 0 for none
-        bool details;
+        std::uint8_t minor;    // 1 reads a file, 2 writes one, by way of the sign's disk
     };
     const auto path = [](const char* text) { return FromText(text) + Bytes{0}; };
     const Bytes calibrated = FromText("C:\\port7\\00ff.bri") + Bytes(47, 0);
+    const Bytes mode0 = calibrated + Hex("01000000") + params + Bytes(36, 0);
+    const Bytes mode2 = calibrated + Bytes(128, 0);
     const Row rows[] = {
-        {"test", [] { return vxOndraTileTest(9, 1, 0x0203); }, false, 4, "0302010900000000", {}, 100, 0, false},
-        {"command", [] { return vxOndraTileCMD(9, 1, 0x0203, kData, 3); }, false, 5, "0302010900000000", Hex("A1A2A3"),
-         100, 300000, false},
-        {"command without data",
-         [] { return vxOndraTileCMDTimeout(9, 1, 0x0203, nullptr, 0, 250); },
-         false,
-         5,
-         "0302010900000000",
-         {},
-         100,
-         250,
-         false},
-        {"picture",
-         [] { return vxOndraPicCalShow(1, 0x0203, 4, 0xFFFF); },
-         false,
-         8,
-         "010003020400FFFF00000000",
-         {},
-         100,
-         0,
-         false},
-        {"read",
-         [&] { return vxOndraReadTileFile(local, 10, 254, 0xABC, 0, &detail); },
-         false,
-         1,
-         "BC0AFE0A00000000",
-         {},
-         20,
-         300000,
-         true},
-        {"read in time",
-         [&] { return vxOndraReadTileFileTimeout(local, 0, 0, 1, 0, &detail, 50); },
-         false,
-         1,
-         "0100000000000000",
-         {},
-         20,
-         50,
-         true},
-        {"read ext",
-         [&] { return vxOndraReadTileFileExt(local, 13, 1, 2, 0x77, 0, &detail); },
-         false,
-         1,
-         "0200010D77000000",
-         {},
-         20,
-         0,
-         true},
-        {"write", [&] { return vxOndraWriteTileFile(local, 0, 10, 65535, &detail); }, true, 2, "FFFF0A0000000000",
-         path("C:\\port10\\ffff.cpu"), 100, 0, true},
-        {"write ext", [&] { return vxOndraWriteTileFileExt(local, 13, 254, 0xABC, 5, &detail); }, true, 2,
-         "BC0AFE0D05000000", path("C:\\port254\\0abc.mcc"), 100, 0, true},
-        {"write ext, wrapped", [&] { return vxOndraWriteTileFileExt(local, 19, 1, 2, 5, &detail); }, true, 2,
-         "0200011305000000", path("C:\\port1\\0002.cpu"), 100, 0, true},
-        {"calibration", [&] { return vxOndraWritePxlCal(local, 7, 255, 0, &detail, params.data()); }, true, 2,
-         "FF00070500000000", calibrated + Hex("01000000") + params + Bytes(36, 0), 100, 0, true},
-        {"calibration of mode 2", [&] { return vxOndraWritePxlCal(local, 7, 255, 2, &detail, nullptr); }, true, 2,
-         "FF00070500000000", calibrated + Bytes(128, 0), 100, 0, true},
+        {[] { return vxOndraTileTest(9, 1, 0x0203); }, "0302010900000000", {}, 0, 4},
+        {[] { return vxOndraTileCMD(9, 1, 0x0203, kData, 3); }, "0302010900000000", Hex("A1A2A3"), 300000, 5},
+        {[] { return vxOndraTileCMDTimeout(9, 1, 2, nullptr, 0, 250); }, "0200010900000000", {}, 250, 5},
+        {[] { return vxOndraPicCalShow(1, 0x0203, 4, 0xFFFF); }, "010003020400FFFF00000000", {}, 0, 8},
+        {[&] { return vxOndraReadTileFile(local, 10, 254, 0xABC, 0, &detail); }, "BC0AFE0A00000000", {}, 300000, 1},
+        {[&] { return vxOndraReadTileFileTimeout(local, 0, 0, 1, 0, &detail, 50); }, "0100000000000000", {}, 50, 1},
+        {[&] { return vxOndraReadTileFileExt(local, 13, 1, 2, 0x77, 0, &detail); }, "0200010D77000000", {}, 0, 1},
+        {[&] { return vxOndraWriteTileFile(local, 0, 10, 65535, &detail); }, "FFFF0A0000000000",
+         path("C:\\port10\\ffff.cpu"), 0, 2},
+        {[&] { return vxOndraWriteTileFileExt(local, 13, 254, 0xABC, 5, &detail); }, "BC0AFE0D05000000",
+         path("C:\\port254\\0abc.mcc"), 0, 2},
+        {[&] { return vxOndraWriteTileFileExt(local, 19, 1, 2, 5, &detail); }, "0200011305000000",
+         path("C:\\port1\\0002.cpu"), 0, 2},
+        {[&] { return vxOndraWritePxlCal(local, 7, 255, 0, &detail, params.data()); }, "FF00070500000000", mode0, 0, 2},
+        {[&] { return vxOndraWritePxlCal(local, 7, 255, 2, &detail, nullptr); }, "FF00070500000000", mode2, 0, 2},
     };
     for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
+        SCOPED_TRACE(&row - rows);
         ScriptedSign sign;
         const bool reads = row.minor == 1;
+        const bool copies = row.minor == 2;
+        const bool details = reads || copies;
+        const std::uint32_t sleepMs = reads ? 20 : 100;
         const auto run = [&](const std::string& answers) {
             sign.requests.clear();
             sign.progress.clear();
             detail = 0xEEEEEEEE;
-            Play(sign, (row.copies ? ". " : "") + answers);
+            Play(sign, Words({copies ? "." : "", answers}));
             return row.call();
         };
         const std::uint64_t before = clock.SleptMs();
         if (reads)
             sign.otherwise = [](const Packet&) { return Good(Hex("03000000"), FromText("abc")); };
         EXPECT_EQ(run("+0A0B0C0D =05010000 =32020000 =64043412"), 0u);
-        const std::size_t start = row.copies ? 1 : 0;
+        const std::size_t start = copies ? 1 : 0;
         ASSERT_EQ(sign.requests.size(), start + 4 + (reads ? 1 : 0));
         EXPECT_EQ(sign.requests[start].Major(), 28);
         EXPECT_EQ(sign.requests[start].Minor(), row.minor);
         EXPECT_EQ(sign.requests[start].Payload(), Hex(row.payload));
         EXPECT_EQ(sign.requests[start].Extended(), row.extended);
-        if (row.copies) {
+        if (copies) {
             EXPECT_EQ(sign.requests[0].Major(), 2);
             EXPECT_EQ(sign.requests[0].Extended(), FromText("abc"));
             const Bytes record = sign.requests[0].Payload();
@@ -167,25 +125,25 @@ TEST_F(SecondTiles, TasksAreStartedAndWaitedFor)
         ASSERT_GE(sign.progress.size(), start + 2);
         EXPECT_EQ(sign.progress[start], 5u);
         EXPECT_EQ(sign.progress[start + 1], 50u);
-        EXPECT_EQ(clock.SleptMs() - before, 2 * row.sleepMs);
-        EXPECT_EQ(detail, row.details ? 0x1234u : 0xEEEEEEEEu);
+        EXPECT_EQ(clock.SleptMs() - before, 2 * sleepMs);
+        EXPECT_EQ(detail, details ? 0x1234u : 0xEEEEEEEEu);
 
         EXPECT_EQ(run("+01 =64037856"), 3078u);
-        EXPECT_EQ(detail, row.details ? 0x5678u : 0xEEEEEEEEu);
+        EXPECT_EQ(detail, details ? 0x5678u : 0xEEEEEEEEu);
         EXPECT_EQ(run("!65535"), 65535u);
-        if (row.copies) {
+        if (copies) {
             Play(sign, "!8451");
             EXPECT_EQ(row.call(), 8451u) << "without a copy no task";
         }
         EXPECT_EQ(run("+01 =00010000 !3079"), 3079u);
         EXPECT_EQ(run("+01 ."), 3078u) << "no state is no success";
-        EXPECT_EQ(detail, row.details ? 0u : 0xEEEEEEEEu);
+        EXPECT_EQ(detail, details ? 0u : 0xEEEEEEEEu);
 
         if (row.limitMs == 0)
             continue;
         sign.otherwise = [](const Packet&) { return Good(Hex("00020000")); };
         EXPECT_EQ(run(""), 4u);
-        EXPECT_EQ(sign.requests.size(), 1 + row.limitMs / row.sleepMs + 1) << "the limit itself is still in time";
+        EXPECT_EQ(sign.requests.size(), 1 + row.limitMs / sleepMs + 1) << "the limit itself is still in time";
     }
 }
 
@@ -245,7 +203,7 @@ TEST_F(SecondTiles, Burn)
                            Row{"failed otherwise", "=09050000", 3078}, Row{"no answer", "=00010000 !3079", 3079}}) {
         SCOPED_TRACE(row.name);
         ScriptedSign sign;
-        const std::size_t answers = Play(sign, std::string(". +0A0B0C0D ") + row.states);
+        const std::size_t answers = Play(sign, Words({". +0A0B0C0D", row.states}));
         const std::uint64_t before = clock.SleptMs();
         EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0x1234, nullptr, &detail), row.result);
         EXPECT_EQ(detail, 0x0D0C0B0Au);

@@ -8,10 +8,10 @@ namespace vxsign::test {
 namespace {
 
 // A status as a tile gives it: 8 by 8 pixels, firmware 0, model 0.
-const std::string kStatus = " =08080000000000 ";
+constexpr char kStatus[] = "=08080000000000";
 
 // The end of a task with success, and the answer after it.
-const std::string kDone = " =000A00000005000000000001 . ";
+constexpr char kDone[] = "=000A00000005000000000001 .";
 
 // What was asked, by major and minor.
 std::string Requests(const ScriptedSign& sign)
@@ -164,7 +164,7 @@ TEST(FirstTiles, WaitsThatEndWithoutTheTask)
 TEST(FirstTiles, ProgressOfACommand)
 {
     // Total, done and, at the end, the state of a task.
-    const auto at = [](std::string state) { return "=000A000000050000000000" + state + " "; };
+    const auto at = [](const std::string& state) { return "=000A000000050000000000" + state + " "; };
     struct Row
     {
         const char* name;
@@ -186,7 +186,7 @@ TEST(FirstTiles, ProgressOfACommand)
         SCOPED_TRACE(row.name);
         const FakeClock clock;
         ScriptedSign sign;
-        const std::size_t answers = Play(sign, "+0A0B0C0D " + row.answers);
+        const std::size_t answers = Play(sign, Words({"+0A0B0C0D", row.answers}));
         EXPECT_EQ(vxTarsisSetTileCmd(300, 2), row.result);
         EXPECT_EQ(sign.progress, row.progress);
         ASSERT_EQ(sign.requests.size(), answers);
@@ -215,17 +215,17 @@ TEST_F(FirstTileFiles, AreInstalledInFixedPlaces)
         const char* path;
         const char* offset;
     };
-    for (const Row& row : {Row{0, "0808000000", "C:\\R_DATA\\R.DAT", "00000000"},
-                           Row{1, "0808000000", "C:\\DRIVER\\DRV.DAT", "D01A0000"},
-                           Row{2, "0808000000", "C:\\CTL_FPGA\\FPGA.DAT", "F0600000"},
-                           Row{3, "0808000000", "C:\\BACKUP\\CPU.BIN", "98E10100"},
-                           Row{4, "0808008310", "C:\\R_DATA\\BRBLOCK.DAT", "40940100"},
-                           Row{4, "0808008410", "C:\\R_DATA\\BRBLOCK.DAT", "30500100"},
-                           Row{4, "080800FF10", "C:\\R_DATA\\BRBLOCK.DAT", "30500100"},
-                           Row{4, "0808000011", "C:\\R_DATA\\BRBLOCK.DAT", "40940100"}}) {
+    for (const Row& row : {Row{0, "=0808000000", "C:\\R_DATA\\R.DAT", "00000000"},
+                           Row{1, "=0808000000", "C:\\DRIVER\\DRV.DAT", "D01A0000"},
+                           Row{2, "=0808000000", "C:\\CTL_FPGA\\FPGA.DAT", "F0600000"},
+                           Row{3, "=0808000000", "C:\\BACKUP\\CPU.BIN", "98E10100"},
+                           Row{4, "=0808008310", "C:\\R_DATA\\BRBLOCK.DAT", "40940100"},
+                           Row{4, "=0808008410", "C:\\R_DATA\\BRBLOCK.DAT", "30500100"},
+                           Row{4, "=080800FF10", "C:\\R_DATA\\BRBLOCK.DAT", "30500100"},
+                           Row{4, "=0808000011", "C:\\R_DATA\\BRBLOCK.DAT", "40940100"}}) {
         SCOPED_TRACE(std::string(row.path) + row.status);
         sign.requests.clear();
-        Play(sign, std::string("+01000000 =") + row.status + " . +02000000" + kDone + "+03000000 +04000000" + kDone);
+        Play(sign, Words({"+01", row.status, ". +02000000", kDone, "+03 +04000000", kDone}));
         EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 256, row.type), 0u);
         ASSERT_EQ(Requests(sign), "12.7 12.2 2.13 12.15 12.4 12.4 12.9 12.11 12.4 12.4 ");
         const Bytes path = FromText(row.path) + Bytes{0};
@@ -255,13 +255,13 @@ TEST_F(FirstTileFiles, InstallingGoesOnToItsLastCommand)
     for (const Row& row :
          {Row{"no status task", 0, "!65535 +070C0000", "12.7 12.2 ", 3079},
           Row{"no answer to the question", 0, "+01 !36912", "12.7 12.2 ", 36912},
-          Row{"another type of file", 5, "+01" + kStatus, "12.7 12.2 ", 2},
-          Row{"no copy", 0, "+01" + kStatus + "!8451 . +01" + kDone, "12.7 12.2 2.13 12.9 12.11 12.4 12.4 ", 0},
-          Row{"no task to install", 0, "+01" + kStatus + ". !65535 !1 +01" + kDone,
+          Row{"another type of file", 5, Words({"+01", kStatus}), "12.7 12.2 ", 2},
+          Row{"no copy", 0, Words({"+01", kStatus, "!8451 . +01", kDone}), "12.7 12.2 2.13 12.9 12.11 12.4 12.4 ", 0},
+          Row{"no task to install", 0, Words({"+01", kStatus, ". !65535 !1 +01", kDone}),
               "12.7 12.2 2.13 12.15 12.9 12.11 12.4 12.4 ", 0},
-          Row{"not installed", 0, "+01" + kStatus + ". +01 =000000000000000000000004 . . +01" + kDone,
+          Row{"not installed", 0, Words({"+01", kStatus, ". +01 =000000000000000000000004 . . +01", kDone}),
               "12.7 12.2 2.13 12.15 12.4 12.4 12.9 12.11 12.4 12.4 ", 0},
-          Row{"no last command", 0, "+01" + kStatus + "!8451 . !36881", "12.7 12.2 2.13 12.9 12.11 ", 36881}}) {
+          Row{"no last command", 0, Words({"+01", kStatus, "!8451 . !36881"}), "12.7 12.2 2.13 12.9 12.11 ", 36881}}) {
         SCOPED_TRACE(row.name);
         sign.requests.clear();
         Play(sign, row.answers);
@@ -278,12 +278,12 @@ TEST_F(FirstTileFiles, CalibrationIsReadInBlocks)
         std::size_t size;
         std::uint32_t firstOffset;
     };
-    for (const Row& row : {Row{"080800000000", 1184, 103488}, Row{"0403008410DF", 248, 86064},
-                           Row{"0403000000E0", 888, 103488}, Row{"000000000000", 32, 103488}}) {
+    for (const Row& row : {Row{"=080800000000", 1184, 103488}, Row{"=0403008410DF", 248, 86064},
+                           Row{"=0403000000E0", 888, 103488}, Row{"=000000000000", 32, 103488}}) {
         SCOPED_TRACE(row.status);
         sign.requests.clear();
         std::vector<Bytes> blocks;
-        Play(sign, std::string("+07 =") + row.status);
+        Play(sign, Words({"+07", row.status}));
         sign.otherwise = [&](const Packet& request) {
             if (request.Minor() == 1) {
                 blocks.push_back(request.Payload());
@@ -322,7 +322,7 @@ TEST_F(FirstTileFiles, ReadingFailures)
           Row{"a short block ends in zeros", 4, "file", "+01 =78797A +01 !36912", 36912, "xyz" + zeros},
           Row{"a task that fails", 4, "file", "+01 =78797A +01 +040C0000", 3076, "xyz" + zeros}}) {
         SCOPED_TRACE(row.name);
-        Play(sign, "+01" + kStatus + row.answers);
+        Play(sign, Words({"+01", kStatus, row.answers}));
         folder.Write("file", "abc");
         EXPECT_EQ(vxTarsisReadTileFile(folder.Path(row.local).c_str(), 1, row.type), row.result);
         EXPECT_EQ(folder.Read("file"), row.file);
