@@ -219,6 +219,7 @@ TEST_F(FirstTileFiles, AreInstalledInFixedPlaces)
                            Row{3, "=0808000000", "C:\\BACKUP\\CPU.BIN", "98E10100"},
                            Row{4, "=0808008310", "C:\\R_DATA\\BRBLOCK.DAT", "40940100"},
                            Row{4, "=0808008410", "C:\\R_DATA\\BRBLOCK.DAT", "30500100"},
+                           Row{4, "=080800FF10", "C:\\R_DATA\\BRBLOCK.DAT", "30500100"},
                            Row{4, "=0808000011", "C:\\R_DATA\\BRBLOCK.DAT", "40940100"}}) {
         SCOPED_TRACE(std::string(row.path) + row.status);
         sign.requests.clear();
