@@ -3,6 +3,7 @@
 #include <vxsign/local.h>
 
 #include <array>
+#include <cstdint>
 #include <cstdio>
 
 namespace vxsign {
