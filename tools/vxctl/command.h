@@ -45,6 +45,7 @@ void AddPlayCommands(CLI::App& app, Context& context);     // play, playing, scr
 void AddPlayListCommands(CLI::App& app, Context& context); // playlist
 void AddTestCommands(CLI::App& app, Context& context);     // test, ticker
 void AddInfoCommands(CLI::App& app, Context& context);     // info
+void AddLogCommands(CLI::App& app, Context& context);      // log
 void AddLocalCommands(CLI::App& app, Context& context);    // ports, error
 void AddRawCommand(CLI::App& app, Context& context);       // raw
 void AddPingCommand(CLI::App& app, Context& context);      // ping

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <system_error>
 
@@ -55,6 +56,21 @@ void LocalTarget::Keep() const
         fs::rename(temporary, final, error);
     if (error)
         throw SignFailure(VX_OPEN_FILE);
+}
+
+TemporaryFolder::TemporaryFolder()
+{
+    std::error_code error;
+    path = (fs::temp_directory_path(error) / "vxctl-XXXXXX").string();
+    if (error || ::mkdtemp(path.data()) == nullptr)
+        throw SignFailure(VX_OPEN_FILE);
+    path += '/';
+}
+
+TemporaryFolder::~TemporaryFolder()
+{
+    std::error_code error;
+    fs::remove_all(path, error);
 }
 
 } // namespace vxctl

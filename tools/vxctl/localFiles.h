@@ -33,4 +33,21 @@ private:
     std::filesystem::path temporary;
 };
 
+// A folder of its own for files that the library wants to put somewhere. It goes with the object. Throws SignFailure
+// when it cannot be made.
+class TemporaryFolder
+{
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    // Ends in a separator.
+    const std::string& Path() const { return path; }
+
+private:
+    std::string path;
+};
+
 } // namespace vxctl

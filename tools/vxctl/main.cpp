@@ -54,6 +54,7 @@ int Run(int argc, char** argv)
     AddAccessCommands(app, context);
     AddTestCommands(app, context);
     AddInfoCommands(app, context);
+    AddLogCommands(app, context);
     AddLocalCommands(app, context);
     AddRawCommand(app, context);
     AddPingCommand(app, context);
