@@ -34,20 +34,23 @@ CLI::Option* AddSignPath(CLI::App& app, const std::string& name, std::string& ta
 // Refuses a file on this PC that cannot be read.
 CLI::Validator ReadableFile();
 
-void AddShowCommands(CLI::App& app, Context& context);     // show, picture, files
-void AddFileCommands(CLI::App& app, Context& context);     // put, get, rm
-void AddFolderCommands(CLI::App& app, Context& context);   // ls, mkdir, mv
-void AddDriveCommands(CLI::App& app, Context& context);    // format, df
-void AddControlCommands(CLI::App& app, Context& context);  // blank, unblank
-void AddSignCommands(CLI::App& app, Context& context);     // bright, power, reset, clock, beacon
-void AddAccessCommands(CLI::App& app, Context& context);   // login, logout, passwd
-void AddPlayCommands(CLI::App& app, Context& context);     // play, playing, screenshot, volume
-void AddPlayListCommands(CLI::App& app, Context& context); // playlist
-void AddTestCommands(CLI::App& app, Context& context);     // test, ticker
-void AddInfoCommands(CLI::App& app, Context& context);     // info
-void AddLogCommands(CLI::App& app, Context& context);      // log
-void AddLocalCommands(CLI::App& app, Context& context);    // ports, error
-void AddRawCommand(CLI::App& app, Context& context);       // raw
-void AddPingCommand(CLI::App& app, Context& context);      // ping
+void AddShowCommands(CLI::App& app, Context& context);      // show, picture, files
+void AddFileCommands(CLI::App& app, Context& context);      // put, get, rm
+void AddFolderCommands(CLI::App& app, Context& context);    // ls, mkdir, mv
+void AddDriveCommands(CLI::App& app, Context& context);     // format, df
+void AddControlCommands(CLI::App& app, Context& context);   // blank, unblank
+void AddSignCommands(CLI::App& app, Context& context);      // bright, power, reset, clock, beacon
+void AddAccessCommands(CLI::App& app, Context& context);    // login, logout, passwd
+void AddPlayCommands(CLI::App& app, Context& context);      // play, playing, screenshot, volume
+void AddPlayListCommands(CLI::App& app, Context& context);  // playlist
+void AddTestCommands(CLI::App& app, Context& context);      // test, ticker
+void AddInfoCommands(CLI::App& app, Context& context);      // info
+void AddConditionCommands(CLI::App& app, Context& context); // status, warnings
+void AddPixelCommands(CLI::App& app, Context& context);     // pixels
+void AddDoctorCommand(CLI::App& app, Context& context);     // doctor
+void AddLogCommands(CLI::App& app, Context& context);       // log
+void AddLocalCommands(CLI::App& app, Context& context);     // ports, error
+void AddRawCommand(CLI::App& app, Context& context);        // raw
+void AddPingCommand(CLI::App& app, Context& context);       // ping
 
 } // namespace vxctl

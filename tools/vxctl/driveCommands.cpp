@@ -1,12 +1,12 @@
 #include "vxctl/answer.h"
 #include "vxctl/command.h"
+#include "vxctl/condition.h"
 #include "vxctl/numbers.h"
 #include "vxctl/progressBar.h"
 #include "vxctl/signPaths.h"
 
 #include <vxsign/filesystem.h>
 
-#include <array>
 #include <memory>
 #include <vector>
 
@@ -15,8 +15,6 @@ namespace vxctl {
 namespace {
 
 constexpr const char* kGroup = "Files";
-constexpr const char* kDrives = "CDEFG"; // that a sign may have
-constexpr std::uint32_t kUsualUnit = 1024;
 
 void Format(const Context& context, char drive, bool sure)
 {
@@ -49,29 +47,13 @@ Examples:
     command->callback([&context, drive, sure] { Format(context, ParseDrive(*drive), *sure); });
 }
 
-// Total and free space in units, then the size of the unit in the bytes behind them; 0 is the usual one.
-struct Space
+Report::Json ShowSpace(const Report& report, const DriveSpace& space)
 {
-    std::uint32_t total = 0;
-    std::uint32_t free = 0;
-    std::array<std::uint8_t, 12> further{};
-
-    std::uint64_t Unit() const
-    {
-        const std::uint32_t unit = further[0] | static_cast<std::uint32_t>(further[1]) << 8U |
-                                   static_cast<std::uint32_t>(further[2]) << 16U |
-                                   static_cast<std::uint32_t>(further[3]) << 24U;
-        return unit != 0 ? unit : kUsualUnit;
-    }
-};
-
-Report::Json ShowSpace(const Report& report, char drive, const Space& space)
-{
-    const std::uint64_t total = space.total * space.Unit();
-    const std::uint64_t free = space.free * space.Unit();
-    report.Line(std::string{drive, ':'} + "  " + FormatSize(static_cast<double>(free)) + " free of " +
+    const std::uint64_t total = space.TotalBytes();
+    const std::uint64_t free = space.FreeBytes();
+    report.Line(std::string{space.drive, ':'} + "  " + FormatSize(static_cast<double>(free)) + " free of " +
                 FormatSize(static_cast<double>(total)));
-    return {{"drive", std::string(1, drive)},
+    return {{"drive", std::string(1, space.drive)},
             {"totalBytes", total},
             {"freeBytes", free},
             {"further", FormatHex(space.further.data(), space.further.size(), "")}};
@@ -87,11 +69,10 @@ void ShowDrives(Context& context, const std::vector<std::string>& names)
     Report::Json drives = Report::Json::array();
     std::uint32_t failure = VX_OK;
     for (const char drive : letters) {
-        Space space;
-        const std::uint32_t result =
-            vxGetDriveInfo(static_cast<std::uint8_t>(drive), &space.total, &space.free, space.further.data());
+        DriveSpace space;
+        const std::uint32_t result = ReadSpace(drive, space);
         if (result == VX_OK) {
-            drives.push_back(ShowSpace(context.report, drive, space));
+            drives.push_back(ShowSpace(context.report, space));
             continue;
         }
         failure = result;

@@ -54,6 +54,9 @@ int Run(int argc, char** argv)
     AddAccessCommands(app, context);
     AddTestCommands(app, context);
     AddInfoCommands(app, context);
+    AddConditionCommands(app, context);
+    AddPixelCommands(app, context);
+    AddDoctorCommand(app, context);
     AddLogCommands(app, context);
     AddLocalCommands(app, context);
     AddRawCommand(app, context);

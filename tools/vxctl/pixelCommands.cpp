@@ -1,0 +1,118 @@
+#include "vxctl/pixelMap.h"
+
+#include "vxctl/collected.h"
+#include "vxctl/command.h"
+#include "vxctl/localFiles.h"
+#include "vxctl/numbers.h"
+#include "vxctl/progressBar.h"
+#include "vxctl/signTable.h"
+#include "vxctl/tone.h"
+
+#include <vxsign/pixel.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+namespace vxctl {
+
+namespace {
+
+struct Wanted
+{
+    std::string picture;
+    FaceSize size;
+    bool last = false;
+};
+
+template <std::size_t size>
+std::string FieldText(const char (&field)[size])
+{
+    return {field, ::strnlen(field, size)};
+}
+
+std::vector<BadPixel> RunCheck(Context& context)
+{
+    const TemporaryFolder folder;
+    const ProgressBar bar("pixel check", context.report.IsJson());
+    context.Connect(ProgressBar::OnProgress);
+    Check(vxReadPixelInfo(folder.Path().c_str(), 0, VX_PIXELS_FROM_CSV, CollectForUser<vxPixelRow>));
+    std::vector<BadPixel> found;
+    for (const vxPixelRow& row : TakeCollected<vxPixelRow>())
+        found.push_back({row.X, row.Y, row.Kind == VX_SIGNAL_BAD, FieldText(row.Status), FieldText(row.Time)});
+    return found;
+}
+
+std::vector<BadPixel> ReadLast(const Context& context)
+{
+    context.Connect();
+    std::vector<BadPixel> found;
+    for (const bool signal : {false, true}) {
+        const SignTable table{signal ? "PixelSignalErr" : "PixelStatus", "X,Y,Status,DateTime", 4};
+        for (const TextRow& row : ReadRows(table, UINT32_MAX))
+            found.push_back({ParseNumber(row[0]).value_or(0), ParseNumber(row[1]).value_or(0), signal, row[2], row[3]});
+    }
+    return found;
+}
+
+void Pixels(Context& context, const Wanted& wanted)
+{
+    Report& report = context.report;
+    const std::vector<BadPixel> found = wanted.last ? ReadLast(context) : RunCheck(context);
+    TextTable table({{"x", true}, {"y", true}, {"kind"}, {"status"}, {"time"}});
+    for (const BadPixel& pixel : found)
+        table.Add({std::to_string(pixel.x), std::to_string(pixel.y), pixel.isSignal ? "signal" : "pixel", pixel.status,
+                   pixel.time});
+    if (found.empty())
+        report.Line(Toned("no bad pixels", Tone::kFine));
+    if (!found.empty() || report.IsJson())
+        table.Show(report, "pixels");
+#ifdef VXCTL_HAS_PREVIEW
+    if (!wanted.picture.empty()) {
+        const std::size_t outside = WritePixelMap(found, wanted.size, wanted.picture);
+        report.Put("picture", wanted.picture);
+        report.Put("outside", outside);
+        if (outside != 0)
+            report.Line(std::to_string(outside) + " of them are outside the picture: see --size");
+    }
+#endif
+}
+
+} // namespace
+
+void AddPixelCommands(CLI::App& app, Context& context)
+{
+    CLI::App* const command = AddCommand(
+        app,
+        {"State", "pixels", "Let the sign check its pixels, and tell the bad ones",
+         R"(Takes as long as the sign takes; --last tells at once what the last check has found. --png draws the face with its bad
+pixels lit in the colours of their bad lamps, white when the sign names none. Without --size the picture has 128x32
+pixels, and more where the bad ones need it.
+
+Examples:
+  vxctl pixels --png bad.png
+  vxctl pixels --last --json | jq '.pixels | length')"});
+    const auto wanted = std::make_shared<Wanted>();
+    command->add_flag("--last", wanted->last, "what the last check has found");
+#ifdef VXCTL_HAS_PREVIEW
+    CLI::Option* const picture = command->add_option("--png", wanted->picture, "a picture of the bad pixels");
+    picture->type_name("FILE");
+    command
+        ->add_option_function<std::string>(
+            "--size",
+            [wanted](const std::string& text) {
+                char end = 0;
+                FaceSize& size = wanted->size;
+                if (std::sscanf(text.c_str(), "%4dx%4d%c", &size.width, &size.height, &end) != 2 || size.width < 1 ||
+                    size.height < 1 || size.width > kMostPictureSide || size.height > kMostPictureSide)
+                    throw UsageError("--size is WIDTHxHEIGHT, up to 1024x1024");
+            },
+            "pixels of the face")
+        ->needs(picture)
+        ->type_name("WxH");
+#endif
+    command->callback([&context, wanted] { Pixels(context, *wanted); });
+}
+
+} // namespace vxctl
