@@ -72,9 +72,15 @@ stop() {
 }
 
 unset VXSIGN
-mkdir "$work/sign" "$work/slow"
+mkdir "$work/sign" "$work/slow" "$work/ill"
 : >"$work/out"
 : >"$work/err"
+# A sign with faults, whose pixel check runs while the others are tried.
+start "$work/ill" --bad 3,4,red --bad 100,30,all,signal --hot 2
+ill=$sign
+illUrl=udp://127.0.0.1:$port
+"$vxctl" -s "$illUrl" pixels --png "$work/bad.png" >"$work/pixels" 2>&1 &
+check=$!
 start "$work/sign"
 export VXSIGN=udp://127.0.0.1:$port
 head -c 200003 /dev/urandom >"$work/file"
@@ -361,10 +367,63 @@ expect 2 raw 1 1 --extended "$(printf '00%.0s' $(seq 256))"
 expect 0 --help
 for command in show picture files put get rm blank unblank info ports error raw bright power reset clock beacon \
     ping login logout passwd ls mkdir mv format df \
-    play playing screenshot volume test ticker playlist; do
+    play playing screenshot volume test ticker playlist status log warnings pixels doctor; do
     expect 0 "$command" --help
     says out "vxctl $command"
 done
+
+# Logs, more rows than a page has; condition and doctor, of a sign that is ill and of one that is not.
+for level in $(seq 25); do
+    expect 0 bright $((level % 8 + 1))
+done
+expect 0 log system --csv
+[ "$(wc -l <"$work/out")" -gt 25 ] || fail "the log has pages missing"
+says out "time,type,operation,user,outcome"
+expect 0 log system --limit 12 --json
+member 4 rows 11 type
+[ "$(grep -o '"type"' "$work/out" | wc -l)" -eq 12 ] || fail "--limit gave other than 12 rows"
+expect 0 log play
+wait "$check" || fail "the pixel check ended with $?"
+cp "$work/pixels" "$work/out"
+says out "Red Pixel Bad"
+says out "Blue Signal Bad"
+[ "$(head -c 4 "$work/bad.png" | tail -c 3)" = PNG ] || fail "the picture is no PNG"
+for url in "$illUrl" "${illUrl/udp/tcp}"; do
+    export VXSIGN=$url
+    expect 0 pixels --last --json
+    member 3 pixels 0 x
+    member 100 pixels 3 x
+    member signal pixels 3 kind
+    expect 0 log event --csv
+    says out ",4,1,Tile 2 hot"
+    for log in temperature tile radar battery; do
+        expect 0 log "$log" --limit 1 --json
+        member OK text
+        says out '"rows":[{'
+    done
+    expect 0 status
+    says out "bad pixels, hot tiles (3)"
+    expect 0 warnings --json
+    member "tile 1,0" warnings 0 where
+    expect 0 doctor --json
+    member OFF well
+    member pixels findings 5 check
+    member wrong findings 5 verdict
+done
+expect 0 warnings --ring "$work/ring"
+says out "Tile Temperature Waring, Address=2"
+expect 2 warnings --ring "$work/ring"
+export VXSIGN=udp://127.0.0.1:$(sed -n 's/^udp 127\.0\.0\.1:\([0-9]*\)$/\1/p' "$work/sign.lines")
+expect 0 doctor
+says out "the last check has found none that is bad"
+expect 1 -s udp://127.0.0.1:9 --timeout 50 doctor --json
+member "vxctl ping" findings 0 next
+for wrong in "log" "log x" "log play --limit 0" "log play --from old" "log radar --from second" "log play --csv --json" \
+    "pixels --size 4x4" "pixels --png x --size 4"; do
+    # shellcheck disable=SC2086
+    expect 2 $wrong
+done
+stop "$ill"
 
 # A signal ends a transfer between two packets.
 fast=$sign
