@@ -402,7 +402,7 @@ for url in "$illUrl" "${illUrl/udp/tcp}"; do
         says out '"rows":[{'
     done
     expect 0 status
-    says out "bad pixels, hot tiles (3)"
+    says out "overheated (241)"
     expect 0 warnings --json
     member "tile 1,0" warnings 0 where
     expect 0 doctor --json
