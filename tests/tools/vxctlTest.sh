@@ -227,11 +227,6 @@ expect 1 screenshot "$work/no/such/folder/face.jpeg"
 expect 1 -s udp://127.0.0.1:9 --timeout 50 --retries 1 screenshot "$work/kept"
 [ "$(cat "$work/kept")" = kept ] || fail "a failed screenshot touched its target"
 
-# A sign that starts anew is dark for a while, so this comes after the pictures.
-expect 0 reset
-expect 0 reset --flash
-expect 0 reset --cold
-
 # A play list from its first file to the face and back.
 export VXLIST=$work/shop/list.xml
 expect 0 playlist new
@@ -288,6 +283,11 @@ member missing warnings 0 warning
 [ "$(head -c 6 "$work/list.gif")" = GIF89a ] || fail "the preview is no GIF"
 expect 0 playlist preview "$work/list.png" --size 64x16
 expect 2 playlist preview "$work/list.bmp"
+
+# A sign that starts anew is dark for a while, so this comes after the pictures.
+expect 0 reset
+expect 0 reset --flash
+expect 0 reset --cold
 
 # Folders and drives, over both channels.
 for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port"; do
