@@ -84,6 +84,22 @@ bool IsFileTaken(const Items& items, const Level& level, std::string_view name)
            0;
 }
 
+// Runs use with the stored record of a file path; not at all if there is none.
+template <class Use>
+std::uint32_t WithRecord(const char* path, const VXPLAYLIST_FILE_INFO* info, Use use)
+{
+    if (path == nullptr || info == nullptr)
+        return VX_ARGUMENTS;
+    return LocalCall<std::uint32_t>(VX_CALL, [&]() -> std::uint32_t {
+        vxPlaylistState* const state = ThreadPlaylist();
+        if (state == nullptr)
+            return VX_CALL;
+        if (VXPLAYLIST_FILE_INFO* const stored = FindRecord(state->items, path))
+            use(*stored);
+        return VX_OK;
+    });
+}
+
 } // namespace
 
 std::uint32_t vxPLAddGroup(char* path, std::uint16_t index, char* name, std::uint8_t playType)
@@ -143,30 +159,12 @@ std::uint32_t vxPLAddFile(char* path, std::uint16_t index, VXPLAYLIST_FILE_INFO*
 
 std::uint32_t vxPLModifyFile(char* path, VXPLAYLIST_FILE_INFO* info)
 {
-    if (path == nullptr || info == nullptr)
-        return VX_ARGUMENTS;
-    return LocalCall<std::uint32_t>(VX_CALL, [=]() -> std::uint32_t {
-        vxPlaylistState* const state = ThreadPlaylist();
-        if (state == nullptr)
-            return VX_CALL;
-        if (VXPLAYLIST_FILE_INFO* const stored = FindRecord(state->items, path))
-            *stored = *info;
-        return VX_OK;
-    });
+    return WithRecord(path, info, [=](VXPLAYLIST_FILE_INFO& stored) { stored = *info; });
 }
 
 std::uint32_t vxPLGetFile(char* path, VXPLAYLIST_FILE_INFO* info)
 {
-    if (path == nullptr || info == nullptr)
-        return VX_ARGUMENTS;
-    return LocalCall<std::uint32_t>(VX_CALL, [=]() -> std::uint32_t {
-        vxPlaylistState* const state = ThreadPlaylist();
-        if (state == nullptr)
-            return VX_CALL;
-        if (const VXPLAYLIST_FILE_INFO* const stored = FindRecord(state->items, path))
-            *info = *stored;
-        return VX_OK;
-    });
+    return WithRecord(path, info, [=](const VXPLAYLIST_FILE_INFO& stored) { *info = stored; });
 }
 
 std::uint32_t vxPLMoveItem(char* path, std::uint16_t index, std::uint16_t direction)
