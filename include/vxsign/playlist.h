@@ -81,7 +81,8 @@ typedef struct VXPLAYLIST_ITEM
  * made. */
 VXSIGN_API uint32_t vxPLInit(char* dir, char* fileName);
 
-/* Writes the list to its file. 0, whatever became of the file; 1 when memory ran out. */
+/* Writes the list to its file. 0, whatever became of the file; 1 when memory ran out. Of the files in a group's default
+ * child only the first comes back from it; sub-groups come back whole. */
 VXSIGN_API uint32_t vxPLSave(void);
 
 /* Replaces the list with the XML file at path, with the bound file if path is null. 1 when it cannot be parsed; the
@@ -93,7 +94,7 @@ VXSIGN_API uint32_t vxLoadSYSFromXML(char* path);
 VXSIGN_API uint32_t vxLoadSYSFromLED(const char* path);
 
 /* Replaces the list with a PC play list of version 4, 5 or 6 and copies the files that it names into the play list
- * directory, which is made if it is missing. Results as above. */
+ * directory, which is made if it is missing; a name that would leave the directory is not copied. Results as above. */
 VXSIGN_API uint32_t vxLoadPLSFromPC(const char* path);
 
 /* Adds a group (path "/") or a sub-group (path "/G/") at index, or at the end. 20483 when the name is taken, in the way
@@ -130,7 +131,8 @@ VXSIGN_API uint32_t vxPLGetItems(char* path, uint16_t* count, VXPLAYLIST_ITEM* i
 VXSIGN_API uint32_t vxPLSendToLED(int8_t withFiles);
 VXSIGN_API uint32_t vxPLSpeSendToLED(uint8_t index, int8_t withFiles);
 
-/* Fetches the sign's list, and with withFiles the files that differ from the local ones. vxPLSave keeps it. */
+/* Fetches the sign's list, and with withFiles the files that differ from the local ones, but none whose name would
+ * leave the play list directory. vxPLSave keeps it. */
 VXSIGN_API uint32_t vxPLReadFromLED(int8_t withFiles);
 
 VXSIGN_END
