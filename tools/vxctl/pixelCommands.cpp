@@ -98,19 +98,7 @@ Examples:
 #ifdef VXCTL_HAS_PREVIEW
     CLI::Option* const picture = command->add_option("--png", wanted->picture, "a picture of the bad pixels");
     picture->type_name("FILE");
-    command
-        ->add_option_function<std::string>(
-            "--size",
-            [wanted](const std::string& text) {
-                char end = 0;
-                FaceSize& size = wanted->size;
-                if (std::sscanf(text.c_str(), "%4dx%4d%c", &size.width, &size.height, &end) != 2 || size.width < 1 ||
-                    size.height < 1 || size.width > kMostPictureSide || size.height > kMostPictureSide)
-                    throw UsageError("--size is WIDTHxHEIGHT, up to 1024x1024");
-            },
-            "pixels of the face")
-        ->needs(picture)
-        ->type_name("WxH");
+    AddFaceSize(*command, wanted->size)->needs(picture);
 #endif
     command->callback([&context, wanted] { Pixels(context, *wanted); });
 }

@@ -1,6 +1,8 @@
 // The bad pixels of a sign as a picture.
 #pragma once
 
+#include "vxctl/faceSize.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -17,15 +19,8 @@ struct BadPixel
     std::string time;
 };
 
-inline constexpr int kMostPictureSide = 1024;
-
-struct FaceSize
-{
-    int width = 0; // 0 for one that holds all bad pixels
-    int height = 0;
-};
-
-// Draws the face as lamps, where the bad ones are lit. Returns how many are outside. Throws SignFailure.
+// Draws the face as lamps, where the bad ones are lit; without a size it holds them all. Returns how many are outside.
+// Throws SignFailure.
 std::size_t WritePixelMap(const std::vector<BadPixel>& pixels, FaceSize size, const std::string& local);
 
 } // namespace vxctl

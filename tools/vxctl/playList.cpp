@@ -148,7 +148,7 @@ std::string PlayList::FilesOf(const PlayListPlace& place) const
 {
     if (place.group.empty())
         return "/";
-    const std::string level = SubGroupPath(place.group, place.subGroup.empty() ? place.group : place.subGroup);
+    std::string level = SubGroupPath(place.group, place.subGroup.empty() ? place.group : place.subGroup);
     if (!Level(level))
         throw UsageError("the play list has no " + Show({place.group, place.subGroup, ""}));
     return level;

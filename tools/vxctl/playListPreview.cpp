@@ -1,5 +1,6 @@
 #include "vxctl/clockTime.h"
 #include "vxctl/command.h"
+#include "vxctl/faceSize.h"
 #include "vxctl/gif.h"
 #include "vxctl/localFiles.h"
 #include "vxctl/playList.h"
@@ -11,7 +12,6 @@
 #include "sim/face/png.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <memory>
 
 namespace vxctl {
@@ -25,8 +25,7 @@ constexpr std::uint64_t kFrameMs = 100;
 struct Wanted
 {
     std::string picture;
-    int width = 128;
-    int height = 32;
+    FaceSize size{128, 32};
     std::uint32_t seconds = 20;
     std::optional<ClockTime> moment;
 };
@@ -71,7 +70,7 @@ void Collect(const PlayList& list, const std::string& level, std::vector<vxsim::
 std::size_t PagesOf(const std::vector<std::uint8_t>& bytes, const Wanted& wanted, vxsim::Font& font)
 {
     const auto message = vxsim::ParseNmg(bytes);
-    return message ? vxsim::SetText(message->runs, wanted.width, wanted.height, font).size() : 0;
+    return message ? vxsim::SetText(message->runs, wanted.size.width, wanted.size.height, font).size() : 0;
 }
 
 // What is wrong with the files of the list; the rest of them stays in `files`.
@@ -92,7 +91,7 @@ Report::Json Examine(const PlayList& list, const Wanted& wanted, std::vector<vxs
             return true;
         }
         const auto bytes = ReadWhole(path.string());
-        if (!vxsim::Show::Load(bytes, {}, wanted.width, wanted.height, font)) {
+        if (!vxsim::Show::Load(bytes, {}, wanted.size.width, wanted.size.height, font)) {
             warn(file.path, "nothing that can be shown");
             return true;
         }
@@ -109,8 +108,8 @@ vxsim::Player MakePlayer(const PlayList& list, const Wanted& wanted)
     vxsim::MomentClock clock;
     if (wanted.moment)
         clock = [moment = ToMoment(*wanted.moment)](std::uint64_t) { return moment; };
-    return {wanted.width,
-            wanted.height,
+    return {wanted.size.width,
+            wanted.size.height,
             [folder = list.Folder()](std::string_view name) { return std::optional(folder / name); },
             {},
             clock};
@@ -129,13 +128,13 @@ void WriteAnimation(const PlayList& list, const Wanted& wanted, const std::vecto
     const LocalTarget target(wanted.picture, "preview.gif");
     vxsim::Player player = MakePlayer(list, wanted);
     player.Play(ToSequence(files), 0);
-    Gif gif(target.Temporary().string(), wanted.width, wanted.height);
-    vxsim::Canvas shown(wanted.width, wanted.height);
+    Gif gif(target.Temporary().string(), wanted.size.width, wanted.size.height);
+    vxsim::Canvas shown(wanted.size.width, wanted.size.height);
     player.Draw(0, shown);
     std::uint64_t since = 0;
     const std::uint64_t endMs = std::uint64_t{wanted.seconds} * 1000;
     for (std::uint64_t ms = kFrameMs; ms <= endMs; ms += kFrameMs) {
-        vxsim::Canvas face(wanted.width, wanted.height);
+        vxsim::Canvas face(wanted.size.width, wanted.size.height);
         player.Draw(ms, face);
         if (face == shown && ms != endMs)
             continue;
@@ -153,8 +152,8 @@ void WriteSheet(const PlayList& list, const Wanted& wanted, const std::vector<vx
 {
     constexpr int kGap = 4;
     constexpr int kMostRows = 12;
-    const int stepX = wanted.width + kGap;
-    const int stepY = wanted.height + kGap;
+    const int stepX = wanted.size.width + kGap;
+    const int stepY = wanted.size.height + kGap;
     const int count = static_cast<int>(files.size());
     const int rows = std::clamp(count, 1, std::min(kMostRows, vxsim::Canvas::kMostPixelsPerSide / stepY));
     const int columns = std::min((count + rows - 1) / rows, vxsim::Canvas::kMostPixelsPerSide / stepX);
@@ -162,20 +161,20 @@ void WriteSheet(const PlayList& list, const Wanted& wanted, const std::vector<vx
     constexpr vxsim::Rgb kFrame{48, 48, 48};
     for (int y = 0; y < sheet.Height(); ++y)
         for (int x = 0; x < sheet.Width(); ++x)
-            if (x % stepX == wanted.width + 1 || y % stepY == wanted.height + 1)
+            if (x % stepX == wanted.size.width + 1 || y % stepY == wanted.size.height + 1)
                 sheet.Set(x, y, kFrame);
     vxsim::Font font;
     for (int i = 0; i < std::min(count, rows * columns); ++i) {
         const vxsim::FileEntry& file = files[static_cast<std::size_t>(i)];
-        const auto show =
-            vxsim::Show::Load(ReadWhole((list.Folder() / file.path).string()), {}, wanted.width, wanted.height, font);
-        vxsim::Canvas face(wanted.width, wanted.height);
+        const auto show = vxsim::Show::Load(ReadWhole((list.Folder() / file.path).string()), {}, wanted.size.width,
+                                            wanted.size.height, font);
+        vxsim::Canvas face(wanted.size.width, wanted.size.height);
         if (show)
             show->Draw(show->NextPageMs(0) / 2, font, face);
         const int column = i / rows;
         const int row = i % rows;
-        for (int y = 0; y < wanted.height; ++y)
-            for (int x = 0; x < wanted.width; ++x)
+        for (int y = 0; y < wanted.size.height; ++y)
+            for (int x = 0; x < wanted.size.width; ++x)
                 sheet.Set(column * stepX + x, row * stepY + y, face.At(x, y));
         report.Line("column " + std::to_string(column + 1) + ", row " + std::to_string(row + 1) + ": " +
                     Printable(file.path));
@@ -219,18 +218,7 @@ Examples:
   vxctl playlist preview --at "2026-12-24 18:00" --seconds 60 christmas.gif)"});
     const auto wanted = std::make_shared<Wanted>();
     command->add_option("FILE", wanted->picture, "the picture, .gif or .png")->type_name("FILE")->required();
-    command
-        ->add_option_function<std::string>(
-            "--size",
-            [wanted](const std::string& text) {
-                char end = 0;
-                if (std::sscanf(text.c_str(), "%4dx%4d%c", &wanted->width, &wanted->height, &end) != 2 ||
-                    wanted->width < 1 || wanted->height < 1 || wanted->width > 1024 || wanted->height > 1024)
-                    throw UsageError("--size is WIDTHxHEIGHT, up to 1024x1024");
-            },
-            "pixels of the face")
-        ->type_name("WxH")
-        ->default_str("128x32");
+    AddFaceSize(*command, wanted->size)->default_str("128x32");
     AddNumber(*command, "--seconds", wanted->seconds, 1, 600, "length of a .gif")->default_str("20");
     command
         ->add_option_function<std::string>(

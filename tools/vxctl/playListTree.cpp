@@ -75,10 +75,11 @@ private:
         shown["exitMode"] = info->PicOutMode;
         shown["source"] = info->pcFileName;
         shown["schedules"] = Report::Json::array();
+        const std::string inside = below + "  ";
         for (std::size_t i = 0; i < info->schCount; ++i) {
             const std::string words = DescribeSchedule(info->SCH[i]);
             shown["schedules"].push_back(words);
-            report.Line(below + "  " + words);
+            report.Line(inside + words);
         }
         return shown;
     }

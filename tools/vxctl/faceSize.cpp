@@ -1,0 +1,34 @@
+#include "vxctl/faceSize.h"
+
+#include "vxctl/failure.h"
+#include "vxctl/numbers.h"
+
+#include <string>
+#include <string_view>
+
+namespace vxctl {
+
+namespace {
+
+int ParseSide(std::string_view text)
+{
+    const auto side = ParseNumber(text);
+    if (!side || *side < 1 || *side > kMostPictureSide)
+        throw UsageError("--size is WIDTHxHEIGHT, each from 1 to " + std::to_string(kMostPictureSide));
+    return static_cast<int>(*side);
+}
+
+} // namespace
+
+CLI::Option* AddFaceSize(CLI::App& app, FaceSize& size)
+{
+    const auto take = [&size](const std::string& text) {
+        const std::string_view sides = text;
+        const std::size_t between = sides.find('x');
+        size.width = ParseSide(sides.substr(0, between));
+        size.height = ParseSide(between == std::string_view::npos ? std::string_view() : sides.substr(between + 1));
+    };
+    return app.add_option_function<std::string>("--size", take, "pixels of the face")->type_name("WxH");
+}
+
+} // namespace vxctl
