@@ -1,5 +1,6 @@
 // Play lists that PC programs wrote: sequence files with the places that their files come from.
 #include "playlist/localPath.h"
+#include "playlist/paths.h"
 #include "playlist/sequenceFile.h"
 #include "playlist/sequenceRead.h"
 #include "util/littleEndian.h"
@@ -25,7 +26,7 @@ constexpr std::uint8_t kFlatPicture = 1;
 void TakeSource(const vxPlaylistState& list, VXPLAYLIST_FILE_INFO& info, const std::string& source)
 {
     CopyToText(info.pcFileName, sizeof info.pcFileName, source);
-    const std::string local = LocalPath(list.playlistDir, FieldText(info.fileName, sizeof info.fileName));
+    const std::string local = LocalPath(list.playlistDir, FileName(info));
     if (!local.empty())
         vxOSCopyFile(source.c_str(), local.c_str(), 0);
 }

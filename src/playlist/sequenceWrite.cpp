@@ -1,7 +1,7 @@
 #include "playlist/sequenceWrite.h"
 
 #include "playlist/localPath.h"
-#include "playlist/playlist.h"
+#include "playlist/paths.h"
 #include "playlist/sequenceFile.h"
 #include "util/file.h"
 #include "util/text.h"
@@ -18,11 +18,6 @@ namespace {
 using Info = VXPLAYLIST_FILE_INFO;
 
 constexpr std::size_t kSignPathSize = 64;
-
-std::string_view NameOf(const Info& info)
-{
-    return FieldText(info.fileName, sizeof info.fileName);
-}
 
 // A file that is written piece by piece; what fails on the way shows at its end.
 class Output
@@ -58,7 +53,7 @@ sequence::Entry MakeEntry(const vxPlaylistState& list, const Info& info, char dr
     char signPath[kSignPathSize] = {};
     char shortName[sequence::kShortNameSize] = {};
     std::uint8_t folder = 0;
-    vxMakeSignPath(LocalPath(list.playlistDir, NameOf(info)).c_str(), signPath, sizeof signPath,
+    vxMakeSignPath(LocalPath(list.playlistDir, FileName(info)).c_str(), signPath, sizeof signPath,
                    static_cast<std::uint8_t>(drive), &folder, shortName);
     const sequence::Schedule first = sequence::StoreSchedule(info.SCH[0]);
     std::array<std::uint8_t, 16> beginAndEnd{};
@@ -69,9 +64,9 @@ sequence::Entry MakeEntry(const vxPlaylistState& list, const Info& info, char dr
 void WriteFile(Output& output, const vxPlaylistState& list, const Info& info, char drive)
 {
     std::string path{drive, ':', '\\', info.Type, '\\'};
-    path += NameOf(info);
+    path += FileName(info);
     char signPath[kSignPathSize] = {};
-    if (vxMakeSignPath(LocalPath(list.playlistDir, NameOf(info)).c_str(), signPath, sizeof signPath,
+    if (vxMakeSignPath(LocalPath(list.playlistDir, FileName(info)).c_str(), signPath, sizeof signPath,
                        static_cast<std::uint8_t>(drive), nullptr, nullptr) == VX_OK)
         path = signPath;
     output.Write(

@@ -2,11 +2,10 @@
 #include "api/threadRecords.h"
 #include "playlist/fileList.h"
 #include "playlist/localPath.h"
-#include "playlist/playlist.h"
+#include "playlist/paths.h"
 #include "playlist/sequenceRead.h"
 #include "playlist/sequenceWrite.h"
 #include "util/localCall.h"
-#include "util/text.h"
 
 #include <vxsign/local.h>
 #include <vxsign/properties.h>
@@ -91,7 +90,7 @@ void SendFiles(const Transfer& transfer, char drive)
     for (const FilePointer& file : AllFiles(transfer.list)) {
         if (transfer.Aborted())
             break;
-        const std::string name(FieldText(file->fileName, sizeof file->fileName));
+        const std::string name(FileName(*file));
         const std::string local = transfer.Local(name);
         const FileListCode code = CodeOfLocalFile(local, name);
         if (codes.Find(name) == code)
@@ -134,7 +133,7 @@ void FetchFiles(const Transfer& transfer)
     for (const FilePointer& file : AllFiles(transfer.list)) {
         if (transfer.Aborted())
             break;
-        const std::string name(FieldText(file->fileName, sizeof file->fileName));
+        const std::string name(FileName(*file));
         const std::string local = transfer.Local(name);
         const FileListCode code = CodeOfLocalFile(local, name);
         if (code != 0 && code == codes.Find(name))

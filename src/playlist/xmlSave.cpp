@@ -1,5 +1,5 @@
 // Writes the thread's play list to its XML file.
-#include "playlist/playlist.h"
+#include "playlist/paths.h"
 #include "playlist/xmlForm.h"
 #include "util/file.h"
 #include "util/littleEndian.h"
@@ -72,7 +72,7 @@ private:
     void Write(const VXPLAYLIST_FILE_INFO& file)
     {
         printer.OpenElement("File", kOneLine);
-        Text("fileName", std::string(FieldText(file.fileName, sizeof file.fileName)).c_str());
+        Text("fileName", std::string(FileName(file)).c_str());
         Numbers(&file, kFileNumbers);
         Numbers(&file, kPictureNumbers);
         Text("pcFileName", std::string(FieldText(file.pcFileName, sizeof file.pcFileName)).c_str());

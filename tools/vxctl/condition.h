@@ -53,4 +53,7 @@ std::uint32_t ReadClock(ClockTime& time);
 // How far the first time is ahead of the second. A time that does not exist is far behind.
 std::int64_t MinutesAhead(const ClockTime& first, const ClockTime& second);
 
+// The minutes by which a clock that is right may differ from that of this PC.
+inline constexpr std::int64_t kClockTolerance = 2;
+
 } // namespace vxctl

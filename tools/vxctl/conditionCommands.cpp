@@ -21,7 +21,6 @@ namespace vxctl {
 namespace {
 
 constexpr const char* kGroup = "State";
-constexpr std::int64_t kClockTolerance = 2;
 
 // What vxReadStatusInfo hands over.
 struct Status

@@ -141,7 +141,7 @@ private:
             return;
         const std::int64_t ahead = MinutesAhead(time, LocalTime());
         const std::string text = FormatTime(time, ' ', false);
-        if (std::abs(ahead) <= 2)
+        if (std::abs(ahead) <= kClockTolerance)
             return Add("clock", Tone::kFine, text);
         Add("clock", Tone::kDoubtful,
             text + ", " + std::to_string(std::abs(ahead)) + " minutes " + (ahead > 0 ? "ahead" : "behind"),

@@ -3,6 +3,7 @@
 #include "vxctl/faceSize.h"
 #include "vxctl/gif.h"
 #include "vxctl/localFiles.h"
+#include "vxctl/numbers.h"
 #include "vxctl/playList.h"
 #include "vxctl/playListCommands.h"
 
@@ -29,11 +30,6 @@ struct Wanted
     std::uint32_t seconds = 20;
     std::optional<ClockTime> moment;
 };
-
-std::uint8_t ToBcd(unsigned number)
-{
-    return static_cast<std::uint8_t>(number / 10 << 4 | number % 10);
-}
 
 vxsim::Moment ToMoment(const ClockTime& time)
 {

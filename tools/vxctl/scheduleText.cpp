@@ -2,6 +2,7 @@
 
 #include "vxctl/clockTime.h"
 #include "vxctl/failure.h"
+#include "vxctl/numbers.h"
 
 #include <algorithm>
 #include <array>
@@ -17,11 +18,6 @@ constexpr std::uint8_t kAllDays = 127;
 
 // Hosts mark a file that always plays with this one date.
 constexpr std::uint16_t kAlwaysYear = 0x2008;
-
-std::uint8_t ToBcd(unsigned number)
-{
-    return static_cast<std::uint8_t>(number / 10 << 4 | number % 10);
-}
 
 struct Span
 {
