@@ -1,6 +1,7 @@
 #include "vxctl/collected.h"
 #include "vxctl/command.h"
 #include "vxctl/condition.h"
+#include "vxctl/fieldText.h"
 #include "vxctl/numbers.h"
 #include "vxctl/progressBar.h"
 #include "vxctl/textTable.h"
@@ -151,8 +152,7 @@ void ShowRing(Report& report, const std::string& local)
     const std::uint32_t result = vxReadSignWaringLog(local.c_str(), noName.data(), Collect<vxWaringLogRow>);
     TextTable table({{"time"}, {"level", true}, {"warning"}});
     for (const vxWaringLogRow& row : TakeCollected<vxWaringLogRow>())
-        table.Add({std::string(row.Time, ::strnlen(row.Time, sizeof row.Time)), std::to_string(+row.Level),
-                   std::string(row.Text, ::strnlen(row.Text, sizeof row.Text))});
+        table.Add({FieldText(row.Time), std::to_string(+row.Level), FieldText(row.Text)});
     std::error_code error;
     if (std::filesystem::file_size(local, error) == 0 && !error)
         std::filesystem::remove(local, error); // a sign without a ring

@@ -1,4 +1,5 @@
 #include "vxctl/command.h"
+#include "vxctl/fieldText.h"
 #include "vxctl/numbers.h"
 
 #include <vxsign/properties.h>
@@ -45,12 +46,6 @@ void ReadParts(Report& report, const std::vector<Part>& parts)
     }
     if (!any)
         throw SignFailure(firstFailure);
-}
-
-template <std::size_t size>
-std::string FieldText(const char (&field)[size])
-{
-    return {field, ::strnlen(field, size)};
 }
 
 // The properties that the library works out, and the default display style behind them.

@@ -1,5 +1,6 @@
 #include "vxctl/collected.h"
 #include "vxctl/command.h"
+#include "vxctl/fieldText.h"
 #include "vxctl/localFiles.h"
 #include "vxctl/progressBar.h"
 #include "vxctl/signTable.h"
@@ -7,7 +8,6 @@
 #include <vxsign/log.h>
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 #include <memory>
 
@@ -69,12 +69,6 @@ std::vector<TableLog> TableLogs()
         {"tile", "TileInfo", "*", NumberedColumns("c", 18)}, // only the sign names them
         {"event", "EventLog", "DateTime,EventType,Status,Note", {{"time"}, {"type", true}, {"status", true}, {"note"}}},
     };
-}
-
-template <std::size_t size>
-std::string FieldText(const char (&field)[size])
-{
-    return {field, ::strnlen(field, size)};
 }
 
 // The latest rows of a log file, oldest first.

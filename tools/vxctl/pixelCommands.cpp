@@ -2,6 +2,7 @@
 
 #include "vxctl/collected.h"
 #include "vxctl/command.h"
+#include "vxctl/fieldText.h"
 #include "vxctl/localFiles.h"
 #include "vxctl/numbers.h"
 #include "vxctl/progressBar.h"
@@ -25,12 +26,6 @@ struct Wanted
     FaceSize size;
     bool last = false;
 };
-
-template <std::size_t size>
-std::string FieldText(const char (&field)[size])
-{
-    return {field, ::strnlen(field, size)};
-}
 
 std::vector<BadPixel> RunCheck(Context& context)
 {

@@ -1,11 +1,11 @@
 #include "vxctl/playList.h"
 
 #include "vxctl/failure.h"
+#include "vxctl/fieldText.h"
 #include "vxctl/localFiles.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <fstream>
 #include <limits>
 #include <memory>
@@ -139,8 +139,7 @@ std::optional<std::vector<PlayListEntry>> PlayList::Level(const std::string& lev
         return std::nullopt;
     std::vector<PlayListEntry> entries;
     for (std::size_t i = 0; i < count; ++i)
-        entries.push_back({lines[i].kind == VX_ENTRY_GROUP,
-                           std::string(lines[i].name, ::strnlen(lines[i].name, sizeof lines[i].name))});
+        entries.push_back({lines[i].kind == VX_ENTRY_GROUP, FieldText(lines[i].name)});
     return entries;
 }
 
@@ -180,7 +179,7 @@ std::optional<VXPLAYLIST_FILE_INFO> PlayList::Get(const std::string& levelPath, 
     VXPLAYLIST_FILE_INFO info{};
     Check(vxPLGetFile(path.data(), &info));
     // A search that meets the same name in another sub-group gives whatever file stands at its place here.
-    if (std::string_view(info.fileName, ::strnlen(info.fileName, sizeof info.fileName)) != name)
+    if (FieldText(info.fileName) != name)
         return std::nullopt;
     return info;
 }
