@@ -1,8 +1,8 @@
 // The logs in the sign's database.
 #include "platform/clock.h"
 #include "reports/logTables.h"
-#include "reports/timeText.h"
 #include "util/localCall.h"
+#include "util/timeText.h"
 
 #include <vxsign/log.h>
 #include <vxsign/result.h>

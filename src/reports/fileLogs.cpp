@@ -1,8 +1,8 @@
 // The logs that the sign keeps as binary files.
-#include "reports/timeText.h"
 #include "util/file.h"
 #include "util/littleEndian.h"
 #include "util/localCall.h"
+#include "util/timeText.h"
 
 #include <vxsign/filesystem.h>
 #include <vxsign/log.h>

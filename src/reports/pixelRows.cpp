@@ -2,10 +2,10 @@
 #include "platform/clock.h"
 #include "reports/pattern.h"
 #include "reports/table.h"
-#include "reports/timeText.h"
 #include "util/localCall.h"
 #include "util/text.h"
 #include "util/textFile.h"
+#include "util/timeText.h"
 
 #include <vxsign/filesystem.h>
 #include <vxsign/pixel.h>

@@ -1,4 +1,5 @@
 // Tile pixel files: from and to the caller's pixels, without a sign.
+#include "util/bcd.h"
 #include "util/file.h"
 #include "util/littleEndian.h"
 #include "util/localCall.h"
@@ -187,11 +188,6 @@ private:
 
 using FileHeader = std::array<std::uint8_t, kTileFileHeader>;
 
-std::uint8_t Bcd(unsigned number)
-{
-    return static_cast<std::uint8_t>(number / 10 << 4 | number % 10);
-}
-
 // What stands in the header while the body is written.
 FileHeader ProvisionalHeader()
 {
@@ -212,7 +208,7 @@ FileHeader FinalHeader(std::uint16_t sum, std::uint32_t bodyLength)
     // The tiles' files have the year's low byte here, whose tens do not fit their digit and lose their high bits.
     const auto year = static_cast<std::uint16_t>(0x2000 + static_cast<std::uint8_t>((now[0] / 10 << 4) + now[0] % 10));
     Store16(&header[offsetof(TilePixelFileHeader, year)], year);
-    std::transform(now + 2, now + 7, &header[offsetof(TilePixelFileHeader, month)], Bcd);
+    std::transform(now + 2, now + 7, &header[offsetof(TilePixelFileHeader, month)], ToBcd);
     header[offsetof(TilePixelFileHeader, dayOfWeek)] = now[7];
     Store32(&header[offsetof(TilePixelFileHeader, bodyLength)], bodyLength);
     return header;

@@ -1,6 +1,7 @@
 // The exports of major 5.
 #include "vxComm/Time/vxTimeLED.h"
 
+#include "util/bcd.h"
 #include "vxBaseCMD/call.h"
 
 #include <vxsign/test.h>
@@ -8,17 +9,6 @@
 using namespace vxsign;
 
 namespace {
-
-// Two decimal digits in one byte, the tens above.
-constexpr std::uint8_t ToBcd(unsigned value)
-{
-    return static_cast<std::uint8_t>(value / 10 << 4 | value % 10);
-}
-
-constexpr std::uint8_t FromBcd(std::uint8_t bcd)
-{
-    return static_cast<std::uint8_t>((bcd >> 4) * 10 + (bcd & 0xF));
-}
 
 // Sixteenths in 12 bits, two's complement.
 constexpr std::uint16_t ToSixteenths(std::int8_t value)
