@@ -36,6 +36,7 @@
 #include <vxsign/tarsis.h>
 #include <vxsign/test.h>
 #include <vxsign/ticker.h>
+#include <vxsign/traffic.h>
 #include <vxsign/video.h>
 #include <vxsign/write.h>
 #include <vxsign/zones.h>

@@ -1,0 +1,438 @@
+// The traffic signal controller: majors 10 and 5, dump files, error and temperature logs.
+#include "support/fakeClock.h"
+#include "support/flatRows.h"
+#include "support/reportSign.h"
+#include "support/tempFolder.h"
+
+namespace vxsign::test {
+namespace {
+
+const Bytes kPhase = Hex("01020304 05060708 090A0B0C 0D0E0F10 11121314 15161718 191A1B1C 1D1E1F");
+
+TEST(Traffic, Requests)
+{
+    constexpr std::uint8_t kLamps[] = {0xA1, 0xA2, 0xA3, 0xA4};
+    std::uint8_t out[4];
+    std::uint16_t year;
+    std::uint32_t size = 4;
+    ExpectRequests({
+        {"vxReadTCStatus", [&] { return vxReadTCStatus(out, &size); }, 10, 6, "", ""},
+        {"vxReadTCMonitor", [&] { return vxReadTCMonitor(0x104, out, &size); }, 10, 5, "04000000", ""},
+        {"vxTCManual", [] { return vxTCManual(7); }, 10, 2, "07000000", ""},
+        {"vxTCJKBLightTest", [&] { return vxTCJKBLightTest(kLamps, 3); }, 10, 8, "03000000", "A1A2A3"},
+        {"vxTCJKBLightTest of none", [] { return vxTCJKBLightTest(nullptr, 0); }, 10, 8, "00000000", ""},
+        {"vxTCJKCLightTest", [&] { return vxTCJKCLightTest(kLamps, 1, 3); }, 10, 9, "01030000", "A1A2A3A4"},
+        {"vxTCGetRealStatus", [&] { return vxTCGetRealStatus(out, 4, 2); }, 10, 17, "02000000", ""},
+        {"vxTrafficTempPhaseRun", [] { return vxTrafficTempPhaseRun(kPhase.data(), 0x1FF); }, 10, 16,
+         "01020304 05060708 090A0B0C 0D0E0F10 11121314 15161718 191A1B1C 1D1E1FFF", ""},
+        {"vxReadTrafficTime", [&] { return vxReadTrafficTime(&year, out, out, out, out, out, out, out); }, 5, 1, "",
+         ""},
+        {"vxAjustTrafficTime", [] { return vxAjustTrafficTime(2026, 12, 31, 23, 59, 58, 47, 0xAB); }, 5, 2,
+         "26201231 23595847 AB000000", ""},
+        {"vxTrafficRFlow", [] { return vxTrafficRFlow(kPhase.data(), "/dev/null"); }, 10, 13, "0102030405060708", ""},
+    });
+}
+
+TEST(Traffic, Replies)
+{
+    using Out = std::uint8_t*;
+    const auto readStatus = [](Out out, std::uint32_t capacity) {
+        std::uint32_t size = capacity;
+        const std::uint32_t result = vxReadTCStatus(out + 4, &size);
+        if (result == 0)
+            std::memcpy(out, &size, sizeof size);
+        else
+            EXPECT_EQ(size, capacity);
+        return result;
+    };
+    const auto readMonitor = [](Out out) {
+        *At<std::uint32_t>(out, 0) = 2;
+        const std::uint32_t result = vxReadTCMonitor(4, out + 4, At<std::uint32_t>(out, 0));
+        if (result != 0)
+            *At<std::uint32_t>(out, 0) = 0xEEEEEEEE;
+        return result;
+    };
+    const auto readTime = [](Out out) {
+        return vxReadTrafficTime(At<std::uint16_t>(out, 0), out + 2, out + 3, out + 4, out + 5, out + 6, out + 7,
+                                 out + 8);
+    };
+    ExpectReplies({
+        {"status behind two words", [=](Out out) { return readStatus(out, 9); }, "0102030405060708", "A1A2A3",
+         "03000000 A1A2A3"},
+        {"status cut", [=](Out out) { return readStatus(out, 2); }, "", "A1A2A3", "02000000 A1A2"},
+        {"status of nothing", [=](Out out) { return readStatus(out, 9); }, "01020304", "", "00000000"},
+        {"monitor", readMonitor, "01020304", "A1A2A3", "02000000 A1A2"},
+        {"real status", [](Out out) { return vxTCGetRealStatus(out, 9, 0); }, "01020304", "A1A2A3", "A1A2A3"},
+        {"real status to nobody", [](Out) { return vxTCGetRealStatus(nullptr, 9, 0); }, "", "A1A2A3", ""},
+        {"clock", readTime, "26201231 23595847 AB", "", "EA07 0C 1F 17 3B 3A 2F AB"},
+        {"clock of no digits", readTime, "FFFFFFFF FFFFFFFF FF", "", "1941 A5 A5 A5 A5 A5 A5 FF"},
+        {"clock of four bytes", readTime, "26201231", "", "EA07 0C 1F 00 00 00 00 00"},
+    });
+}
+
+TEST(Traffic, ArgumentsErrors)
+{
+    std::uint8_t out[4];
+    std::uint32_t size = 4;
+    char path[] = "/dev/null";
+    const auto error = [](const TrafficLogEntry*) { return 0u; };
+    const auto sample = [](const TrafficTempEntry*) { return 0u; };
+    ExpectArgumentsError({
+        {"vxReadTCStatus buffer", [&] { return vxReadTCStatus(nullptr, &size); }},
+        {"vxReadTCStatus size", [&] { return vxReadTCStatus(out, nullptr); }},
+        {"vxReadTCMonitor buffer", [&] { return vxReadTCMonitor(4, nullptr, &size); }},
+        {"vxReadTCMonitor size", [&] { return vxReadTCMonitor(4, out, nullptr); }},
+        {"vxTCJKBLightTest", [] { return vxTCJKBLightTest(nullptr, 1); }},
+        {"vxTCJKCLightTest", [] { return vxTCJKCLightTest(nullptr, 0, 1); }},
+        {"vxTrafficTempPhaseRun", [] { return vxTrafficTempPhaseRun(nullptr, 1); }},
+        {"vxReadTrafficTime", [&] { return vxReadTrafficTime(nullptr, out, out, out, out, out, out, out); }},
+        {"vxReadTrafficErrLog path", [=] { return vxReadTrafficErrLog(nullptr, "s", error); }},
+        {"vxReadTrafficErrLog name", [&] { return vxReadTrafficErrLog(path, nullptr, error); }},
+        {"vxReadTrafficErrLog callback", [&] { return vxReadTrafficErrLog(path, "s", nullptr); }},
+        {"vxReadTrafficTempLog path", [=] { return vxReadTrafficTempLog(nullptr, "s", sample); }},
+        {"vxReadTrafficTempLog name", [=] { return vxReadTrafficTempLog("/dev/null", nullptr, sample); }},
+        {"vxReadTrafficTempLog callback", [] { return vxReadTrafficTempLog("/dev/null", "s", nullptr); }},
+    });
+    ScriptedSign sign;
+    EXPECT_EQ(vxTrafficRFlow(nullptr, path), 3u);
+    EXPECT_EQ(vxTrafficRFlow(out, nullptr), 3u);
+    EXPECT_EQ(vxReadTrafficStatus(nullptr), 3u);
+    EXPECT_EQ(vxReadTrafficMonitor(nullptr), 3u);
+    EXPECT_EQ(vxReadTrafficRealStatus(nullptr), 3u);
+    sign.Config().initialised = 0;
+    EXPECT_EQ(vxTrafficRFlow(kPhase.data(), path), 3u);
+    EXPECT_EQ(vxReadTrafficStatus(path), 20736u);
+    EXPECT_TRUE(sign.requests.empty());
+}
+
+class TrafficFiles : public testing::Test
+{
+protected:
+    // The whole of the log, read from a sign whose directory is of these entries, all in one page.
+    std::uint32_t ReadTemperatures(const std::string& entries)
+    {
+        Taken::records.clear();
+        sign.answers["7/12"] = {Page(static_cast<std::uint8_t>(entries.size() / 32), entries)};
+        return vxReadTrafficTempLog(local.c_str(), "sign", Taken::Plain);
+    }
+    std::uint32_t ReadErrors(const std::string& file)
+    {
+        Taken::records.clear();
+        const auto size = static_cast<std::uint8_t>(file.size());
+        sign.answers["1/17"] = {Good({0, 0, 0, 0, size, 0, 0, 0}, FromText(file))};
+        return vxReadTrafficErrLog(local.data(), "sign", Taken::Plain);
+    }
+    static Answer Page(std::uint8_t total, const std::string& entries)
+    {
+        return Good({total, 0, 0, 0}, FromText(entries));
+    }
+    // A directory entry: eight characters of name, three of extension, the attributes.
+    static std::string Entry(const std::string& name, char attributes = 0x20)
+    {
+        return name + attributes + std::string(20, '\xFF');
+    }
+    // A file of rows, each of 24 bytes from one on.
+    static std::string Month(std::initializer_list<char> rows)
+    {
+        std::string file(32, '\xEE');
+        for (const char first : rows) {
+            for (int i = 0; i < 24; ++i)
+                file += static_cast<char>(first + i);
+        }
+        return file;
+    }
+    // "time sample source" of one record.
+    static std::string Sample(std::size_t index)
+    {
+        const auto entry = Taken::As<TrafficTempEntry>(index);
+        EXPECT_STREQ(entry.signName, "sign");
+        return std::string(entry.time) + " " + std::to_string(entry.sample) + " " + std::to_string(entry.sourceId);
+    }
+
+    const TempFolder folder;
+    std::string local = folder.Path("log");
+    const FakeClock clock; // 2020-05-13 10:20:30
+    const Taken taken;
+    ReportSign sign;
+};
+
+TEST_F(TrafficFiles, Dumps)
+{
+    struct Row
+    {
+        const char* name;
+        std::uint32_t (*dump)(const char*);
+        const char* code;
+        std::size_t sent;
+        Bytes header;
+        std::size_t kept;
+    };
+    const Row rows[] = {
+        {"status", vxReadTrafficStatus, "10/6", 3, Hex("4D540100 03000000 0000 1E14"), 3},
+        {"status over the buffer", vxReadTrafficStatus, "10/6", 3000, Hex("4D540100 00080000 0000 1E14"), 2048},
+        {"monitor", vxReadTrafficMonitor, "10/5", 5, Hex("43540100 05000000 0000 1E14"), 5},
+        {"real status, short", vxReadTrafficRealStatus, "10/17", 2, Hex("54520100 66000000 0000 1E14"), 102},
+        {"real status, cut", vxReadTrafficRealStatus, "10/17", 200, Hex("54520100 66000000 0000 1E14"), 102},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        sign.answers[row.code] = {Good({1, 2, 3, 4}, Bytes(row.sent, 'b'))};
+        EXPECT_EQ(row.dump(local.c_str()), 0u);
+        Bytes block(std::min(row.sent, row.kept), 'b');
+        block.resize(row.kept);
+        EXPECT_EQ(FromText(folder.Read("log")), row.header + block);
+        EXPECT_EQ(row.dump(folder.Path("no/such").c_str()), 20737u);
+        sign.answers[row.code] = {Refusal(36869)};
+        EXPECT_EQ(row.dump(folder.Path("none").c_str()), 36869u);
+        EXPECT_FALSE(folder.Has("none"));
+    }
+}
+
+TEST_F(TrafficFiles, Flow)
+{
+    const auto read = [&](Bytes payload, const Bytes& extended) {
+        sign.answers["10/13"] = {Good(std::move(payload), extended)};
+        EXPECT_EQ(vxTrafficRFlow(kPhase.data(), local.c_str()), 0u);
+        return FromText(folder.Read("log"));
+    };
+    EXPECT_EQ(read(Hex("0102030405"), Hex("A1A2A3")), Hex("0102030405000000 A1A2A3"));
+    EXPECT_EQ(read({}, {}), Bytes());
+    EXPECT_EQ(read({9, 9, 9, 9}, Bytes(1532, 'x')).size(), 1536u);
+    EXPECT_EQ(read({9, 9, 9, 9}, Bytes(1533, 'x')).size(), 1536u);
+    EXPECT_EQ(vxTrafficRFlow(kPhase.data(), folder.Path("no/such").c_str()), 20737u);
+    sign.answers["10/13"] = {Refusal(36869)};
+    EXPECT_EQ(vxTrafficRFlow(kPhase.data(), folder.Path("none").c_str()), 36869u);
+    EXPECT_FALSE(folder.Has("none"));
+}
+
+TEST_F(TrafficFiles, ErrorTexts)
+{
+    struct Row
+    {
+        std::uint16_t code;
+        std::uint32_t level;
+        std::string text;
+    };
+    const Row rows[] = {
+        {0x0101, 3, " File Format Err"},
+        {0x0111, 3, "Map File Format Err"},
+        {0x0120, 3, "PHASE File Not Exist Err"},
+        {0x0132, 3, "PERIOD File Not Exist Err"},
+        {0x0140, 3, "SPECPERIOD File Not Exist Err"},
+        {0x0150, 3, "IOTABLE File Not Exist Err"},
+        {0x0151, 3, "IOTABLE File Format Err"},
+        {0x0160, 3, "IOTABLE MAN File Not Exist Err"},
+        {0x0170, 3, "CARDETECT File Not Exist Err"},
+        {0x0180, 3, "CONFLICT File Not Exist Err"},
+        {0x0190, 3, "CONFIG File Not Exist Err"},
+        {0x01A1, 3, " File Format Err"},
+        {0x0203, 2, "Output board Communication Error(motor) Address = \x03"},
+        {0x0200, 2, "Output board Communication Error(motor) Address = "},
+        {0x021F, 2, "Output board Communication Error(man) Address = \x0F"},
+        {0x0221, 2, "Output board Communication Error(motor ext) Address = \x01"},
+        {0x0231, 2, "Output board Communication Error(man ext) Address = \x01"},
+        {0x0241, 2, " Address = \x01"},
+        {0x0307, 2, "Keyboard communicate error, Address = 7"},
+        {0x0410, 2, "Loops communicate error, Address = @"},
+        {0x0500, 2, "Video communicate error, Address = 0"},
+        {0x05D0, 2, "Video communicate error, Address = "},
+        {0x0612, 2, "Slave Connect Error"},
+        {0x0700, 4, "Sync Error"},
+        {0x0810, 4, "AC Lower Error"},
+        {0x0801, 4, "AC High Error"},
+        {0x0900, 4, "temp error"},
+        {0x0A00, 4, "Communication offline error"},
+        {0x0B00, 4, "RTC error"},
+        {0x0C00, 4, "Reset error"},
+        {0x0D00, 4, "CAN communication error"},
+        {0x0E00, 2, "Green Conflict error"},
+        {0x0F02, 2, "Output board Error(motor) Address = \x02"},
+        {0x0F12, 2, "Output board Error(man) Address = \x02"},
+        {0x0F22, 2, "Output board Error(motor ext) Address = \x02"},
+        {0x0F32, 2, "Output board Error(man ext) Address = \x02"},
+        {0x0FF2, 2, " Address = \x02"},
+        {0x0011, 0, ""},
+        {0x1011, 0, ""},
+        {0xFFFF, 0, ""},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.code);
+        const char code[] = {static_cast<char>(row.code), static_cast<char>(row.code >> 8)};
+        const std::string record = HexText("26 20 12 31 23 59 58 FF") + std::string(code, 2) + HexText("FFFF");
+        EXPECT_EQ(ReadErrors(std::string(32, '\xEE') + HexText("01000000") + record), 0u);
+        const auto entry = Taken::As<TrafficLogEntry>(0);
+        EXPECT_EQ(entry.level, row.level);
+        EXPECT_STREQ(entry.time, "2026-12-31 23:59:58");
+        EXPECT_STREQ(entry.signName, "sign");
+        EXPECT_EQ(entry.text, row.text + " ErrCNT=65535");
+    }
+}
+
+TEST_F(TrafficFiles, ErrorRecords)
+{
+    const std::string good = HexText("26 20 0102030405 FF 0007 0100") + std::string(20, '\xFF');
+    const std::string blank = HexText("26 00 0102030405 FF 0007 0100") + std::string(20, '\xFF');
+    const std::string head(32, '\xEE');
+    struct Row
+    {
+        const char* name;
+        std::string file;
+        std::size_t records;
+        std::uint32_t returns; // what the callback gives
+    };
+    const Row rows[] = {
+        {"an empty one counts", head + HexText("02000000") + good + blank + good, 1, 0},
+        {"fewer than announced", head + HexText("FFFFFFFF") + blank + good + good, 2, 0},
+        {"the last one cut short", head + HexText("03000000") + good + good.substr(0, 5), 2, 0},
+        {"the callback stops", head + HexText("03000000") + good + good + good, 1, 7},
+        {"none", head + HexText("00000000") + good, 0, 0},
+        {"no count", head + HexText("01"), 0, 0},
+        {"no header", "x", 0, 0},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        Taken::result = row.returns;
+        EXPECT_EQ(ReadErrors(row.file), row.returns);
+        EXPECT_EQ(Taken::records.size(), row.records);
+    }
+    Taken::result = 0;
+    for (const std::size_t length : {100, 101}) {
+        EXPECT_EQ(vxReadTrafficErrLog(local.data(), std::string(length, 'n').c_str(), Taken::Plain), 0u);
+        sign.answers["1/17"] = {Good({0, 0, 0, 0, 68, 0, 0, 0}, FromText(head + HexText("01000000") + good))};
+        Taken::records.clear();
+        EXPECT_EQ(vxReadTrafficErrLog(local.data(), std::string(length, 'n').c_str(), Taken::Plain), 0u);
+        const Bytes& record = Taken::records.at(0);
+        EXPECT_EQ(Bytes(record.begin() + 24, record.begin() + 124), Bytes(100, 'n'));
+        EXPECT_EQ(record[124], 'S') << "the text follows a full name at once";
+    }
+    // What no calendar and no clock has stays within its field.
+    EXPECT_EQ(ReadErrors(head + HexText("01000000 FFFFFFFFFFFFFFFF")), 0u);
+    EXPECT_STREQ(Taken::As<TrafficLogEntry>(0).time, "16665-165-165 165:1");
+
+    sign.answers["1/17"] = {Refusal(36880)};
+    EXPECT_EQ(vxReadTrafficErrLog(local.data(), "sign", Taken::Plain), 36880u);
+    EXPECT_EQ(vxReadTrafficErrLog(folder.Path("no/such").data(), "sign", Taken::Plain), 20737u);
+}
+
+TEST_F(TrafficFiles, TemperatureNames)
+{
+    struct Row
+    {
+        const char* entry;
+        const char* path;
+        const char* first; // empty: not taken
+    };
+    const Row rows[] = {
+        {"CAB05XYZTMP", "CAB05XYZ.TMP", "2020-05-01 00:00:00 65 100"},
+        {"E1P4206 TMP", "E1P4206.TMP", "2019-06-01 00:00:00 65 442"},
+        {"E1Q4205 T  ", "E1Q4205.T", "2020-05-01 00:00:00 65 542"},
+        {"P9912   TMP", "P9912.TMP", "2019-12-01 00:00:00 65 299"},
+        {"V0001   \x01\x02 ", "V0001.", "2020-01-01 00:00:00 65 300"},
+        {"V0 01   TMP", "V001.TMP", ""},
+        {"V0000   TMP", "V0000.TMP", ""},
+        {"V0013   TMP", "V0013.TMP", ""},
+        {"V0A01   TMP", "V0A01.TMP", ""},
+        {"P99     12 ", "P99.12", ""},
+        {"C          ", "C.", ""},
+        {"E          ", "E.", ""},
+        {"v0001   TMP", "v0001.TMP", ""},
+        {"X0101   TMP", "X0101.TMP", ""},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.entry);
+        sign.asked.clear();
+        sign.files = {{"E:\\TEP_REC\\" + std::string(row.path), Month({'A'})}};
+        EXPECT_EQ(ReadTemperatures(Entry(row.entry)), 0u);
+        EXPECT_EQ(sign.asked, (Asked{"7/12", "read E:\\TEP_REC\\" + std::string(row.path)}));
+        ASSERT_EQ(Taken::records.size(), *row.first != '\0' ? 24u : 0u);
+        if (*row.first != '\0') {
+            EXPECT_EQ(Sample(0), row.first);
+        }
+    }
+    // Folders, and entries that were announced but not sent.
+    sign.asked.clear();
+    EXPECT_EQ(ReadTemperatures(Entry("CAB05   TMP", 0x10) + std::string(32, '\0')), 0u);
+    EXPECT_EQ(sign.asked, Asked{"7/12"});
+    sign.answers["7/12"] = {Refusal(29441)};
+    EXPECT_EQ(vxReadTrafficTempLog(local.c_str(), "sign", Taken::Plain), 29441u);
+}
+
+TEST_F(TrafficFiles, TemperatureDays)
+{
+    struct Row
+    {
+        std::uint16_t year;
+        std::uint8_t month;
+        const char* name;
+        std::size_t days;
+    };
+    for (const Row& row :
+         {Row{2020, 5, "V0102   TMP", 29}, Row{2021, 1, "V0102   TMP", 29}, Row{2021, 2, "V0102   TMP", 28},
+          Row{2000, 2, "V0102   TMP", 29}, Row{2100, 2, "V0102   TMP", 28}, Row{2020, 12, "V0101   TMP", 31},
+          Row{2020, 5, "V0104   TMP", 30}}) {
+        SCOPED_TRACE(row.year);
+        FakeClock::SetLocalTime({row.year, row.month, 1, 0, 0, 0, 0});
+        sign.files["E:\\TEP_REC\\" + std::string(row.name).substr(0, 5) + ".TMP"] = std::string(32 + 24 * 40, 'x');
+        EXPECT_EQ(ReadTemperatures(Entry(row.name)), 0u);
+        EXPECT_EQ(Taken::records.size(), 24 * row.days);
+    }
+    FakeClock::SetLocalTime({2020, 5, 13, 0, 0, 0, 0});
+
+    // The third file of a page gives the third byte of each row, at every hour.
+    sign.files = {{"E:\\TEP_REC\\V0105.TMP", Month({'A', 'a'}) + "0123"}};
+    const std::string three = Entry("X          ", 0x10) + Entry("X          ", 0x10) + Entry("V0105   TMP");
+    EXPECT_EQ(ReadTemperatures(three), 0u);
+    ASSERT_EQ(Taken::records.size(), 72u);
+    EXPECT_EQ(Sample(0), "2020-05-01 00:00:00 67 301");
+    EXPECT_EQ(Sample(23), "2020-05-01 23:00:00 67 301");
+    EXPECT_EQ(Sample(24), "2020-05-02 00:00:00 99 301");
+    EXPECT_EQ(Sample(71), "2020-05-03 23:00:00 50 301") << "a row that is cut short counts";
+    Taken::result = 9;
+    EXPECT_EQ(ReadTemperatures(three), 9u);
+    EXPECT_EQ(Taken::records.size(), 24u) << "stops behind the day";
+}
+
+TEST_F(TrafficFiles, TemperaturePages)
+{
+    const auto name = [](int number) {
+        return "V" + std::string(number < 10 ? "0" : "") + std::to_string(number) + "05";
+    };
+    const auto page = [&](int from, int to) {
+        std::string entries;
+        for (int i = from; i < to; ++i)
+            entries += Entry(name(i) + "   TMP");
+        return Page(25, entries);
+    };
+    for (int i = 0; i < 25; ++i)
+        sign.files["E:\\TEP_REC\\" + name(i) + ".TMP"] = Month({'A'});
+    std::vector<Bytes> asked;
+    const auto answer = sign.sign.otherwise;
+    sign.sign.otherwise = [&](const Packet& request) {
+        if (request.Major() == 7)
+            asked.push_back(request.Payload());
+        return answer(request);
+    };
+    const auto read = [&] {
+        asked.clear();
+        Taken::records.clear();
+        sign.answers["7/12"] = {page(0, 20), page(20, 25)};
+        return vxReadTrafficTempLog(local.c_str(), "sign", Taken::Plain);
+    };
+    EXPECT_EQ(read(), 0u);
+    const Bytes path = Hex("453A5C54 45505F52 45435C00");
+    EXPECT_EQ(asked, (std::vector<Bytes>{Hex("14000000") + path, Hex("14001400") + path}));
+    ASSERT_EQ(Taken::records.size(), 25 * 24u);
+    EXPECT_EQ(Sample(24 * 19), "2020-05-01 00:00:00 84 319");
+    EXPECT_EQ(Sample(24 * 20), "2020-05-01 00:00:00 65 320");
+
+    sign.files.erase("E:\\TEP_REC\\V0305.TMP");
+    EXPECT_EQ(read(), 0u) << "a failure is replaced by the next file's success";
+    EXPECT_EQ(Taken::records.size(), 24 * 24u);
+    sign.files.erase("E:\\TEP_REC\\V1905.TMP");
+    EXPECT_EQ(read(), 36872u) << "the last of a page";
+    EXPECT_EQ(Taken::records.size(), 18 * 24u);
+    EXPECT_EQ(asked.size(), 1u);
+}
+
+} // namespace
+} // namespace vxsign::test
