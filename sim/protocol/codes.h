@@ -8,6 +8,7 @@ namespace vxsim {
 enum class Code : std::uint16_t
 {
     kOk = 0,
+    kUnknownTask = 3079,
     kOversizeRead = 4353,
     kBadAddress = 4354,
     kUpdating = 7938,
@@ -34,6 +35,7 @@ enum class Code : std::uint16_t
     kBufferFull = 33542,
     kBadTickerData = 33543,
     kProcessOk = 36864, // the one code that means success
+    kNoSuchAddress = 36867,
     kUnknownMajor = 36868,
     kUnknownMinor = 36869,
     kBadLength = 36870,

@@ -27,7 +27,10 @@ enum : std::uint8_t
     kUpdate = 12,
     kTube = 14,
     kPixels = 16,
-    kFh = 17
+    kFh = 17,
+    kVpu = 52,
+    kMpu = 53,
+    kExtraBoards = 96
 };
 enum : std::uint8_t
 {
@@ -95,7 +98,8 @@ VirtualSign::VirtualSign(const SignSettings& wanted)
       login(settings.users, settings.loginHoldMs, settings.address, settings.port),
       files(drives, [this] { PrepareSystemFiles(); }), database(kept / "logs.sqlite"), log(database),
       monitor(settings.folder, drives, database, settings.width, settings.height),
-      pixelCheck(drives, database, settings.width, settings.height)
+      pixelCheck(drives, database, settings.width, settings.height),
+      video(kept / "video.bin", settings.width, settings.height), extraBoards(kept)
 {
     PrepareSystemFiles();
 }
@@ -167,6 +171,12 @@ Reply VirtualSign::Execute(const Frame& request, const Arrival& arrival)
         return pixelCheck.Execute(request, monitor.Now(), time.Clock(), arrival.nowMs);
     case kFh:
         return control.ExecuteFh(request);
+    case kVpu:
+        return video.ExecuteVpu(request);
+    case kMpu:
+        return video.ExecuteMpu(request, arrival.nowMs);
+    case kExtraBoards:
+        return extraBoards.Execute(request, monitor.State(MomentAt(arrival.nowMs)));
     case kTube: {
         auto& data = tubeData[request.minor];
         data.assign(request.payload.begin(), request.payload.end());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sim/boards/extraBoards.h"
+#include "sim/boards/videoProcessors.h"
 #include "sim/protocol/frame.h"
 #include "sim/protocol/reply.h"
 #include "sim/sign/arrival.h"
@@ -110,6 +112,7 @@ public:
     const TimeCommands& Time() const { return time; }
     const PlayCommands& Play() const { return play; }
     const TickerCommands& Ticker() const { return ticker; }
+    const VideoProcessors& Video() const { return video; }
     const Monitor& Faults() const { return monitor; }
 
     // How wide the texts of the ticker are on this face.
@@ -179,6 +182,8 @@ private:
     SignLog log;
     Monitor monitor;
     PixelCheck pixelCheck;
+    VideoProcessors video;
+    ExtraBoards extraBoards;
     bool black = false;
     std::uint64_t darkUntilMs = 0;       // of a restart
     std::optional<unsigned> updatePolls; // that are still refused; nothing if no update was asked for

@@ -5,6 +5,7 @@
 #include "sim/stage/faults.h"
 #include "sim/stage/testPictures.h"
 #include "sim/stage/tickerPicture.h"
+#include "sim/stage/videoPictures.h"
 
 #include <algorithm>
 #include <array>
@@ -75,8 +76,11 @@ const Canvas& Stage::Draw(std::uint64_t nowMs)
         DrawTest(tests.Running(), nowMs - std::min(nowMs, tests.StartedMs()), font, face);
     else if (sign.Ticker().IsRunning(nowMs))
         DrawTicker(sign.Ticker(), nowMs, font, face);
-    else
+    else {
         player.Draw(nowMs, face);
+        DrawVideo(sign.Video(), nowMs, font, face);
+    }
+    Tint(sign.Video().Levels(), face);
     Dim(sign.Light(nowMs));
     DrawFaults(sign.Faults(), sign.Control().IsOn(), face);
     return face;

@@ -101,23 +101,6 @@ Rgb ColourOf(const ColourTest& test)
     return {test.red, test.green, test.blue};
 }
 
-// A frame with the module's number in its middle.
-void DrawModule(int left, int top, int width, int height, std::uint16_t number, Font& font, Canvas& face)
-{
-    Fill(left, top, width, height, kGreen, face);
-    Fill(left + 1, top + 1, width - 2, height - 2, kBlack, face);
-    const std::array<TextRun, 1> text{{{std::to_string(number), kDefaultFontCode, kWhite}}};
-    Canvas inside(width, height);
-    for (const Page& page : SetText(text, width, height, font))
-        DrawPage(page, font, inside);
-    for (int y = 0; y < inside.Height(); ++y) {
-        for (int x = 0; x < inside.Width(); ++x) {
-            if (inside.At(x, y) != kBlack)
-                face.Set(left + x, top + y, inside.At(x, y));
-        }
-    }
-}
-
 struct Drawer
 {
     std::uint64_t elapsedMs;
@@ -158,6 +141,22 @@ struct Drawer
 };
 
 } // namespace
+
+void DrawModule(int left, int top, int width, int height, std::uint16_t number, Font& font, Canvas& face)
+{
+    Fill(left, top, width, height, kGreen, face);
+    Fill(left + 1, top + 1, width - 2, height - 2, kBlack, face);
+    const std::array<TextRun, 1> text{{{std::to_string(number), kDefaultFontCode, kWhite}}};
+    Canvas inside(width, height);
+    for (const Page& page : SetText(text, width, height, font))
+        DrawPage(page, font, inside);
+    for (int y = 0; y < inside.Height(); ++y) {
+        for (int x = 0; x < inside.Width(); ++x) {
+            if (inside.At(x, y) != kBlack)
+                face.Set(left + x, top + y, inside.At(x, y));
+        }
+    }
+}
 
 void DrawTest(const FaceTest& test, std::uint64_t elapsedMs, Font& font, Canvas& face)
 {

@@ -25,13 +25,20 @@ using Bytes = std::vector<std::uint8_t>;
 
 // Lays out a sum-checked request from its parts, as a host would. `id` tells the requests apart.
 inline Bytes MakeRequest(unsigned major, unsigned minor, Bytes payload, const Bytes& extended = {}, std::uint8_t id = 1,
-                         std::uint8_t destination = 0)
+                         std::uint16_t destination = 0)
 {
     payload.resize((payload.size() + 3) / 4 * 4);
     Bytes packet(16 + payload.size() + extended.size());
-    const std::pair<std::size_t, std::size_t> fields[] = {
-        {0, 0x55},   {1, 0xA7},   {4, extended.size() & 0xFF}, {5, extended.size() >> 8}, {8, destination}, {10, id},
-        {12, major}, {13, minor}, {14, payload.size() / 4}};
+    const std::pair<std::size_t, std::size_t> fields[] = {{0, 0x55},
+                                                          {1, 0xA7},
+                                                          {4, extended.size() & 0xFF},
+                                                          {5, extended.size() >> 8},
+                                                          {8, destination & 0xFF},
+                                                          {9, destination >> 8},
+                                                          {10, id},
+                                                          {12, major},
+                                                          {13, minor},
+                                                          {14, payload.size() / 4}};
     for (const auto& [at, value] : fields)
         packet[at] = static_cast<std::uint8_t>(value);
     std::copy(extended.begin(), extended.end(), std::copy(payload.begin(), payload.end(), packet.begin() + 16));
@@ -127,7 +134,7 @@ protected:
     }
 
     Bytes Ask(unsigned major, unsigned minor, const Bytes& payload = {}, const Bytes& extended = {},
-              std::uint8_t destination = 0)
+              std::uint16_t destination = 0)
     {
         return sign->Answer(MakeRequest(major, minor, payload, extended, ++id, destination), arrival);
     }

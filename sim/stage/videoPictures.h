@@ -1,0 +1,17 @@
+#pragma once
+
+#include "sim/boards/videoProcessors.h"
+#include "sim/face/canvas.h"
+#include "sim/face/font.h"
+
+#include <cstdint>
+
+namespace vxsim {
+
+// Puts the pictures of the inputs that are shown over the face: that of the VPU's channel, then the MPU's window.
+void DrawVideo(const VideoProcessors& video, std::uint64_t nowMs, Font& font, Canvas& face);
+
+// What the VPU lets through.
+void Tint(const VideoLevels& levels, Canvas& face);
+
+} // namespace vxsim
