@@ -12,8 +12,7 @@ std::size_t DeclaredLength(std::span<const std::uint8_t> header)
 
 bool LooksLikeRequest(std::span<const std::uint8_t> header)
 {
-    return header.size() >= kHeaderSize && header[0] == kSync &&
-           (header[1] == kSumRequest || header[1] == kCrcRequest) && header[15] == 0 &&
+    return header.size() >= kHeaderSize && header[0] == kSync && IsRequestSync(header[1]) && header[15] == 0 &&
            DeclaredLength(header) <= kMaxRequest;
 }
 
@@ -22,7 +21,8 @@ std::optional<Frame> ParseFrame(std::span<const std::uint8_t> bytes)
     if (!LooksLikeRequest(bytes) || DeclaredLength(bytes) != bytes.size())
         return std::nullopt;
     Frame frame;
-    frame.crc = bytes[1] == kCrcRequest;
+    frame.tile = bytes[1] == kTileRequest;
+    frame.crc = frame.tile || bytes[1] == kCrcRequest;
     const auto checked = bytes.subspan(4);
     if (Load16(bytes, 2) != (frame.crc ? Crc16(checked) : Sum16(checked)))
         return std::nullopt;

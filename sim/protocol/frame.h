@@ -15,11 +15,20 @@ inline constexpr std::uint8_t kSumRequest = 0xA7;
 inline constexpr std::uint8_t kCrcRequest = 0xA3;
 inline constexpr std::uint8_t kSumReply = 0xA8;
 inline constexpr std::uint8_t kCrcReply = 0xA4;
+// Packets that go through the control board to one tile, which stands in place of the destination.
+inline constexpr std::uint8_t kTileRequest = 0xB1;
+inline constexpr std::uint8_t kTileReply = 0xB2;
+
+constexpr bool IsRequestSync(std::uint8_t second)
+{
+    return second == kSumRequest || second == kCrcRequest || second == kTileRequest;
+}
 
 // One request, taken apart. The parts point into the bytes it was parsed from.
 struct Frame
 {
-    bool crc = false; // checked by CRC and answered so; otherwise by the plain sum
+    bool crc = false;  // checked by CRC and answered so; otherwise by the plain sum
+    bool tile = false; // meant for a tile, always with CRC
     std::uint16_t source = 0;
     std::uint16_t destination = 0;
     std::uint16_t id = 0;

@@ -25,7 +25,7 @@ bool FrameFinder::SeekSync()
         Skip(static_cast<std::size_t>(std::find(begin, bytes.end(), kSync) - begin));
         if (bytes.size() - start < 2)
             return false;
-        if (bytes[start + 1] == kSumRequest || bytes[start + 1] == kCrcRequest)
+        if (IsRequestSync(bytes[start + 1]))
             return true;
         Skip(1);
     }

@@ -29,7 +29,7 @@ std::vector<std::uint8_t> BuildReply(const Frame& request, const Reply& reply)
     const std::size_t extendedLength = std::min(reply.extended.size(), kMaxExtended);
     std::vector<std::uint8_t> packet(kHeaderSize + 4 * words + extendedLength);
     packet[0] = kSync;
-    packet[1] = request.crc ? kCrcReply : kSumReply;
+    packet[1] = request.tile ? kTileReply : request.crc ? kCrcReply : kSumReply;
     Store16(packet, 4, static_cast<std::uint16_t>(extendedLength));
     Store16(packet, 6, request.destination);
     Store16(packet, 8, request.source);
@@ -49,7 +49,7 @@ void RestoreChecksum(std::span<std::uint8_t> packet)
     if (packet.size() < kHeaderSize)
         return;
     const auto checked = packet.subspan(4);
-    Store16(packet, 2, packet[1] == kCrcReply ? Crc16(checked) : Sum16(checked));
+    Store16(packet, 2, packet[1] != kSumReply ? Crc16(checked) : Sum16(checked));
 }
 
 } // namespace vxsim
