@@ -24,6 +24,10 @@ void ConditionOptions::AddTo(CLI::App& app)
 {
     Add(app, "--bad", "bad", "a pixel with a bad lamp: X,Y,red (green, blue, all), then ,stuck or ,signal if not dark");
     Add(app, "--hot", "hot", "a tile that is too hot; tiles of 16x16 pixels count from 1, row by row");
+    Add(app, "--tile-error", "tile-error",
+        "a tile that fails: TILE,ERROR (queue, bus, retry, normal, task, broadcast, control, address, twi, pixel, "
+        "full)");
+    Add(app, "--tile-lock", "lock", "a tile that takes no calibration");
     Add(app, "--door", "door", "the door of the sign: open or closed");
 }
 
@@ -33,9 +37,15 @@ void ConditionOptions::AddCommandsTo(CLI::App& app)
     Add(pixel, "--good", "good", "a pixel that works again: X,Y or all");
     Add(pixel, "--bad", "bad",
         "a pixel with a bad lamp: X,Y,red (green, blue, all), then ,stuck or ,signal if not dark");
-    CLI::App& tile = *app.add_subcommand("tile", "heats and cools tiles of a running sign");
+    CLI::App& tile = *app.add_subcommand("tile", "heats, breaks and locks tiles of a running sign");
     Add(tile, "--cool", "cool", "a tile that is no longer hot: its number or all");
     Add(tile, "--hot", "hot", "a tile that is too hot");
+    Add(tile, "--good", "tile-good", "a tile that does as it is told again: its number or all");
+    Add(tile, "--error", "tile-error",
+        "a tile that fails: TILE,ERROR (queue, bus, retry, normal, task, broadcast, control, address, twi, pixel, "
+        "full)");
+    Add(tile, "--unlock", "unlock", "a tile that takes calibrations again: its number or all");
+    Add(tile, "--lock", "lock", "a tile that takes no calibration");
     CLI::App& door = *app.add_subcommand("door", "opens and closes the door of a running sign");
     door.add_option_function<std::string>(
             "state", [this](const std::string& state) { changes.emplace_back("door", state); }, "open or closed")

@@ -82,17 +82,41 @@ void Mend(Condition& condition, std::string_view value)
         condition.badLamps.erase({*y, *x, lamp});
 }
 
-void Heat(Condition& condition, std::string_view value, bool hot)
+int TileNumber(std::string_view value)
 {
-    if (!hot && value == kAll)
-        return condition.hotTiles.clear();
     const auto tile = Number(value);
     if (!tile || *tile == 0)
         Refuse(value, "tile: they count from 1");
-    if (hot)
-        condition.hotTiles.insert(*tile);
+    return *tile;
+}
+
+// Adds a tile to those that are hot or locked, or takes one or all from them.
+void Mark(std::set<int>& tiles, std::string_view value, bool add)
+{
+    if (!add && value == kAll)
+        return tiles.clear();
+    const int tile = TileNumber(value);
+    if (add)
+        tiles.insert(tile);
     else
-        condition.hotTiles.erase(*tile);
+        tiles.erase(tile);
+}
+
+void Trouble(Condition& condition, std::string_view value)
+{
+    const auto parts = Split(value, ',');
+    const auto* error =
+        std::ranges::find(kTaskErrors, parts.size() == 2 ? parts[1] : std::string_view(), &TaskErrorName::name);
+    if (error == std::end(kTaskErrors))
+        Refuse(value, "error of a tile such as 3,bus");
+    condition.tileErrors[TileNumber(parts[0])] = error->state;
+}
+
+void EndTrouble(Condition& condition, std::string_view value)
+{
+    if (value == kAll)
+        return condition.tileErrors.clear();
+    condition.tileErrors.erase(TileNumber(value));
 }
 
 } // namespace
@@ -104,7 +128,13 @@ void Change(Condition& condition, std::string_view what, std::string_view value)
     if (what == "good")
         return Mend(condition, value);
     if (what == "hot" || what == "cool")
-        return Heat(condition, value, what == "hot");
+        return Mark(condition.hotTiles, value, what == "hot");
+    if (what == "lock" || what == "unlock")
+        return Mark(condition.lockedTiles, value, what == "lock");
+    if (what == "tile-error")
+        return Trouble(condition, value);
+    if (what == "tile-good")
+        return EndTrouble(condition, value);
     if (what != "door")
         Refuse(what, "thing that can be changed");
     if (value != "open" && value != "closed")
@@ -131,6 +161,12 @@ std::string ConditionText(const Condition& condition)
     std::string text = condition.doorOpen ? "door open\n" : "door closed\n";
     for (const int tile : condition.hotTiles)
         text += "hot " + std::to_string(tile) + "\n";
+    for (const int tile : condition.lockedTiles)
+        text += "lock " + std::to_string(tile) + "\n";
+    for (const auto& [tile, state] : condition.tileErrors) {
+        text += "tile-error " + std::to_string(tile) + ",";
+        text.append(std::ranges::find(kTaskErrors, state, &TaskErrorName::state)->name).append("\n");
+    }
     for (const auto& [place, fault] : condition.badLamps) {
         text += "bad " + std::to_string(place.x) + "," + std::to_string(place.y) + ",";
         text.append(kLamps[static_cast<std::size_t>(place.lamp)]).append(",");

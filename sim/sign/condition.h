@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sim/tiles/taskState.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <map>
@@ -42,7 +44,9 @@ struct LampPlace
 struct Condition
 {
     std::map<LampPlace, LampFault> badLamps;
-    std::set<int> hotTiles; // by address, from 1
+    std::set<int> hotTiles;              // by address, from 1
+    std::map<int, TaskState> tileErrors; // what a tile answers whatever is asked of it
+    std::set<int> lockedTiles;           // which take no calibration
     bool doorOpen = false;
 
     bool operator==(const Condition&) const = default;
@@ -52,6 +56,8 @@ struct Condition
 //   bad X,Y,COLOUR[,FAULT]   red, green, blue or all; dark (if not said), stuck or signal
 //   good X,Y or good all     all lamps of the pixel work again, or all lamps of the sign
 //   hot TILE, cool TILE, cool all
+//   tile-error TILE,ERROR    one of kTaskErrors; tile-good TILE, tile-good all
+//   lock TILE, unlock TILE, unlock all
 //   door open, door closed
 // Throws std::invalid_argument, which names the value, for anything else.
 void Change(Condition& condition, std::string_view what, std::string_view value);
