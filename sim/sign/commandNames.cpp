@@ -131,11 +131,26 @@ constexpr Name kNames[] = {
     {10, 2, "log out"},
     {10, 3, "change password"},
     {10, 48, "server table"},
+    {12, 1, "read flash of a tile"},
+    {12, 2, "result of a tile task"},
+    {12, 4, "progress of a tile task"},
+    {12, 7, "status of a tile"},
+    {12, 9, "test a tile"},
+    {12, 11, "command to a tile"},
     {12, 13, "poll update"},
+    {12, 15, "install a file in a tile"},
     {16, 1, "begin pixel check"},
     {16, 3, "pixel check progress"},
     {17, 1, "set FH"},
     {17, 2, "get FH"},
+    {28, 1, "read file of a tile"},
+    {28, 2, "write file of a tile"},
+    {28, 3, "state of a tile task"},
+    {28, 4, "test a tile"},
+    {28, 5, "command to a tile"},
+    {28, 7, "command to the tile board"},
+    {28, 8, "calibration picture"},
+    {28, 9, "brightness of tiles"},
     {52, 1, "VPU channel"},
     {52, 2, "VPU mode"},
     {52, 3, "VPU ratio"},
@@ -168,11 +183,15 @@ constexpr Name kNames[] = {
     {96, 97, "set Wi-Fi"},
     {96, 98, "get Wi-Fi"},
     {96, 99, "reset Wi-Fi"},
+    {124, 1, "read piece from a tile"},
+    {124, 2, "write piece to a tile"},
+    {124, 3, "direct command to a tile"},
+    {124, 4, "direct test of a tile"},
 };
 
 constexpr std::string_view kFamilies[] = {"unknown", "read",    "write",     "pattern test",   "control",     "time",
                                           "play",    "files",   "ticker",    "offline ticker", "login",       "unknown",
-                                          "update",  "unknown", "tube data", "unknown",        "pixel check", "FH"};
+                                          "tiles",   "unknown", "tube data", "unknown",        "pixel check", "FH"};
 
 } // namespace
 

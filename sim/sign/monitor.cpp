@@ -74,6 +74,8 @@ Condition Monitor::OnFace(Condition told) const
 {
     std::erase_if(told.badLamps, [this](const auto& bad) { return bad.first.x >= width || bad.first.y >= height; });
     std::erase_if(told.hotTiles, [this](int tile) { return tile > tiles.Count(); });
+    std::erase_if(told.lockedTiles, [this](int tile) { return tile > tiles.Count(); });
+    std::erase_if(told.tileErrors, [this](const auto& error) { return error.first > tiles.Count(); });
     return told;
 }
 
@@ -185,8 +187,18 @@ SignState Monitor::State(const SignMoment& moment) const
     record[13] = moment.isOn ? 1 : 0;
     record[14] = moment.isDark ? 1 : 0;
     record[15] = moment.light;
-    Store32(record, 80, static_cast<std::uint32_t>((moment.nowMs - startedMs.value_or(moment.nowMs)) / 1000));
+    Store32(record, 80, RunSeconds(moment));
     return state;
+}
+
+std::uint32_t Monitor::RunSeconds(const SignMoment& moment) const
+{
+    return static_cast<std::uint32_t>((moment.nowMs - startedMs.value_or(moment.nowMs)) / 1000);
+}
+
+TileMoment Monitor::TilesAt(const SignMoment& moment) const
+{
+    return {moment.nowMs, condition, Measure(moment), RunSeconds(moment)};
 }
 
 } // namespace vxsim

@@ -9,6 +9,7 @@
 #include "sim/sign/signLog.h"
 #include "sim/sign/tiles.h"
 #include "sim/sign/warningFiles.h"
+#include "sim/tiles/tileMoment.h"
 
 #include <array>
 #include <cstddef>
@@ -61,12 +62,14 @@ public:
     const Condition& Now() const { return condition; }
     const Tiles& FaceTiles() const { return tiles; }
     SignState State(const SignMoment& moment) const;
+    TileMoment TilesAt(const SignMoment& moment) const;
 
     // Whether the sign wants service at once; the condition alone may have many a lamp dark.
     bool IsAlarmed() const { return !condition.hotTiles.empty(); }
 
 private:
     Climate Measure(const SignMoment& moment) const;
+    std::uint32_t RunSeconds(const SignMoment& moment) const;
     Condition OnFace(Condition told) const;
     void NoteChanges(const Condition& next, const SignMoment& moment);
     void Read(const SignMoment& moment);

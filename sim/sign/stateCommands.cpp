@@ -21,6 +21,13 @@ void VirtualSign::KeepUp(std::uint64_t nowMs)
 {
     monitor.KeepUp(MomentAt(nowMs));
     pixelCheck.KeepUp(monitor.Now(), time.Clock(), nowMs);
+    tiles.KeepUp(monitor.TilesAt(MomentAt(nowMs)));
+}
+
+const TileWall& VirtualSign::Tiles(std::uint64_t nowMs)
+{
+    tiles.KeepUp(monitor.TilesAt(MomentAt(nowMs)));
+    return tiles.Wall();
 }
 
 void VirtualSign::NotePlay(const std::string& signPath, std::uint64_t beginMs, std::uint64_t nowMs)

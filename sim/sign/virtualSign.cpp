@@ -24,7 +24,6 @@ enum : std::uint8_t
     kTicker = 8,
     kOfflineTicker = 9,
     kLogin = 10,
-    kUpdate = 12,
     kTube = 14,
     kPixels = 16,
     kFh = 17,
@@ -99,7 +98,8 @@ VirtualSign::VirtualSign(const SignSettings& wanted)
       files(drives, [this] { PrepareSystemFiles(); }), database(kept / "logs.sqlite"), log(database),
       monitor(settings.folder, drives, database, settings.width, settings.height),
       pixelCheck(drives, database, settings.width, settings.height),
-      video(kept / "video.bin", settings.width, settings.height), extraBoards(kept)
+      video(kept / "video.bin", settings.width, settings.height), extraBoards(kept),
+      tiles(drives, kept, settings.width, settings.height)
 {
     PrepareSystemFiles();
 }
@@ -144,6 +144,8 @@ Reply VirtualSign::Execute(const Frame& request, const Arrival& arrival)
 {
     if (!login.IsOpen(request, arrival))
         return Reply::WithCode(Code::kLoginFirst);
+    if (request.tile)
+        return tiles.Execute(request, monitor.TilesAt(MomentAt(arrival.nowMs)));
     switch (request.major) {
     case kRead:
         return Read(request, arrival.nowMs);
@@ -165,8 +167,13 @@ Reply VirtualSign::Execute(const Frame& request, const Arrival& arrival)
         return ticker.ExecuteOffline(request, arrival.nowMs);
     case kLogin:
         return login.Execute(request, arrival);
-    case kUpdate:
-        return PollUpdate(request);
+    case TileCommands::kBuses:
+        if (request.minor == kPollUpdate)
+            return PollUpdate();
+        [[fallthrough]];
+    case TileCommands::kPorts:
+    case TileCommands::kCalibrationOptions:
+        return tiles.Execute(request, monitor.TilesAt(MomentAt(arrival.nowMs)));
     case kPixels:
         return pixelCheck.Execute(request, monitor.Now(), time.Clock(), arrival.nowMs);
     case kFh:
@@ -242,6 +249,7 @@ void VirtualSign::Restart(std::uint64_t nowMs)
     tests.Stop();
     ticker.Stop();
     pixelCheck.Stop();
+    tiles.Stop();
     play.ReturnToMainList();
     for (const SignEvents& observer : observers) {
         if (observer.restarting)
@@ -249,15 +257,12 @@ void VirtualSign::Restart(std::uint64_t nowMs)
     }
 }
 
-Reply VirtualSign::PollUpdate(const Frame& request)
+// Whether the sign's program is there again. Without an update it has never been away.
+Reply VirtualSign::PollUpdate()
 {
-    if (request.minor != kPollUpdate)
-        return Reply::WithCode(Code::kUnknownMinor);
-    if (!updatePolls)
-        return Reply::WithCode(Code::kNoUpdate);
-    if (*updatePolls == 0) // and stays so: the answer may get lost
+    if (updatePolls == 0)
         return Reply::Done();
-    --*updatePolls;
+    --updatePolls;
     return Reply::WithCode(Code::kUpdating);
 }
 

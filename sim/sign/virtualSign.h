@@ -23,6 +23,7 @@
 #include "sim/sign/testCommands.h"
 #include "sim/sign/tickerCommands.h"
 #include "sim/sign/timeCommands.h"
+#include "sim/tiles/tileCommands.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -115,6 +116,9 @@ public:
     const VideoProcessors& Video() const { return video; }
     const Monitor& Faults() const { return monitor; }
 
+    // The tiles as they are at that time.
+    const TileWall& Tiles(std::uint64_t nowMs);
+
     // How wide the texts of the ticker are on this face.
     void MeasureTickerWith(TickerCommands::Measure measure) { ticker.MeasureWith(std::move(measure)); }
 
@@ -136,7 +140,7 @@ public:
 private:
     Reply Execute(const Frame& request, const Arrival& arrival);
     Reply Control(const Frame& request, std::uint64_t nowMs);
-    Reply PollUpdate(const Frame& request);
+    Reply PollUpdate();
     void Restart(std::uint64_t nowMs);
     Reply Read(const Frame& request, std::uint64_t nowMs);
     Reply ReadState(std::uint64_t nowMs) const;
@@ -184,9 +188,10 @@ private:
     PixelCheck pixelCheck;
     VideoProcessors video;
     ExtraBoards extraBoards;
+    TileCommands tiles;
     bool black = false;
-    std::uint64_t darkUntilMs = 0;       // of a restart
-    std::optional<unsigned> updatePolls; // that are still refused; nothing if no update was asked for
+    std::uint64_t darkUntilMs = 0; // of a restart
+    unsigned updatePolls = 0;      // that are still refused
     std::map<std::uint8_t, std::vector<std::uint8_t>> tubeData;
     std::vector<std::uint8_t> urgentMessage;
     std::map<std::string, FileChecksum> checksums;

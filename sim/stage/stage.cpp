@@ -5,6 +5,7 @@
 #include "sim/stage/faults.h"
 #include "sim/stage/testPictures.h"
 #include "sim/stage/tickerPicture.h"
+#include "sim/stage/tilePictures.h"
 #include "sim/stage/videoPictures.h"
 
 #include <algorithm>
@@ -70,6 +71,7 @@ const Canvas& Stage::Draw(std::uint64_t nowMs)
 {
     KeepUp(nowMs);
     const TestCommands& tests = sign.Tests();
+    const TileWall& tiles = sign.Tiles(nowMs);
     if (sign.IsDark(nowMs)) // the sign plays on in the dark
         face.Clear();
     else if (!std::holds_alternative<std::monostate>(tests.Running()))
@@ -81,6 +83,9 @@ const Canvas& Stage::Draw(std::uint64_t nowMs)
         DrawVideo(sign.Video(), nowMs, font, face);
     }
     Tint(sign.Video().Levels(), face);
+    if (!sign.IsDark(nowMs))
+        DrawTiles(tiles, nowMs, font, face);
+    CalibrateFace(tiles, face);
     Dim(sign.Light(nowMs));
     DrawFaults(sign.Faults(), sign.Control().IsOn(), face);
     return face;
