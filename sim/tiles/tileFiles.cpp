@@ -57,10 +57,11 @@ std::optional<int> Number(std::string_view text)
 
 TileFiles::TileFiles(fs::path keptFolder, const TilePlan& tiles) : folder(std::move(keptFolder)), plan(tiles)
 {
-    fs::create_directories(folder);
-    for (const auto& entry : fs::directory_iterator(folder)) {
-        if (entry.is_regular_file())
-            Take(entry.path());
+    std::error_code error; // the folder comes with the first file
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        std::error_code failed;
+        if (fs::is_regular_file(entry->symlink_status(failed)))
+            Take(entry->path());
     }
 }
 
@@ -101,8 +102,11 @@ bool TileFiles::Keep(const Key& key, std::span<const std::uint8_t> bytes)
 {
     const auto known = sizes.find(key);
     const std::uint64_t others = total - (known != sizes.end() ? known->second : 0);
-    if (bytes.empty() || bytes.size() > kMostFile || others + bytes.size() > kMostKept ||
-        !ReplaceFile(PathOf(key), bytes))
+    if (bytes.empty() || bytes.size() > kMostFile || others + bytes.size() > kMostKept)
+        return false;
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error || !ReplaceFile(PathOf(key), bytes))
         return false;
     sizes[key] = static_cast<std::uint32_t>(bytes.size());
     total = others + bytes.size();

@@ -31,7 +31,7 @@ public:
         std::vector<std::uint8_t> bytes;
     };
 
-    // Makes the folder and takes what it holds. Throws std::filesystem::filesystem_error if it cannot be made.
+    // Takes what the folder holds.
     TileFiles(std::filesystem::path folder, const TilePlan& plan);
 
     // Up to `count` bytes from `offset` on; nothing if the tile has no such file.

@@ -106,7 +106,7 @@ TEST_F(Records, UnknownCommandsGetTheirCodes)
     for (const unsigned major : {0U, 11U, 15U, 18U, 255U})
         EXPECT_EQ(CodeOf(Ask(major, 1)), 36868U) << major;
     const std::vector<std::pair<unsigned, unsigned>> minors{{1, 0},  {16, 2}, {1, 255}, {2, 0}, {2, 20}, {3, 0},
-                                                            {3, 50}, {4, 12}, {4, 255}, {5, 2}, {6, 13}, {12, 1},
+                                                            {3, 50}, {4, 12}, {4, 255}, {5, 2}, {6, 13}, {12, 3},
                                                             {17, 3}, {8, 0},  {9, 3},   {10, 0}};
     for (const auto& [major, minor] : minors)
         EXPECT_EQ(CodeOf(Ask(major, minor)), 36869U) << major << ' ' << minor;

@@ -1,0 +1,202 @@
+// Tiles from end to end: the library's exports against the tiles of the virtual sign.
+#include "sim/sign/condition.h"
+#include "sim/sign/virtualSign.h"
+#include "support/fakeClock.h"
+#include "support/scriptedSign.h"
+#include "support/tempFolder.h"
+
+#include <gtest/gtest.h>
+#include <numeric>
+
+namespace vxsign::test {
+namespace {
+
+constexpr std::uint32_t kPixels = 16 * 16;
+constexpr std::uint32_t kPixelBytes = kPixels * 18;
+
+// A sign of 64x32: eight tiles of 16x16, four on each of the ports 1 and 2.
+class TileWall : public testing::Test
+{
+protected:
+    TileWall() : virtualSign(Settings(folder))
+    {
+        std::filesystem::current_path(folder.Path());
+        std::filesystem::create_directories("c:/port1");
+        sign.raw = [this](const Packet& request) {
+            return std::deque{virtualSign.Answer(request.bytes, {FakeClock::NowMs(), 0})};
+        };
+        testing::internal::CaptureStdout();
+    }
+    ~TileWall() override
+    {
+        testing::internal::GetCapturedStdout();
+        std::filesystem::current_path(former);
+    }
+
+    static vxsim::SignSettings Settings(const TempFolder& folder)
+    {
+        vxsim::SignSettings settings;
+        settings.folder = folder.Path("sign");
+        settings.width = 64;
+        settings.height = 32;
+        return settings;
+    }
+
+    void Tell(const char* lines)
+    {
+        vxsim::ConditionFile(folder.Path("sign")).Write(vxsim::ParseCondition(lines));
+        FakeClock::Advance(1000);
+        virtualSign.KeepUp(FakeClock::NowMs());
+    }
+
+    const vxsim::Calibration* CalibrationOf(int tile)
+    {
+        return virtualSign.Tiles(FakeClock::NowMs()).CalibrationOf(tile);
+    }
+
+    // As the order of the pixels says: pixel by pixel another matrix.
+    static std::vector<std::uint16_t> Pixels()
+    {
+        std::vector<std::uint16_t> pixels(kPixels * 9);
+        std::iota(pixels.begin(), pixels.end(), std::uint16_t{1});
+        return pixels;
+    }
+    static bool Matches(const vxsim::Calibration* calibration)
+    {
+        const auto pixels = Pixels();
+        bool same = calibration != nullptr && calibration->size() == kPixels;
+        for (std::size_t i = 0; same && i < kPixels; ++i)
+            same = std::equal((*calibration)[i].begin(), (*calibration)[i].end(),
+                              pixels.begin() + static_cast<long>(9 * i));
+        return same;
+    }
+
+    const std::filesystem::path former = std::filesystem::current_path();
+    TempFolder folder;
+    FakeClock clock;
+    ScriptedSign sign;
+    vxsim::VirtualSign virtualSign;
+};
+
+// The host's form of the calibration, which the ports take too.
+std::string FlatFile()
+{
+    Bytes file = Hex("AA55 2000 0000 0500 0000 AD50 8F52 0000 00120000");
+    file.resize(32 + kPixelBytes);
+    for (std::size_t i = 0; i < kPixelBytes / 2; ++i) {
+        file[32 + 2 * i] = static_cast<std::uint8_t>(i + 1);
+        file[33 + 2 * i] = static_cast<std::uint8_t>((i + 1) >> 8);
+    }
+    return {file.begin(), file.end()};
+}
+
+TEST_F(TileWall, FirstFamily)
+{
+    std::uint32_t task = 0;
+    std::uint8_t buffer[64] = {};
+    std::uint16_t status = 0;
+    ASSERT_EQ(vxTarsisGetTileStat(6, &task), 0u);
+    ASSERT_EQ(vxTarsisGetResult(task, buffer, sizeof buffer, &status), 0u);
+    EXPECT_EQ(status, 3073);
+    EXPECT_EQ(Bytes(buffer, buffer + 6), Hex("10 10 01 02 11 10"));
+    EXPECT_EQ(sign.progress, std::vector<std::uint32_t>{10}) << "the task takes a tenth of a second";
+    EXPECT_EQ(vxTarsisTileTest(65535, 2, &task), 0u);
+    EXPECT_EQ(vxTarsisGetResult(task, buffer, sizeof buffer, &status), 0u);
+    EXPECT_EQ(status, 3073);
+    EXPECT_EQ(virtualSign.Tiles(FakeClock::NowMs()).Tests().size(), 8u);
+    EXPECT_EQ(vxTarsisSetTileCmd(6, 7), 0u);
+    EXPECT_EQ(vxTarsisSetTileCmd(9, 7), 3089u) << "no such tile";
+    EXPECT_EQ(vxTarsisFMCalOpt(3), 0u);
+    EXPECT_EQ(vxFlashPGMConnectCMD(), 0u);
+
+    // What the library saves for a tile of this model is what the tile takes.
+    auto pixels = Pixels();
+    const std::string local = folder.Path("cal.dat");
+    ASSERT_EQ(vxTarsisTilePxlSave(pixels.data(), kPixelBytes, local.c_str(), 0, buffer[5], 16, 16, 8, 8), 0u);
+    EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 6, 4), 0u);
+    EXPECT_TRUE(Matches(CalibrationOf(6)));
+    EXPECT_EQ(CalibrationOf(5), nullptr);
+    EXPECT_TRUE(virtualSign.Tiles(FakeClock::NowMs()).Tests().size() == 7) << "the installation ended its test";
+    const std::string back = folder.Path("back.dat");
+    EXPECT_EQ(vxTarsisReadTileFile(back.c_str(), 6, 4), 0u);
+    EXPECT_EQ(folder.Read("back.dat"), folder.Read("cal.dat"));
+
+    // A tile that was not calibrated has a file that can be loaded.
+    EXPECT_EQ(vxTarsisReadTileFile(back.c_str(), 1, 4), 0u);
+    ASSERT_EQ(vxTarsisTilePxlLoad(pixels.data(), kPixelBytes, back.c_str(), 0, 0x10, 16, 16, 8, 8), 0u);
+    EXPECT_EQ(std::vector(pixels.end() - 9, pixels.end()),
+              (std::vector<std::uint16_t>{65535, 0, 0, 0, 65535, 0, 0, 0, 65535}));
+
+    Tell("tile-error 6,twi");
+    EXPECT_EQ(vxTarsisReadTileFile(back.c_str(), 6, 4), 3090u);
+    EXPECT_EQ(vxTarsisSetTileCmd(6, 7), 3090u);
+    Tell("tile-error 6,full");
+    EXPECT_EQ(vxTarsisSetTileCmd(6, 7), 65535u);
+}
+
+TEST_F(TileWall, SecondFamily)
+{
+    std::uint32_t detail = 1;
+    const std::string flat = folder.Write("flat.bri", FlatFile());
+    const std::string back = folder.Path("back.bri");
+    EXPECT_EQ(vxOndraTileTest(2, 2, 3), 0u);
+    EXPECT_EQ(virtualSign.Tiles(FakeClock::NowMs()).Tests().count(7), 1u);
+    EXPECT_EQ(vxOndraWriteTileFile(flat.c_str(), 5, 2, 3, &detail), 0u);
+    EXPECT_EQ(detail, 0u);
+    EXPECT_TRUE(Matches(CalibrationOf(7)));
+    EXPECT_EQ(vxOndraReadTileFile(back.c_str(), 5, 2, 3, 0, &detail), 0u);
+    EXPECT_EQ(folder.Read("back.bri").size(), 32u + 4 * 64 + kPixelBytes);
+    EXPECT_EQ(vxOndraWritePxlCal(back.c_str(), 1, 65535, 0, &detail, nullptr), 0u);
+    EXPECT_TRUE(Matches(CalibrationOf(1)) && Matches(CalibrationOf(4)));
+    EXPECT_EQ(CalibrationOf(5), nullptr) << "at the other port";
+
+    // The burn returns when it is under way, and is followed by its task.
+    std::uint32_t task = 0;
+    std::uint8_t state[4] = {};
+    EXPECT_EQ(vxOndraWritePxlCalBurn(back.c_str(), 2, 1, 0, 0, nullptr, &task), 0u);
+    EXPECT_EQ(vxOndraGetResult(task, state, sizeof state), 0u);
+    EXPECT_EQ(state[1], 2);
+    FakeClock::Advance(3000);
+    EXPECT_EQ(vxOndraGetResult(task, state, sizeof state), 0u);
+    EXPECT_EQ(Bytes(state, state + 4), Hex("64 04 0000"));
+    EXPECT_TRUE(Matches(CalibrationOf(5)));
+
+    EXPECT_EQ(vxOndraTileCMD(10, 2, 1, nullptr, 0), 0u);
+    EXPECT_EQ(CalibrationOf(5), nullptr);
+    EXPECT_EQ(vxOndraLDUCMD(1, 2), 0u);
+    EXPECT_EQ(vxOndraSyncBriMode(1), 0u);
+    EXPECT_EQ(vxOndraPicCalShow(255, 0, 0, 3), 0u);
+    EXPECT_EQ(vxOndraTileTest(2, 3, 1), 3078u) << "no such port";
+    EXPECT_EQ(vxOndraReadTileFile(back.c_str(), 0, 1, 1, 0, &detail), 3078u) << "no program";
+    EXPECT_EQ(detail, 3078u);
+    Tell("lock 7");
+    EXPECT_EQ(vxOndraWritePxlCal(back.c_str(), 2, 3, 0, &detail, nullptr), 3078u);
+}
+
+TEST_F(TileWall, DirectAccess)
+{
+    const std::string flat = folder.Write("flat.bri", FlatFile());
+    const std::string back = folder.Path("back.bri");
+    EXPECT_EQ(vxDirectTileTest(2, 1, 2), 0u);
+    EXPECT_EQ(virtualSign.Tiles(FakeClock::NowMs()).Tests().count(2), 1u);
+    EXPECT_EQ(vxDirectTileWriteFileEx(flat.c_str(), 5, 1, 2, 0), 0u);
+    EXPECT_TRUE(Matches(CalibrationOf(2)));
+    EXPECT_EQ(vxDirectTileReadFileEx(back.c_str(), 5, 1, 2, 0), 0u);
+    EXPECT_EQ(folder.Read("back.bri"), FlatFile());
+    EXPECT_EQ(folder.Read("back.brit"), folder.Read("flat.brit"));
+
+    const std::uint8_t params[80] = {1, 2, 3};
+    EXPECT_EQ(vxDirectTilePHYWriteCoefficent1(1, 2), 0u);
+    EXPECT_EQ(CalibrationOf(2), nullptr) << "shines without it";
+    EXPECT_EQ(vxDirectTilePHYWriteCoefficent2(flat.c_str(), 1, 2, 0, params, sizeof params), 0u);
+    EXPECT_TRUE(Matches(CalibrationOf(2)));
+    EXPECT_EQ(folder.Read("c:/port1/0002.mcc").size(), 72u);
+
+    Tell("lock 2");
+    EXPECT_EQ(vxDirectTileWriteFileEx(flat.c_str(), 5, 1, 2, 0), 1u);
+    EXPECT_EQ(vxDirectTileCMD(10, 1, 2, nullptr, 0), 3078u);
+    EXPECT_EQ(vxDirectTileTest(2, 1, 9), 3089u);
+}
+
+} // namespace
+} // namespace vxsign::test
