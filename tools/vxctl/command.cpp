@@ -51,6 +51,16 @@ CLI::Option* AddSignPath(CLI::App& app, const std::string& name, std::string& ta
     return app.add_option_function<std::string>(name, store, description)->type_name("PATH");
 }
 
+std::vector<std::uint8_t> HexArgument(const std::string& text, const std::string& name, std::size_t least,
+                                      std::size_t most)
+{
+    auto bytes = ParseHex(text);
+    if (bytes && bytes->size() >= least && bytes->size() <= most)
+        return std::move(*bytes);
+    const std::string size = least == most ? std::to_string(most) : "up to " + std::to_string(most);
+    throw UsageError(name + " takes " + size + " bytes in hexadecimal, such as \"01 ff\"");
+}
+
 CLI::Validator ReadableFile()
 {
     const auto check = [](const std::string& path) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace vxctl {
 
@@ -31,6 +32,10 @@ CLI::Option* AddNumber(CLI::App& app, const std::string& name, std::uint32_t& ta
 // A positional for a path on the sign. "D:/T/X.NMG" becomes "D:\T\X.NMG", since shells eat backslashes.
 CLI::Option* AddSignPath(CLI::App& app, const std::string& name, std::string& target, const std::string& description);
 
+// The bytes that an argument has in hexadecimal, `least` to `most` of them. Throws UsageError.
+std::vector<std::uint8_t> HexArgument(const std::string& text, const std::string& name, std::size_t least,
+                                      std::size_t most);
+
 // Refuses a file on this PC that cannot be read.
 CLI::Validator ReadableFile();
 
@@ -44,6 +49,8 @@ void AddAccessCommands(CLI::App& app, Context& context);    // login, logout, pa
 void AddPlayCommands(CLI::App& app, Context& context);      // play, playing, screenshot, volume
 void AddPlayListCommands(CLI::App& app, Context& context);  // playlist
 void AddTestCommands(CLI::App& app, Context& context);      // test, ticker
+void AddVideoCommands(CLI::App& app, Context& context);     // video
+void AddExtraCommands(CLI::App& app, Context& context);     // extra
 void AddInfoCommands(CLI::App& app, Context& context);      // info
 void AddConditionCommands(CLI::App& app, Context& context); // status, warnings
 void AddPixelCommands(CLI::App& app, Context& context);     // pixels

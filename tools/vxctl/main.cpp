@@ -53,6 +53,8 @@ int Run(int argc, char** argv)
     AddSignCommands(app, context);
     AddAccessCommands(app, context);
     AddTestCommands(app, context);
+    AddVideoCommands(app, context);
+    AddExtraCommands(app, context);
     AddInfoCommands(app, context);
     AddConditionCommands(app, context);
     AddPixelCommands(app, context);

@@ -1,5 +1,4 @@
 #include "vxctl/command.h"
-#include "vxctl/numbers.h"
 #include "vxctl/packetDump.h"
 
 #include <vxsign/test.h>
@@ -24,20 +23,10 @@ struct RawRequest
     bool crc = false;
 };
 
-std::vector<std::uint8_t> Bytes(const std::string& text, const char* option)
-{
-    auto bytes = ParseHex(text);
-    if (!bytes)
-        throw UsageError(std::string(option) + " takes bytes in hexadecimal, such as \"01 ff\"");
-    if (bytes->size() > kLongestPart)
-        throw UsageError(std::string(option) + " takes " + std::to_string(kLongestPart) + " bytes at most");
-    return std::move(*bytes);
-}
-
 void Raw(Context& context, const RawRequest& raw)
 {
-    const std::vector<std::uint8_t> payload = Bytes(raw.payload, "--payload");
-    const std::vector<std::uint8_t> extended = Bytes(raw.extended, "--extended");
+    const std::vector<std::uint8_t> payload = HexArgument(raw.payload, "--payload", 0, kLongestPart);
+    const std::vector<std::uint8_t> extended = HexArgument(raw.extended, "--extended", 0, kLongestPart);
     context.Connect();
     std::array<std::uint8_t, kRequestRoom> requestOut{};
     std::array<std::uint8_t, kReplyRoom> replyOut{};
