@@ -49,6 +49,7 @@ struct Options
     std::string png;
     std::vector<std::string> logins;
     bool verbose = false;
+    bool controller = false;
     unsigned delay = 0;
     vxsim::ListenSettings listen;
     vxsim::ConditionOptions condition;
@@ -67,6 +68,7 @@ Examples:
   vxsim --face ansi --png face.png          shows the face in the terminal and as a picture
   vxsim --dir mysign --bad 3,4,red          begins with a bad pixel
   vxsim pixel --dir mysign --good 3,4       mends it while the sign runs
+  vxsim --controller --face ansi            a traffic signal controller, whose signals the terminal shows
   vxsim --login admin:1234 --verbose        asks hosts to log in, and tells what they do
   vxsim --delay 200 --fault drop=0.1,noise=4,seed=7)";
 
@@ -108,8 +110,7 @@ void ReportCommands(vxsim::VirtualSign& sign)
 {
     vxsim::SignEvents events;
     events.answered = [&sign](const vxsim::Frame& request, vxsim::Code code) {
-        std::cerr << vxsim::CommandName(request.major, request.minor) << " (" << int{request.major} << ", "
-                  << int{request.minor} << ')';
+        std::cerr << vxsim::CommandName(request) << " (" << int{request.major} << ", " << int{request.minor} << ')';
         if (code != vxsim::Code::kOk)
             std::cerr << " refused, code " << static_cast<int>(code);
         else if (request.major == kPlayMajor && request.minor == kPlaySoundFile)
@@ -200,6 +201,7 @@ void Serve(const Options& options)
     settings.port = endpoints.port;
     settings.users = users;
     settings.localSecondsAtZero = LocalSecondsAtZero();
+    settings.controller = options.controller;
     vxsim::VirtualSign sign(settings);
     options.condition.Apply(folder.Path());
     vxsim::Stage stage(sign);
@@ -244,6 +246,7 @@ int Run(int argc, char** argv)
     app.add_option("--login", options.logins, "a user of the sign, USER:PASSWORD; then every host has to log in")
         ->expected(1)
         ->take_all();
+    app.add_flag("--controller", options.controller, "is a traffic signal controller; the face shows its signals");
     app.add_flag("--verbose", options.verbose, "names each command on standard error");
     app.add_option("--delay", options.delay, "milliseconds from a request to its reply")
         ->capture_default_str()

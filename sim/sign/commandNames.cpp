@@ -78,6 +78,7 @@ constexpr Name kNames[] = {
     {4, 37, "get LCS"},
     {4, 38, "voice"},
     {5, 1, "read clock"},
+    {5, 2, "set controller's clock"},
     {5, 3, "temperature and humidity"},
     {5, 4, "set clock"},
     {5, 5, "speed limit"},
@@ -130,6 +131,13 @@ constexpr Name kNames[] = {
     {10, 1, "log in"},
     {10, 2, "log out"},
     {10, 3, "change password"},
+    {10, 5, "controller's monitor"},
+    {10, 6, "controller's status"},
+    {10, 8, "lamp test JKB"},
+    {10, 9, "lamp test JKC"},
+    {10, 13, "flow"},
+    {10, 16, "temporary phase"},
+    {10, 17, "controller's real status"},
     {10, 48, "server table"},
     {12, 1, "read flash of a tile"},
     {12, 2, "result of a tile task"},
@@ -189,6 +197,9 @@ constexpr Name kNames[] = {
     {124, 4, "direct test of a tile"},
 };
 
+// The same as logging out, but with a payload.
+constexpr Name kManual{10, 2, "manual"};
+
 constexpr std::string_view kFamilies[] = {"unknown", "read",    "write",     "pattern test",   "control",     "time",
                                           "play",    "files",   "ticker",    "offline ticker", "login",       "unknown",
                                           "tiles",   "unknown", "tube data", "unknown",        "pixel check", "FH"};
@@ -202,6 +213,13 @@ std::string_view CommandName(std::uint8_t major, std::uint8_t minor)
     if (name != std::end(kNames))
         return name->name;
     return major < std::size(kFamilies) ? kFamilies[major] : kFamilies[0];
+}
+
+std::string_view CommandName(const Frame& request)
+{
+    if (request.major == kManual.major && request.minor == kManual.minor && !request.payload.empty())
+        return kManual.name;
+    return CommandName(request.major, request.minor);
 }
 
 } // namespace vxsim

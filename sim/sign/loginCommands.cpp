@@ -44,7 +44,9 @@ bool LoginCommands::IsHeld(std::uint64_t nowMs) const
 
 bool LoginCommands::IsOpen(const Frame& request, const Arrival& arrival)
 {
-    if (users.empty() || (request.major == kMajor && request.minor <= kChangePassword))
+    // With a payload, logging out is an order to a traffic signal controller.
+    const bool isOrder = request.minor == kLogOut && !request.payload.empty();
+    if (users.empty() || (request.major == kMajor && request.minor <= kChangePassword && !isOrder))
         return true;
     if (!IsHeld(arrival.nowMs) || held->host != arrival.host)
         return false;

@@ -10,9 +10,9 @@ namespace {
 
 // Major and minor of the commands that the system log tells of.
 constexpr std::pair<std::uint8_t, std::uint8_t> kLogged[] = {
-    {2, 9}, {2, 10}, {2, 11}, {2, 12}, {3, 9},  {4, 0},  {4, 1},  {4, 2},  {4, 3}, {4, 4},
-    {4, 7}, {4, 20}, {4, 21}, {4, 25}, {5, 4},  {6, 6},  {6, 22}, {6, 24}, {7, 2}, {7, 15},
-    {8, 1}, {8, 2},  {9, 1},  {9, 2},  {10, 1}, {10, 2}, {10, 3}, {16, 1},
+    {2, 9},  {2, 10}, {2, 11}, {2, 12}, {3, 9},  {4, 0},  {4, 1},  {4, 2},  {4, 3},   {4, 4},  {4, 7},
+    {4, 20}, {4, 21}, {4, 25}, {5, 2},  {5, 4},  {6, 6},  {6, 22}, {6, 24}, {7, 2},   {7, 15}, {8, 1},
+    {8, 2},  {9, 1},  {9, 2},  {10, 1}, {10, 2}, {10, 3}, {10, 8}, {10, 9}, {10, 16}, {16, 1},
 };
 
 constexpr std::int64_t kOneWindow = 1;
@@ -24,8 +24,8 @@ void SignLog::Command(const Frame& request, Code code, const std::string& author
     if (std::ranges::find(kLogged, std::pair(request.major, request.minor)) == std::end(kLogged))
         return;
     const std::string result = code == Code::kOk ? "OK" : "refused, code " + std::to_string(static_cast<int>(code));
-    database.Add("SysLog", {std::int64_t{request.major}, TimeText(time),
-                            std::string(CommandName(request.major, request.minor)), author, result});
+    database.Add("SysLog",
+                 {std::int64_t{request.major}, TimeText(time), std::string(CommandName(request)), author, result});
 }
 
 void SignLog::Started(const ClockTime& time)

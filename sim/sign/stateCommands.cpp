@@ -22,6 +22,11 @@ void VirtualSign::KeepUp(std::uint64_t nowMs)
     monitor.KeepUp(MomentAt(nowMs));
     pixelCheck.KeepUp(monitor.Now(), time.Clock(), nowMs);
     tiles.KeepUp(monitor.TilesAt(MomentAt(nowMs)));
+    if (traffic) {
+        const SignState state = monitor.State(MomentAt(nowMs));
+        traffic->KeepUp({static_cast<std::int8_t>(state.word[1]), static_cast<std::int8_t>(state.word[2])},
+                        monitor.IsAlarmed(), nowMs);
+    }
 }
 
 const TileWall& VirtualSign::Tiles(std::uint64_t nowMs)

@@ -3,6 +3,7 @@
 #include "sim/protocol/bytes.h"
 
 #include <array>
+#include <vector>
 
 namespace vxsim {
 namespace {
@@ -10,6 +11,7 @@ namespace {
 enum : std::uint8_t
 {
     kReadClock = 1,
+    kAdjustController = 2,
     kWeather = 3,
     kAdjustClock = 4,
     kSpeedLimit = 5
@@ -27,6 +29,8 @@ Reply TimeCommands::Execute(const Frame& request, std::uint64_t nowMs)
     switch (request.minor) {
     case kReadClock:
         return Read(nowMs);
+    case kAdjustController:
+        return controller ? Adjust(request, nowMs) : Reply::WithCode(Code::kUnknownMinor);
     case kAdjustClock:
         return Adjust(request, nowMs);
     case kWeather: {
@@ -46,19 +50,16 @@ Reply TimeCommands::Execute(const Frame& request, std::uint64_t nowMs)
     }
 }
 
-// Year in two bytes, low digits first; month, day, hour, minute, day of the week, mark.
+// Year in two bytes, low digits first; month, day, hour, minute, of a controller second, day of the week, mark.
 Reply TimeCommands::Read(std::uint64_t nowMs) const
 {
     const ClockTime time = clock.At(nowMs);
     const auto year = static_cast<unsigned>(time.year);
-    const std::array<std::uint8_t, 8> record{ToBcd(year % 100),
-                                             ToBcd(year / 100 % 100),
-                                             ToBcd(time.month),
-                                             ToBcd(time.day),
-                                             ToBcd(time.hour),
-                                             ToBcd(time.minute),
-                                             ToBcd(clock.WeekdayAt(nowMs)),
-                                             mark};
+    std::vector<std::uint8_t> record{ToBcd(year % 100), ToBcd(year / 100 % 100), ToBcd(time.month),
+                                     ToBcd(time.day),   ToBcd(time.hour),        ToBcd(time.minute)};
+    if (controller)
+        record.push_back(ToBcd(time.second));
+    record.insert(record.end(), {ToBcd(clock.WeekdayAt(nowMs)), mark});
     return Reply::WithPayload(record);
 }
 

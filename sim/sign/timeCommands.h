@@ -26,7 +26,11 @@ struct SpeedLimit
 class TimeCommands
 {
 public:
-    explicit TimeCommands(std::int64_t localSecondsAtZero) : clock(localSecondsAtZero) {}
+    // A traffic signal controller tells its seconds too, and has a command of its own to set the clock.
+    TimeCommands(std::int64_t localSecondsAtZero, bool isController)
+        : controller(isController), clock(localSecondsAtZero)
+    {
+    }
 
     Reply Execute(const Frame& request, std::uint64_t nowMs);
 
@@ -38,6 +42,7 @@ private:
     Reply Read(std::uint64_t nowMs) const;
     Reply Adjust(const Frame& request, std::uint64_t nowMs);
 
+    bool controller;
     SignClock clock;
     std::uint8_t mark = 0; // a byte beside the time that goes back as it came
     std::optional<Weather> weather;

@@ -93,7 +93,7 @@ VirtualSign::VirtualSign(const SignSettings& wanted)
       displayStyle(kept / "display-style.bin", InitialDisplayStyle()),
       brightness(kept / "brightness.bin", std::vector<std::uint8_t>(kBrightnessSize, 8)),
       identity(kept / "identity.bin", InitialIdentity()), tests(settings.width, settings.height),
-      time(settings.localSecondsAtZero), play(drives, kept / "radar.log"), ticker(settings.width),
+      time(settings.localSecondsAtZero, settings.controller), play(drives, kept / "radar.log"), ticker(settings.width),
       login(settings.users, settings.loginHoldMs, settings.address, settings.port),
       files(drives, [this] { PrepareSystemFiles(); }), database(kept / "logs.sqlite"), log(database),
       monitor(settings.folder, drives, database, settings.width, settings.height),
@@ -101,6 +101,8 @@ VirtualSign::VirtualSign(const SignSettings& wanted)
       video(kept / "video.bin", settings.width, settings.height), extraBoards(kept),
       tiles(drives, kept, settings.width, settings.height)
 {
+    if (settings.controller)
+        traffic.emplace(drives, time.Clock());
     PrepareSystemFiles();
 }
 
@@ -165,8 +167,9 @@ Reply VirtualSign::Execute(const Frame& request, const Arrival& arrival)
         return ticker.Execute(request, arrival.nowMs);
     case kOfflineTicker:
         return ticker.ExecuteOffline(request, arrival.nowMs);
-    case kLogin:
-        return login.Execute(request, arrival);
+    case kLogin: // and the orders of a traffic signal controller
+        return traffic && TrafficCommands::Takes(request) ? traffic->Execute(request, arrival.nowMs)
+                                                          : login.Execute(request, arrival);
     case TileCommands::kBuses:
         if (request.minor == kPollUpdate)
             return PollUpdate();
@@ -251,6 +254,8 @@ void VirtualSign::Restart(std::uint64_t nowMs)
     pixelCheck.Stop();
     tiles.Stop();
     play.ReturnToMainList();
+    if (traffic)
+        traffic->Restart(nowMs);
     for (const SignEvents& observer : observers) {
         if (observer.restarting)
             observer.restarting(darkUntilMs);

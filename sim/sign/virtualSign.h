@@ -24,6 +24,7 @@
 #include "sim/sign/tickerCommands.h"
 #include "sim/sign/timeCommands.h"
 #include "sim/tiles/tileCommands.h"
+#include "sim/traffic/trafficCommands.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -48,6 +49,7 @@ struct SignSettings
     Users users = {};                    // without any, nobody needs to log in
     std::uint64_t loginHoldMs = 600000;  // from the last command to the end of a login
     std::int64_t localSecondsAtZero = 0; // local time, in seconds since 1970, when Arrival::nowMs was 0
+    bool controller = false;             // whether it is a traffic signal controller
 };
 
 // Told after the fact, from inside Answer. Each may be empty; none may call Answer.
@@ -115,6 +117,7 @@ public:
     const TickerCommands& Ticker() const { return ticker; }
     const VideoProcessors& Video() const { return video; }
     const Monitor& Faults() const { return monitor; }
+    const std::optional<TrafficCommands>& Traffic() const { return traffic; } // of a controller
 
     // The tiles as they are at that time.
     const TileWall& Tiles(std::uint64_t nowMs);
@@ -181,6 +184,7 @@ private:
     PlayCommands play;
     TickerCommands ticker;
     LoginCommands login;
+    std::optional<TrafficCommands> traffic;
     FileCommands files;
     SignDatabase database;
     SignLog log;

@@ -3,6 +3,7 @@
 #include "sim/face/jpeg.h"
 #include "sim/sign/signClock.h"
 #include "sim/stage/faults.h"
+#include "sim/stage/signalHeads.h"
 #include "sim/stage/testPictures.h"
 #include "sim/stage/tickerPicture.h"
 #include "sim/stage/tilePictures.h"
@@ -78,6 +79,8 @@ const Canvas& Stage::Draw(std::uint64_t nowMs)
         DrawTest(tests.Running(), nowMs - std::min(nowMs, tests.StartedMs()), font, face);
     else if (sign.Ticker().IsRunning(nowMs))
         DrawTicker(sign.Ticker(), nowMs, font, face);
+    else if (sign.Traffic())
+        DrawSignalHeads(sign.Traffic()->SignalsAt(nowMs), font, face);
     else {
         player.Draw(nowMs, face);
         DrawVideo(sign.Video(), nowMs, font, face);

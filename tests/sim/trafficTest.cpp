@@ -1,0 +1,222 @@
+// The sign as a traffic signal controller.
+#include "stageFixture.h"
+
+#include <algorithm>
+
+namespace vxsim_tests {
+namespace {
+
+class Controller : public StageTest
+{
+protected:
+    Controller()
+    {
+        settings.controller = true;
+        settings.localSecondsAtZero = kNoon;
+        Rebuild(128, 32);
+    }
+
+    // A letter for each group: red, yellow, green, or '.' for dark; behind it phase and seconds left.
+    std::string Signals(std::uint64_t nowMs)
+    {
+        const Bytes block = ExtendedOf(AskAt(nowMs, 10, 6));
+        std::string text;
+        for (std::size_t i = 7; i < 13; ++i)
+            text += block.at(i) == 0 ? '.' : block.at(i) == 1 ? 'r' : block.at(i) == 2 ? 'y' : 'g';
+        return text + " " + std::to_string(block[2]) + "/" + std::to_string(block[4]);
+    }
+    unsigned RunPhase(std::uint64_t nowMs, std::uint8_t groups, std::uint8_t seconds, std::uint8_t flag = 1)
+    {
+        return CodeOf(AskAt(nowMs, 10, 16, Bytes{groups, seconds} + Bytes(29, 0xFF) + Bytes{flag}));
+    }
+    Bytes Errors() const
+    {
+        const Bytes file = FileBytes(folder.path / "E" / "ERR_REC" / "ERRMSG.ERR");
+        return {file.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(file.size(), 32)), file.end()};
+    }
+
+    static constexpr std::int64_t kNoon = 1589371200; // 2020-05-13 12:00:00, a Wednesday, when a cycle begins
+};
+
+TEST_F(Controller, PhasesFollowTheClock)
+{
+    const std::pair<unsigned, const char*> times[] = {
+        {0, "grgrrr 1/16"},     {15999, "grgrrr 1/1"}, {16000, "yryrrr 1/3"}, {19000, "rrrrrr 1/2"},
+        {21000, "rgrgrr 2/12"}, {33000, "ryryrr 2/3"}, {36000, "rrrrrr 2/2"}, {38000, "rrrrgg 3/7"},
+        {45000, "rrrrrr 3/3"},  {48000, "rrrrrr 3/2"}, {50000, "grgrrr 1/16"}};
+    for (const auto& [ms, signals] : times)
+        EXPECT_EQ(Signals(ms), signals) << ms;
+    EXPECT_EQ(CodeOf(AskAt(50000, 5, 2, {0x20, 0x20, 0x05, 0x13, 0x12, 0x00, 0x21, 0, 0, 0, 0, 0})), 0U);
+    EXPECT_EQ(Signals(50000), "rgrgrr 2/12") << "the clock was set";
+}
+
+TEST_F(Controller, ManualModeHoldsAPhase)
+{
+    EXPECT_EQ(CodeOf(AskAt(1000, 10, 2, {2, 0, 0, 0})), 0U);
+    EXPECT_EQ(Signals(1000), "yryrrr 2/3") << "what has green is cleared first";
+    EXPECT_EQ(Signals(4000), "rrrrrr 2/2");
+    EXPECT_EQ(Signals(6000), "rgrgrr 2/255");
+    EXPECT_EQ(Signals(3600000), "rgrgrr 2/255");
+    EXPECT_EQ(CodeOf(AskAt(3600000, 10, 2, {4, 0, 0, 0})), 0U);
+    EXPECT_EQ(Signals(3605000), "rrrrrr 0/255");
+    EXPECT_EQ(CodeOf(AskAt(3605000, 10, 2, {5, 0, 0, 0})), 0U);
+    EXPECT_EQ(Signals(3610000), "yyyy.. 0/255");
+    EXPECT_EQ(Signals(3610500), "...... 0/255");
+    EXPECT_EQ(CodeOf(AskAt(3610500, 10, 2, {6, 0, 0, 0})), 36881U);
+    EXPECT_EQ(Signals(3611000), "yyyy.. 0/255");
+    EXPECT_EQ(CodeOf(AskAt(3611000, 10, 2, {0, 0, 0, 0})), 0U);
+    EXPECT_EQ(Signals(3613999), "yyyyrr 1/1") << "a lit yellow is cleared, and red for the rest";
+    EXPECT_EQ(Signals(3616000), "yryrrr 1/3") << "where the cycle stands";
+    Ask(4, 0);
+    Ask(10, 2, {1, 0, 0, 0});
+    Ask(4, 0);
+    EXPECT_EQ(Signals(3621000), "rgrgrr 2/12") << "a restart ends it";
+}
+
+TEST_F(Controller, TemporaryPhaseRunsOnce)
+{
+    EXPECT_EQ(RunPhase(1000, 0b000001, 4), 0U);
+    EXPECT_EQ(Signals(1000), "gryrrr 0/3") << "north goes on";
+    EXPECT_EQ(Signals(6000), "grrrrr 0/4");
+    EXPECT_EQ(Signals(10000), "grrrrr 1/3") << "whoever gets green waits until all is cleared";
+    EXPECT_EQ(Signals(15000), "grgrrr 1/1");
+    EXPECT_EQ(RunPhase(15000, 0b110000, 0), 0U);
+    EXPECT_EQ(Signals(29999), "rrrrgg 0/1") << "ten seconds when none are given";
+    EXPECT_EQ(RunPhase(22000, 1, 9, 0), 0U);
+    EXPECT_EQ(Signals(22000), "rrrrrr 2/3") << "ended before its time";
+    EXPECT_EQ(Signals(27000), "rgrgrr 2/6");
+
+    EXPECT_EQ(RunPhase(27000, 0b000011, 4), 36881U) << "north and east";
+    EXPECT_EQ(RunPhase(27000, 0b010001, 4), 36881U) << "north and a crossing";
+    EXPECT_EQ(RunPhase(27000, 0, 4), 36881U);
+    EXPECT_EQ(RunPhase(27000, 0b1000000, 4), 36881U) << "no such group";
+    EXPECT_EQ(Signals(27000), "rgrgrr 2/6");
+    const Bytes errors = Errors();
+    ASSERT_EQ(errors.size(), 4U + 3 * 32);
+    EXPECT_EQ(Bytes(errors.begin() + 36, errors.begin() + 48),
+              (Bytes{0x20, 0x20, 0x05, 0x13, 0x12, 0x00, 0x27, 0, 0x00, 0x0E, 2, 0}));
+}
+
+TEST_F(Controller, LampTestsShowForTenSeconds)
+{
+    EXPECT_EQ(CodeOf(AskAt(0, 10, 8, {3, 0, 0, 0}, {1, 7, 0})), 0U);
+    EXPECT_EQ(ExtendedOf(AskAt(9999, 10, 6))[0], 3);
+    EXPECT_EQ(ExtendedOf(AskAt(9999, 10, 6))[8], 7);
+    EXPECT_EQ(Signals(10000), "grgrrr 1/6");
+    EXPECT_EQ(CodeOf(AskAt(10000, 10, 9, {1, 2, 0, 0}, {2, 1, 4})), 0U);
+    EXPECT_EQ(Signals(11000), "y...rg 1/5");
+    EXPECT_EQ(CodeOf(AskAt(11000, 10, 9, {200, 55, 0, 0}, Bytes(255, 4))), 0U) << "more than there are";
+    EXPECT_EQ(Signals(11000), "gggggg 1/5");
+    EXPECT_EQ(CodeOf(Ask(10, 8, {4, 0, 0, 0}, {1, 2, 4})), 36870U);
+    EXPECT_EQ(CodeOf(Ask(10, 9, {1, 1, 0, 0}, {1, 2, 4})), 36870U);
+    EXPECT_EQ(CodeOf(Ask(10, 8, {0, 0, 0, 0})), 0U);
+    EXPECT_EQ(Signals(11000), "grgrrr 1/5") << "ended";
+}
+
+TEST_F(Controller, FaceShowsTheHeads)
+{
+    using Pixel = std::pair<int, int>;
+    constexpr Pixel kNorthRed{26, 7};
+    constexpr Pixel kNorthGreen{26, 23};
+    constexpr Pixel kEastYellow{45, 15};
+    const auto at = [this](std::uint64_t nowMs, Pixel pixel) { return At(nowMs, pixel.first, pixel.second); };
+    EXPECT_EQ(at(0, kNorthGreen), kGreen);
+    EXPECT_EQ(at(0, kNorthRed), (vxsim::Rgb{31, 0, 0})) << "a lamp that is not lit shows its colour";
+    EXPECT_EQ(at(21000, kNorthRed), kRed);
+    EXPECT_EQ(at(33000, kEastYellow), (vxsim::Rgb{255, 200, 0}));
+    const vxsim::Canvas automatic = stage->Draw(5000);
+    AskAt(0, 10, 2, {1, 0, 0, 0});
+    const vxsim::Canvas manual = stage->Draw(5000);
+    EXPECT_NE(automatic, manual) << "the letter of the mode";
+    EXPECT_EQ(at(5000, kNorthGreen), kGreen);
+    AskAt(6000, 10, 8, {2, 0, 0, 0}, {1, 2});
+    EXPECT_EQ(at(6000, kNorthRed), kRed);
+    EXPECT_EQ(at(6000, kEastYellow), (vxsim::Rgb{255, 200, 0}));
+    EXPECT_EQ(CodeOf(Ask(4, 1)), 0U);
+    EXPECT_EQ(at(6000, kNorthRed), kDark);
+    for (const auto& [width, height] : {Pixel{1, 1}, Pixel{16, 200}, Pixel{300, 3}}) {
+        Rebuild(width, height);
+        stage->Draw(0);
+    }
+}
+
+TEST_F(Controller, Blocks)
+{
+    AskAt(0, 5, 4, {0x20, 0x20, 0x05, 0x13, 0x12, 0x30, 0x00, 0, 0xAB, 0, 0, 0});
+    EXPECT_EQ(PayloadOf(AskAt(7000, 5, 1)), (Bytes{0x20, 0x20, 0x05, 0x13, 0x12, 0x30, 0x07, 3, 0xAB, 0, 0, 0}));
+    const Bytes real = ExtendedOf(AskAt(7000, 10, 17, {0, 0, 0, 0}));
+    ASSERT_EQ(real.size(), 102U);
+    EXPECT_EQ(Bytes(real.begin(), real.begin() + 22),
+              (Bytes{0x20, 0x20, 0x05, 0x13, 0x12, 0x30, 0x07, 0, 0, 0, 1, 0, 9, 3, 6, 4, 1, 4, 1, 1, 1, 0}));
+    EXPECT_EQ(CodeOf(Ask(10, 17, {1, 0, 0, 0})), 36881U);
+    EXPECT_EQ(CodeOf(Ask(10, 17)), 36870U);
+    const Bytes monitor = ExtendedOf(AskAt(0, 10, 5, {4, 0, 0, 0}));
+    ASSERT_EQ(monitor.size(), 52U);
+    EXPECT_EQ(Bytes(monitor.begin(), monitor.begin() + 12), (Bytes{4, 6, 1, 16, 1, 4, 228, 0, 200, 1, 0, 0}));
+    EXPECT_EQ(CodeOf(Ask(10, 5, {3, 0, 0, 0})), 36881U);
+
+    // Noon of a Wednesday has 456 vehicles an hour in group 1, and 12 more in each further one.
+    const Bytes today = AskAt(0, 10, 13, Bytes(8, 0));
+    EXPECT_EQ(PayloadOf(today), (Bytes{0x20, 0x20, 0x05, 0x13, 4, 24, 0, 0}));
+    const Bytes flow = ExtendedOf(today);
+    ASSERT_EQ(flow.size(), 192U);
+    EXPECT_EQ(Bytes(flow.begin() + 88, flow.begin() + 106),
+              (Bytes{164, 1, 176, 1, 188, 1, 200, 1, 228, 0, 234, 0, 240, 0, 246, 0, 0, 0}));
+    EXPECT_EQ(ExtendedOf(Ask(10, 13, {0x16, 0x20, 0x05, 0x14, 0, 0, 0, 0}))[96], 48) << "304 on a Saturday";
+    EXPECT_EQ(ExtendedOf(Ask(10, 13, {0x20, 0x20, 0x05, 0x14, 0, 0, 0, 0})), Bytes(192, 0)) << "tomorrow";
+    EXPECT_EQ(CodeOf(Ask(10, 13, {0x20, 0x20, 0x02, 0x30, 0, 0, 0, 0})), 36881U);
+    EXPECT_EQ(CodeOf(Ask(10, 13, {0x2A, 0x20, 0x02, 0x20, 0, 0, 0, 0})), 36881U);
+    EXPECT_EQ(CodeOf(Ask(10, 13, {0, 0, 0, 0})), 36870U);
+}
+
+TEST_F(Controller, KeepsItsLogs)
+{
+    sign->KeepUp(0);
+    EXPECT_EQ(Errors(), (Bytes{1, 0, 0, 0, 0x20, 0x20, 0x05, 0x13, 0x12, 0, 0, 0, 0x00, 0x0C, 1, 0}) + Bytes(20, 0));
+    const auto file = folder.path / "E" / "TEP_REC" / "CTL05.TEP";
+    Bytes month = FileBytes(file);
+    ASSERT_EQ(month.size(), 32U + 13 * 24);
+    EXPECT_EQ(month[32 + 12 * 24 + 13], 0) << "still to come";
+    EXPECT_EQ(month[32], month[32 + 12 * 24 + 12] - 12) << "midnight of the first, and now";
+    sign->KeepUp(3600000);
+    EXPECT_NE(FileBytes(file)[32 + 12 * 24 + 13], 0);
+    Ask(5, 4, {0x21, 0x20, 0x05, 0x01, 0x02, 0, 0, 0, 0, 0, 0, 0});
+    sign->KeepUp(arrival.nowMs + 3600000);
+    EXPECT_EQ(FileBytes(file).size(), 32U + 24) << "another year's";
+
+    for (int i = 0; i < 510; ++i)
+        RunPhase(0, 3, 1);
+    const Bytes errors = Errors();
+    ASSERT_EQ(errors.size(), 4U + 500 * 32);
+    EXPECT_EQ(errors[0] + 256 * errors[1], 500);
+    EXPECT_EQ(Bytes(errors.end() - 24, errors.end() - 20), (Bytes{0x00, 0x0E, 0xFE, 1})) << "the 510th";
+
+    Restart("CD"); // without drive E
+    sign->KeepUp(0);
+    EXPECT_EQ(RunPhase(0, 3, 1), 36881U);
+}
+
+TEST_F(Controller, LoginsStayWhatTheyAre)
+{
+    const Bytes login = Text("admin") + Bytes(9, 0) + Text("1234") + Bytes(2, 0);
+    settings.users = {{"admin", "1234"}};
+    Rebuild(128, 32);
+    EXPECT_EQ(CodeOf(Ask(10, 2, {1, 0, 0, 0})), 36912U);
+    EXPECT_EQ(CodeOf(Ask(10, 6)), 36912U);
+    EXPECT_EQ(CodeOf(Ask(10, 1, login)), 0U);
+    EXPECT_EQ(CodeOf(Ask(10, 2, {1, 0, 0, 0})), 0U);
+    EXPECT_EQ(Signals(0), "grgrrr 1/3") << "manual, and still logged in";
+    EXPECT_EQ(CodeOf(Ask(10, 2)), 0U);
+    EXPECT_EQ(CodeOf(Ask(10, 6)), 36912U);
+
+    settings.users.clear();
+    settings.controller = false;
+    Rebuild(16, 16);
+    EXPECT_EQ(CodeOf(Ask(10, 2, {1, 0, 0, 0})), 0U) << "logs out";
+    EXPECT_EQ(CodeOf(Ask(10, 6)), 36869U);
+    EXPECT_EQ(CodeOf(Ask(5, 2, Bytes(12, 0))), 36869U);
+    EXPECT_EQ(PayloadOf(AskAt(7000, 5, 1)).size(), 8U);
+}
+
+} // namespace
+} // namespace vxsim_tests
