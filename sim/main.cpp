@@ -68,6 +68,7 @@ Examples:
   vxsim --face ansi --png face.png          shows the face in the terminal and as a picture
   vxsim --dir mysign --bad 3,4,red          begins with a bad pixel
   vxsim pixel --dir mysign --good 3,4       mends it while the sign runs
+  vxsim tile --dir mysign --error 3,bus     lets tile 3 fail; --good 3 mends it
   vxsim --controller --face ansi            a traffic signal controller, whose signals the terminal shows
   vxsim --login admin:1234 --verbose        asks hosts to log in, and tells what they do
   vxsim --delay 200 --fault drop=0.1,noise=4,seed=7)";

@@ -97,7 +97,8 @@ Code DirectTiles::BeginUpload(const Frame& request, const TileMoment& moment)
         return CodeOf(state);
     if (uploads.size() == kMostUploads)
         uploads.erase(uploads.begin());
-    uploads.push_back({request.payload[0], request.destination, TypeIn(request), static_cast<std::size_t>(*size), {}});
+    uploads.push_back(
+        {request.payload[0], request.destination, TypeIn(request), static_cast<std::size_t>(*size), {}, {}});
     return Code::kOk;
 }
 
@@ -120,16 +121,20 @@ Reply DirectTiles::WritePiece(const Frame& request, const TileMoment& moment)
     }
     // A piece may come twice, but none may be missing.
     const auto upload = find();
-    if (upload == uploads.end() || offset > upload->bytes.size() || offset >= upload->size)
+    if (upload == uploads.end() || offset >= upload->size || (!upload->end && offset > upload->bytes.size()))
         return Reply::WithCode(Code::kBadPacketNumber);
+    if (upload->end)
+        return Reply::WithCode(*upload->end);
     const auto piece = request.extended.first(std::min(kPiece, upload->size - offset));
     upload->bytes.resize(std::max(upload->bytes.size(), offset + piece.size()));
     std::ranges::copy(piece, upload->bytes.begin() + static_cast<std::ptrdiff_t>(offset));
     if (upload->bytes.size() < upload->size)
         return Reply::Done();
-    return Reply::WithCode(CodeOf(TileWall::OnEach(TilesOf(request), moment.condition, [&](int tile) {
+    upload->end = CodeOf(TileWall::OnEach(TilesOf(request), moment.condition, [&](int tile) {
         return wall.WriteFile(tile, upload->fileType, upload->bytes, moment);
-    })));
+    }));
+    upload->bytes = {};
+    return Reply::WithCode(*upload->end);
 }
 
 } // namespace vxsim

@@ -5,6 +5,7 @@
 #include "sim/tiles/tileWall.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace vxsim {
@@ -30,6 +31,7 @@ private:
         std::uint8_t fileType = 0;
         std::size_t size = 0;
         std::vector<std::uint8_t> bytes; // that have come
+        std::optional<Code> end;         // what the last piece was answered with
     };
 
     Reply ReadPiece(const Frame& request, const TileMoment& moment) const;

@@ -556,6 +556,7 @@ TEST_F(TileWall, RefusesWhatIsNoRequest)
     EXPECT_EQ(piece(528, start), 0U);
     EXPECT_EQ(CodeOf(ReadPiece(0, 0)), 36872U);
     EXPECT_EQ(piece(792, start), 0U);
+    EXPECT_EQ(piece(792, Bytes(264, 9)), 0U) << "once more, behind the end";
     EXPECT_EQ(piece(0xFFFFFFFFU, start), 36884U);
     EXPECT_EQ(ExtendedOf(ReadPiece(0, 792)).size(), 8U);
     EXPECT_EQ(WriteDirectly(Bytes{0xAA, 0x55, 0x20, 0} + Bytes(12, 0) + Bytes{96, 0, 0, 0} + Bytes(108, 0), 7), 3078U);
