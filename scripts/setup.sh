@@ -7,7 +7,7 @@ packages=(
     libtinyxml2-dev libpcre2-dev                                  # the library
     libsqlite3-dev libfreetype-dev fonts-unifont libstb-dev       # the virtual sign
     libcli11-dev nlohmann-json3-dev libgif-dev                    # the command line
-    libgtest-dev libgmock-dev libbenchmark-dev libmodbus-dev      # tests and measurements
+    libgtest-dev libgmock-dev libbenchmark-dev libmodbus-dev lrzsz # tests and measurements
     clang-format clang-tidy binutils                              # style and the export check
 )
 

@@ -39,6 +39,7 @@
 #include <vxsign/traffic.h>
 #include <vxsign/video.h>
 #include <vxsign/write.h>
+#include <vxsign/xmodem.h>
 #include <vxsign/zones.h>
 
 #endif

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "vxBaseCMD/vxBaseCMD.h"
+
+namespace vxsign {
+
+/// Boot loaders, which receive without the packets of the sign.
+class vxXModemLED : public CBaseCMD
+{
+};
+
+} // namespace vxsign

@@ -1,0 +1,99 @@
+#include "support/ptyRelay.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <poll.h>
+#include <pty.h>
+#include <spawn.h>
+#include <stdexcept>
+#include <sys/eventfd.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
+
+namespace vxsign::test {
+
+PtyRelay::PtyRelay(Filter toProgram, Filter fromProgram)
+    : forth(std::move(toProgram)), back(std::move(fromProgram)), stop(::eventfd(0, EFD_CLOEXEC))
+{
+    termios raw{};
+    ::cfmakeraw(&raw);
+    ::cfsetspeed(&raw, B115200);
+    raw.c_cflag |= CS8 | CREAD | CLOCAL;
+    char name[128] = {};
+    int sockets[2] = {};
+    if (::openpty(&master, &device, name, &raw, nullptr) != 0 ||
+        ::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, sockets) != 0)
+        throw std::runtime_error("no line");
+    ::fcntl(master, F_SETFD, FD_CLOEXEC);
+    ::fcntl(device, F_SETFD, FD_CLOEXEC);
+    path = name;
+    nearEnd = sockets[0];
+    farEnd = sockets[1];
+    thread = std::thread([this] { Relay(); });
+}
+
+PtyRelay::~PtyRelay()
+{
+    ::eventfd_write(stop, 1);
+    thread.join();
+    for (const int descriptor : {stop, device, master, nearEnd, farEnd})
+        ::close(descriptor);
+}
+
+void PtyRelay::Relay()
+{
+    pollfd watched[] = {{master, POLLIN, 0}, {nearEnd, POLLIN, 0}, {stop, POLLIN, 0}};
+    while (::poll(watched, 3, -1) >= 0 && watched[2].revents == 0) {
+        if (watched[0].revents != 0)
+            Pass(master, nearEnd, forth);
+        if (watched[1].revents != 0)
+            Pass(nearEnd, master, back);
+    }
+}
+
+void PtyRelay::Pass(int from, int to, const Filter& filter)
+{
+    bytes.resize(4096);
+    const ssize_t got = ::read(from, bytes.data(), bytes.size());
+    bytes.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    if (filter)
+        filter(bytes);
+    // The far end stays open here too, so that a program that has gone is no error.
+    if (!bytes.empty() && ::write(to, bytes.data(), bytes.size()) < 0)
+        throw std::runtime_error("the line does not take bytes");
+}
+
+LineProgram::LineProgram(int line, std::vector<std::string> arguments)
+{
+    std::vector<char*> argv;
+    for (std::string& argument : arguments)
+        argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    ::posix_spawn_file_actions_t actions;
+    ::posix_spawn_file_actions_init(&actions);
+    ::posix_spawn_file_actions_adddup2(&actions, line, STDIN_FILENO);
+    ::posix_spawn_file_actions_adddup2(&actions, line, STDOUT_FILENO);
+    ::posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    if (::posix_spawnp(&process, argv[0], &actions, nullptr, argv.data(), environ) != 0)
+        process = -1;
+    ::posix_spawn_file_actions_destroy(&actions);
+}
+
+LineProgram::~LineProgram()
+{
+    if (process > 0)
+        ::kill(process, SIGKILL);
+    Wait();
+}
+
+int LineProgram::Wait()
+{
+    int status = 0;
+    const ::pid_t waited = std::exchange(process, -1);
+    return waited > 0 && ::waitpid(waited, &status, 0) == waited && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+} // namespace vxsign::test

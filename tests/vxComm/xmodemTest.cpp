@@ -1,0 +1,226 @@
+// Upgrades by XMODEM: blocks, tries, ends; and the road to a receiver that is not ours.
+#include "support/bytes.h"
+#include "support/ptyRelay.h"
+#include "support/tempFolder.h"
+
+#include <vxsign/vxsign.h>
+
+#include <algorithm>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace vxsign::test {
+namespace {
+
+// A boot loader behind onWrite and onRead: one character of the script for each try. 'A' is ACK, 'N' NAK, '.' silence,
+// '!' silence with the abort flag set, anything else goes out as it is. The last one holds for all further tries.
+class XModem : public ::testing::Test
+{
+protected:
+    void SetUp() override { Configure(50); }
+    void TearDown() override
+    {
+        const vxApiConfig nothing{};
+        vxInitAPI(&nothing);
+    }
+
+    static void Configure(std::uint32_t timeoutMs)
+    {
+        vxApiConfig config{};
+        config.retries = 2;
+        config.timeoutMs = timeoutMs;
+        config.onProgress = [](vxApiConfig*, std::uint32_t, std::uint32_t percent) { progress.push_back(percent); };
+        config.onWrite = [](vxApiConfig*, const std::uint8_t* bytes, std::uint32_t length, std::uint32_t) {
+            if (length != 0)
+                sent.emplace_back(bytes, bytes + length);
+            return static_cast<std::int32_t>(length);
+        };
+        config.onRead = [](vxApiConfig* live, std::uint8_t* buffer, std::uint32_t capacity, std::uint32_t) {
+            const char next = script.front();
+            if (script.size() > 1)
+                script.erase(0, 1);
+            if (next == '!')
+                live->abortFlag = 1;
+            if (next == '.' || next == '!' || capacity == 0)
+                return 0;
+            buffer[0] = static_cast<std::uint8_t>(next == 'A' ? 6 : next == 'N' ? 21 : next);
+            return 1;
+        };
+        vxInitAPI(&config);
+        sent.clear();
+        progress.clear();
+    }
+
+    // The result of an upgrade with a file of so many 'U'; what was printed is in `printed`.
+    std::uint32_t Run(const std::string& receiver, std::size_t size)
+    {
+        script = receiver;
+        const std::string path = folder.Write("firmware", std::string(size, 'U'));
+        ::testing::internal::CaptureStdout();
+        const std::uint32_t result = vxXModem_Upgrade(path.c_str());
+        printed = ::testing::internal::GetCapturedStdout();
+        return result;
+    }
+
+    static std::string Times(int count, std::string_view text)
+    {
+        std::string all;
+        for (int i = 0; i < count; ++i)
+            all += text;
+        return all;
+    }
+
+    inline static std::vector<Bytes> sent;
+    inline static std::vector<std::uint32_t> progress;
+    inline static std::string script;
+    TempFolder folder;
+    std::string printed;
+};
+
+TEST_F(XModem, Blocks)
+{
+    const Bytes whole = Bytes(128, 0x55);
+    const Bytes filled = Bytes(1, 0x55) + Bytes(127, 0x1A);
+    EXPECT_EQ(Run("CA", 129), 0u);
+    EXPECT_EQ(sent, (std::vector<Bytes>{Hex("0101FE") + whole + Hex("5B67"), Hex("0102FD") + filled + Hex("20B2"),
+                                        Hex("04")}));
+    EXPECT_EQ(progress, (std::vector<std::uint32_t>{99, 100}));
+    sent.clear();
+    EXPECT_EQ(Run("NA", 129), 0u);
+    EXPECT_EQ(sent,
+              (std::vector<Bytes>{Hex("0101FE") + whole + Hex("80"), Hex("0102FD") + filled + Hex("3B"), Hex("04")}));
+    sent.clear();
+    EXPECT_EQ(Run("CA", std::size_t{257} * 128), 0u);
+    ASSERT_EQ(sent.size(), 258u);
+    EXPECT_EQ(Bytes(sent[254].begin(), sent[254].begin() + 3), Hex("01FF00"));
+    EXPECT_EQ(Bytes(sent[255].begin(), sent[255].begin() + 3), Hex("0100FF"));
+}
+
+TEST_F(XModem, StepsAndEnds)
+{
+    const std::string begin = "begining to Send file \n";
+    const std::string done = "Complete ACK have coming,Send file successful!!!\r\n";
+    const std::string silentEnd = "Complete ACK have coming,sedn EOT:wait ACK tiem out!\r\nSend file successful!!!\r\n";
+    const std::string refused = begin + "ACK Error!\r\n\x15\r\n";
+    const std::string again = "Retry for ACK,1Error!\r\n";
+    constexpr std::uint32_t kFailed = 0xFFFFFFFF;
+    const struct
+    {
+        const char* name;
+        std::string receiver;
+        std::size_t size;
+        std::uint32_t result;
+        std::size_t blocks; // sent, repeated ones and the end included
+        std::string printed;
+    } rows[] = {
+        {"empty file", "CA", 0, 0, 1, begin + done},
+        {"whole block", "CA", 128, 0, 2, begin + done},
+        {"short block", "CA", 5, 0, 2, begin + "Start filling the last frame!\r\n" + done},
+        {"asks late", Times(17, ".") + "NA", 128, 0, 2, begin + done},
+        {"NAK in the tenth round", Times(18, ".") + ".NA", 128, kFailed, 0, "rk4095 is not ready\n"},
+        {"C in the tenth round", "x" + Times(8, "x") + "CA", 128, 0, 2, begin + done},
+        {"never asks", ".", 128, kFailed, 0, "rk4095 is not ready\n"},
+        {"babbles", "x", 128, kFailed, 0, "rk4095 is not ready\n"},
+        {"stopped at once", "!", 128, kFailed, 0, "rk4095 is not ready\n"},
+        {"a second C, silence, NAK, ACK", "CC..NA", 128, 0, 6, begin + done},
+        {"ACK to the twentieth", "C" + Times(19, "N") + "A", 128, 0, 21, begin + done},
+        {"NAK to all", "CN", 128, kFailed, 31, refused + Times(11, again) + "Retry too many times,Quit!\r\n"},
+        {"ACK to a repetition", "C" + Times(21, "N") + "A", 128, 0, 23,
+         refused + again + "Retry for ACK,1OK\r\n" + done},
+        {"ACK to the last repetition", "C" + Times(30, "N") + "A", 128, kFailed, 32,
+         refused + Times(10, again) + "Retry for ACK,1OK\r\n" + done},
+        {"nonsense behind the last repetition", "C" + Times(30, "N") + "x", 128, kFailed, 31,
+         refused + Times(11, again) + "Fatal Error!\r\n"},
+        {"nonsense", "Cx", 128, 0, 20, begin + "ACK Error!\r\nx\r\nFatal Error!\r\n"},
+        {"no first answer", "C.", 128, 0, 42, begin + "ACK Error!\r\n\xF0\r\n" + begin + silentEnd},
+        {"silence behind an ACK", "CA.", 256, 0, 5, begin + done},
+        {"stopped behind an ACK", "CA!", 512, 0, 2, begin + done},
+        {"the end refused", "CAN", 128, 0, 2, begin + silentEnd},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        Configure(50);
+        EXPECT_EQ(Run(row.receiver, row.size), row.result);
+        EXPECT_EQ(sent.size(), row.blocks);
+        EXPECT_EQ(printed, row.printed);
+    }
+}
+
+TEST_F(XModem, BytesBehindAnAnswerAreLeft)
+{
+    Configure(3000); // with many polls: the one byte ends the wait all the same
+    EXPECT_EQ(Run("CA", 128), 0u);
+    EXPECT_EQ(sent.size(), 2u);
+}
+
+TEST_F(XModem, WithoutAFileNothingIsSent)
+{
+    script = "C";
+    EXPECT_EQ(vxXModem_Upgrade(nullptr), 2u);
+    EXPECT_EQ(vxXModem_Upgrade(folder.Path("none").c_str()), 20737u);
+    EXPECT_EQ(vxXModem_Upgrade(folder.Path().c_str()), 20737u);
+    EXPECT_TRUE(sent.empty());
+    vxApiConfig nowhere{};
+    nowhere.kind = VX_CHANNEL_SERIAL;
+    std::strcpy(nowhere.serialName, "/dev/none");
+    vxInitAPI(&nowhere);
+    EXPECT_EQ(vxXModem_Upgrade(folder.Path("none").c_str()), 20736u);
+}
+
+// Every so many bytes one is lost or damaged. Bit 6 makes no byte of the protocol out of another.
+PtyRelay::Filter Faults(std::uint32_t seed, unsigned meanGap)
+{
+    return
+        [random = std::mt19937(seed), meanGap, gap = std::size_t{meanGap}](std::vector<std::uint8_t>& bytes) mutable {
+            std::size_t at = 0;
+            while (bytes.size() - at > gap) {
+                at += gap;
+                if (random() % 2 == 0)
+                    bytes.erase(bytes.begin() + static_cast<std::ptrdiff_t>(at));
+                else
+                    bytes[at++] ^= 0x40;
+                gap = meanGap / 2 + random() % meanGap;
+            }
+            gap -= bytes.size() - at;
+        };
+}
+
+// rx, which takes a second to notice that a byte is missing, and another one to empty its line before it refuses.
+void SendToRx(const char* mode)
+{
+    TempFolder folder;
+    std::mt19937 random(5);
+    std::string firmware(1048576, '\0');
+    std::generate(firmware.begin(), firmware.end(), [&] { return static_cast<char>(random()); });
+    const std::string source = folder.Write("firmware", firmware);
+    const PtyRelay line(Faults(1, 400000), Faults(4, 3000));
+    LineProgram receiver(line.FarEnd(), {"rx", mode, "--overwrite", folder.Path("received")});
+    vxApiConfig config{};
+    config.kind = VX_CHANNEL_SERIAL;
+    config.baudRate = 115200;
+    config.timeoutMs = 2000;
+    line.Path().copy(config.serialName, sizeof config.serialName - 1);
+    vxInitAPI(&config);
+    ::testing::internal::CaptureStdout();
+    EXPECT_EQ(vxXModem_Upgrade(source.c_str()), 0u);
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(),
+              "begining to Send file \nComplete ACK have coming,Send file successful!!!\r\n");
+    EXPECT_EQ(receiver.Wait(), 0);
+    EXPECT_TRUE(folder.Read("received") == firmware) << "rx has something else";
+    const vxApiConfig nothing{};
+    vxInitAPI(&nothing);
+}
+
+TEST(XModemLine, ARealReceiverWithCrc)
+{
+    SendToRx("--with-crc");
+}
+
+TEST(XModemLine, ARealReceiverWithSums)
+{
+    SendToRx("--binary"); // asks with NAK
+}
+
+} // namespace
+} // namespace vxsign::test
