@@ -7,8 +7,8 @@ namespace {
 
 constexpr unsigned kYellowSeconds = 3;
 constexpr unsigned kAllRedSeconds = 2;
-constexpr std::uint64_t kYellowMs = 1000 * kYellowSeconds;
-constexpr std::uint64_t kClearMs = kYellowMs + 1000 * kAllRedSeconds;
+constexpr std::uint64_t kYellowMs = std::uint64_t{1000} * kYellowSeconds;
+constexpr std::uint64_t kClearMs = kYellowMs + std::uint64_t{1000} * kAllRedSeconds;
 constexpr std::uint64_t kLampTestMs = 10000;
 constexpr std::uint64_t kFlashMs = 500;
 

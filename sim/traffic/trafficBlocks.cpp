@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <compare>
+#include <utility>
 
 namespace vxsim {
 namespace {
@@ -43,11 +43,12 @@ unsigned HourlyFlow(std::size_t group, const ClockTime& day, unsigned hour)
 // The same until now.
 std::uint16_t FlowUntil(std::size_t group, const ClockTime& day, unsigned hour, const ClockTime& now)
 {
-    const auto order = DateOf(day) <=> DateOf(now);
     const unsigned whole = HourlyFlow(group, day, hour);
-    if (order < 0 || (order == 0 && hour < now.hour))
+    const std::pair asked(DateOf(day), hour);
+    const std::pair current(DateOf(now), now.hour);
+    if (asked < current)
         return static_cast<std::uint16_t>(whole);
-    if (order > 0 || hour > now.hour)
+    if (current < asked)
         return 0;
     return static_cast<std::uint16_t>(whole * (now.minute * 60 + now.second) / 3600);
 }
