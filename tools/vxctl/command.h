@@ -48,6 +48,7 @@ void AddSignCommands(CLI::App& app, Context& context);      // bright, power, re
 void AddAccessCommands(CLI::App& app, Context& context);    // login, logout, passwd
 void AddPlayCommands(CLI::App& app, Context& context);      // play, playing, screenshot, volume
 void AddPlayListCommands(CLI::App& app, Context& context);  // playlist
+void AddTrafficCommands(CLI::App& app, Context& context);   // traffic
 void AddTestCommands(CLI::App& app, Context& context);      // test, ticker
 void AddVideoCommands(CLI::App& app, Context& context);     // video
 void AddExtraCommands(CLI::App& app, Context& context);     // extra

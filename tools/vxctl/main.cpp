@@ -55,6 +55,7 @@ int Run(int argc, char** argv)
     AddTestCommands(app, context);
     AddVideoCommands(app, context);
     AddExtraCommands(app, context);
+    AddTrafficCommands(app, context);
     AddInfoCommands(app, context);
     AddConditionCommands(app, context);
     AddPixelCommands(app, context);
