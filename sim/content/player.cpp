@@ -1,15 +1,15 @@
 #include "sim/content/player.h"
 
+#include "sim/content/contentFile.h"
+
 #include <algorithm>
-#include <fstream>
 #include <utility>
 
 namespace vxsim {
 
 namespace {
 
-// Larger files are passed over unread.
-constexpr std::uintmax_t kMostContentBytes = std::uintmax_t{64} * 1024 * 1024;
+// A larger list is passed over unread.
 constexpr std::uintmax_t kMostSequenceBytes = std::uintmax_t{32} * 1024 * 1024;
 
 // Files tried at one look at the clock, so that a long list of broken files doesn't hold up the sign.
@@ -29,22 +29,6 @@ constexpr std::uint8_t kUseLongStay = 255;
 bool IsUnset(std::uint8_t mode)
 {
     return mode == 0 || mode == 255;
-}
-
-// The whole file; empty if it is missing, not a file, too large or unreadable.
-std::vector<std::uint8_t> ReadFile(const std::filesystem::path& path, std::uintmax_t mostBytes)
-{
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error))
-        return {};
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    if (error || size > mostBytes)
-        return {};
-    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size));
-    std::ifstream file(path, std::ios::binary);
-    file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    return bytes;
 }
 
 } // namespace
@@ -73,7 +57,7 @@ void Player::SetDefaults(std::span<const std::uint8_t, 52> displayStyle)
 
 void Player::Restart(std::uint64_t nowMs)
 {
-    Play(ParseSequence(ReadFile(sequenceFile, kMostSequenceBytes)).value_or(Sequence{}), nowMs);
+    Play(ParseSequence(ReadWholeFile(sequenceFile, kMostSequenceBytes)).value_or(Sequence{}), nowMs);
 }
 
 void Player::Play(Sequence sequence, std::uint64_t nowMs)
@@ -273,7 +257,7 @@ std::optional<Show> Player::Load(const FileEntry& file)
     const std::optional<std::filesystem::path> path = file.path.empty() ? std::nullopt : resolve(file.path);
     if (!path)
         return std::nullopt;
-    const std::vector<std::uint8_t> bytes = ReadFile(*path, kMostContentBytes);
+    const std::vector<std::uint8_t> bytes = ReadWholeFile(*path, kMostContentBytes);
     Timing timing = defaults;
     if (!IsUnset(file.pictureEntryMode))
         timing.entryMode = file.pictureEntryMode;

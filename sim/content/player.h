@@ -86,6 +86,9 @@ public:
     // How many turns have begun.
     std::uint64_t Turns() const { return turns; }
 
+    // How often the list that plays has begun, its first round included; 0 while there is none.
+    std::uint64_t Rounds() const { return order.Size() != 0 ? (next - 1) / order.Size() : 0; }
+
     // Sign path of the file whose turn comes then, empty if no file of the list is both there and due.
     std::string NextFile(std::uint64_t nowMs);
 

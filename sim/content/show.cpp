@@ -31,13 +31,18 @@ std::optional<Show> Show::Load(std::span<const std::uint8_t> bytes, Timing timin
         if (message->staySeconds)
             timing.stayMs = std::uint64_t{*message->staySeconds} * 1000;
         if (!message->picture)
-            return Show(SetText(message->runs, width, height, font), timing);
+            return OfText(message->runs, timing, width, height, font);
         picture = *message->picture;
     }
     std::optional<Canvas> canvas = DecodePicture(picture, width, height);
     if (!canvas)
         return std::nullopt;
     return Show(std::move(*canvas), timing);
+}
+
+Show Show::OfText(std::span<const TextRun> runs, Timing timing, int width, int height, Font& font)
+{
+    return Show(SetText(runs, width, height, font), timing);
 }
 
 Show::Show(std::variant<std::vector<Page>, Canvas> shown, Timing timing)

@@ -32,6 +32,9 @@ public:
     static std::optional<Show> Load(std::span<const std::uint8_t> bytes, Timing timing, int width, int height,
                                     Font& font);
 
+    // A show of texts alone.
+    static Show OfText(std::span<const TextRun> runs, Timing timing, int width, int height, Font& font);
+
     // How long all of it takes: each page comes, stays and leaves.
     std::uint64_t DurationMs() const;
 

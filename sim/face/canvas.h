@@ -44,6 +44,15 @@ public:
             pixels[Index(x, y)] = colour;
     }
 
+    // Copies all of the other canvas to that place.
+    void Put(const Canvas& part, int left, int top)
+    {
+        for (int y = 0; y < part.height; ++y) {
+            for (int x = 0; x < part.width; ++x)
+                Set(left + x, top + y, part.At(x, y));
+        }
+    }
+
     void Clear() { std::fill(pixels.begin(), pixels.end(), Rgb{}); }
 
     bool operator==(const Canvas&) const = default;

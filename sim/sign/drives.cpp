@@ -1,5 +1,7 @@
 #include "sim/sign/drives.h"
 
+#include "sim/sign/signText.h"
+
 #include <algorithm>
 #include <stdexcept>
 #include <system_error>
@@ -9,16 +11,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kMaxSignPath = 255;
-
-char Upper(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-bool SameName(std::string_view a, std::string_view b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Upper(x) == Upper(y); });
-}
 
 bool IsSeparator(char c)
 {

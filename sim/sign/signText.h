@@ -17,6 +17,17 @@ inline std::string_view TextAt(std::span<const std::uint8_t> payload, std::size_
     return {reinterpret_cast<const char*>(text.data()), static_cast<std::size_t>(end - text.begin())};
 }
 
+constexpr char Upper(char c)
+{
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+// Whether two names on a drive are the same: those of FAT drives compare without regard to the case of A to Z.
+inline bool SameName(std::string_view a, std::string_view b)
+{
+    return std::ranges::equal(a, b, {}, Upper, Upper);
+}
+
 // "127.0.0.1"; the first octet is in the top byte.
 inline std::string AddressText(std::uint32_t address)
 {
