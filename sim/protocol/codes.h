@@ -16,6 +16,12 @@ enum class Code : std::uint16_t
     kNoSpace = 8450,
     kNoSpaceOnC = 8451, // D, E, F and G follow
     kUrgentTooLong = 10497,
+    kBadPage = 14049,
+    kPageNotConfigured = 14050,
+    kTooManyPages = 14051,
+    kBadZone = 14052,
+    kZoneNotConfigured = 14053,
+    kWrongPageCount = 14054,
     kTimeNotSet = 20993,
     kNothingPlays = 26369,
     kNeedsExtendedRead = 26371,

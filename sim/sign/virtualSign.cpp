@@ -29,7 +29,9 @@ enum : std::uint8_t
     kFh = 17,
     kVpu = 52,
     kMpu = 53,
-    kExtraBoards = 96
+    kZones = 54,
+    kExtraBoards = 96,
+    kPlayerCore = 122
 };
 enum : std::uint8_t
 {
@@ -94,6 +96,7 @@ VirtualSign::VirtualSign(const SignSettings& wanted)
       brightness(kept / "brightness.bin", std::vector<std::uint8_t>(kBrightnessSize, 8)),
       identity(kept / "identity.bin", InitialIdentity()), tests(settings.width, settings.height),
       time(settings.localSecondsAtZero, settings.controller), play(drives, kept / "radar.log"), ticker(settings.width),
+      zones(drives, kept, settings.width, settings.height), programs(drives, kept, settings.width, settings.height),
       login(settings.users, settings.loginHoldMs, settings.address, settings.port),
       files(drives, [this] { PrepareSystemFiles(); }), database(kept / "logs.sqlite"), log(database),
       monitor(settings.folder, drives, database, settings.width, settings.height),
@@ -187,6 +190,10 @@ Reply VirtualSign::Execute(const Frame& request, const Arrival& arrival)
         return video.ExecuteMpu(request, arrival.nowMs);
     case kExtraBoards:
         return extraBoards.Execute(request, monitor.State(MomentAt(arrival.nowMs)));
+    case kZones:
+        return zones.Execute(request, arrival.nowMs);
+    case kPlayerCore:
+        return programs.Execute(request, arrival.nowMs);
     case kTube: {
         auto& data = tubeData[request.minor];
         data.assign(request.payload.begin(), request.payload.end());
@@ -251,6 +258,7 @@ void VirtualSign::Restart(std::uint64_t nowMs)
     darkUntilMs = nowMs + kRestartMs;
     tests.Stop();
     ticker.Stop();
+    programs.StopAll();
     pixelCheck.Stop();
     tiles.Stop();
     play.ReturnToMainList();

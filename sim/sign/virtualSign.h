@@ -25,6 +25,8 @@
 #include "sim/sign/timeCommands.h"
 #include "sim/tiles/tileCommands.h"
 #include "sim/traffic/trafficCommands.h"
+#include "sim/zones/playerCore.h"
+#include "sim/zones/zoneCommands.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -116,6 +118,8 @@ public:
     const PlayCommands& Play() const { return play; }
     const TickerCommands& Ticker() const { return ticker; }
     const VideoProcessors& Video() const { return video; }
+    const ZoneCommands& Zones() const { return zones; }
+    const PlayerCore& Programs() const { return programs; }
     const Monitor& Faults() const { return monitor; }
     const std::optional<TrafficCommands>& Traffic() const { return traffic; } // of a controller
 
@@ -127,6 +131,7 @@ public:
 
     // What plays on the face. Stays attached as long as the sign lives.
     void Attach(Playback& playback) { play.Attach(playback); }
+    void Attach(ProgramDisplay& display) { programs.Attach(display); } // of the player core
     std::span<const std::uint8_t, kDisplayStyleSize> DisplayStyle() const;
     std::filesystem::path SequenceFile() const;
 
@@ -183,6 +188,8 @@ private:
     TimeCommands time;
     PlayCommands play;
     TickerCommands ticker;
+    ZoneCommands zones;
+    PlayerCore programs;
     LoginCommands login;
     std::optional<TrafficCommands> traffic;
     FileCommands files;

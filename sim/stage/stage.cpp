@@ -41,6 +41,8 @@ Stage::Stage(VirtualSign& shownSign)
       player(
           sign.Settings().width, sign.Settings().height, [this](std::string_view path) { return sign.Resolve(path); },
           sign.SequenceFile(), [this](std::uint64_t nowMs) { return MomentOf(sign.Time().Clock(), nowMs); }),
+      zones(sign.Zones(), font, [this](std::string_view path) { return sign.Resolve(path); }),
+      programs([this](std::string_view path) { return sign.Resolve(path); }),
       face(sign.Settings().width, sign.Settings().height)
 {
     player.SetDefaults(sign.DisplayStyle());
@@ -62,7 +64,8 @@ Stage::Stage(VirtualSign& shownSign)
         restartAtMs = untilMs;
     };
     sign.Observe(std::move(events));
-    sign.Attach(*this);
+    sign.Attach(static_cast<Playback&>(*this));
+    sign.Attach(programs);
     sign.MeasureTickerWith([this](std::string_view text, const TickerStyle& style) {
         return TickerWidth(text, style, face.Height(), font);
     });
@@ -71,27 +74,40 @@ Stage::Stage(VirtualSign& shownSign)
 const Canvas& Stage::Draw(std::uint64_t nowMs)
 {
     KeepUp(nowMs);
-    const TestCommands& tests = sign.Tests();
+    const bool isDark = sign.IsDark(nowMs); // the sign plays on in the dark
     const TileWall& tiles = sign.Tiles(nowMs);
-    if (sign.IsDark(nowMs)) // the sign plays on in the dark
+    if (isDark)
         face.Clear();
-    else if (!std::holds_alternative<std::monostate>(tests.Running()))
-        DrawTest(tests.Running(), nowMs - std::min(nowMs, tests.StartedMs()), font, face);
-    else if (sign.Ticker().IsRunning(nowMs))
-        DrawTicker(sign.Ticker(), nowMs, font, face);
-    else if (sign.Traffic())
-        DrawSignalHeads(sign.Traffic()->SignalsAt(nowMs), font, face);
-    else {
-        player.Draw(nowMs, face);
-        DrawVideo(sign.Video(), nowMs, font, face);
-    }
+    else if (!programs.DrawFace(ProgramPlace::kEmergency, nowMs, face))
+        DrawContent(nowMs);
     Tint(sign.Video().Levels(), face);
-    if (!sign.IsDark(nowMs))
+    if (!isDark)
         DrawTiles(tiles, nowMs, font, face);
     CalibrateFace(tiles, face);
     Dim(sign.Light(nowMs));
     DrawFaults(sign.Faults(), sign.Control().IsOn(), face);
     return face;
+}
+
+// A test, a ticker or the signals of a controller; else a program, zones or the list, and over them the inputs of the
+// video processors and the windows of programs.
+void Stage::DrawContent(std::uint64_t nowMs)
+{
+    const TestCommands& tests = sign.Tests();
+    if (!std::holds_alternative<std::monostate>(tests.Running()))
+        return DrawTest(tests.Running(), nowMs - std::min(nowMs, tests.StartedMs()), font, face);
+    if (sign.Ticker().IsRunning(nowMs))
+        return DrawTicker(sign.Ticker(), nowMs, font, face);
+    if (sign.Traffic())
+        return DrawSignalHeads(sign.Traffic()->SignalsAt(nowMs), font, face);
+    const WindowMode windows = sign.Programs().Windows();
+    if (windows == WindowMode::kAlone && programs.HasWindows())
+        face.Clear();
+    else if (!programs.DrawFace(ProgramPlace::kFace, nowMs, face) && !zones.Draw(nowMs, face))
+        player.Draw(nowMs, face);
+    DrawVideo(sign.Video(), nowMs, font, face);
+    if (windows != WindowMode::kHidden)
+        programs.DrawWindows(nowMs, face);
 }
 
 void Stage::KeepUp(std::uint64_t nowMs)
@@ -103,6 +119,7 @@ void Stage::KeepUp(std::uint64_t nowMs)
         restartAtMs.reset();
     }
     player.KeepUp(nowMs);
+    programs.KeepUp(nowMs);
     NoteTurn(nowMs);
 }
 

@@ -5,6 +5,8 @@
 #include "sim/face/font.h"
 #include "sim/sign/playback.h"
 #include "sim/sign/virtualSign.h"
+#include "sim/stage/programScreen.h"
+#include "sim/stage/zoneScreen.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -40,11 +42,14 @@ public:
 
 private:
     void Dim(std::uint8_t eighths);
+    void DrawContent(std::uint64_t nowMs);
     void NoteTurn(std::uint64_t nowMs);
 
     VirtualSign& sign;
     Player player;
     Font font;
+    ZoneScreen zones;
+    ProgramScreen programs;
     Canvas face;
     std::optional<std::uint64_t> restartAtMs = 0; // when the list plays anew; 0 is at once
     std::filesystem::path numberedList;           // what plays instead of the main list; empty if that does
