@@ -50,6 +50,8 @@ void AddPlayCommands(CLI::App& app, Context& context);      // play, playing, sc
 void AddPlayListCommands(CLI::App& app, Context& context);  // playlist
 void AddTrafficCommands(CLI::App& app, Context& context);   // traffic
 void AddTestCommands(CLI::App& app, Context& context);      // test, ticker
+void AddZoneCommands(CLI::App& app, Context& context);      // zone
+void AddPlayerCommands(CLI::App& app, Context& context);    // player
 void AddVideoCommands(CLI::App& app, Context& context);     // video
 void AddExtraCommands(CLI::App& app, Context& context);     // extra
 void AddInfoCommands(CLI::App& app, Context& context);      // info

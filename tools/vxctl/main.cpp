@@ -53,6 +53,8 @@ int Run(int argc, char** argv)
     AddSignCommands(app, context);
     AddAccessCommands(app, context);
     AddTestCommands(app, context);
+    AddZoneCommands(app, context);
+    AddPlayerCommands(app, context);
     AddVideoCommands(app, context);
     AddExtraCommands(app, context);
     AddTrafficCommands(app, context);
