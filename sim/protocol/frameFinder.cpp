@@ -13,6 +13,9 @@ void FrameFinder::Append(std::span<const std::uint8_t> more)
 
 void FrameFinder::Skip(std::size_t count)
 {
+    const auto begin = bytes.begin() + static_cast<std::ptrdiff_t>(start);
+    if (keepsSkipped)
+        kept.insert(kept.end(), begin, begin + static_cast<std::ptrdiff_t>(count));
     start += count;
     skipped += count;
 }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace vxsim {
@@ -27,6 +28,11 @@ public:
     // True while the beginning of a possible request waits for its rest.
     bool IsWaiting() const { return start != bytes.size(); }
 
+    // From now on what is passed over is kept for TakeSkipped.
+    void KeepSkipped() { keepsSkipped = true; }
+    // What was passed over since the last call.
+    std::vector<std::uint8_t> TakeSkipped() { return std::exchange(kept, {}); }
+
     // Bytes passed over so far, as they belonged to no request.
     std::uint64_t Skipped() const { return skipped; }
 
@@ -37,6 +43,8 @@ private:
     std::vector<std::uint8_t> bytes;
     std::size_t start = 0; // of what is not yet consumed
     std::uint64_t skipped = 0;
+    bool keepsSkipped = false;
+    std::vector<std::uint8_t> kept;
 };
 
 } // namespace vxsim

@@ -92,6 +92,24 @@ std::vector<std::uint8_t> FaultInjector::Apply(std::vector<std::uint8_t> reply)
         reply[kChecksumAt] ^= static_cast<std::uint8_t>(1 + Below(255));
     if (Happens(settings.truncate))
         reply.resize(1 + Below(reply.size() - 1));
+    AddNoise(reply);
+    return reply;
+}
+
+std::vector<std::uint8_t> FaultInjector::ApplyToBytes(std::vector<std::uint8_t> reply)
+{
+    if (reply.empty() || Happens(settings.drop))
+        return {};
+    if (Happens(settings.badSum))
+        reply.back() ^= static_cast<std::uint8_t>(1 + Below(255));
+    if (reply.size() > 1 && Happens(settings.truncate))
+        reply.resize(1 + Below(reply.size() - 1));
+    AddNoise(reply);
+    return reply;
+}
+
+void FaultInjector::AddNoise(std::vector<std::uint8_t>& reply)
+{
     std::vector<std::uint8_t> noise(settings.noise);
     for (std::uint8_t& byte : noise) {
         // 255 values: the sync byte has no place.
@@ -99,7 +117,6 @@ std::vector<std::uint8_t> FaultInjector::Apply(std::vector<std::uint8_t> reply)
         byte = value < kSync ? value : static_cast<std::uint8_t>(value + 1);
     }
     reply.insert(reply.begin(), noise.begin(), noise.end());
-    return reply;
 }
 
 } // namespace vxsim

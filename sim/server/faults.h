@@ -34,7 +34,11 @@ public:
     // What goes out for this reply; empty if nothing does.
     std::vector<std::uint8_t> Apply(std::vector<std::uint8_t> reply);
 
+    // The same for a reply that is no packet: its last byte is changed in place of the checksum, and there is no id.
+    std::vector<std::uint8_t> ApplyToBytes(std::vector<std::uint8_t> reply);
+
 private:
+    void AddNoise(std::vector<std::uint8_t>& reply);
     bool Happens(double probability);
     std::size_t Below(std::size_t limit); // 0 to limit - 1
 

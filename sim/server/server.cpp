@@ -28,6 +28,8 @@ enum : std::size_t
     kStop,
     kUdp,
     kTcp,
+    kDevicesUdp,
+    kDevicesTcp,
     kFirstLine
 };
 
@@ -44,12 +46,18 @@ std::uint64_t NowMs()
         std::chrono::duration_cast<milliseconds>(Clock::now().time_since_epoch()).count());
 }
 
-Server::Server(Endpoints& where, VirtualSign& served, const ServerSettings& how)
-    : endpoints(where), sign(served), settings(how), injector(how.faults)
+Server::Server(Endpoints& where, VirtualSign& served, const ServerSettings& how, const Beside& others)
+    : endpoints(where), sign(served), settings(how), beside(others), injector(how.faults)
 {
     if (endpoints.serial) {
         serialLine = endpoints.serial.Get();
         lines.emplace_back(++lastNumber, std::move(endpoints.serial), std::nullopt);
+        if (beside.bootLoader != nullptr)
+            lines.back().UseBytes();
+        else if (beside.devices != nullptr)
+            lines.back().Finder().KeepSkipped();
+    } else {
+        beside.bootLoader = nullptr;
     }
 }
 
@@ -73,14 +81,19 @@ void Server::Run(int stop)
             return;
         if (watched[kUdp].revents != 0)
             ServeDatagrams();
+        if (watched[kDevicesUdp].revents != 0)
+            ServeDeviceDatagrams();
         ServeLines();
         if (watched[kTcp].revents != 0)
-            Accept();
+            Accept(endpoints.tcp, false);
+        if (watched[kDevicesTcp].revents != 0)
+            Accept(beside.devicesPort->tcp, true);
         if (lines.empty() && waiting.empty() && !tick)
             continue;
         const auto now = Clock::now();
         SendDue(now);
         SettleSilentLines(now);
+        KeepUpBootLoader(now);
         if (tick && now >= nextTick) {
             tick();
             nextTick = now + tickEvery;
@@ -100,7 +113,11 @@ void Server::Prepare(int stop)
     watched.clear();
     watched.push_back({stop, POLLIN, 0});
     watched.push_back({endpoints.udp.Get(), input, 0});
-    watched.push_back({acceptPaused || lines.size() >= kMostLines ? -1 : endpoints.tcp.Get(), POLLIN, 0});
+    const bool accepts = !acceptPaused && lines.size() < kMostLines;
+    watched.push_back({accepts ? endpoints.tcp.Get() : -1, POLLIN, 0});
+    const Endpoints* const devices = beside.devicesPort;
+    watched.push_back({devices != nullptr ? devices->udp.Get() : -1, input, 0});
+    watched.push_back({devices != nullptr && accepts ? devices->tcp.Get() : -1, POLLIN, 0});
     for (const StreamLine& line : lines) {
         const short serialInput = IsSerial(line) ? input : short{0}; // the next host is heard, fetched or not
         watched.push_back({line.Get(), line.HasUnsent() ? static_cast<short>(POLLOUT | serialInput) : input, 0});
@@ -114,6 +131,8 @@ int Server::TimeToWait(Clock::time_point now) const
         until = waiting.front().due;
     if (tick)
         until = std::min(until, nextTick);
+    if (beside.bootLoader != nullptr)
+        until = std::min(until, Clock::time_point(milliseconds(beside.bootLoader->DueMs())));
     for (const StreamLine& line : lines) {
         if (line.IsWaiting())
             until = std::min(until, line.LastInput() + kPartTimeout);
@@ -124,12 +143,12 @@ int Server::TimeToWait(Clock::time_point now) const
     return static_cast<int>(std::clamp<decltype(left)>(left, 0, INT_MAX));
 }
 
-void Server::Accept()
+void Server::Accept(const Descriptor& listener, bool forDevices)
 {
     sockaddr_in peer = {};
     socklen_t size = sizeof peer;
     Descriptor connection(
-        ::accept4(endpoints.tcp.Get(), reinterpret_cast<sockaddr*>(&peer), &size, SOCK_NONBLOCK | SOCK_CLOEXEC));
+        ::accept4(listener.Get(), reinterpret_cast<sockaddr*>(&peer), &size, SOCK_NONBLOCK | SOCK_CLOEXEC));
     if (!connection) {
         // Out of descriptors: no new connection before an old one goes.
         acceptPaused = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
@@ -138,6 +157,22 @@ void Server::Accept()
     const int on = 1;
     ::setsockopt(connection.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
     lines.emplace_back(++lastNumber, std::move(connection), HostOf(peer));
+    if (forDevices)
+        lines.back().UseBytes();
+}
+
+void Server::ServeDeviceDatagrams()
+{
+    const int socket = beside.devicesPort->udp.Get();
+    const std::size_t count = datagrams.Receive(socket);
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto request = datagrams.Bytes(i);
+        std::vector<std::uint8_t> bytes(request.begin(), request.end());
+        for (std::vector<std::uint8_t>& answer : beside.devices->Answer(bytes))
+            if (auto reply = injector.ApplyToBytes(std::move(answer)); !reply.empty())
+                outgoing.push_back({std::move(reply), datagrams.Peer(i)});
+    }
+    SendDatagrams(socket, outgoing);
 }
 
 void Server::ServeDatagrams()
@@ -196,7 +231,40 @@ bool Server::AnswerFrames(StreamLine& line)
         if (!Reply(line, sign.Answer(*frame, {NowMs(), line.Host()})))
             return false;
     }
+    return AnswerBytes(line);
+}
+
+// What is no packet of the sign.
+bool Server::AnswerBytes(StreamLine& line)
+{
+    std::vector<std::uint8_t>& bytes = line.Bytes();
+    if (IsSerial(line) && beside.bootLoader != nullptr) {
+        auto reply = beside.bootLoader->Take(std::exchange(bytes, {}), NowMs());
+        return SendOrWait(line, injector.ApplyToBytes(std::move(reply)));
+    }
+    if (beside.devices == nullptr)
+        return true;
+    const auto skipped = line.Finder().TakeSkipped();
+    bytes.insert(bytes.end(), skipped.begin(), skipped.end());
+    for (std::vector<std::uint8_t>& answer : beside.devices->Answer(bytes))
+        if (!SendOrWait(line, injector.ApplyToBytes(std::move(answer))))
+            return false;
     return true;
+}
+
+void Server::KeepUpBootLoader(Clock::time_point now)
+{
+    if (beside.bootLoader == nullptr || now < Clock::time_point(milliseconds(beside.bootLoader->DueMs())))
+        return;
+    const auto line = std::ranges::find(lines, serialLine, &StreamLine::Get);
+    if (line == lines.end())
+        return;
+    const bool asking = beside.bootLoader->IsAsking();
+    auto bytes = beside.bootLoader->KeepUp(NowMs());
+    // A host that comes later finds one question, the latest.
+    if (asking && !bytes.empty())
+        ::tcflush(endpoints.serialDevice.Get(), TCIFLUSH);
+    SendOrWait(*line, injector.ApplyToBytes(std::move(bytes))); // a broken line is noticed at its next event
 }
 
 void Server::SettleSilentLines(Clock::time_point now)
@@ -212,7 +280,11 @@ void Server::SettleSilentLines(Clock::time_point now)
 
 bool Server::Reply(StreamLine& line, std::vector<std::uint8_t> reply)
 {
-    reply = injector.Apply(std::move(reply));
+    return SendOrWait(line, injector.Apply(std::move(reply)));
+}
+
+bool Server::SendOrWait(StreamLine& line, std::vector<std::uint8_t> reply)
+{
     if (reply.empty() || (IsSerial(line) && line.Unsent() > kMostUnsent))
         return true;
     if (settings.delay.count() == 0)

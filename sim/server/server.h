@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sim/devices/bootLoader.h"
+#include "sim/devices/modbusDevices.h"
 #include "sim/server/datagrams.h"
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
@@ -26,12 +28,20 @@ struct ServerSettings
     FaultSettings faults;
 };
 
+// What has its place on the sign's lines too. Each may be missing.
+struct Beside
+{
+    BootLoader* bootLoader = nullptr; // has the serial line for itself
+    ModbusDevices* devices = nullptr; // on the serial line, told apart by address, function and checksum,
+    Endpoints* devicesPort = nullptr; // and on a port of their own
+};
+
 // Carries requests from the endpoints to the sign and the replies back, in one loop on one thread. A stream may bring
 // requests in pieces and several at once; a datagram is exactly one request.
 class Server
 {
 public:
-    Server(Endpoints& endpoints, VirtualSign& sign, const ServerSettings& settings);
+    Server(Endpoints& endpoints, VirtualSign& sign, const ServerSettings& settings, const Beside& beside = {});
 
     // Calls `tick` from the loop, first at once and then whenever the time is over, for a face that is redrawn.
     void OnTick(std::chrono::milliseconds every, std::function<void()> tick);
@@ -50,13 +60,17 @@ private:
 
     void Prepare(int stop);
     int TimeToWait(Clock::time_point now) const;
-    void Accept();
+    void Accept(const Descriptor& listener, bool forDevices);
     void ServeDatagrams();
+    void ServeDeviceDatagrams();
     void ServeLines();
     bool ServeLine(StreamLine& line, short events);
     bool AnswerFrames(StreamLine& line);
+    bool AnswerBytes(StreamLine& line);
+    void KeepUpBootLoader(Clock::time_point now);
     void SettleSilentLines(Clock::time_point now);
     bool Reply(StreamLine& line, std::vector<std::uint8_t> reply);
+    bool SendOrWait(StreamLine& line, std::vector<std::uint8_t> reply);
     void SendDue(Clock::time_point now);
     bool IsSerial(const StreamLine& line) const { return line.Get() == serialLine; }
     bool IsFull() const;
@@ -64,12 +78,13 @@ private:
     Endpoints& endpoints;
     VirtualSign& sign;
     ServerSettings settings;
+    Beside beside;
     FaultInjector injector;
     std::list<StreamLine> lines;
     std::uint64_t lastNumber = 0;
     int serialLine = -1;
     std::deque<Waiting> waiting; // in the order of their time, as the delay is the same for all
-    std::vector<pollfd> watched; // stop, UDP, TCP, then the lines in their order
+    std::vector<pollfd> watched; // stop, UDP, TCP, both of the devices, then the lines in their order
     DatagramReader datagrams;
     std::vector<Datagram> outgoing;
     bool acceptPaused = false;

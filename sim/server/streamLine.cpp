@@ -27,7 +27,11 @@ bool StreamLine::Receive(Clock::time_point now)
     const ssize_t count = ::read(line.Get(), piece.data(), piece.size());
     if (count < 0)
         return IsPassing(errno);
-    finder.Append(std::span(piece).first(static_cast<std::size_t>(count)));
+    const auto got = std::span(piece).first(static_cast<std::size_t>(count));
+    if (usesBytes)
+        rawBytes.insert(rawBytes.end(), got.begin(), got.end());
+    else
+        finder.Append(got);
     lastInput = now;
     return count > 0;
 }

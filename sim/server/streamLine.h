@@ -28,6 +28,12 @@ public:
     bool IsWaiting() const { return finder.IsWaiting(); }
     Clock::time_point LastInput() const { return lastInput; }
 
+    // From now on what comes in is no packets of the sign: it goes to Bytes, not to the finder.
+    void UseBytes() { usesBytes = true; }
+    bool IsBytes() const { return usesBytes; }
+    // What devices beside the sign may still have to answer.
+    std::vector<std::uint8_t>& Bytes() { return rawBytes; }
+
     // Reads what is there into the finder. False if the other side has gone.
     bool Receive(Clock::time_point now);
 
@@ -43,6 +49,8 @@ private:
     Descriptor line;
     std::optional<std::uint32_t> peer;
     FrameFinder finder;
+    bool usesBytes = false;
+    std::vector<std::uint8_t> rawBytes;
     std::vector<std::uint8_t> unsent;
     Clock::time_point lastInput{};
 };

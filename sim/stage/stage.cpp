@@ -80,6 +80,8 @@ const Canvas& Stage::Draw(std::uint64_t nowMs)
         face.Clear();
     else if (!programs.DrawFace(ProgramPlace::kEmergency, nowMs, face))
         DrawContent(nowMs);
+    if (caption)
+        DrawCaption(caption(), font, face);
     Tint(sign.Video().Levels(), face);
     if (!isDark)
         DrawTiles(tiles, nowMs, font, face);

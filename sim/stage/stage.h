@@ -5,13 +5,16 @@
 #include "sim/face/font.h"
 #include "sim/sign/playback.h"
 #include "sim/sign/virtualSign.h"
+#include "sim/stage/caption.h"
 #include "sim/stage/programScreen.h"
 #include "sim/stage/zoneScreen.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vxsim {
@@ -29,6 +32,9 @@ public:
 
     // The face as it was drawn last; unlit at first.
     const Canvas& Face() const { return face; }
+
+    // What is written over the face from now on, asked for at each picture.
+    void CaptionWith(std::function<Caption()> source) { caption = std::move(source); }
 
     // Passes the turns that are over, for a sign that nobody looks at.
     void KeepUp(std::uint64_t nowMs);
@@ -51,6 +57,7 @@ private:
     ZoneScreen zones;
     ProgramScreen programs;
     Canvas face;
+    std::function<Caption()> caption;
     std::optional<std::uint64_t> restartAtMs = 0; // when the list plays anew; 0 is at once
     std::filesystem::path numberedList;           // what plays instead of the main list; empty if that does
     std::string turnFile;                         // what the log of plays has not yet

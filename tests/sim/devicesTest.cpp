@@ -1,0 +1,109 @@
+// What has its place on the lines beside the sign: the boot loader and the Modbus devices.
+#include "sim/devices/bootLoader.h"
+#include "sim/devices/modbusDevices.h"
+#include "sim/sign/storedRecord.h"
+
+#include "signFixture.h"
+
+namespace vxsim_tests {
+namespace {
+
+class Devices : public SignTest
+{
+protected:
+    std::filesystem::path File() const { return settings.folder / "kept"; }
+    Bytes Kept() const { return vxsim::ReadFileStart(File(), 65536); }
+};
+
+// A block of one byte over and over, with the check that belongs to 0x55 and to 0xAA.
+Bytes Block(std::uint8_t number, std::uint8_t data, const Bytes& check)
+{
+    return Bytes{1, number, static_cast<std::uint8_t>(~number)} + Bytes(128, data) + check;
+}
+const Bytes kCrc55{0x5B, 0x67};
+const Bytes kAck{6};
+const Bytes kNak{21};
+const Bytes kC{'C'};
+
+TEST_F(Devices, TheBootLoaderAsksForCrcsThenForSums)
+{
+    vxsim::BootLoader loader(File(), false);
+    std::uint64_t now = 0;
+    for (const Bytes& question : {kC, kNak, kC})
+        for (int i = 0; i < 10; ++i, now += 1000) {
+            EXPECT_EQ(loader.KeepUp(now), question);
+            EXPECT_EQ(loader.KeepUp(now + 999), Bytes());
+        }
+    vxsim::BootLoader plain(File(), true);
+    EXPECT_EQ(plain.KeepUp(0), kNak);
+    EXPECT_EQ(plain.Take(Block(1, 0x55, {0x80}), 1), kAck);
+}
+
+TEST_F(Devices, TheBootLoaderTakesBlocksInOrder)
+{
+    vxsim::BootLoader loader(File(), false);
+    loader.KeepUp(0);
+    const Bytes first = Block(1, 0x55, kCrc55);
+    EXPECT_EQ(loader.Take(Bytes{0xFF, 0x15} + Bytes(first.begin(), first.begin() + 60), 10), Bytes()) << "noise ahead";
+    EXPECT_EQ(loader.Take(Bytes(first.begin() + 60, first.end()), 20), kAck);
+    EXPECT_EQ(loader.Take(first, 30), kAck) << "its answer was lost";
+    EXPECT_EQ(loader.Take(Block(2, 0x56, kCrc55), 40), kNak) << "damaged";
+    Bytes wrongComplement = Block(2, 0x55, kCrc55);
+    wrongComplement[2] ^= 1;
+    EXPECT_EQ(loader.Take(wrongComplement, 50), kNak);
+    EXPECT_EQ(loader.Take({1, 2, 0xFD}, 60), Bytes());
+    EXPECT_EQ(loader.KeepUp(259), Bytes());
+    EXPECT_EQ(loader.KeepUp(loader.DueMs()), kNak) << "without its end";
+    EXPECT_EQ(loader.Take(Block(2, 0x55, kCrc55), 300), kAck);
+    EXPECT_EQ(loader.Caption(), "LOADING\n2 blocks");
+    EXPECT_FALSE(std::filesystem::exists(File()));
+    EXPECT_EQ(loader.Take({4}, 310), kAck);
+    EXPECT_EQ(Kept(), Bytes(256, 0x55));
+    EXPECT_EQ(loader.Caption(), "LOADED\n2 blocks");
+
+    EXPECT_EQ(loader.KeepUp(1310), kC) << "and asks anew";
+    EXPECT_EQ(loader.Take(Block(2, 0x55, kCrc55), 1320), Bytes{24}) << "a block is missing";
+    EXPECT_EQ(loader.Take(Block(1, 0x55, kCrc55), 1330), kAck);
+    EXPECT_EQ(loader.KeepUp(31329), Bytes());
+    EXPECT_EQ(loader.KeepUp(31330), kC) << "the host has gone";
+    EXPECT_EQ(Kept(), Bytes(256, 0x55)) << "what is not whole is not kept";
+}
+
+TEST_F(Devices, ModbusRegistersAreReadWrittenAndRefused)
+{
+    const struct
+    {
+        const char* name;
+        Bytes request;
+        Bytes answer; // empty is silence
+    } rows[] = {
+        {"LC 1 r5", {1, 3, 0xFF, 0x05, 0, 1, 0xA4, 0x1F}, {1, 3, 2, 0, 0, 0xB8, 0x44}},
+        {"LC 1 r5 = 0x1234", {1, 6, 0xFF, 0x05, 0x12, 0x34, 0xA4, 0xA8}, {1, 6, 0xFF, 0x05, 0x12, 0x34, 0xA4, 0xA8}},
+        {"LC 1 r5 again", {1, 3, 0xFF, 0x05, 0, 1, 0xA4, 0x1F}, {1, 3, 2, 0x12, 0x34, 0xB5, 0x33}},
+        {"LC 1 r8 cannot be written", {1, 6, 0xFF, 0x08, 0, 1, 0xF9, 0xDC}, {}},
+        {"LC 1 has no r64", {1, 3, 0xFF, 0x40, 0, 1, 0xB5, 0xCA}, {}},
+        {"LC 1 has no sections", {1, 3, 0, 5, 0, 1, 0x94, 0x0B}, {}},
+        {"LC 1, two registers", {1, 3, 0xFF, 0x05, 0, 2, 0xE4, 0x1E}, {}},
+        {"bad checksum", {1, 3, 0xFF, 0x05, 0, 1, 0xA4, 0x1E}, {}},
+        {"VSLS 5/1 r22", {5, 3, 0, 122, 0, 1, 0xA4, 0x57}, {5, 3, 2, 0, 5, 0x89, 0x87}},
+        {"the second VSLS", {15, 3, 0, 122, 0, 1, 0xA4, 0xFD}, {15, 3, 2, 0, 5, 0x11, 0x86}},
+        {"nobody there", {9, 3, 0xFF, 0x05, 0, 1, 0xA5, 0x57}, {}},
+    };
+    vxsim::ModbusDevices devices(File());
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        Bytes bytes = row.request;
+        const auto answers = devices.Answer(bytes);
+        EXPECT_EQ(answers.empty() ? Bytes() : answers.front(), row.answer);
+        EXPECT_LT(bytes.size(), 8U);
+    }
+    EXPECT_EQ(devices.LastChange(), "LC 1 r5=4660");
+    std::ofstream(File(), std::ios::app) << "nonsense\n1 65535 7\n300 1 1\n8 65280 9\n";
+    vxsim::ModbusDevices again(File());
+    Bytes stream = Bytes{1, 3, 1} + rows[2].request + Bytes{0xFF} + rows[0].request + Bytes{1, 3, 0xFF};
+    EXPECT_EQ(again.Answer(stream), (std::vector<Bytes>{rows[2].answer, rows[2].answer})) << "kept over a restart";
+    EXPECT_LT(stream.size(), 8U);
+}
+
+} // namespace
+} // namespace vxsim_tests
