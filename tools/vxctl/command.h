@@ -59,6 +59,8 @@ void AddConditionCommands(CLI::App& app, Context& context); // status, warnings
 void AddPixelCommands(CLI::App& app, Context& context);     // pixels
 void AddDoctorCommand(CLI::App& app, Context& context);     // doctor
 void AddLogCommands(CLI::App& app, Context& context);       // log
+void AddModbusCommand(CLI::App& app, Context& context);     // modbus
+void AddUpgradeCommand(CLI::App& app, Context& context);    // upgrade
 void AddLocalCommands(CLI::App& app, Context& context);     // ports, error
 void AddRawCommand(CLI::App& app, Context& context);        // raw
 void AddPingCommand(CLI::App& app, Context& context);       // ping

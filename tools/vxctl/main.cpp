@@ -63,6 +63,8 @@ int Run(int argc, char** argv)
     AddPixelCommands(app, context);
     AddDoctorCommand(app, context);
     AddLogCommands(app, context);
+    AddModbusCommand(app, context);
+    AddUpgradeCommand(app, context);
     AddLocalCommands(app, context);
     AddRawCommand(app, context);
     AddPingCommand(app, context);

@@ -1,0 +1,144 @@
+// upgrade: firmware for a boot loader, by XMODEM.
+#include "vxctl/command.h"
+#include "vxctl/libraryOutput.h"
+#include "vxctl/progressBar.h"
+
+#include <vxsign/local.h>
+#include <vxsign/xmodem.h>
+
+#include <algorithm>
+#include <chrono>
+#include <iostream>
+#include <memory>
+
+namespace vxctl {
+
+namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+
+constexpr std::uint32_t kBlockSize = 128;
+
+// What the library takes for another ACK: no answer at all to any try. It shows in the time between two blocks, and the
+// rest of the transfer is left out.
+class SilenceWatch
+{
+public:
+    explicit SilenceWatch(const Options& options)
+        : longest(options.retries * std::max<std::uint32_t>(100, options.timeoutMs / 100 * 100))
+    {
+        current = this;
+    }
+    ~SilenceWatch() { current = nullptr; }
+    SilenceWatch(const SilenceWatch&) = delete;
+    SilenceWatch& operator=(const SilenceWatch&) = delete;
+
+    static void OnProgress(vxApiConfig* config, std::uint32_t reserved, std::uint32_t percent)
+    {
+        ProgressBar::OnProgress(config, reserved, percent);
+        if (current != nullptr && current->IsSilent())
+            config->abortFlag = 1;
+        else if (current != nullptr)
+            ++current->answered;
+    }
+
+    // True if nothing has come since the last call for as long as a step can wait.
+    bool IsSilent()
+    {
+        const SteadyClock::time_point former = std::exchange(last, SteadyClock::now());
+        silent = silent || (answered > 0 && last - former >= longest);
+        return silent;
+    }
+    std::uint32_t Answered() const { return answered; } // blocks
+
+private:
+    static inline SilenceWatch* current = nullptr; // the callback brings nothing along that could name it
+
+    std::chrono::milliseconds longest;
+    SteadyClock::time_point last = SteadyClock::now();
+    std::uint32_t answered = 0;
+    bool silent = false;
+};
+
+struct Outcome
+{
+    std::uint32_t code = VX_OK;
+    std::string reason;
+};
+
+// The library's result alone does not tell: some transfers that failed give 0.
+Outcome Judge(std::uint32_t result, const std::string& steps, bool silent, bool aborted, std::uint32_t answered)
+{
+    const auto told = [&steps](const char* words) { return steps.find(words) != std::string::npos; };
+    const std::string behind = " behind block " + std::to_string(answered);
+    if (result != VX_OK && result != VX_UPGRADE_FAILED)
+        return {result, ""};
+    if (silent)
+        return {VX_COMMUNICATION, "the receiver does not answer any more" + behind};
+    if (aborted)
+        return {VX_ABORTED, "stopped" + behind};
+    if (told("is not ready"))
+        return {VX_COMMUNICATION, "the receiver does not ask for blocks"};
+    if (result != VX_OK)
+        return {VX_FAILED_OPERATION, "the receiver refuses a block"};
+    if (told("Fatal Error!"))
+        return {VX_FAILED_OPERATION, "the receiver broke off"};
+    if (told("sedn EOT"))
+        return {VX_COMMUNICATION, "the receiver has all blocks, but did not confirm the end"};
+    return {};
+}
+
+void Upgrade(Context& context, const std::string& file)
+{
+    std::uint32_t result = VX_OK;
+    double seconds = 0;
+    std::string steps;
+    bool silent = false;
+    std::uint32_t answered = 0;
+    {
+        SilenceWatch watch(context.options);
+        const ProgressBar bar("upgrade", context.report.IsJson());
+        context.Connect(SilenceWatch::OnProgress);
+        LibraryOutput output;
+        result = vxXModem_Upgrade(file.c_str());
+        steps = output.Take();
+        silent = watch.IsSilent();
+        answered = watch.Answered();
+        seconds = bar.Seconds();
+    }
+    const auto* const config = static_cast<const vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION));
+    const Outcome outcome = Judge(result, steps, silent, config != nullptr && config->abortFlag != 0, answered);
+    const double bytes = vxOSGetFileSize(file.c_str());
+    const double rate = seconds > 0 ? bytes / seconds : 0;
+    context.report.Put("bytes", static_cast<std::uint32_t>(bytes));
+    context.report.Put("blocks", answered);
+    context.report.Put("seconds", seconds);
+    context.report.Put("steps", Printable(steps));
+    if (outcome.code == VX_OK)
+        return context.report.Line("upgrade: " + std::to_string(answered) + " blocks, " + FormatSize(bytes) + ", " +
+                                   FormatSize(rate) + "/s");
+    context.report.Put("reason", outcome.reason);
+    if (!context.report.IsJson() && !outcome.reason.empty())
+        std::cerr << "vxctl: " << outcome.reason << '\n';
+    throw SignFailure(outcome.code);
+}
+
+} // namespace
+
+void AddUpgradeCommand(CLI::App& app, Context& context)
+{
+    CLI::App* const command = AddCommand(
+        app,
+        {"Field devices", "upgrade", "Send firmware to a boot loader by XMODEM",
+         R"(The boot loader asks for the file, normally on a serial line. --timeout and --retries hold for each step; a
+receiver that does not ask is given ten steps.
+
+Examples:
+  vxctl -s serial:/dev/ttyUSB0@115200 upgrade firmware.bin
+  vxctl -s serial:/dev/ttyUSB0@115200 --timeout 500 upgrade firmware.bin)"});
+    const auto file = std::make_shared<std::string>();
+    command->add_option("FILE", *file, "the firmware on this PC")->type_name("FILE")->required()->check(ReadableFile());
+    command->callback([&context, file] { Upgrade(context, *file); });
+}
+
+} // namespace vxctl
