@@ -17,6 +17,7 @@ constexpr std::size_t kRealSize = 102;
 constexpr std::size_t kDateSize = 4;
 constexpr std::size_t kFlowHead = 8;
 constexpr unsigned kHours = 24;
+constexpr std::size_t kFlowSize = std::size_t{2} * kHours * kVehicleGroups;
 constexpr std::uint8_t kMonitorKind = 4;
 
 std::chrono::year_month_day DateOf(const ClockTime& time)
@@ -132,7 +133,7 @@ std::optional<Reply> FlowOf(std::span<const std::uint8_t> query, const ClockTime
     const auto day = DayOf(query, now);
     if (!day)
         return std::nullopt;
-    Reply reply{0, std::vector<std::uint8_t>(kFlowHead), std::vector<std::uint8_t>(2 * kHours * kVehicleGroups)};
+    Reply reply{0, std::vector<std::uint8_t>(kFlowHead), std::vector<std::uint8_t>(kFlowSize)};
     std::ranges::copy(BcdDate(*day), reply.payload.begin());
     reply.payload[4] = kVehicleGroups;
     reply.payload[5] = kHours;

@@ -83,8 +83,9 @@ void ShowTrafficStatus(Report& report, TrafficBytes block)
 {
     if (HasSignals(block) && block.size() >= kStatusSize) {
         ShowSignals(report, block);
-        const int cabinet = static_cast<std::int8_t>(block[14]);
-        const int outside = static_cast<std::int8_t>(block[15]);
+        const auto degrees = [](std::uint8_t value) { return value < 128 ? int{value} : value - 256; };
+        const int cabinet = degrees(block[14]);
+        const int outside = degrees(block[15]);
         report.Value("measured", "degrees", {cabinet, outside},
                      std::to_string(cabinet) + " C in the cabinet, " + std::to_string(outside) + " C outside");
         const std::uint32_t seconds = Number(block, 16, 4);
