@@ -1,10 +1,7 @@
 // Records that the library hands to a callback, one after the other.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <cstring>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -36,13 +33,6 @@ template <class Record>
 std::vector<Record> TakeCollected()
 {
     return std::exchange(CollectedOfThread<Record>(), {});
-}
-
-// The text in a field of such a record, which has no terminator when it is full.
-template <std::size_t size>
-std::string FieldText(const char (&field)[size])
-{
-    return {field, ::strnlen(field, size)};
 }
 
 } // namespace vxctl

@@ -3,6 +3,7 @@
 
 #include "vxctl/clockTime.h"
 #include "vxctl/collected.h"
+#include "vxctl/fieldText.h"
 #include "vxctl/localFiles.h"
 #include "vxctl/numbers.h"
 #include "vxctl/progressBar.h"
