@@ -7,6 +7,7 @@
 #include <asm/termbits.h> // termios2, which takes any baud rate; it excludes <termios.h>
 #include <cerrno>
 #include <charconv>
+#include <cstring>
 #include <fcntl.h>
 #include <map>
 #include <poll.h>
@@ -25,9 +26,10 @@ namespace {
 
 void MakeRaw(int descriptor, std::uint32_t baudRate)
 {
-    termios2 line{};
-    if (::ioctl(descriptor, TCGETS2, &line) != 0)
+    termios2 former{};
+    if (::ioctl(descriptor, TCGETS2, &former) != 0)
         Fail("serial settings");
+    termios2 line = former;
     line.c_iflag = 0;
     line.c_oflag = 0;
     line.c_lflag = 0;
@@ -37,7 +39,8 @@ void MakeRaw(int descriptor, std::uint32_t baudRate)
     line.c_ospeed = baudRate;
     line.c_cc[VMIN] = 0;
     line.c_cc[VTIME] = 0;
-    if (::ioctl(descriptor, TCSETS2, &line) != 0)
+    // Every call opens the line anew, mostly with the settings that it left: setting them again takes its time.
+    if (std::memcmp(&line, &former, sizeof line) != 0 && ::ioctl(descriptor, TCSETS2, &line) != 0)
         Fail("serial settings");
 }
 
