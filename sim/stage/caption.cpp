@@ -3,13 +3,16 @@
 #include "sim/face/text.h"
 #include "sim/face/utf8.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 namespace vxsim {
 namespace {
 
 constexpr Rgb kAmber{255, 160, 0};
+constexpr std::size_t kLongestLine = 256;
 
 } // namespace
 
@@ -31,11 +34,14 @@ void DrawCaption(const Caption& caption, Font& font, Canvas& face)
             face.Set(x, y, {});
     int x = 0;
     Page line;
-    for (std::string_view rest = caption.text; !rest.empty() && x < face.Width();) {
+    for (std::string_view rest = caption.text; !rest.empty() && line.size() < kLongestLine;) {
         const char32_t character = TakeCharacter(rest);
         line.push_back({character, x, top, 1, kAmber});
         x += font.GlyphOf(character).advance;
     }
+    const int beyond = std::max(x - face.Width(), 0); // the end of a long line is what has changed
+    for (PlacedGlyph& glyph : line)
+        glyph.x -= beyond;
     DrawPage(line, font, face);
 }
 

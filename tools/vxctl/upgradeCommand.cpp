@@ -10,6 +10,7 @@
 #include <chrono>
 #include <iostream>
 #include <memory>
+#include <utility>
 
 namespace vxctl {
 
@@ -42,11 +43,13 @@ public:
             ++current->answered;
     }
 
-    // True if nothing has come since the last call for as long as a step can wait.
+    // True if nothing has come since the last call for as long as a block can wait: one step, since silence passes for
+    // the former answer. Ahead of the first answer it takes twenty steps, twice those that the receiver has to ask.
     bool IsSilent()
     {
+        constexpr int kFirstSteps = 20;
         const SteadyClock::time_point former = std::exchange(last, SteadyClock::now());
-        silent = silent || (answered > 0 && last - former >= longest);
+        silent = silent || last - former >= (answered > 0 ? longest : longest * kFirstSteps);
         return silent;
     }
     std::uint32_t Answered() const { return answered; } // blocks
