@@ -51,13 +51,13 @@ TEST_F(Devices, TheBootLoaderTakesBlocksInOrder)
     Bytes wrongComplement = Block(2, 0x55, kCrc55);
     wrongComplement[2] ^= 1;
     EXPECT_EQ(loader.Take(wrongComplement, 50), kNak);
-    EXPECT_EQ(loader.Take({1, 2, 0xFD}, 60), Bytes());
+    EXPECT_EQ(loader.Take(Bytes{1, 2, 0xFD}, 60), Bytes());
     EXPECT_EQ(loader.KeepUp(259), Bytes());
     EXPECT_EQ(loader.KeepUp(loader.DueMs()), kNak) << "without its end";
     EXPECT_EQ(loader.Take(Block(2, 0x55, kCrc55), 300), kAck);
     EXPECT_EQ(loader.Caption(), "LOADING\n2 blocks");
     EXPECT_FALSE(std::filesystem::exists(File()));
-    EXPECT_EQ(loader.Take({4}, 310), kAck);
+    EXPECT_EQ(loader.Take(Bytes{4}, 310), kAck);
     EXPECT_EQ(Kept(), Bytes(256, 0x55));
     EXPECT_EQ(loader.Caption(), "LOADED\n2 blocks");
 
