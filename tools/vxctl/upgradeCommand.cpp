@@ -18,8 +18,6 @@ namespace {
 
 using SteadyClock = std::chrono::steady_clock;
 
-constexpr std::uint32_t kBlockSize = 128;
-
 // What the library takes for another ACK: no answer at all to any try. It shows in the time between two blocks, and the
 // rest of the transfer is left out.
 class SilenceWatch
