@@ -22,8 +22,8 @@ constexpr std::size_t kLongestPath = 255;
 // The name ahead of the extension, in whatever case that is; empty for another file.
 std::string_view ProgramName(std::string_view file)
 {
-    const std::size_t dot = file.rfind('.');
-    if (dot == std::string_view::npos || dot > kLongestProgram || !SameName(file.substr(dot), kExtension))
+    const std::size_t dot = std::min(file.rfind('.'), file.size());
+    if (dot > kLongestProgram || !SameName(file.substr(dot), kExtension))
         return {};
     return file.substr(0, dot);
 }

@@ -111,7 +111,7 @@ member yes programs 1 plays
 expect 0 player info SHOP OPEN --json
 member 7 version
 member 9999 files 0 stay
-expect 0 player delete SHOP CLOSED --json
+expect 0 player delete shop closed --json
 member 1 files # the red one is needed by the other program
 expect 0 player list
 says out "SHOP"

@@ -33,6 +33,13 @@ std::string SignOrReadable(const std::string& file)
     return IsOnSign(file) ? std::string() : ReadableFile()(file);
 }
 
+// Names on the sign compare without regard to case.
+bool IsSameName(const std::string& left, const std::string& right)
+{
+    const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
+    return std::ranges::equal(left, right, {}, upper, upper);
+}
+
 struct Program
 {
     std::string project;
@@ -120,7 +127,7 @@ void List(Context& context, const std::string& project)
                      {"plays"},
                      {"changed"}});
     for (const std::string& name : all.names) {
-        const ProgramProperty one = ReadProperty(project.empty() ? name : project + "\\" + name);
+        const ProgramProperty one = project.empty() ? ReadProperty(name) : ReadProperty(project, name);
         table.Add({name, std::to_string(one.count), std::to_string(one.bytes), YesNo(one.isComplete), YesNo(one.plays),
                    one.changed});
     }
@@ -141,7 +148,7 @@ void Info(Context& context, const Program& program)
     context.Connect();
     Report& report = context.report;
     const bool isProject = program.name.empty();
-    const ProgramProperty property = ReadProperty(isProject ? program.project : program.project + "\\" + program.name);
+    const ProgramProperty property = ReadProperty(program.project, program.name);
     report.Value(isProject ? "programs" : "files", "count", property.count);
     report.Value("bytes", "bytes", property.bytes);
     report.Value("complete", "complete", property.isComplete, YesNo(property.isComplete));
@@ -176,7 +183,7 @@ std::vector<std::string> FilesOfItsOwn(const std::string& project, const std::st
                                        const std::vector<std::string>& programs)
 {
     const auto filesOf = [&project](const std::string& program, std::set<std::string>& files) {
-        const ProgramProperty property = ReadProperty(project + "\\" + program);
+        const ProgramProperty property = ReadProperty(project, program);
         for (const std::string& line : property.names)
             files.insert(SplitFile(line).first);
         return property.names.size() == property.count;
@@ -203,7 +210,11 @@ void Delete(Context& context, const Program& wanted)
     context.Connect();
     std::vector<std::string> programs = ReadProperty(wanted.project).names;
     std::size_t files = 0;
-    const std::vector<std::string> goners = wanted.name.empty() ? programs : std::vector{wanted.name};
+    std::vector<std::string> goners = programs;
+    if (!wanted.name.empty())
+        std::erase_if(goners, [&wanted](const std::string& name) { return !IsSameName(name, wanted.name); });
+    if (goners.empty())
+        throw SignFailure(VX_FILE_NOT_EXISTS);
     for (const std::string& name : goners) {
         const auto own = FilesOfItsOwn(wanted.project, name, programs);
         Check(vxDelete(ProgramPath(wanted.project, name).c_str()));

@@ -62,8 +62,11 @@ void CheckName(const std::string& name, std::size_t longest)
 
 } // namespace
 
-ProgramProperty ReadProperty(const std::string& name)
+ProgramProperty ReadProperty(const std::string& project, const std::string& program)
 {
+    std::string name = project;
+    if (!program.empty())
+        name.append("\\").append(program);
     std::array<std::uint8_t, kAnswerSize> answer{};
     Check(vxCoreGetFileProperty(Bytes(name), answer.data(), static_cast<std::uint32_t>(answer.size())));
     const std::span<const std::uint8_t> record(answer);

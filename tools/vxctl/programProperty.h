@@ -21,8 +21,9 @@ struct ProgramProperty
     std::vector<std::string> names; // of projects or programs; of a program's files with "|SECONDS" behind them
 };
 
-// Asks the sign of this thread: "" for the player, "PROJECT" or "PROJECT\PROGRAM". Throws SignFailure.
-ProgramProperty ReadProperty(const std::string& name);
+// Asks the sign of this thread for the property of a program, or without one of its project, or without that of the
+// player. Throws SignFailure.
+ProgramProperty ReadProperty(const std::string& project, const std::string& program = {});
 
 // A file of a program: its path, and the seconds that a picture stays.
 std::pair<std::string, unsigned> SplitFile(const std::string& line);

@@ -31,7 +31,8 @@ std::vector<FaceArea> GridOnFace(const std::string& grid)
 {
     std::array<std::uint8_t, 16> face{};
     Check(vxReadSystemSet(face.data()));
-    return ParseGrid(grid, face[0] | face[1] << 8U, face[2] | face[3] << 8U);
+    const auto number = [&face](std::size_t at) { return face[at] | static_cast<unsigned>(face[at + 1]) << 8U; };
+    return ParseGrid(grid, number(0), number(2));
 }
 
 void DivideInSteps(const Division& division, const std::vector<FaceArea>& areas)
