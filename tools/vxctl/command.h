@@ -54,6 +54,7 @@ void AddZoneCommands(CLI::App& app, Context& context);      // zone
 void AddPlayerCommands(CLI::App& app, Context& context);    // player
 void AddVideoCommands(CLI::App& app, Context& context);     // video
 void AddExtraCommands(CLI::App& app, Context& context);     // extra
+void AddTileCommands(CLI::App& app, Context& context);      // tile
 void AddInfoCommands(CLI::App& app, Context& context);      // info
 void AddConditionCommands(CLI::App& app, Context& context); // status, warnings
 void AddPixelCommands(CLI::App& app, Context& context);     // pixels

@@ -1,7 +1,8 @@
-// The size of a drawn face.
+// Sizes in pixels.
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <string>
 
 namespace vxctl {
 
@@ -13,7 +14,8 @@ struct FaceSize
     int height = 0;
 };
 
-// --size WIDTHxHEIGHT, each side from 1 to kMostPictureSide.
-CLI::Option* AddFaceSize(CLI::App& app, FaceSize& size);
+// WIDTHxHEIGHT, each side from 1 to kMostPictureSide.
+CLI::Option* AddFaceSize(CLI::App& app, FaceSize& size, const std::string& name = "--size",
+                         const std::string& description = "pixels of the face");
 
 } // namespace vxctl

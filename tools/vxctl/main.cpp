@@ -57,6 +57,7 @@ int Run(int argc, char** argv)
     AddPlayerCommands(app, context);
     AddVideoCommands(app, context);
     AddExtraCommands(app, context);
+    AddTileCommands(app, context);
     AddTrafficCommands(app, context);
     AddInfoCommands(app, context);
     AddConditionCommands(app, context);
