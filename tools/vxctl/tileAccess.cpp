@@ -118,7 +118,7 @@ TileStatus ReadFirstStatus(const TileChoice& choice)
     std::memcpy(&record, status.record.data(), sizeof record);
     status.shape = {record.width,    record.height, status.record[kModuleAt], status.record[kModuleAt + 1], 0,
                     record.tileModel};
-    status.firmware = record.firmware;
+    status.firmware = std::uint32_t{record.firmware}; // a packed field cannot be referred to
     return status;
 }
 
