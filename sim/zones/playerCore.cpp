@@ -235,9 +235,12 @@ FaceArea PlayerCore::AreaOf(ProgramPlace place) const
 {
     const auto index = static_cast<std::size_t>(place);
     constexpr auto kFirst = static_cast<std::size_t>(ProgramPlace::kFirstWindow);
+    const FaceArea whole{0, 0, static_cast<std::uint16_t>(faceWidth), static_cast<std::uint16_t>(faceHeight)};
     if (index < kFirst)
-        return {0, 0, static_cast<std::uint16_t>(faceWidth), static_cast<std::uint16_t>(faceHeight)};
-    return LoadArea(windows.Bytes(), 1 + (index - kFirst) * kFaceAreaSize);
+        return whole;
+    // A window may have been kept from a larger face.
+    const FaceArea window = LoadArea(windows.Bytes(), 1 + (index - kFirst) * kFaceAreaSize);
+    return window.FitsOn(faceWidth, faceHeight) ? window : whole;
 }
 
 // The program of that name wherever it plays, or without a name all of them; an emergency has a command of its own.

@@ -64,8 +64,12 @@ ZoneCommands::ZoneCommands(const Drives& signDrives, fs::path keptFolder, int wi
     : drives(signDrives), folder(std::move(keptFolder)), faceWidth(width), faceHeight(height),
       settings(folder / "zones.bin", {0, 1})
 {
-    for (std::size_t i = 0; i < pages.size(); ++i)
+    const auto fits = [=](const Zone& zone) { return zone.area.FitsOn(width, height); };
+    for (std::size_t i = 0; i < pages.size(); ++i) {
         pages[i] = ParsePage(ReadFileStart(PageFile(i), kMostPageBytes));
+        if (pages[i] && !std::ranges::all_of(pages[i]->zones, fits)) // of a larger face
+            pages[i].reset();
+    }
 }
 
 fs::path ZoneCommands::PageFile(std::size_t index) const

@@ -154,6 +154,8 @@ TEST_F(Zones, DivisionsAreToldAndKept)
         Rebuild(16, 16); // the sign is switched on again
     }
     EXPECT_NE(Lit(0), "") << "the content too";
+    Rebuild(8, 16);
+    EXPECT_EQ(CodeOf(Ask(54, 2, {2, 0, 0, 0})), 14050U) << "a page of a larger face";
     // What is no page is none.
     for (const Bytes& broken : {Bytes{}, Bytes{0, 0, 1, 0}, Bytes{0, 0, 255, 255}, Bytes(40, 255)}) {
         std::ofstream(folder.path / "sign/zones-2.bin", std::ios::binary)

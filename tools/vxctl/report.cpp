@@ -20,6 +20,8 @@ struct Advice
 constexpr std::string_view kSpace = "free some room on that drive with rm, or write to another drive";
 constexpr std::string_view kUnsupported = "this sign does not know the command; its firmware may be older or newer";
 
+constexpr std::string_view kTileLine = "check the cable and the power of the tile, and try once more";
+
 constexpr Advice kAdvice[] = {
     {VX_ARGUMENTS, "look at the arguments: a text, path or payload may be too long"},
     {VX_ABORTED, "run the command again; a transfer starts at its beginning"},
@@ -29,6 +31,13 @@ constexpr Advice kAdvice[] = {
     {VX_FILE_NOT_EXISTS, "check drive, folder and name of the file on the sign"},
     {VX_FAILED_OPERATION, "try once more; the sign may have been busy"},
     {VX_INCONSISTENT_SYNC, "is that the port of a sign? Look at its reply with raw"},
+    {3074, "wait until the other tasks of the tiles are done"},
+    {3076, kTileLine},
+    {3077, kTileLine},
+    {3078, "look at the tile with tile status; its calibration may be locked"},
+    {3080, "name one tile"},
+    {3089, "check the number of the tile, and its port"},
+    {3091, "check --module and --kind: the file is not in the order of this tile"},
     {8449, "send the file in parts, or smaller"},
     {8450, kSpace},
     {8451, kSpace},
@@ -60,9 +69,9 @@ constexpr Advice kAdvice[] = {
     {36869, kUnsupported},
     {36870, "try a smaller --chunk"},
     {36880, "check drive, folder and name of the file on the sign"},
-    {36881, kUnsupported},
+    {36881, "this sign cannot do that: look at its kind, its firmware and the arguments"},
     {36882, "check that the drive is there and has room"},
-    {36883, "try a smaller --chunk"},
+    {36883, "look at the sizes that you give, or try a smaller --chunk"},
     {36885, "check drive, folder and name of the file on the sign"},
     {36912, "the sign wants a login first: see login"},
     {36913, "check the password; case counts"},
@@ -70,6 +79,7 @@ constexpr Advice kAdvice[] = {
     {36915, "check the old password"},
     {36917, "somebody else is using the sign: wait, and try once more"},
     {36918, "log in as a user who may do this"},
+    {65535, "wait until the other tasks of the tiles are done"},
 };
 
 // How far the values of a list stand from its left edge.
