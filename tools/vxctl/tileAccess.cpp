@@ -1,5 +1,6 @@
 #include "vxctl/tileAccess.h"
 
+#include "vxctl/libraryOutput.h"
 #include "vxctl/localFiles.h"
 #include "vxctl/numbers.h"
 
@@ -9,12 +10,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <system_error>
-#include <unistd.h>
 
 namespace vxctl {
 
@@ -28,35 +26,6 @@ constexpr std::uint8_t kCalibration = VX_TILE_CALIBRATION;
 constexpr std::uint8_t kLastPlainType = 10; // of the second; the others have a command of their own
 constexpr std::uint32_t kReadMs = 300000;
 constexpr std::size_t kModuleAt = 12; // of a status, as vxsim has it
-
-// The library tells of direct access on standard output, where our own output goes.
-class QuietOutput
-{
-public:
-    QuietOutput()
-    {
-        std::fflush(stdout);
-        kept = ::dup(STDOUT_FILENO);
-        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-        if (kept >= 0 && nowhere >= 0)
-            ::dup2(nowhere, STDOUT_FILENO);
-        if (nowhere >= 0)
-            ::close(nowhere);
-    }
-    ~QuietOutput()
-    {
-        std::fflush(stdout);
-        if (kept >= 0) {
-            ::dup2(kept, STDOUT_FILENO);
-            ::close(kept);
-        }
-    }
-    QuietOutput(const QuietOutput&) = delete;
-    QuietOutput& operator=(const QuietOutput&) = delete;
-
-private:
-    int kept = -1;
-};
 
 // Direct access leaves files in the folder "c:" of the current one, and others beside the file that it works on: all of
 // them go with this.
@@ -85,7 +54,7 @@ private:
     TemporaryFolder folder;
     fs::path former;
     fs::path path;
-    QuietOutput quiet;
+    LibraryOutput dropped; // it tells of each piece
 };
 
 // The second family tells what was wrong in a word beside the result.

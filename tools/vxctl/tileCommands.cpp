@@ -73,7 +73,7 @@ void AddTest(CLI::App& tile, Context& context)
 {
     CLI::App* const command =
         AddCommand(tile, {kGroup, "test", "Show a test on a tile, or on all",
-                          R"(What a code shows is the tile's own; docs/vxsim.md has those of vxsim.
+                          R"(What a code shows is the tile's own; docs/vxsim-devices.md has those of vxsim.
 
 Examples:
   vxctl tile test 11 0
@@ -95,7 +95,7 @@ void AddCmd(CLI::App& tile, Context& context)
     CLI::App* const command = AddCommand(
         tile,
         {kGroup, "cmd", "Send a command to a tile",
-         R"(What a command does is the tile's own; docs/vxsim.md has those of vxsim. --data needs --port, --limit holds there too, but
+         R"(What a command does is the tile's own; docs/vxsim-devices.md has those of vxsim. --data needs --port, --limit holds there too, but
 not with --direct.
 
 Examples:

@@ -245,7 +245,7 @@ void AddVideoCommands(CLI::App& app, Context& context)
 {
     CLI::App* const video =
         AddCommand(app, {kGroup, "video", "Steer the video processors in front of a sign",
-                         R"(What a number means is the processor's; docs/vxsim.md has the choices of vxsim.
+                         R"(What a number means is the processor's; docs/vxsim-devices.md has the choices of vxsim.
 
 Examples:
   vxctl video vpu channel 2
