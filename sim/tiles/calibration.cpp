@@ -142,8 +142,7 @@ std::vector<std::uint8_t> MakePortCalibration(const Calibration& calibration, co
                                               std::span<const std::uint8_t> header)
 {
     const std::size_t block = kBlockHeader + calibration.size() / shape.Modules() * kRecord;
-    std::vector<std::uint8_t> file(kTileFileHeader + shape.Modules() * block);
-    std::ranges::copy(MakeTileFileHeader(kCalibrationFile, file.size() - kTileFileHeader), file.begin());
+    auto file = MakeTileFile(kCalibrationFile, shape.Modules() * block);
     if (header.size() >= kTileFileHeader) {
         std::ranges::copy(header.first(kTileFileHeader), file.begin());
         Store32(file, kBodyLengthAt, static_cast<std::uint32_t>(file.size() - kTileFileHeader));
@@ -163,14 +162,14 @@ std::vector<std::uint8_t> MakePortCalibration(const Calibration& calibration, co
     return file;
 }
 
-std::array<std::uint8_t, kTileFileHeader> MakeTileFileHeader(std::uint8_t fileType, std::size_t bodySize)
+std::vector<std::uint8_t> MakeTileFile(std::uint8_t fileType, std::size_t bodySize)
 {
-    std::array<std::uint8_t, kTileFileHeader> header{};
-    Store16(header, 0, kMagic);
-    Store16(header, kHeaderLengthAt, kTileFileHeader);
-    Store16(header, kFileTypeAt, fileType);
-    Store32(header, kBodyLengthAt, static_cast<std::uint32_t>(bodySize));
-    return header;
+    std::vector<std::uint8_t> file(kTileFileHeader + bodySize);
+    Store16(file, 0, kMagic);
+    Store16(file, kHeaderLengthAt, kTileFileHeader);
+    Store16(file, kFileTypeAt, fileType);
+    Store32(file, kBodyLengthAt, static_cast<std::uint32_t>(bodySize));
+    return file;
 }
 
 std::optional<std::uint64_t> TileFileSize(std::span<const std::uint8_t> start)

@@ -35,8 +35,8 @@ std::optional<Calibration> ReadPortCalibration(std::span<const std::uint8_t> fil
 std::vector<std::uint8_t> MakePortCalibration(const Calibration& calibration, const TileShape& shape,
                                               std::span<const std::uint8_t> header);
 
-// The header of a file that a tile holds.
-std::array<std::uint8_t, kTileFileHeader> MakeTileFileHeader(std::uint8_t fileType, std::size_t bodySize);
+// A file that a tile holds: its header, and zeros for the body.
+std::vector<std::uint8_t> MakeTileFile(std::uint8_t fileType, std::size_t bodySize);
 
 // Size of the file that begins so, header and body; nothing if no file of a tile does.
 std::optional<std::uint64_t> TileFileSize(std::span<const std::uint8_t> start);

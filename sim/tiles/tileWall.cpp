@@ -112,9 +112,8 @@ std::vector<std::uint8_t> TileWall::StatusFile(int tile, const TileMoment& momen
     Store16(record, kStaSizesAt + 6, static_cast<std::uint16_t>(shape.ModuleHeight()));
     record[kStaSizesAt + 8] = static_cast<std::uint8_t>(shape.across);
     record[kStaSizesAt + 9] = static_cast<std::uint8_t>(shape.down);
-    const auto header = MakeTileFileHeader(kStatusFile, record.size());
-    std::vector<std::uint8_t> file(header.begin(), header.end());
-    file.insert(file.end(), record.begin(), record.end());
+    auto file = MakeTileFile(kStatusFile, record.size());
+    std::ranges::copy(record, file.begin() + kTileFileHeader);
     return file;
 }
 
@@ -199,9 +198,8 @@ TaskState TileWall::NoteCoefficients(int tile, std::span<const std::uint8_t> dat
     }
     std::copy_n(data.begin(), std::min(data.size(), record.size() - kCoefficientParamsAt),
                 record.begin() + kCoefficientParamsAt);
-    const auto header = MakeTileFileHeader(kCoefficientFile, record.size());
-    std::vector<std::uint8_t> file(header.begin(), header.end());
-    file.insert(file.end(), record.begin(), record.end());
+    auto file = MakeTileFile(kCoefficientFile, record.size());
+    std::ranges::copy(record, file.begin() + kTileFileHeader);
     return files.Write(tile, kCoefficientFile, file);
 }
 
