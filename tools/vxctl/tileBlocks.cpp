@@ -8,7 +8,6 @@
 #include <vxsign/result.h>
 #include <vxsign/tarsis.h>
 
-#include <algorithm>
 #include <cstring>
 
 namespace vxctl {
@@ -17,14 +16,6 @@ namespace {
 
 constexpr std::uint16_t kMagic = 0x55AA;
 constexpr std::size_t kRecord = sizeof(TilePixelRecord);
-
-// The records go by memory, so that the fields are those of this machine, as the library's records are.
-template <class Record>
-void Append(std::vector<std::uint8_t>& file, const Record& record)
-{
-    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(&record);
-    file.insert(file.end(), bytes, bytes + sizeof record);
-}
 
 struct Modules
 {
@@ -59,56 +50,56 @@ void WalkBlocks(const TileShape& shape, const Start& startBlock, const Take& tak
 
 } // namespace
 
+// The records go by memory, so that the fields are those of this machine, as the library's records are.
 std::vector<std::uint8_t> MakeCalibrationFile(const TilePixels& pixels, bool blocks, const TileShape& shape)
 {
+    if (pixels.width != shape.width || pixels.height != shape.height)
+        throw UsageError("the tile has another size than the file");
+    const Modules modules = blocks ? ModulesOf(shape) : Modules{0, 0};
+    const std::size_t flat = pixels.Count() * kRecord;
+    const std::size_t body = flat + std::size_t{modules.across} * modules.down * sizeof(TilePixelBlockHeader);
+    std::uint16_t date = 0;
+    std::uint16_t time = 0;
+    vxGetDOSTime(&date, &time);
     TileFileHeader header{};
     header.magic = kMagic;
     header.headerLength = sizeof header;
     header.fileType = VX_TILE_CALIBRATION;
-    std::uint16_t date = 0;
-    std::uint16_t time = 0;
-    vxGetDOSTime(&date, &time);
     header.stamps[0] = date;
     header.stamps[1] = time;
-    std::vector<std::uint8_t> body;
-    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(pixels.coefficients.data());
+    header.bodyLength = static_cast<std::uint32_t>(body);
+    std::vector<std::uint8_t> file(sizeof header + body);
+    std::memcpy(file.data(), &header, sizeof header);
+    const auto* const source = reinterpret_cast<const std::uint8_t*>(pixels.coefficients.data());
     if (!blocks) {
-        body.assign(bytes, bytes + pixels.coefficients.size() * sizeof(std::uint16_t));
-    } else {
-        std::vector<std::uint8_t> block;
-        const auto finish = [&] {
-            if (block.empty())
-                return;
-            const auto size = static_cast<std::uint32_t>(block.size());
-            TilePixelBlockHeader blockHeader{};
-            blockHeader.magic = kMagic;
-            blockHeader.crc = static_cast<std::uint16_t>(vxChkSum(block.data(), 0, size, 1));
-            blockHeader.bodyLength = size;
-            blockHeader.date = date;
-            blockHeader.time = time;
-            Append(body, blockHeader);
-            body.insert(body.end(), block.begin(), block.end());
-            block.clear();
-        };
-        WalkBlocks(shape, finish, [&](std::size_t first, std::size_t count) {
-            const auto* const from = bytes + first * sizeof(std::uint16_t);
-            block.insert(block.end(), from, from + count * kRecord);
-        });
-        finish();
+        std::memcpy(file.data() + sizeof header, source, flat);
+        return file;
     }
-    header.bodyLength = static_cast<std::uint32_t>(body.size());
-    std::vector<std::uint8_t> file;
-    Append(file, header);
-    file.insert(file.end(), body.begin(), body.end());
+    std::size_t at = sizeof header;
+    WalkBlocks(
+        shape, [&] { at += sizeof(TilePixelBlockHeader); },
+        [&](std::size_t first, std::size_t count) {
+            std::memcpy(file.data() + at, source + first * sizeof(std::uint16_t), count * kRecord);
+            at += count * kRecord;
+        });
+    TilePixelBlockHeader block{};
+    block.magic = kMagic;
+    block.bodyLength = static_cast<std::uint32_t>(std::size_t{shape.moduleWidth} * shape.moduleHeight * kRecord);
+    block.date = date;
+    block.time = time;
+    for (at = sizeof header; at < file.size(); at += sizeof block + block.bodyLength) {
+        block.crc = static_cast<std::uint16_t>(vxChkSum(file.data() + at + sizeof block, 0, block.bodyLength, 1));
+        std::memcpy(file.data() + at, &block, sizeof block);
+    }
     return file;
 }
 
 TilePixels ParseCalibrationFile(const std::vector<std::uint8_t>& file, const TileShape& shape)
 {
     TileFileHeader header{};
-    std::memcpy(&header, file.data(), std::min(file.size(), sizeof header));
-    if (file.size() < sizeof header || header.magic != kMagic || header.headerLength != sizeof header ||
-        header.fileType != VX_TILE_CALIBRATION)
+    if (file.size() >= sizeof header)
+        std::memcpy(&header, file.data(), sizeof header);
+    if (header.magic != kMagic || header.headerLength != sizeof header || header.fileType != VX_TILE_CALIBRATION)
         throw UsageError("the file is no calibration of a tile");
     TilePixels pixels = PlainTile(shape.width, shape.height, 0);
     auto* const target = reinterpret_cast<std::uint8_t*>(pixels.coefficients.data());
