@@ -6,6 +6,14 @@
 #include <system_error>
 
 namespace vxsim {
+namespace {
+
+constexpr const char* kTileErrorHelp =
+    "a tile that fails: TILE,ERROR (queue, bus, retry, normal, task, broadcast, control, address, twi, pixel, full)";
+constexpr const char* kBadPixelHelp =
+    "a pixel with a bad lamp: X,Y,red (green, blue, all), then ,stuck or ,signal if not dark";
+
+} // namespace
 
 void ConditionOptions::Add(CLI::App& app, const char* option, const char* what, const char* help)
 {
@@ -22,11 +30,9 @@ void ConditionOptions::Add(CLI::App& app, const char* option, const char* what, 
 
 void ConditionOptions::AddTo(CLI::App& app)
 {
-    Add(app, "--bad", "bad", "a pixel with a bad lamp: X,Y,red (green, blue, all), then ,stuck or ,signal if not dark");
+    Add(app, "--bad", "bad", kBadPixelHelp);
     Add(app, "--hot", "hot", "a tile that is too hot; tiles of 16x16 pixels count from 1, row by row");
-    Add(app, "--tile-error", "tile-error",
-        "a tile that fails: TILE,ERROR (queue, bus, retry, normal, task, broadcast, control, address, twi, pixel, "
-        "full)");
+    Add(app, "--tile-error", "tile-error", kTileErrorHelp);
     Add(app, "--tile-lock", "lock", "a tile that takes no calibration");
     Add(app, "--door", "door", "the door of the sign: open or closed");
 }
@@ -35,15 +41,12 @@ void ConditionOptions::AddCommandsTo(CLI::App& app)
 {
     CLI::App& pixel = *app.add_subcommand("pixel", "breaks and mends pixels of a running sign");
     Add(pixel, "--good", "good", "a pixel that works again: X,Y or all");
-    Add(pixel, "--bad", "bad",
-        "a pixel with a bad lamp: X,Y,red (green, blue, all), then ,stuck or ,signal if not dark");
+    Add(pixel, "--bad", "bad", kBadPixelHelp);
     CLI::App& tile = *app.add_subcommand("tile", "heats, breaks and locks tiles of a running sign");
     Add(tile, "--cool", "cool", "a tile that is no longer hot: its number or all");
     Add(tile, "--hot", "hot", "a tile that is too hot");
     Add(tile, "--good", "tile-good", "a tile that does as it is told again: its number or all");
-    Add(tile, "--error", "tile-error",
-        "a tile that fails: TILE,ERROR (queue, bus, retry, normal, task, broadcast, control, address, twi, pixel, "
-        "full)");
+    Add(tile, "--error", "tile-error", kTileErrorHelp);
     Add(tile, "--unlock", "unlock", "a tile that takes calibrations again: its number or all");
     Add(tile, "--lock", "lock", "a tile that takes no calibration");
     CLI::App& door = *app.add_subcommand("door", "opens and closes the door of a running sign");

@@ -22,7 +22,7 @@ namespace {
 constexpr std::int64_t kLeapMs = 5000; // of forward and back
 // What stands for so many eighths of the full light. Pictures hold their values for the eye, which takes a quarter of
 // the light for half of it, so these are the roots of the eighths.
-constexpr std::array<int, 8> kValues{0, 99, 136, 163, 186, 206, 224, 240};
+constexpr std::array<std::uint8_t, 9> kValues{0, 99, 136, 163, 186, 206, 224, 240, 255};
 
 Moment MomentOf(const SignClock& clock, std::uint64_t nowMs)
 {
@@ -86,7 +86,8 @@ const Canvas& Stage::Draw(std::uint64_t nowMs)
     if (!isDark)
         DrawTiles(tiles, nowMs, font, face);
     CalibrateFace(tiles, face);
-    Dim(sign.Light(nowMs));
+    const std::uint8_t light = kValues.at(sign.Light(nowMs));
+    Tint({light, light, light}, face);
     DrawFaults(sign.Faults(), sign.Control().IsOn(), face);
     return face;
 }
@@ -135,21 +136,6 @@ void Stage::NoteTurn(std::uint64_t nowMs)
     turn = player.Turns();
     turnFile = player.CurrentFile();
     turnMs = nowMs;
-}
-
-void Stage::Dim(std::uint8_t eighths)
-{
-    if (eighths >= kValues.size())
-        return;
-    const auto dimmed = [value = kValues[eighths]](std::uint8_t light) {
-        return static_cast<std::uint8_t>((light * value + 127) / 255);
-    };
-    for (int y = 0; y < face.Height(); ++y) {
-        for (int x = 0; x < face.Width(); ++x) {
-            const Rgb colour = face.At(x, y);
-            face.Set(x, y, {dimmed(colour.red), dimmed(colour.green), dimmed(colour.blue)});
-        }
-    }
 }
 
 void Stage::Steer(PlayStep step, std::uint64_t nowMs)

@@ -47,7 +47,6 @@ public:
     std::vector<std::uint8_t> Screenshot(std::uint64_t nowMs) override;
 
 private:
-    void Dim(std::uint8_t eighths);
     void DrawContent(std::uint64_t nowMs);
     void NoteTurn(std::uint64_t nowMs);
 

@@ -79,10 +79,7 @@ void DrawTiles(const TileWall& wall, std::uint64_t nowMs, Font& font, Canvas& fa
         const TileShape shape = wall.Plan().ShapeOf(tile);
         Canvas inside(shape.width, shape.height);
         DrawTest(PictureOf(tile, shape, test.code), nowMs - std::min(nowMs, test.startedMs), font, inside);
-        for (int y = 0; y < shape.height; ++y) {
-            for (int x = 0; x < shape.width; ++x)
-                face.Set(wall.Plan().Left(tile) + x, wall.Plan().Top(tile) + y, inside.At(x, y));
-        }
+        face.Put(inside, wall.Plan().Left(tile), wall.Plan().Top(tile));
     }
 }
 

@@ -25,10 +25,7 @@ void DrawInput(int left, int top, int width, int height, std::uint8_t channel, F
         const int labelHeight = std::min(kLabelHeight, high);
         DrawModule((wide - labelWidth) / 2, (high - labelHeight) / 2, labelWidth, labelHeight, channel, font, picture);
     }
-    for (int y = 0; y < high; ++y) {
-        for (int x = 0; x < wide; ++x)
-            face.Set(left + x, top + y, picture.At(x, y));
-    }
+    face.Put(picture, left, top);
 }
 
 } // namespace

@@ -11,7 +11,7 @@ namespace vxsim {
 // Puts the pictures of the inputs that are shown over the face: that of the VPU's channel, then the MPU's window.
 void DrawVideo(const VideoProcessors& video, std::uint64_t nowMs, Font& font, Canvas& face);
 
-// What the VPU lets through.
+// Leaves of each colour what gets through.
 void Tint(const VideoLevels& levels, Canvas& face);
 
 } // namespace vxsim

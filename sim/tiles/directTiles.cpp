@@ -32,7 +32,7 @@ Code CodeOf(TaskState state)
 
 std::uint8_t TypeIn(const Frame& request)
 {
-    return static_cast<std::uint8_t>(request.payload[kTypeAt] % kTileFileTypes);
+    return TileFileTypeOf(request.payload[kTypeAt]);
 }
 
 } // namespace

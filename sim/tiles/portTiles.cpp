@@ -36,18 +36,18 @@ constexpr std::size_t kPathSize = 64; // what may stand behind it is a descripto
 constexpr std::uint64_t kPictureSeconds = 5; // where the host gives none
 constexpr std::uint64_t kMostPictureSeconds = 60;
 
+std::uint8_t TypeIn(const Frame& request)
+{
+    return TileFileTypeOf(request.payload[kThirdAt]);
+}
+
 std::string PathOf(const Frame& request)
 {
     std::array<char, kPathSize> path{};
-    const std::string_view extension = kTileFileExtensions[request.payload[kThirdAt] % kTileFileTypes];
+    const std::string_view extension = kTileFileExtensions[TypeIn(request)];
     std::snprintf(path.data(), path.size(), "C:\\port%d\\%04x%.*s", request.payload[kPortAt],
                   Load16(request.payload, 0), static_cast<int>(extension.size()), extension.data());
     return path.data();
-}
-
-std::uint8_t TypeIn(const Frame& request)
-{
-    return static_cast<std::uint8_t>(request.payload[kThirdAt] % kTileFileTypes);
 }
 
 // As hosts know it here: 1 and 2 go on, 4 is the one good end.

@@ -23,4 +23,10 @@ enum TileFileType : std::uint8_t
     kCoefficientFile = 13
 };
 
+// Hosts count the types anew behind the last one.
+constexpr std::uint8_t TileFileTypeOf(std::uint8_t number)
+{
+    return static_cast<std::uint8_t>(number % kTileFileTypes);
+}
+
 } // namespace vxsim

@@ -1,8 +1,8 @@
 // The exports of major 5.
 #include "vxComm/Time/vxTimeLED.h"
 
-#include "util/bcd.h"
 #include "vxBaseCMD/call.h"
+#include "vxComm/clockFields.h"
 
 #include <vxsign/test.h>
 
@@ -26,11 +26,7 @@ std::uint32_t vxReadLEDTime(std::uint16_t* year, std::uint8_t* month, std::uint8
         const std::uint32_t result = sign.Request(5, 1);
         if (result == VX_OK) {
             const ReplyView reply = sign.Reply();
-            *year = static_cast<std::uint16_t>(FromBcd(reply.U8(1)) * 100 + FromBcd(reply.U8(0)));
-            *month = FromBcd(reply.U8(2));
-            *day = FromBcd(reply.U8(3));
-            *hour = FromBcd(reply.U8(4));
-            *minute = FromBcd(reply.U8(5));
+            TakeClock(reply, *year, *month, *day, *hour, *minute);
             *sixth = 0;
             *seventh = FromBcd(reply.U8(6));
             *eighth = reply.U8(7);
@@ -55,9 +51,7 @@ std::uint32_t vxSendTempHumi(std::uint8_t first, std::int8_t second)
 std::uint32_t vxAjustLEDTimeEx(std::uint16_t year, std::uint8_t month, std::uint8_t day, std::uint8_t hour,
                                std::uint8_t minute, std::uint8_t sixth, std::uint8_t seventh, std::uint8_t eighth)
 {
-    return Send<vxTimeLED>({5, 4},
-                           Payload(Fields<12>(ToBcd(year % 100u), ToBcd(year / 100u), ToBcd(month), ToBcd(day),
-                                              ToBcd(hour), ToBcd(minute), ToBcd(sixth), ToBcd(seventh), eighth)));
+    return Send<vxTimeLED>({5, 4}, Payload(ClockFields(year, month, day, hour, minute, sixth, seventh, eighth)));
 }
 
 std::uint32_t vxWriteSpeedLimit(std::uint16_t first, std::uint16_t second)

@@ -1,9 +1,9 @@
 // The commands of the traffic signal controller.
 #include "vxComm/Traffic/vxTrafficLED.h"
 
-#include "util/bcd.h"
 #include "util/file.h"
 #include "vxBaseCMD/call.h"
+#include "vxComm/clockFields.h"
 #include "vxComm/joined.h"
 
 #include <vxsign/traffic.h>
@@ -100,11 +100,7 @@ std::uint32_t vxReadTrafficTime(std::uint16_t* year, std::uint8_t* month, std::u
         const std::uint32_t result = sign.Request(5, 1);
         if (result == VX_OK) {
             const ReplyView reply = sign.Reply();
-            *year = static_cast<std::uint16_t>(FromBcd(reply.U8(1)) * 100 + FromBcd(reply.U8(0)));
-            *month = FromBcd(reply.U8(2));
-            *day = FromBcd(reply.U8(3));
-            *hour = FromBcd(reply.U8(4));
-            *minute = FromBcd(reply.U8(5));
+            TakeClock(reply, *year, *month, *day, *hour, *minute);
             *second = FromBcd(reply.U8(6));
             *timeField7 = FromBcd(reply.U8(7));
             *timeField8 = reply.U8(8);
@@ -117,7 +113,6 @@ std::uint32_t vxAjustTrafficTime(std::uint16_t year, std::uint8_t month, std::ui
                                  std::uint8_t minute, std::uint8_t second, std::uint8_t timeField7,
                                  std::uint8_t timeField8)
 {
-    return Send<vxTrafficLED>(
-        {5, 2}, Payload(Fields<12>(ToBcd(year % 100u), ToBcd(year / 100u), ToBcd(month), ToBcd(day), ToBcd(hour),
-                                   ToBcd(minute), ToBcd(second), ToBcd(timeField7), timeField8)));
+    return Send<vxTrafficLED>({5, 2},
+                              Payload(ClockFields(year, month, day, hour, minute, second, timeField7, timeField8)));
 }
