@@ -80,6 +80,8 @@ TEST(ReadFile, FormsOfTheAnnouncedSize)
         EXPECT_EQ(vxReadSpecPathFile("D:\\A", file.c_str()), row.result);
         EXPECT_EQ(sign.requests.size(), row.requests);
         EXPECT_EQ(sign.progress.size(), row.requests - 1);
+        const std::string pieces = row.result == 0 ? "x" + std::string(row.requests - 1, 'y') : "";
+        EXPECT_EQ(folder.Read("out"), pieces) << "a size of 0 leaves an empty file, whatever came with it";
     }
 }
 

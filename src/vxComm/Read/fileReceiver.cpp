@@ -42,12 +42,14 @@ std::uint32_t AnnouncedSize(const ReplyView& reply)
 
 } // namespace
 
-std::uint32_t vxReadLED::ReceiveChunk(std::uint8_t minor, std::uint32_t number, FileRecord& record, const File& file)
+std::uint32_t vxReadLED::AskForChunk(std::uint8_t minor, std::uint32_t number, FileRecord& record)
 {
     record.SetPacketNumber(number);
-    const std::uint32_t result = Request(kMajor, minor, record.Bytes());
-    if (result != VX_OK)
-        return result;
+    return Request(kMajor, minor, record.Bytes());
+}
+
+std::uint32_t vxReadLED::KeepChunk(const File& file) const
+{
     const auto piece = Reply().Extended();
     return WriteAll(file, piece.data(), piece.size()) ? VX_OK : VX_CALL;
 }
@@ -56,7 +58,9 @@ std::uint32_t vxReadLED::ReceiveAll(std::uint8_t minor, std::uint32_t first, std
                                     File& file)
 {
     for (std::uint32_t number = first; number <= total; ++number) {
-        const std::uint32_t result = ReceiveChunk(minor, number, record, file);
+        std::uint32_t result = AskForChunk(minor, number, record);
+        if (result == VX_OK)
+            result = KeepChunk(file);
         if (result != VX_OK)
             return result;
         Progress(Percent(number, total));
@@ -73,12 +77,15 @@ std::uint32_t vxReadLED::ReceiveFileChunks(std::uint8_t minor, const char* name,
     File file = OpenFile(local, "wb");
     if (!file)
         return VX_OPEN_FILE;
-    std::uint32_t result = ReceiveChunk(minor, 1, record, file);
+    std::uint32_t result = AskForChunk(minor, 1, record);
     if (result != VX_OK)
         return result;
     const std::uint32_t size = AnnouncedSize(Reply());
-    if (size == 0)
+    if (size == 0) // no file: what came with this reply is none of it
         return VX_FILE_NOT_EXISTS;
+    result = KeepChunk(file);
+    if (result != VX_OK)
+        return result;
     const std::uint32_t total = PacketCount(size, chunkSize);
     if (total > record.LastPacketNumber()) // a number that wraps would bring the beginning of the file again
         return kOversize;

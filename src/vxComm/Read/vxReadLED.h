@@ -19,7 +19,8 @@ public:
     std::uint32_t ReceiveDataFlash(const char* local, std::uint32_t size);
 
 private:
-    std::uint32_t ReceiveChunk(std::uint8_t minor, std::uint32_t number, FileRecord& record, const File& file);
+    std::uint32_t AskForChunk(std::uint8_t minor, std::uint32_t number, FileRecord& record);
+    std::uint32_t KeepChunk(const File& file) const;
     std::uint32_t ReceiveAll(std::uint8_t minor, std::uint32_t first, std::uint32_t total, FileRecord& record,
                              File& file);
 };
