@@ -132,11 +132,11 @@ std::uint32_t vxReadWarningLog(std::uint16_t* head, std::uint8_t* rows, std::uin
     constexpr std::size_t kHeadSize = 16;
     constexpr std::size_t kRowSize = 32;
     constexpr std::uint16_t kMagic = 19527; // "GL"
-    if (head == nullptr || rows == nullptr)
-        return VX_ARGUMENTS;
     return LocalCall<std::uint32_t>(VX_CALL, [=]() -> std::uint32_t {
         const TempFile temp("log");
-        const std::uint32_t result = vxReadSpecPathFile("D:\\log\\vxspeapp.log", temp.Path());
+        // A missing pointer is refused where the read refuses its own: behind the opening of the channel.
+        const char* const local = head != nullptr && rows != nullptr ? temp.Path() : nullptr;
+        const std::uint32_t result = vxReadSpecPathFile("D:\\log\\vxspeapp.log", local);
         if (result != VX_OK)
             return result;
         const File file = OpenFile(temp.Path(), "rb");

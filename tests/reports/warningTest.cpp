@@ -210,9 +210,15 @@ TEST_F(Warnings, LogOfTheProgram)
     EXPECT_TRUE(folder.IsEmpty());
     sign.answers["read D:\\log\\vxspeapp.log"] = {Refusal(36880)};
     EXPECT_EQ(read(""), 36880u);
-    EXPECT_EQ(vxReadWarningLog(nullptr, rows.data(), 2), 2u);
+    // Missing pointers are found where every command finds them: inside its frame.
     std::uint16_t word;
+    const int before = sign.sign.closed;
+    EXPECT_EQ(vxReadWarningLog(nullptr, rows.data(), 2), 2u);
     EXPECT_EQ(vxReadWarningLog(&word, nullptr, 2), 2u);
+    EXPECT_EQ(sign.sign.opened, before + 2);
+    EXPECT_EQ(sign.sign.closed, before + 2);
+    sign.sign.Config().initialised = 0;
+    EXPECT_EQ(vxReadWarningLog(nullptr, nullptr, 2), 20736u);
 }
 
 } // namespace
