@@ -69,7 +69,7 @@ VXSIGN_API uint32_t vxTCGetRealStatus(uint8_t* buffer, uint32_t capacity, uint8_
 /* Switches to manual, or to what else mode means to the controller. */
 VXSIGN_API uint32_t vxTCManual(uint8_t mode);
 
-/* The two lamp tests: lampCount bytes of lamps, firstCount + secondCount in the second one. None may be null. */
+/* The two lamp tests: lampCount bytes of lamps, firstCount + secondCount in the second one. */
 VXSIGN_API uint32_t vxTCJKBLightTest(const uint8_t* lamps, uint8_t lampCount);
 VXSIGN_API uint32_t vxTCJKCLightTest(const uint8_t* lamps, uint8_t firstCount, uint8_t secondCount);
 

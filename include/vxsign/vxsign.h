@@ -7,7 +7,8 @@
  * Unless a function says otherwise it returns: 0 done; VX_ARGUMENTS for a null pointer or a request that does not
  * fit, with nothing sent; VX_COMMUNICATION when the thread has no configuration, the channel could not be opened or
  * every try failed; VX_ABORTED when abortFlag was set; VX_INCONSISTENT_SYNC for a reply whose status has no meaning;
- * or the code that the sign answered with. vxErrorDesc puts each into words.
+ * or the code that the sign answered with. vxErrorDesc puts each into words. A block to send whose length is 0 needs
+ * no pointer.
  */
 #ifndef VXSIGN_VXSIGN_H
 #define VXSIGN_VXSIGN_H

@@ -4,7 +4,7 @@
  * much follows it; the rest is between the application and the sign.
  *
  * A setting exists in up to three forms: the plain one with its records by value, a Base form that takes the finished
- * bytes, and a 4j form that takes pointers to the records. Data of length 0 may be null.
+ * bytes, and a 4j form that takes pointers to the records.
  *
  * A request holds 3072 bytes, with all that belongs to it; what does not fit gives VX_ARGUMENTS. The sign refuses with
  * 14049 (page number), 14050 (page not configured), 14051 (more than 12 pages), 14052 (zone number), 14053 (zone not

@@ -6,6 +6,7 @@
 #include "util/localCall.h"
 #include "util/tempFile.h"
 #include "util/text.h"
+#include "vxBaseCMD/fields.h"
 
 #include <vxsign/local.h>
 #include <vxsign/quickshow.h>
@@ -139,7 +140,7 @@ std::uint32_t ShowTree(Files files, const std::uint8_t* types, const Connection&
 
 std::uint32_t ControlTube(std::uint8_t cmd, const std::uint8_t* data, std::uint32_t size, const Connection& connection)
 {
-    if (data == nullptr || !connection.Complete())
+    if (Bytes(data, size).refused || !connection.Complete())
         return VX_ARGUMENTS;
     return LocalCall<std::uint32_t>(VX_CALL, [&] {
         const std::uint32_t result = connection.Install();

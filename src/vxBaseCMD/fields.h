@@ -32,11 +32,11 @@ struct Block
     bool refused = false;
 };
 
-/// `length` bytes of the caller's.
+/// `length` bytes of the caller's, who may leave the pointer out when there are none.
 inline Block Bytes(const void* data, std::size_t length)
 {
     if (data == nullptr)
-        return {{}, true};
+        return {{}, length != 0};
     return {{static_cast<const std::uint8_t*>(data), length}};
 }
 

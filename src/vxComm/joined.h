@@ -7,12 +7,6 @@
 
 namespace vxsign {
 
-/// Bytes of the caller's that are not needed when there are none of them.
-inline Block BytesIfAny(const void* data, std::size_t length)
-{
-    return length != 0 ? Bytes(data, length) : Block{};
-}
-
 /// Blocks one behind the other, as one. Refused when one of them is, or when they are longer than any request.
 class Joined
 {

@@ -317,6 +317,8 @@ TEST_F(QuickShow, TubesAndEasyFiles)
               0u);
     EXPECT_EQ(Road(), "14.6");
     EXPECT_EQ(sign->TubeData().count(6), 1u);
+    EXPECT_EQ(OnFreshThread([&] { return vxTubeCtrl(7, nullptr, 0, kHost, Port()); }), 0u);
+    EXPECT_EQ(Road(), "14.7");
 
     const std::string file = temp.Write("up", std::string(2000, 'u'));
     const std::string back = temp.Path("down");

@@ -30,7 +30,7 @@ TEST(Control, Requests)
         {"vxGeneratorSet", [] { return vxGeneratorSet(1, 2, nullptr); }, 4, 32, "01020000", ""},
         {"vxSetLCS", [] { return vxSetLCS(7); }, 4, 36, "07000000", ""},
         {"vxPlayVoice", [] { return vxPlayVoice(1, 2, kBytes, 3); }, 4, 38, "01020000", "A1A2A3"},
-        {"vxPlayVoice of nothing", [] { return vxPlayVoice(1, 2, kBytes, 0); }, 4, 38, "01020000", ""},
+        {"vxPlayVoice of nothing", [] { return vxPlayVoice(1, 2, nullptr, 0); }, 4, 38, "01020000", ""},
         {"vxSetFH", [] { return vxSetFH(1, 2); }, 17, 1, "01020000", ""},
     });
     // Those that ask.

@@ -373,6 +373,8 @@ TEST_F(DirectTile, RawBytes)
     EXPECT_EQ(vxWriteCmdBuf(packet.data(), 16), 0u) << "any byte will do";
     sign.raw = [](const Packet&) { return std::deque<Bytes>{}; };
     EXPECT_EQ(vxWriteCmdBuf(packet.data(), 16), 21061u);
+    sign.Config().onWrite = [](vxApiConfig*, const std::uint8_t*, std::uint32_t, std::uint32_t) { return 0; };
+    EXPECT_EQ(vxWriteCmdBuf(nullptr, 0), 21061u);
 }
 
 } // namespace

@@ -17,8 +17,9 @@ TEST(FlatCommands, Requests)
         {"vxEndBlackScreen", [] { return vxEndBlackScreen(); }, 4, 2, "", ""},
         {"vxDelete", [] { return vxDelete("D:\\T\\A.B"); }, 7, 6, "443A5C54 5C412E42 00000000", ""},
         {"vxTubeSet", [] { return vxTubeSet(9, kCount, 5); }, 14, 9, "01020304 05000000", ""},
-        {"vxTubeSet without data", [] { return vxTubeSet(9, kCount, 0); }, 14, 9, "", ""},
+        {"vxTubeSet without data", [] { return vxTubeSet(9, nullptr, 0); }, 14, 9, "", ""},
         {"vxWriteUrgentMsg", [] { return vxWriteUrgentMsg(7, 8, kCount, 3); }, 2, 9, "07000800", "010203"},
+        {"vxWriteUrgentMsg of nothing", [] { return vxWriteUrgentMsg(7, 8, nullptr, 0); }, 2, 9, "07000800", ""},
         {"vxWriteBrightCtrlBlock", [] { return vxWriteBrightCtrlBlock(kCount); }, 2, 10, "01020304 05060708 090A0B0C",
          ""},
         {"vxWriteSNMAC", [] { return vxWriteSNMAC(kCount, 20, kCount + 40, 6); }, 2, 11, "",
@@ -63,7 +64,7 @@ TEST(FlatCommands, ArgumentsErrors)
     char text[16];
     std::uint32_t number = 0;
     ExpectArgumentsError({
-        {"vxWriteUrgentMsg", [] { return vxWriteUrgentMsg(1, 2, nullptr, 0); }},
+        {"vxWriteUrgentMsg", [] { return vxWriteUrgentMsg(1, 2, nullptr, 1); }},
         {"vxWriteUrgentMsg over the buffer", [] { return vxWriteUrgentMsg(1, 2, Bytes(3053).data(), 3053); }},
         {"vxWriteBrightCtrlBlock", [] { return vxWriteBrightCtrlBlock(nullptr); }},
         {"vxWriteSNMAC sn", [] { return vxWriteSNMAC(nullptr, 1, kCount, 1); }},

@@ -165,7 +165,7 @@ std::uint32_t vxDirectTilePHYWriteCoefficent2(const char* path, std::uint8_t por
 {
     constexpr std::uint32_t kKeepOpen = 64; // offset in the params
     constexpr int kRetries = 20;
-    const Block block = DataBytes(params, paramsLength);
+    const Block block = Bytes(params, paramsLength);
     return Call<vxOndraLED>(Required(path) && !block.refused, [=](vxOndraLED& sign) -> std::uint32_t {
         const bool keepOpen = paramsLength > kKeepOpen && params[kKeepOpen] != 0;
         // The converted file stays on the PC; the commands go out whatever became of it.

@@ -58,7 +58,7 @@ std::uint32_t vxDirectTileTest(std::uint8_t testCode, std::uint8_t port, std::ui
 std::uint32_t vxDirectTileCMD(std::uint8_t command, std::uint8_t port, std::uint16_t tile, const std::uint8_t* data,
                               std::uint32_t dataLength)
 {
-    const Block block = DataBytes(data, dataLength);
+    const Block block = Bytes(data, dataLength);
     return Call<vxOndraLED>(!block.refused,
                             [=](vxOndraLED& sign) { return sign.DirectCommand(command, port, tile, block.bytes); });
 }
@@ -70,7 +70,7 @@ std::uint32_t vxDirectTilePHYWriteCoefficent1(std::uint8_t port, std::uint16_t t
 
 std::uint32_t vxWriteCmdBuf(const std::uint8_t* buffer, std::uint32_t length)
 {
-    return Call<vxOndraLED>(Required(buffer), [=](vxOndraLED& sign) -> std::uint32_t {
+    return Call<vxOndraLED>(!Bytes(buffer, length).refused, [=](vxOndraLED& sign) -> std::uint32_t {
         const std::uint32_t timeoutMs = sign.config->timeoutMs;
         sign.RawSend(buffer, length, timeoutMs);
         return sign.RawRecv(sign.replyBuffer, kReplySize, timeoutMs) != 0 ? VX_OK : VX_NO_ANSWER;

@@ -155,7 +155,7 @@ std::uint32_t vxOndraTileCMDTimeout(std::uint8_t command, std::uint8_t port, std
 {
     const TaskWait wait{kTaskMs, TimeLimit(timeoutMs)};
     return Call<vxOndraLED>([&](vxOndraLED& sign) {
-        return sign.RunTask({5, TaskArgs(port, tile, command), DataBytes(data, dataLength)}, wait);
+        return sign.RunTask({5, TaskArgs(port, tile, command), Bytes(data, dataLength)}, wait);
     });
 }
 

@@ -81,10 +81,4 @@ constexpr std::uint8_t kCommand = 3;
 constexpr std::uint8_t kTest = 4;
 } // namespace direct
 
-/// `length` bytes of the caller's, who may leave the pointer out when there are none.
-inline Block DataBytes(const std::uint8_t* data, std::uint32_t length)
-{
-    return length != 0 ? Bytes(data, length) : Block{};
-}
-
 } // namespace vxsign

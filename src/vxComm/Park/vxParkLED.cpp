@@ -26,7 +26,7 @@ constexpr std::size_t kReplyEntries = kReplyHead + sizeof(ZoneHead);
 template <class Head>
 Joined WithData(const Head* head, const void* data, std::size_t length)
 {
-    return Joined(Bytes(head, sizeof(Head)), BytesIfAny(data, length));
+    return Joined(Bytes(head, sizeof(Head)), Bytes(data, length));
 }
 
 std::uint32_t DivideZone(std::uint8_t pageId, std::uint8_t zoneId, const ZoneHead* head, const void* entries)
@@ -54,7 +54,7 @@ std::uint32_t SetContentDisplay(std::uint8_t pageId, std::uint8_t zoneId, const 
 
 std::uint32_t vxDivideZoneBase(std::uint8_t pageId, std::uint8_t zoneId, const void* data, std::uint8_t length)
 {
-    return Send<vxParkLED>({54, 1}, Payload(Fields<4>(pageId, zoneId)), Extended(BytesIfAny(data, length)));
+    return Send<vxParkLED>({54, 1}, Payload(Fields<4>(pageId, zoneId)), Extended(Bytes(data, length)));
 }
 
 std::uint32_t vxDivideZone(std::uint8_t pageId, std::uint8_t zoneId, ZoneHead head, const void* entries)
@@ -93,7 +93,7 @@ std::uint32_t vxGetZone4j(ZoneHead* head, std::uint8_t** entries, std::uint8_t m
 std::uint32_t vxSetDisplayBase(std::uint8_t pageId, std::uint8_t zoneId, std::uint8_t option, const void* data,
                                std::uint8_t length)
 {
-    return Send<vxParkLED>({54, 3}, Payload(Fields<4>(pageId, zoneId, option)), Extended(BytesIfAny(data, length)));
+    return Send<vxParkLED>({54, 3}, Payload(Fields<4>(pageId, zoneId, option)), Extended(Bytes(data, length)));
 }
 
 std::uint32_t vxSetDisplay(std::uint8_t pageId, std::uint8_t zoneId, std::uint8_t option, DisplayHead head,
@@ -110,7 +110,7 @@ std::uint32_t vxSetDisplay4j(std::uint8_t pageId, std::uint8_t zoneId, std::uint
 
 std::uint32_t vxSetContentDisplayBase(std::uint8_t pageId, std::uint8_t zoneId, const void* data, std::uint8_t length)
 {
-    return Send<vxParkLED>({54, 4}, Payload(Fields<4>(pageId, zoneId)), Extended(BytesIfAny(data, length)));
+    return Send<vxParkLED>({54, 4}, Payload(Fields<4>(pageId, zoneId)), Extended(Bytes(data, length)));
 }
 
 std::uint32_t vxSetContentDisplay(std::uint8_t pageId, std::uint8_t zoneId, ContentHead head, const void* data)

@@ -73,13 +73,12 @@ std::uint32_t vxCoreStopPlay(const std::uint8_t* name)
 {
     const char* const text = reinterpret_cast<const char*>(name);
     const auto length = static_cast<std::uint8_t>(TextLength(text));
-    return Send<vxPlayerLED>({122, 5}, Payload(Fields<8>(length)), Extended(BytesIfAny(name, length)));
+    return Send<vxPlayerLED>({122, 5}, Payload(Fields<8>(length)), Extended(Bytes(name, length)));
 }
 
 std::uint32_t vxCoreWinMode(std::uint8_t mode, const void* data, std::uint32_t length)
 {
-    return Send<vxPlayerLED>({122, 6}, Payload(Fields<8>(mode)),
-                             Extended(BytesIfAny(data, data != nullptr ? length : 0)));
+    return Send<vxPlayerLED>({122, 6}, Payload(Fields<8>(mode)), Extended(Bytes(data, data != nullptr ? length : 0)));
 }
 
 std::uint32_t vxCoreProjectInfo(const std::uint8_t* name, std::uint16_t value1, std::uint16_t value2)

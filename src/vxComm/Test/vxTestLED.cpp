@@ -74,9 +74,10 @@ std::uint32_t vxDebugInfoSetting(std::uint32_t value)
 
 std::uint32_t vxStabilityTest(const void* data, std::uint8_t length, std::uint16_t id)
 {
-    return Call<vxTestLED>(Required(data), [=](vxTestLED& sign) {
+    const Block block = Bytes(data, length);
+    return Call<vxTestLED>(!block.refused, [=](vxTestLED& sign) {
         packetIds::Set(id); // the ids of all threads go on from here
-        return SendOn(sign, {3, 49}, Extended(Bytes(data, length)));
+        return SendOn(sign, {3, 49}, Extended(block));
     });
 }
 
@@ -84,7 +85,7 @@ std::uint32_t vxCustomTest(std::uint8_t major, std::uint8_t minor, const void* p
                            const void* extended, std::uint8_t extendedLength, std::uint8_t crc, void* requestOut,
                            std::uint8_t* requestLength, void* replyOut, std::uint8_t* replyLength)
 {
-    const bool good = (payload != nullptr || payloadLength == 0) && (extended != nullptr || extendedLength == 0);
+    const bool good = !Bytes(payload, payloadLength).refused && !Bytes(extended, extendedLength).refused;
     return Call<vxTestLED>(good, [=](vxTestLED& sign) {
         sign.useCrc = crc;
         sign.BuildPacket(sign.requestBuffer, major, minor, payload, payloadLength, extended, extendedLength);

@@ -4,7 +4,6 @@
 #include "util/file.h"
 #include "vxBaseCMD/call.h"
 #include "vxComm/clockFields.h"
-#include "vxComm/joined.h"
 
 #include <vxsign/traffic.h>
 
@@ -65,13 +64,13 @@ std::uint32_t vxTCManual(std::uint8_t mode)
 
 std::uint32_t vxTCJKBLightTest(const std::uint8_t* lamps, std::uint8_t lampCount)
 {
-    return Send<vxTrafficLED>({10, 8}, Payload(Fields<4>(lampCount)), Extended(BytesIfAny(lamps, lampCount)));
+    return Send<vxTrafficLED>({10, 8}, Payload(Fields<4>(lampCount)), Extended(Bytes(lamps, lampCount)));
 }
 
 std::uint32_t vxTCJKCLightTest(const std::uint8_t* lamps, std::uint8_t firstCount, std::uint8_t secondCount)
 {
     const std::size_t count = std::size_t{firstCount} + secondCount;
-    return Send<vxTrafficLED>({10, 9}, Payload(Fields<4>(firstCount, secondCount)), Extended(BytesIfAny(lamps, count)));
+    return Send<vxTrafficLED>({10, 9}, Payload(Fields<4>(firstCount, secondCount)), Extended(Bytes(lamps, count)));
 }
 
 std::uint32_t vxTrafficTempPhaseRun(const std::uint8_t* phase, std::uint32_t flag)
