@@ -169,7 +169,7 @@ FilePointer TreeReader::ReadFile(const Head& head)
 {
     const std::uint64_t body = head.start + kHeadSize;
     const std::uint32_t length = head.Length();
-    const std::uint64_t fixedEnd = head.start + sequence::kFileRecordSize;
+    const std::uint64_t behind = head.start + length; // where the schedules begin
     FilePointer info = NewFile();
 
     char path[kLongestText + 1] = {};
@@ -186,10 +186,10 @@ FilePointer TreeReader::ReadFile(const Head& head)
     info->PicInMode = picture[2];
     info->PicOutMode = picture[3];
 
-    ReadSchedules(*info, rules.fixedFileRecords ? fixedEnd : head.start + length, head.Count());
+    ReadSchedules(*info, behind, head.Count());
     const std::uint64_t schedules = std::uint64_t{kScheduleSize} * head.Count();
     if (rules.takeSource)
-        rules.takeSource(*info, ReadSource(fixedEnd + schedules));
+        rules.takeSource(*info, ReadSource(behind + schedules));
     position = head.End(length + (rules.fixedFileRecords ? head.Behind() : schedules));
     return info;
 }

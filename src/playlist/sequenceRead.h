@@ -23,7 +23,7 @@ struct TreeRules
     std::size_t mostSchedules;    // that are read of each file
     std::uint8_t everyDay;        // the days of a schedule that does not restrict them
     bool subGroupsKeepPlayType;   // else it becomes the mark of their level
-    bool fixedFileRecords;        // the path has 256 bytes, the record 340, and bytes 2 and 3 count all behind it
+    bool fixedFileRecords;        // 340 bytes with a path of 256, however long it is; bytes 2 and 3 count all behind it
     bool filesAlwaysHaveSchedule; // one that means "always", if there is no other
     std::function<void(VXPLAYLIST_FILE_INFO&, const std::string&)> takeSource; // gets the path behind the schedules
 };

@@ -30,12 +30,13 @@ Bytes FlatEntry(std::string_view name)
     return Hex("44 54 0F 1F 2420 03 04 05 06 01 00 2520 07 08 09 10 00 01 00000000") + Padded(name, 12);
 }
 
-// A file's record up to its schedules; `behind` are bytes 2 and 3.
-Bytes FileRecord(std::string_view path, std::size_t behind, std::uint8_t schedules)
+// A file's record up to its schedules; `behind` are bytes 2 and 3, `more` the bytes that it is longer than what is read.
+Bytes FileRecord(std::string_view path, std::size_t behind, std::uint8_t schedules, std::uint8_t more = 0)
 {
     const Bytes size{static_cast<std::uint8_t>(behind), static_cast<std::uint8_t>(behind >> 8)};
-    return FromText("FS") + size + Bytes{schedules, 0} + Hex("02 00 54010000 00000000") + Padded(path, 320) +
-           Hex("3412 56 78");
+    const Bytes length{static_cast<std::uint8_t>(0x54 + more), 0x01, 0, 0};
+    return FromText("FS") + size + Bytes{schedules, 0} + Hex("02 00") + length + Bytes(4) + Padded(path, 320) +
+           Hex("3412 56 78") + Bytes(more, 0xEE);
 }
 
 Bytes Source(const std::string& path)
@@ -73,7 +74,7 @@ TEST_F(PcPlaylist, TreeFormBringsPlayTypesSchedulesAndFiles)
     const Bytes tree = Hex("4750 0000 0200 04 00 14000000 00 00 0000") + Padded("GRP", 4) +
                        Hex("4750 0000 0100 05 00 58000000 01 00 0000") + Padded("SUB!", 72) +
                        FileRecord("D:\\T\\A.TXT", 126 + 1 + source.size(), 7) + sevenSchedules + Source(source) +
-                       FileRecord("F:\\P\\B.TXT", 18 + 1 + 4 + 3, 1) + always + Source("none") + Bytes(3, 0xEE) +
+                       FileRecord("F:\\P\\B.TXT", 18 + 1 + 4 + 3, 1, 20) + always + Source("none") + Bytes(3, 0xEE) +
                        FileRecord("E:\\Q\\" + std::string(300, 'c'), 1, 0) + Source("");
     for (const char* const head : {"5351 0600 0200 0000", "0000 0500 0200 0000"}) {
         EXPECT_EQ(Load(Hex(head) + tree), "GRP:1/4/0[SUB!:2/5/0[D\\T\\A.TXT 5x2 4660/86/120;]"
