@@ -77,15 +77,14 @@ FileList FetchFileList(const Transfer& transfer)
 {
     const std::string local = transfer.Local("FILELSTI.LST");
     vxReadSpecPathFileEx(kFileListPath, local.c_str());
-    FileList codes = FileList::Load(local);
-    transfer.Step();
-    return codes;
+    return FileList::Load(local);
 }
 
 // A file that does not arrive is entered as well: it is not sent again before it changes.
 void SendFiles(const Transfer& transfer, char drive)
 {
     FileList codes = FetchFileList(transfer);
+    transfer.Step();
     bool changed = false;
     for (const FilePointer& file : AllFiles(transfer.list)) {
         if (transfer.Aborted())
