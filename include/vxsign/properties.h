@@ -39,8 +39,9 @@ VXSIGN_API uint32_t vxGetProperty(uint8_t* out, uint32_t outLength, int property
 /* Reads the communication settings from the sign. The next vxInitProperty then reads the sign afresh. */
 VXSIGN_API uint32_t vxReadCommunicationSet(vxCommunicationSet* out);
 
-/* Writes the communication settings into the sign's "CONFIG.SYS". A sign whose properties cannot be read gives 0 with
- * nothing written. Returns VX_OPEN_FILE when the temporary file cannot be made, else the result of sending it. */
+/* Writes the communication settings into the sign's "CONFIG.SYS". An address is four numbers of 0 to 255 with a dot
+ * behind each of the first three; blanks ahead of a number and whatever stands behind the last one do not count. An
+ * empty one leaves the sign's own. A sign whose properties cannot be read gives 0 with nothing written. Returns VX_OPEN_FILE when the temporary file cannot be made, else the result of sending it. */
 VXSIGN_API uint32_t vxWriteCommunicationSet(const vxCommunicationSet* in);
 
 VXSIGN_END

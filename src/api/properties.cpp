@@ -12,11 +12,12 @@
 #include <vxsign/write.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <optional>
+#include <string>
 
 static_assert(sizeof(vxCommunicationSet) == 84);
 static_assert(offsetof(vxCommunicationSet, address) == 0);
@@ -66,28 +67,28 @@ void FormatAddress(const std::uint8_t* word, char* text, std::size_t size)
     std::snprintf(text, size, "%d.%d.%d.%d", word[3], word[2], word[1], word[0]);
 }
 
-std::optional<std::uint32_t> ParseAddress(std::string_view text)
+// Takes what "%d.%d.%d.%d" does: blanks ahead of a number, zeros at its beginning, and anything behind the last one.
+std::optional<std::uint32_t> ParseAddress(const std::string& text)
 {
     std::uint32_t address = 0;
-    const char* at = text.data();
-    const char* const end = at + text.size();
+    const char* at = text.c_str();
     for (int octet = 0; octet < 4; ++octet) {
-        if (octet != 0 && (at == end || *at++ != '.'))
+        if (octet != 0 && *at++ != '.')
             return std::nullopt;
-        std::uint8_t value = 0;
-        const auto [next, error] = std::from_chars(at, end, value);
-        if (error != std::errc())
+        char* next = nullptr;
+        const long value = std::strtol(at, &next, 10);
+        if (next == at || value < 0 || value > 255)
             return std::nullopt;
-        address = address << 8 | value;
+        address = address << 8 | static_cast<std::uint32_t>(value);
         at = next;
     }
-    return at == end ? std::optional(address) : std::nullopt;
+    return address;
 }
 
 // Takes an address over into "CONFIG.SYS"; an empty text leaves the sign's own. False for a text that is no address.
 bool TakeAddress(std::string_view text, std::uint8_t* word)
 {
-    const auto address = ParseAddress(text);
+    const auto address = ParseAddress(std::string(text));
     if (address)
         Store32(word, *address);
     return address || text.empty();

@@ -147,6 +147,32 @@ TEST(CommunicationSet, WriteChangesWhatItNames)
     });
 }
 
+TEST(CommunicationSet, FormsOfAnAddress)
+{
+    OnFreshThread([](ScriptedSign& sign) {
+        sign.Then(Style()).Then(ConfigFile()).Then(Style());
+        EXPECT_EQ(vxInitProperty(), 0u);
+        for (const char* const text : {"10.20.30.40", " 10.\t20. 30.40", "010.020.0030.00040", "10.20.30.40 and more",
+                                       "10.20.30.40.50", "+10.20.30.40-"}) {
+            vxCommunicationSet set{};
+            std::strcpy(set.address, text);
+            sign.Then(Style()).Then(Good());
+            EXPECT_EQ(vxWriteCommunicationSet(&set), 0u) << text;
+            const Bytes written = sign.requests.back().Extended();
+            ASSERT_EQ(written.size(), 300u) << text;
+            EXPECT_EQ(Bytes(written.begin() + 36, written.begin() + 40), Hex("281E140A")) << text;
+        }
+        for (const char* const text :
+             {" ", "x", "10", "10.20.30", "10.20.30.", "10.20.30.256", "10 .20.30.40", "-1.2.3.4", "99999999999.2.3.4",
+              "4294967297.2.3.4", "18446744073709551617.2.3.4", "10,20,30,40"}) {
+            vxCommunicationSet set{};
+            std::strcpy(set.address, text);
+            sign.Then(Style());
+            EXPECT_EQ(vxWriteCommunicationSet(&set), 2u) << text;
+        }
+    });
+}
+
 TEST(CommunicationSet, AnUnreachableSignCountsAsWritten)
 {
     OnFreshThread([](ScriptedSign& sign) {
