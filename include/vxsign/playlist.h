@@ -9,7 +9,7 @@
  * The first byte of a path is never looked at.
  *
  * An edit that does not find its target does nothing and returns 0. A level path without its final slash gives
- * VX_ARGUMENTS, a null pointer too.
+ * VX_ARGUMENTS, a null pointer too. Unless a function says otherwise it returns VX_CALL (256) when memory ran out.
  */
 #ifndef VXSIGN_PLAYLIST_H
 #define VXSIGN_PLAYLIST_H
@@ -81,16 +81,19 @@ typedef struct VXPLAYLIST_ITEM
  * made. */
 VXSIGN_API uint32_t vxPLInit(char* dir, char* fileName);
 
-/* Writes the list to its file. 0, whatever became of the file; 1 when memory ran out. Of the files in a group's default
- * child only the first comes back from it; sub-groups come back whole. */
+/* Writes the list to its file. 0, whatever became of the file; 1 when memory ran out.
+ *
+ * Not all comes back. Of the files in a group's default child only the first does. In a group with sub-groups the
+ * others come back too, each in the place of one of the last sub-groups, and all of them without stay time and effects.
+ */
 VXSIGN_API uint32_t vxPLSave(void);
 
-/* Replaces the list with the XML file at path, with the bound file if path is null. 1 when it cannot be parsed; the
- * list is empty then. */
+/* Replaces the list with the XML file at path, with the bound file if path is null. 1 when it cannot be opened or
+ * parsed, or memory ran out; the list is empty then. */
 VXSIGN_API uint32_t vxLoadSYSFromXML(char* path);
 
 /* Replaces the list with a sequence file of version 4 or 6. 0 also when the file cannot be opened or is of no such
- * version: the list then stays. 1 for a null path. */
+ * version: the list then stays. 1 for a null path, 0xFFFFFFFF (-1) when memory ran out. */
 VXSIGN_API uint32_t vxLoadSYSFromLED(const char* path);
 
 /* Replaces the list with a PC play list of version 4, 5 or 6 and copies the files that it names into the play list
@@ -101,6 +104,8 @@ VXSIGN_API uint32_t vxLoadPLSFromPC(const char* path);
  * the list looks for it, or G is unknown: a sub-group is compared with the children of the group before G, for the
  * first group with the groups. */
 VXSIGN_API uint32_t vxPLAddGroup(char* path, uint16_t index, char* name, uint8_t playType);
+
+/* Gives a group, with its default child, or a sub-group another name and type. */
 VXSIGN_API uint32_t vxPLModifyGroup(char* path, char* name, uint8_t playType);
 
 /* Adds a file at index; at the root always at the end. The list takes the record over and releases it with free(): info
@@ -116,7 +121,8 @@ VXSIGN_API uint32_t vxPLGetFile(char* path, VXPLAYLIST_FILE_INFO* info);
 /* Swaps an entry of a level with its neighbour. */
 VXSIGN_API uint32_t vxPLMoveItem(char* path, uint16_t index, uint16_t direction);
 
-/* Deletes the entries first to last of a level, both included and both cut to the last entry. */
+/* Deletes the entries first to last of a level, both included and both cut to the last entry. A group without its
+ * default child takes no more files of its own. */
 VXSIGN_API uint32_t vxPLDelItem(char* path, uint16_t first, uint16_t last);
 
 /* Lists a level. At the root *count is the capacity on entry; when it is too small the result is VX_ARGUMENTS and items
@@ -126,13 +132,14 @@ VXSIGN_API uint32_t vxPLGetItems(char* path, uint16_t* count, VXPLAYLIST_ITEM* i
 
 /* Sends the list to the sign, where it plays at once; the second form puts it into the numbered list index. With
  * withFiles the files whose codes differ from those of the sign's file list go first; a file that does not arrive is
- * passed over. abortFlag ends the files, not the list. The result is that of the list's upload; 256 or VX_ARGUMENTS
- * when memory ran out. */
+ * passed over. abortFlag ends the files, not the list. progressTotal becomes 128 and progressPos the step. The result
+ * is that of the list's upload. */
 VXSIGN_API uint32_t vxPLSendToLED(int8_t withFiles);
 VXSIGN_API uint32_t vxPLSpeSendToLED(uint8_t index, int8_t withFiles);
 
 /* Fetches the sign's list, and with withFiles the files that differ from the local ones, but none whose name would
- * leave the play list directory. vxPLSave keeps it. */
+ * leave the play list directory. vxPLSave keeps it. Returns what the transfer of the list gives when it fails: the
+ * thread's list then stays. Otherwise 0, whatever became of the files. Progress as in sending. */
 VXSIGN_API uint32_t vxPLReadFromLED(int8_t withFiles);
 
 VXSIGN_END

@@ -36,12 +36,16 @@ VXSIGN_API uint32_t vxInitProperty(void);
  * wider than outLength is cut. */
 VXSIGN_API uint32_t vxGetProperty(uint8_t* out, uint32_t outLength, int propertyKind);
 
-/* Reads the communication settings from the sign. The next vxInitProperty then reads the sign afresh. */
+/* Reads the communication settings from the sign. The next vxInitProperty then reads the sign afresh. Returns what
+ * vxInitProperty gives; a null out is left out. */
 VXSIGN_API uint32_t vxReadCommunicationSet(vxCommunicationSet* out);
 
 /* Writes the communication settings into the sign's "CONFIG.SYS". An address is four numbers of 0 to 255 with a dot
  * behind each of the first three; blanks ahead of a number and whatever stands behind the last one do not count. An
- * empty one leaves the sign's own. A sign whose properties cannot be read gives 0 with nothing written. Returns VX_OPEN_FILE when the temporary file cannot be made, else the result of sending it. */
+ * empty one leaves the sign's own. The thread's record keeps the new settings even when sending them fails.
+ * Returns 0 with nothing written for a sign whose properties cannot be read; VX_ARGUMENTS, with nothing written, for an
+ * address that is none; VX_OPEN_FILE when the temporary file cannot be made, VX_CALL when it cannot be written, else
+ * the result of sending it. */
 VXSIGN_API uint32_t vxWriteCommunicationSet(const vxCommunicationSet* in);
 
 VXSIGN_END

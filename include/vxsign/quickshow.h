@@ -2,7 +2,7 @@
  *
  * Each function puts a configuration of its own in place of the thread's, and leaves it there. Common arguments:
  *   font, colour, mode, staySec  as in content.h
- *   host, port                   IPv4 address as dotted text (31 bytes at most) and port of the sign
+ *   host, port                   IPv4 address as dotted text (32 bytes of it are taken) and port of the sign
  *   toE                          not 0: drive E takes the content; 0: drive F if the sign has one, else D
  *   sendSequence                 0: the message goes over, but the sign's play list stays as it was
  *   kind, serialName, baudRate, destinationAddress  as in vxApiConfig; serialName may be null unless kind is serial
@@ -19,8 +19,9 @@
 
 VXSIGN_BEGIN
 
-/* Shows size bytes of text. Tries and time-out: 3 and 3000 ms, the caller's in vxShowMsgTimeout. When the sign refuses
- * the message, vxShowMsg leaves its temporary file, the others delete it. */
+/* Shows size bytes of text. Tries and time-out: 3 and 3000 ms, the caller's in vxShowMsgTimeout (within the limits of
+ * vxApiConfig). When the sign's properties cannot be read, the temporary file of the message stays; when the sign
+ * refuses the message, vxShowMsg leaves it and the others delete it. */
 VXSIGN_API uint32_t vxShowMsg(const uint8_t* text, uint32_t size, uint32_t font, uint32_t colour, uint32_t mode,
                               uint32_t staySec, const char* host, uint32_t port, uint32_t toE, int sendSequence);
 VXSIGN_API uint32_t vxShowMsgEx(const uint8_t* text, uint32_t size, uint32_t font, uint32_t colour, uint32_t mode,
@@ -31,7 +32,7 @@ VXSIGN_API uint32_t vxShowMsgTimeout(const uint8_t* text, uint32_t size, uint32_
                                      uint8_t retries, uint32_t timeoutMs, uint32_t kind, const char* serialName,
                                      uint32_t baudRate, uint16_t destinationAddress);
 
-/* Shows a picture: size bytes of a picture file of any type that the sign knows. */
+/* Shows a picture: size bytes of a picture file of any type that the sign knows. 3 tries of 3000 ms. */
 VXSIGN_API uint32_t vxShowPic(const uint8_t* buf, uint32_t size, uint32_t mode, uint32_t staySec, const char* host,
                               uint32_t port, uint32_t toE);
 VXSIGN_API uint32_t vxShowPicEx(const uint8_t* buf, uint32_t size, uint32_t mode, uint32_t staySec, const char* host,
@@ -39,7 +40,8 @@ VXSIGN_API uint32_t vxShowPicEx(const uint8_t* buf, uint32_t size, uint32_t mode
                                 uint16_t destinationAddress);
 
 /* Shows count local files (128 at most) one after the other, all with the same mode and stay time, which become the
- * sign's defaults. 6 tries of 3000 ms. */
+ * sign's defaults. 6 tries of 3000 ms. A file that fails ends the list: those ahead of it stay on the sign, and what
+ * the sign plays stays as it was. */
 VXSIGN_API uint32_t vxShowFiles(const char** files, uint32_t count, int mode, uint32_t staySec, const char* host,
                                 uint32_t port, uint32_t toE);
 VXSIGN_API uint32_t vxShowFilesEx(const char** files, uint32_t count, int mode, uint32_t staySec, const char* host,
@@ -50,8 +52,8 @@ VXSIGN_API uint32_t vxShowFilesSpe(const char** files, uint32_t count, int mode,
                                    uint32_t baudRate, uint16_t destinationAddress, uint8_t what);
 
 /* The same with a tree-form sequence file that is valid at all times and carries types[i] for file i. The sign's
- * display style is left alone, a file that fails does not stop the list, and the result is that of the last transfer;
- * 1 when the temporary file cannot be made. reserved is not used. */
+ * display style is left alone, the files go over whatever what says, a file that fails does not stop the list, and the
+ * result is that of the last transfer; 1 when the temporary file cannot be made. reserved is not used. */
 VXSIGN_API uint32_t vxShowFilesII(const char** files, uint32_t count, const uint8_t* types, uint32_t reserved,
                                   const char* host, uint32_t port, uint32_t toE, uint32_t kind, const char* serialName,
                                   uint32_t baudRate, uint16_t destinationAddress, uint8_t what);

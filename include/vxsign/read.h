@@ -2,9 +2,12 @@
  *
  * A file arrives in numbered packets of dataSize bytes (vxApiConfig). onProgress is called for each packet but the
  * first. The local file is made before the first request: a read that fails leaves it, with what arrived so far.
+ * Nothing compares its length with the size that the sign announced.
  *
  * Arguments are those of write.h. Beyond the results that all commands share, a file transfer returns VX_OPEN_FILE when
- * the local file cannot be made and VX_FILE_NOT_EXISTS when the sign announces a size of 0.
+ * the local file cannot be made, VX_CALL when it cannot be written, VX_FILE_NOT_EXISTS when the sign announces a size
+ * of 0, which leaves the file empty, and 4353 ("Oversize when reading!", which signs answer too) for a file of more
+ * than 65535 packets, unless the function has packet numbers of 32 bits.
  */
 #ifndef VXSIGN_READ_H
 #define VXSIGN_READ_H
@@ -33,10 +36,12 @@ VXSIGN_API uint32_t vxReadPlayLog(const char* local);
 /* The sign's warning report, "E:\errors.xml", as it is. */
 VXSIGN_API uint32_t vxReadWarning(const char* local);
 
-/* Size of the data flash: 12 bytes; the product of the first two little-endian 16-bit numbers is the size in bytes. */
+/* Size of the data flash: 12 bytes at most; the product of the first two little-endian 16-bit numbers is the size in
+ * bytes. */
 VXSIGN_API uint32_t vxReadDataFlashInfo(void* out);
 
-/* The data flash, size bytes of it, all if 0. The sign is given 3 seconds to get ready. */
+/* The data flash, size bytes of it, all if 0; packet numbers of 32 bits. The sign is given 3 seconds to get ready.
+ * onProgress is called for the first packet too. */
 VXSIGN_API uint32_t vxReadDataFlashFile(const char* local, uint32_t size);
 
 /* The system settings: 16 bytes that only the sign interprets. */
@@ -67,10 +72,11 @@ VXSIGN_API uint32_t vxReadDB(uint16_t id, const char* sql, void* outA, int sizeA
 VXSIGN_API uint32_t vxReadBrightInfo(uint8_t* a, uint8_t* b, uint8_t* c);
 VXSIGN_API uint32_t vxReadBrightInfoExt(uint8_t* out);
 
-/* A statistics record of the sign, size bytes of it at most. */
+/* A statistics record of the sign, size bytes of it at most; VX_ARGUMENTS for a size of 0. */
 VXSIGN_API uint32_t vxReadStats(uint8_t which, uint8_t* buf, uint32_t size);
 
-/* The number of the sign's board, and how many ports it has. */
+/* The number of the sign's board, and how many ports it has: as the sign says or, where it says 0, as is known of that
+ * board. */
 VXSIGN_API uint32_t vxReadPCBID(uint32_t* id);
 VXSIGN_API uint32_t vxReadPCBIDAndPort(uint32_t* id, uint8_t* ports);
 
@@ -80,8 +86,9 @@ VXSIGN_API uint32_t vxReadPCBIDAndPort(uint32_t* id, uint8_t* ports);
 VXSIGN_API uint32_t vxLCReadUpdateStatus(uint8_t addrLow, uint8_t addrHigh, uint8_t* first, uint8_t* second);
 
 /* One file in one call, with no vxInitAPI before: the thread's configuration is replaced by one made from the arguments
- * (3 tries of 3000 ms) and stays so. host is an IPv4 address as dotted text. kind, serialName, baud and destination are
- * those of vxApiConfig. Any failure that has no code of its own gives VX_CALL. */
+ * (3 tries of 3000 ms) and stays so. host is an IPv4 address as dotted text, of which 32 bytes are taken. kind,
+ * serialName, baud and destination are those of vxApiConfig; serialName may be null unless kind is serial. Any failure
+ * that has no code of its own gives VX_CALL. */
 VXSIGN_API uint32_t vxEasyReadFile(const char* local, const char* path, const char* host, uint32_t port);
 VXSIGN_API uint32_t vxEasyWriteFile(const char* local, const char* path, const char* host, uint32_t port);
 VXSIGN_API uint32_t vxEasyReadFileEx(const char* local, const char* path, const char* host, uint32_t port,

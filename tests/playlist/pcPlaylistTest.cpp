@@ -30,7 +30,7 @@ Bytes FlatEntry(std::string_view name)
     return Hex("44 54 0F 1F 2420 03 04 05 06 01 00 2520 07 08 09 10 00 01 00000000") + Padded(name, 12);
 }
 
-// A file's record up to its schedules; `behind` are bytes 2 and 3, `more` the bytes that it is longer than what is read.
+// A file's record up to its schedules; `behind` are bytes 2 and 3, `more` is its length beyond what is read of it.
 Bytes FileRecord(std::string_view path, std::size_t behind, std::uint8_t schedules, std::uint8_t more = 0)
 {
     const Bytes size{static_cast<std::uint8_t>(behind), static_cast<std::uint8_t>(behind >> 8)};
