@@ -23,7 +23,9 @@ enum vxThreadRecord
 };
 
 /* Callbacks. Each gets the thread's live configuration record first. They run on the calling thread. A callback must
- * not throw; what it throws all the same ends the call with VX_COMMUNICATION. */
+ * not throw. What it throws all the same does not leave the library: onOpen, onProgress, onLog and onMessageToGif end
+ * the call with VX_COMMUNICATION, onRead and onWrite make a try that fails, onTempPath a folder in which no file can be
+ * made, and onClose comes too late to change the result. */
 struct vxApiConfig;
 /* A command object was made, or comes to its end: once for each command, also for one that is then refused. */
 typedef void (*vxOnOpen)(struct vxApiConfig* config);

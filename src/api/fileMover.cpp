@@ -102,7 +102,7 @@ std::uint32_t Move(vxApiConfig& config, const char* local, const char* path, boo
 
 std::uint32_t vxRWFile(const char* local, const char* path, std::uint32_t mode)
 {
-    return LocalCall<std::uint32_t>(VX_CALL, [=]() -> std::uint32_t {
+    return LocalCall<std::uint32_t>(VX_COMMUNICATION, [=]() -> std::uint32_t {
         vxApiConfig* const config = ThreadConfig();
         if (config == nullptr || local == nullptr || (mode != VX_MOVE_READ && mode != VX_MOVE_WRITE))
             return VX_NOT_INITIALISED;
@@ -114,7 +114,7 @@ std::uint32_t vxCurrentMsg2Gif(const char* tempFolder, const char* gifPath)
 {
     if (tempFolder == nullptr || gifPath == nullptr)
         return VX_ARGUMENTS;
-    return LocalCall<std::uint32_t>(VX_CALL, [=] {
+    return LocalCall<std::uint32_t>(VX_COMMUNICATION, [=] {
         char playing[kPlayingPathSize] = {};
         const std::uint32_t result = vxGetPlayingFileName(playing, sizeof playing);
         if (result != VX_OK && result != kNothingPlays)

@@ -1,6 +1,7 @@
 // The pixel check from its start to the fetched results.
 #include "api/threadRecords.h"
 #include "platform/clock.h"
+#include "util/localCall.h"
 
 #include <vxsign/pixel.h>
 #include <vxsign/result.h>
@@ -40,16 +41,18 @@ std::uint32_t vxPxlChk(const char* pxlLocal, const char* signalLocal)
         return VX_NOT_INITIALISED;
     config->progressTotal = kSteps;
     config->progressPos = 0;
-    std::uint32_t result = vxBeginPixCheck();
-    if (result != VX_OK)
-        return result;
-    config->progressPos = 1;
-    result = WaitForEnd(*config);
-    if (result != VX_OK)
-        return result;
-    config->progressPos = 2;
-    vxReadPixResult(pxlLocal);
-    config->progressPos = 3;
-    vxReadSignalResult(signalLocal);
-    return VX_OK;
+    return LocalCall<std::uint32_t>(VX_COMMUNICATION, [=]() -> std::uint32_t {
+        std::uint32_t result = vxBeginPixCheck();
+        if (result != VX_OK)
+            return result;
+        config->progressPos = 1;
+        result = WaitForEnd(*config);
+        if (result != VX_OK)
+            return result;
+        config->progressPos = 2;
+        vxReadPixResult(pxlLocal);
+        config->progressPos = 3;
+        vxReadSignalResult(signalLocal);
+        return VX_OK;
+    });
 }

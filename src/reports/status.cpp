@@ -137,7 +137,7 @@ std::uint32_t vxReadStatusInfo(const char* tempFolder, std::uint32_t user, std::
 {
     if (tempFolder == nullptr || callback == nullptr)
         return VX_ARGUMENTS;
-    return LocalCall<std::uint32_t>(VX_CALL, [=]() -> std::uint32_t {
+    return LocalCall<std::uint32_t>(VX_COMMUNICATION, [=]() -> std::uint32_t {
         vxApiConfig* const config = ThreadConfig();
         if (config == nullptr)
             return VX_NOT_INITIALISED;

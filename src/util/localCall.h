@@ -2,8 +2,8 @@
 
 namespace vxsign {
 
-/// The frame of an export that needs no sign: what is thrown inside it, memory that ran out above all, becomes the
-/// given failure.
+/// The frame of an export that has no command of its own: what is thrown inside it, memory that ran out above all,
+/// becomes the given failure. That is VX_COMMUNICATION, as in a command, where a callback of vxApiConfig runs.
 template <class Result, class Body>
 Result LocalCall(Result failure, Body&& body) noexcept
 {

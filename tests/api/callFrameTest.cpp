@@ -1,6 +1,7 @@
 // What stands around every command: the thread's record, its limits, its callbacks.
 #include "api/socketSupport.h"
 #include "support/scriptedSign.h"
+#include "support/tempFolder.h"
 #include "vxBaseCMD/call.h"
 
 #include <cstring>
@@ -93,12 +94,58 @@ TEST(CallFrame, NothingThrownLeavesAnExport)
         throw 1;
     };
     EXPECT_EQ(vxBlackScreen(), 20736u);
-    sign.Config().onOpen = [](vxApiConfig*) { throw 1; };
-    EXPECT_EQ(vxBlackScreen(), 20736u);
-    sign.Config().onOpen = nullptr;
-    sign.Config().onClose = [](vxApiConfig*) { throw 1; };
-    EXPECT_EQ(vxBlackScreen(), 20736u);
+    sign.Config().onRead = [](vxApiConfig*, std::uint8_t*, std::uint32_t, std::uint32_t) -> std::int32_t { throw 1; };
+    EXPECT_EQ(vxWriteCmdBuf(reinterpret_cast<const std::uint8_t*>("x"), 1), 21061u);
     EXPECT_EQ(Call<CBaseCMD>([](CBaseCMD&) -> std::uint32_t { throw 1; }), 20736u);
+}
+
+// Every place that calls a callback, with one that throws there.
+TEST(CallFrame, NothingThatACallbackThrowsLeavesAnExport)
+{
+    using Config = vxApiConfig;
+    using Number = std::uint32_t;
+    constexpr auto open = [](Config& c) { c.onOpen = [](Config*) { throw 1; }; };
+    constexpr auto close = [](Config& c) { c.onClose = [](Config*) { throw 1; }; };
+    constexpr auto progress = [](Config& c) { c.onProgress = [](Config*, Number, Number) { throw 1; }; };
+    constexpr auto log = [](Config& c) { c.onLog = [](Config*, const char*, Number, Number, const char*) { throw 1; }; };
+    constexpr auto read = [](Config& c) {
+        c.onRead = [](Config*, std::uint8_t*, Number, Number) -> std::int32_t { throw 1; };
+    };
+    constexpr auto convert = [](Config& c) {
+        c.onMessageToGif = [](Config*, const char*, const char*, Number, Number) -> Number { throw 1; };
+    };
+    constexpr auto folder = [](Config& c) { c.onTempPath = [](Config*, char*, Number) { throw 1; }; };
+
+    const TempFolder temp;
+    const std::string lights = temp.Path("TRAFFICLIGHT.SYS");
+    const std::uint8_t byte = 1;
+    constexpr auto ignore = [](Number, const vxStatusRecord*, const std::uint8_t*, const char*) { return 0U; };
+    *ThreadState() = {};
+    struct Row
+    {
+        void (*install)(Config&);
+        std::function<Number()> call;
+        Number result;
+    };
+    const Row rows[] = {
+        {open, [] { return vxBlackScreen(); }, 20736},
+        {close, [] { return vxBlackScreen(); }, 0},
+        {progress, [&] { return vxUploadBuffer(&byte, 1); }, 20736},
+        {progress, [] { return vxPxlChk("a", "b"); }, 20736},
+        {progress, [&] { return vxRWFile(lights.c_str(), nullptr, VX_MOVE_READ); }, 20736},
+        {log, [] { return vxPatternTest(9); }, 20736},
+        {read, [] { return vxBlackScreen(); }, 20736},
+        {convert, [] { return vxCurrentMsg2Gif("x", "y"); }, 20736},
+        {convert, [&] { return vxReadStatusInfo("x", 1, 0, ignore, 0, 0, 0); }, 20736},
+        {folder, [] { return vxInitProperty(); }, 20737},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(&row - rows);
+        ScriptedSign sign;
+        sign.otherwise = [](const Packet& request) { return request.Major() == 3 ? Refusal(36912) : Good(); };
+        row.install(sign.Config());
+        EXPECT_EQ(row.call(), row.result);
+    }
 }
 
 TEST(CallFrame, ACommandObjectStaysSmall)
