@@ -89,9 +89,9 @@ typedef uint32_t (*vxOnWaringReport)(const vxWaringReportRow* row);
  * in byte 0 becomes 0), of bytes 1 and 2 of vxGetExternalEquipment, and in byte 3 of 1 for a first power byte of 0; a
  * sign that does not know the former gives its vxGetBeacon, as with useSignBeacon 0.
  *
- * messagePath is tempFolder (which ends in a separator) and the name that the sign tells. With onMessageToGif set
- * (vxApiConfig) that message is turned into "monitor.gif" in tempFolder; when nothing plays, the message is
- * "\__BLANK.VXB" behind tempFolder.
+ * messagePath is tempFolder (which ends in a separator) and the name that the sign tells, less any folder. With
+ * onMessageToGif set (vxApiConfig) that message is turned into "monitor.gif" in tempFolder; when nothing plays, the
+ * message is "\__BLANK.VXB" behind tempFolder.
  *
  * Returns the failure of vxReadCurrentState, without a call of callback; else what the last reading of beacon or power
  * gave. Other readings that fail leave zeros. */

@@ -14,12 +14,12 @@ constexpr std::string_view kBlankMessage = "__BLANK.VXB";
 /// The longest path that the sign is asked for.
 constexpr std::size_t kPlayingPathSize = 256;
 
-/// A message's name without its folder. The names of signs are separated by backslashes; a slash counts where there is
-/// none.
+/// A message's name without its folder, whichever separator that has: the name must not lead out of the folder that it
+/// is put behind. So ".." is none.
 inline std::string_view MessageName(std::string_view path)
 {
-    const char separator = path.find('\\') != path.npos ? '\\' : '/';
-    return path.substr(path.rfind(separator) + 1);
+    const std::string_view name = path.substr(path.find_last_of("/\\") + 1);
+    return name == ".." ? std::string_view() : name;
 }
 
 /// Calls onMessageToGif, which must be set, with the settings that the callers' converters were written for.

@@ -107,7 +107,9 @@ TEST(CallFrame, NothingThatACallbackThrowsLeavesAnExport)
     constexpr auto open = [](Config& c) { c.onOpen = [](Config*) { throw 1; }; };
     constexpr auto close = [](Config& c) { c.onClose = [](Config*) { throw 1; }; };
     constexpr auto progress = [](Config& c) { c.onProgress = [](Config*, Number, Number) { throw 1; }; };
-    constexpr auto log = [](Config& c) { c.onLog = [](Config*, const char*, Number, Number, const char*) { throw 1; }; };
+    constexpr auto log = [](Config& c) {
+        c.onLog = [](Config*, const char*, Number, Number, const char*) { throw 1; };
+    };
     constexpr auto read = [](Config& c) {
         c.onRead = [](Config*, std::uint8_t*, Number, Number) -> std::int32_t { throw 1; };
     };

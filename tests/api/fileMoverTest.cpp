@@ -130,7 +130,8 @@ TEST(CurrentMessage, IsConvertedByTheCaller)
         std::string message;
     };
     for (const Row& row :
-         {Row{Good(FromText("D:\\T\\A.NMG")), 0, "tmp\\A.NMG"}, Row{Good(FromText("D:/T\\x/A.NMG")), 0, "tmp\\x/A.NMG"},
+         {Row{Good(FromText("D:\\T\\A.NMG")), 0, "tmp\\A.NMG"}, Row{Good(FromText("D:/T\\x/A.NMG")), 0, "tmp\\A.NMG"},
+          Row{Good(FromText("D:\\../../../etc/shadow")), 0, "tmp\\shadow"}, Row{Good(FromText("D:\\..")), 0, "tmp\\"},
           Row{Good(FromText("/T/A.NMG")), 0, "tmp\\A.NMG"}, Row{Good(FromText("A.NMG")), 0, "tmp\\A.NMG"},
           Row{Good(), 0, "tmp\\"}, Row{Good(Bytes(1020, 'A')), 0, "tmp\\" + std::string(256, 'A')},
           Row{Refusal(26369), 26369, "tmp\\__BLANK.VXB"}}) {

@@ -149,6 +149,7 @@ TEST(Status, ShownMessage)
     EXPECT_EQ(shown(Refusal(26369), false), "tmp/");
     EXPECT_EQ(shown(Refusal(26370), true), "tmp/");
     EXPECT_TRUE(Seen::converted.empty());
+    EXPECT_EQ(shown(Good(FromText("D:\\../../up\\../etc/shadow")), true), "tmp/shadow");
     EXPECT_EQ(shown(Good(Bytes(1000, 'a')), false), "tmp/" + std::string(256, 'a'));
 }
 
