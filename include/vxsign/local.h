@@ -63,7 +63,9 @@ VXSIGN_API uint32_t vxSystemUpTimeSec(void);
 /* A value of an INI file. Sections and keys match without regard to case. A text loses the quotes around it, is 63
  * characters at most and gets no terminator: clear out before. A number is decimal or 0x, and 0 when the value is none.
  * A value that is missing, or whose file is, gives defaultValue. Setting makes what is missing, the file included, and
- * leaves the rest of the file as it was. All return 0, also when the file could not be written. */
+ * leaves the rest of the file as it was. The new file is written beside the old one and takes its place when it is
+ * whole, so that a full disk or a power cut leaves the old one. All return 0, also when the file could not be
+ * written. */
 VXSIGN_API uint32_t vxGetINIWithString(const char* section, const char* key, const char* defaultValue,
                                        const char* iniPath, char* out);
 VXSIGN_API uint32_t vxGetINIWithInt(const char* section, const char* key, uint32_t defaultValue, const char* iniPath,

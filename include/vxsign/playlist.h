@@ -81,7 +81,8 @@ typedef struct VXPLAYLIST_ITEM
  * made. */
 VXSIGN_API uint32_t vxPLInit(char* dir, char* fileName);
 
-/* Writes the list to its file. 0, whatever became of the file; 1 when memory ran out.
+/* Writes the list to its file. 0, whatever became of the file; 1 when memory ran out. The new file is written beside
+ * the old one and takes its place when it is whole, so that a full disk or a power cut leaves the old one.
  *
  * Not all comes back. Of the files in a group's default child only the first does. In a group with sub-groups the
  * others come back too, each in the place of one of the last sub-groups, and all of them without stay time and effects.

@@ -1,4 +1,4 @@
-// Opening files as only the system can.
+// Files as only the system can open and keep them.
 #pragma once
 
 #include <cstdio>
@@ -7,5 +7,11 @@ namespace vxsign::platform {
 
 /// As fopen, but child processes do not inherit the stream, and a folder is refused. Null when it fails.
 std::FILE* OpenStream(const char* path, const char* mode);
+
+/// Brings what was written to the disk itself, where it outlives a power cut. False when not all of it got there.
+bool Sync(std::FILE* stream);
+
+/// Gives an open file the owner, the group and the mode of another. False when it cannot have them.
+bool CopyAttributes(const char* from, std::FILE* to);
 
 } // namespace vxsign::platform

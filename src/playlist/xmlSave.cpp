@@ -1,9 +1,9 @@
 // Writes the thread's play list to its XML file.
 #include "playlist/paths.h"
 #include "playlist/xmlForm.h"
-#include "util/file.h"
 #include "util/littleEndian.h"
 #include "util/localCall.h"
+#include "util/replaceFile.h"
 #include "util/text.h"
 
 #include <vxsign/result.h>
@@ -22,9 +22,8 @@ constexpr bool kOneLine = true;
 class Writer
 {
 public:
-    explicit Writer(std::FILE* stream) : printer(stream) {}
-
-    void Write(const Items& items)
+    // The whole text, which lives as long as the writer.
+    std::string_view Write(const Items& items)
     {
         printer.PushDeclaration("xml version=\"1.0\" encoding=\"UTF-8\"");
         printer.OpenElement("vxPlayList");
@@ -33,6 +32,7 @@ public:
         for (const auto& item : items)
             Write(*item);
         printer.CloseElement();
+        return {printer.CStr(), static_cast<std::size_t>(printer.CStrSize() - 1)};
     }
 
 private:
@@ -117,8 +117,7 @@ std::uint32_t vxPLSave()
         const vxPlaylistState* const state = ThreadPlaylist();
         if (state == nullptr)
             return VX_NO_RECORD;
-        if (const File file = OpenFile(BoundFile(*state).c_str(), "wb"))
-            Writer(file.get()).Write(state->items);
+        ReplaceFile(BoundFile(*state), Writer().Write(state->items));
         return VX_OK;
     });
 }

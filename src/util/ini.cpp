@@ -2,13 +2,16 @@
 #include "util/file.h"
 #include "util/iniText.h"
 #include "util/localCall.h"
+#include "util/replaceFile.h"
 
 #include <vxsign/local.h>
 #include <vxsign/result.h>
 
 #include <algorithm>
+#include <filesystem>
 
 using namespace vxsign;
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -66,12 +69,12 @@ std::uint32_t vxSetINIWithString(const char* section, const char* key, const cha
         return VX_ARGUMENTS;
     return LocalCall<std::uint32_t>(VX_CALL, [=] {
         const std::optional<std::string> before = Contents(iniPath);
+        std::error_code error;
         // A file that is there but does not give its contents is not overwritten.
-        const File file = OpenFile(iniPath, before ? "wb" : "wbx");
-        if (file) {
+        if (before || fs::symlink_status(iniPath, error).type() == fs::file_type::not_found) {
             std::string text = before.value_or("");
             ini::Set(text, section, key, value);
-            WriteAll(file, text.data(), text.size());
+            ReplaceFile(iniPath, text);
         }
         return VX_OK;
     });

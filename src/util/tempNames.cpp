@@ -2,6 +2,7 @@
 #include "platform/clock.h"
 #include "platform/paths.h"
 #include "util/localCall.h"
+#include "util/tempFile.h"
 
 #include <vxsign/local.h>
 #include <vxsign/result.h>
@@ -28,8 +29,9 @@ std::string TempFolder()
     return folder;
 }
 
-// The tick count, but never the same one twice: two threads within one millisecond must not share a file.
-std::uint64_t NextStamp()
+} // namespace
+
+std::uint64_t vxsign::NextTempStamp()
 {
     static std::atomic<std::uint64_t> last = 0;
     std::uint64_t before = last.load();
@@ -40,8 +42,6 @@ std::uint64_t NextStamp()
     return stamp;
 }
 
-} // namespace
-
 std::uint32_t vxGetPCTempFilename(char* out, std::uint32_t outLength, const char* extension)
 {
     if (extension == nullptr)
@@ -51,7 +51,7 @@ std::uint32_t vxGetPCTempFilename(char* out, std::uint32_t outLength, const char
     out[0] = '\0';
     return LocalCall<std::uint32_t>(VX_CALL, [=] {
         std::snprintf(out, outLength, "%s%" PRIu32 "%" PRIu64 ".%s", TempFolder().c_str(), platform::ProcessId(),
-                      NextStamp(), extension);
+                      NextTempStamp(), extension);
         return VX_OK;
     });
 }

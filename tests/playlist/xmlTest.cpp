@@ -2,6 +2,7 @@
 #include <vxsign/playlist.h>
 #include <vxsign/result.h>
 
+#include "support/fullDisk.h"
 #include "support/listThread.h"
 #include "support/tempFolder.h"
 
@@ -100,6 +101,13 @@ TEST_F(PlaylistXml, SavesAndLoadsAllFields)
         MakeGoldenList(list);
         EXPECT_EQ(vxPLSave(), VX_OK);
         EXPECT_EQ(folder.Read("list.xml"), kGolden);
+        list.AddGroup("/", "F");
+        {
+            const FullDisk full;
+            EXPECT_EQ(vxPLSave(), VX_OK);
+        }
+        EXPECT_EQ(folder.Read("list.xml"), kGolden) << "the old file stays";
+        EXPECT_EQ(folder.Names(), "list.xml");
     });
     InThread([&](ListThread& list) {
         const std::string backslashed = folder.Path() + "\\";

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -52,6 +53,18 @@ public:
     }
 
     bool Has(std::string_view name) const { return std::filesystem::exists(folder / name); }
+
+    /// The names of what is in the folder, in order, with blanks between them.
+    std::string Names() const
+    {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder))
+            names.insert(entry.path().filename().string());
+        std::string text;
+        for (const std::string& name : names)
+            text += (text.empty() ? "" : " ") + name;
+        return text;
+    }
 
     bool IsEmpty() const { return std::filesystem::is_empty(folder); }
 

@@ -1,4 +1,5 @@
 #include "vxctl/playList.h"
+#include "support/fullDisk.h"
 #include "support/tempFolder.h"
 #include "vxctl/failure.h"
 
@@ -8,6 +9,7 @@
 namespace vxctl::test {
 namespace {
 
+using vxsign::test::FullDisk;
 using vxsign::test::TempFolder;
 
 constexpr std::uint16_t kEnd = std::numeric_limits<std::uint16_t>::max();
@@ -95,6 +97,14 @@ TEST(PlayListFile, RefusesWhatCannotBeAndKeepsTheFile)
     EXPECT_THROW(list.Remove(ParsePlace("/G/G/")), UsageError);
     EXPECT_THROW(list.Remove(ParsePlace("/x")), UsageError);
     EXPECT_THROW(PlayList::Open(folder.Path("none.xml")), UsageError);
+
+    const std::string before = folder.Read("list.xml");
+    list.AddFile(ParsePlace("/G/"), Named("g"), kEnd);
+    {
+        const FullDisk full;
+        EXPECT_THROW(list.Save(), SignFailure);
+    }
+    EXPECT_EQ(folder.Read("list.xml"), before);
 
     const std::string garbage = folder.Write("garbage.xml", "<vxPlayList><Item>");
     EXPECT_THROW(PlayList::OpenOrMake(garbage), UsageError);

@@ -1,3 +1,4 @@
+#include "support/fullDisk.h"
 #include "support/tempFolder.h"
 
 #include <vxsign/local.h>
@@ -118,6 +119,12 @@ TEST_F(Ini, SettingMakesTheFileAndGrowsAnUnendedOne)
     EXPECT_EQ(folder.Read("a.ini"), "[A]\nx=\"q\"\n");
     EXPECT_EQ(Text("A", "X"), "q");
     EXPECT_EQ(vxSetINIWithString("A", "x", "1", folder.Path("no/such").c_str()), 0u);
+    {
+        const vxsign::test::FullDisk full;
+        Set("A", "x", "longer than what a full disk takes");
+    }
+    EXPECT_EQ(folder.Read("a.ini"), "[A]\nx=\"q\"\n");
+    EXPECT_EQ(folder.Names(), "a.ini");
 }
 
 TEST_F(Ini, NullArguments)

@@ -1,7 +1,9 @@
 #include "platform/files.h"
 
+#include <cerrno>
 #include <string>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace vxsign::platform {
 
@@ -22,6 +24,24 @@ std::FILE* OpenStream(const char* path, const char* mode)
         return nullptr;
     }
     return stream;
+}
+
+bool Sync(std::FILE* stream)
+{
+    // Not every file system has something to do here; those that have not say EINVAL.
+    return std::fflush(stream) == 0 && (::fsync(fileno(stream)) == 0 || errno == EINVAL);
+}
+
+bool CopyAttributes(const char* from, std::FILE* to)
+{
+    constexpr mode_t kModes = 0777;
+    struct stat wanted = {};
+    struct stat made = {};
+    const int file = fileno(to);
+    if (::stat(from, &wanted) != 0 || ::fstat(file, &made) != 0)
+        return false;
+    const bool owned = wanted.st_uid == made.st_uid && wanted.st_gid == made.st_gid;
+    return (owned || ::fchown(file, wanted.st_uid, wanted.st_gid) == 0) && ::fchmod(file, wanted.st_mode & kModes) == 0;
 }
 
 } // namespace vxsign::platform

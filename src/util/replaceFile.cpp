@@ -1,0 +1,84 @@
+#include "util/replaceFile.h"
+
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "util/file.h"
+#include "util/tempFile.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+
+namespace vxsign {
+namespace {
+
+namespace fs = std::filesystem;
+
+enum class Outcome : std::uint8_t
+{
+    Done,
+    Failed,  // the old file stays as it is
+    NotHere, // no other file can take its place
+};
+
+// Whether there is no place for another file here. Where there is no room for it, writing in place would lose the old
+// one.
+bool IsNoPlace(int code)
+{
+    return code == EACCES || code == EPERM || code == ENAMETOOLONG || code == EBUSY || code == EXDEV;
+}
+
+// Removes a file on the way out; one that was renamed is gone already.
+struct Removal
+{
+    const std::string& name;
+    ~Removal() { std::remove(name.c_str()); }
+};
+
+bool WriteInPlace(const std::string& path, std::string_view contents)
+{
+    File file = OpenFile(path.c_str(), "wb");
+    const bool written = file && WriteAll(file, contents.data(), contents.size());
+    return CloseFile(file) && written;
+}
+
+// `there`: the target is, and the new file is to be like it.
+Outcome WriteBeside(const std::string& target, bool there, std::string_view contents)
+{
+    const std::string name =
+        target + '.' + std::to_string(platform::ProcessId()) + '.' + std::to_string(NextTempStamp());
+    File file = OpenFile(name.c_str(), "wbx");
+    if (!file)
+        return IsNoPlace(errno) ? Outcome::NotHere : Outcome::Failed;
+    const Removal removal{name};
+    if (there && !platform::CopyAttributes(target.c_str(), file.get()))
+        return Outcome::NotHere;
+    const bool written = WriteAll(file, contents.data(), contents.size()) && platform::Sync(file.get());
+    if (!CloseFile(file) || !written)
+        return Outcome::Failed;
+    std::error_code error;
+    fs::rename(name, target, error);
+    if (!error)
+        return Outcome::Done;
+    return IsNoPlace(error.value()) ? Outcome::NotHere : Outcome::Failed;
+}
+
+} // namespace
+
+bool ReplaceFile(const std::string& path, std::string_view contents)
+{
+    std::error_code error;
+    const fs::path linked = fs::canonical(path, error);
+    const std::string target = error ? path : linked.string();
+    const fs::file_type type = fs::symlink_status(target, error).type();
+    const bool there = type == fs::file_type::regular;
+    if (!there && type != fs::file_type::not_found)
+        return WriteInPlace(path, contents);
+    if (there && !OpenFile(target.c_str(), "ab"))
+        return false; // one that must not be written is not replaced either
+    const Outcome outcome = WriteBeside(target, there, contents);
+    return outcome == Outcome::NotHere ? WriteInPlace(target, contents) : outcome == Outcome::Done;
+}
+
+} // namespace vxsign

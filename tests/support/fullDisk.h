@@ -1,0 +1,33 @@
+#pragma once
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace vxsign::test {
+
+/// As long as it lives, no file of this process takes more than a few bytes: the rest of a write fails.
+class FullDisk
+{
+public:
+    FullDisk()
+    {
+        ::getrlimit(RLIMIT_FSIZE, &former);
+        rlimit full = former;
+        full.rlim_cur = kRoom;
+        ::setrlimit(RLIMIT_FSIZE, &full);
+    }
+    ~FullDisk()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &former);
+        std::signal(SIGXFSZ, handler);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    static constexpr rlim_t kRoom = 16;
+    rlimit former = {};
+    void (*const handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
+};
+
+} // namespace vxsign::test
