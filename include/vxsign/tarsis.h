@@ -77,8 +77,8 @@ typedef struct TilePixelBlockHeader
 #pragma pack(pop)
 
 /* Start the task that gives a tile's status (its result begins with a TileStatRecord) and the one that tests a tile;
- * testCode is the tile's. taskId gets the task. VX_ARGUMENTS for a tile above 494; the test also takes 65535, all
- * tiles. */
+ * testCode is the tile's. taskId gets the task; an answer that names none leaves it as it was. VX_ARGUMENTS for a tile
+ * above 494; the test also takes 65535, all tiles. */
 VXSIGN_API uint32_t vxTarsisGetTileStat(uint16_t tile, uint32_t* taskId);
 VXSIGN_API uint32_t vxTarsisTileTest(uint16_t tile, uint8_t testCode, uint32_t* taskId);
 

@@ -237,6 +237,12 @@ constexpr ReplyField ShortCopy(void* target, std::uint32_t longest)
     return {target, ReplyField::Kind::Short, 0, longest};
 }
 
+/// The number in the payload's first word; with an empty payload the target stays as it was.
+constexpr ReplyField OutIfThere(std::uint32_t* target)
+{
+    return ShortCopy(target, sizeof *target);
+}
+
 /// The extended part as far as it goes, `capacity` bytes at most; the rest of the target stays as it was.
 constexpr ReplyField OutExtended(void* target, std::uint32_t capacity)
 {

@@ -131,6 +131,8 @@ TEST_F(SecondTiles, TasksAreStartedAndWaitedFor)
         EXPECT_EQ(run("+01 =64037856"), 3078u);
         EXPECT_EQ(detail, details ? 0x5678u : 0xEEEEEEEEu);
         EXPECT_EQ(run("!65535"), 65535u);
+        EXPECT_EQ(run("=0A0B0C0D =64040000"), 0u);
+        EXPECT_EQ(sign.requests[start + 1].Payload(), Bytes(8, 0)) << "an extended part names no task";
         if (copies) {
             Play(sign, "!8451");
             EXPECT_EQ(row.call(), 8451u) << "without a copy no task";

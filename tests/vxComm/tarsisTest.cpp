@@ -34,6 +34,10 @@ TEST(FirstTiles, Requests)
     ExpectReplies({
         {"vxTarsisGetTileStat", [](std::uint8_t* out) { return vxTarsisGetTileStat(1, At<std::uint32_t>(out, 0)); },
          "01020304 05", "", "01020304"},
+        {"vxTarsisGetTileStat without a task",
+         [](std::uint8_t* out) { return vxTarsisGetTileStat(1, At<std::uint32_t>(out, 0)); }, "", "01020304", ""},
+        {"vxTarsisTileTest without a task",
+         [](std::uint8_t* out) { return vxTarsisTileTest(1, 2, At<std::uint32_t>(out, 0)); }, "", "01020304", ""},
     });
 }
 

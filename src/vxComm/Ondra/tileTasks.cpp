@@ -28,7 +28,7 @@ bool TimeLimit::IsPassed() const
 std::uint32_t vxOndraLED::StartTask(const TileTask& task, std::uint32_t& taskId)
 {
     return SendOn(*this, {kMajor, task.minor}, Payload(task.args), Extended(task.extended),
-                  vxsign::Reply(Out<0>(&taskId)));
+                  vxsign::Reply(OutIfThere(&taskId)));
 }
 
 std::uint32_t vxOndraLED::QueryTask(std::uint32_t taskId)

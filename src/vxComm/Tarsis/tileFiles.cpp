@@ -104,8 +104,7 @@ std::uint32_t vxTarsisLED::WriteTileFile(const char* localPath, std::uint16_t ti
         StartInstall(tile, file.signPath, file.flashOffset, &task) == VX_OK)
         PollTaskProgress(task);
     StartTest(tile, kInstalledTest, &task);
-    const std::uint32_t result = StartCommand(tile, kInstalledCommand, &task);
-    return result == VX_OK ? PollTaskProgress(task) : result;
+    return RunCommand(tile, kInstalledCommand);
 }
 
 std::uint32_t vxTarsisLED::ReadTileFile(const char* localPath, std::uint16_t tile, std::uint8_t fileType)

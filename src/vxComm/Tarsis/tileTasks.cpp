@@ -60,7 +60,7 @@ std::uint32_t vxTarsisLED::StartStatus(std::uint16_t tile, std::uint32_t* taskId
 {
     if (tile > VX_LAST_TILE)
         return VX_ARGUMENTS;
-    return SendOn(*this, {kMajor, 7}, Payload(Fields<4>(SelectTile(tile))), vxsign::Reply(Out<0>(taskId)));
+    return SendOn(*this, {kMajor, 7}, Payload(Fields<4>(SelectTile(tile))), vxsign::Reply(OutIfThere(taskId)));
 }
 
 std::uint32_t vxTarsisLED::StartTest(std::uint16_t tile, std::uint8_t testCode, std::uint32_t* taskId)
@@ -68,15 +68,18 @@ std::uint32_t vxTarsisLED::StartTest(std::uint16_t tile, std::uint8_t testCode, 
     if (!IsTileOrAll(tile))
         return VX_ARGUMENTS;
     const std::uint8_t address = tile == VX_ALL_TILES ? SelectAllTiles() : SelectTile(tile);
-    return SendOn(*this, {kMajor, 9}, Payload(Fields<4>(address, testCode)), vxsign::Reply(Out<0>(taskId)));
+    return SendOn(*this, {kMajor, 9}, Payload(Fields<4>(address, testCode)), vxsign::Reply(OutIfThere(taskId)));
 }
 
 // 65535 is no broadcast here: it goes out like any other number, as address 1 of the second bus.
-std::uint32_t vxTarsisLED::StartCommand(std::uint16_t tile, std::uint8_t command, std::uint32_t* taskId)
+std::uint32_t vxTarsisLED::RunCommand(std::uint16_t tile, std::uint8_t command)
 {
     if (!IsTileOrAll(tile))
         return VX_ARGUMENTS;
-    return SendOn(*this, {kMajor, 11}, Payload(Fields<4>(SelectTile(tile), command)), vxsign::Reply(Out<0>(taskId)));
+    std::uint32_t task = 0;
+    const std::uint32_t result =
+        SendOn(*this, {kMajor, 11}, Payload(Fields<4>(SelectTile(tile), command)), vxsign::Reply(OutIfThere(&task)));
+    return result == VX_OK ? PollTaskProgress(task) : result;
 }
 
 std::uint32_t vxTarsisLED::StartInstall(std::uint16_t tile, const char* signPath, std::uint32_t flashOffset,
@@ -85,13 +88,13 @@ std::uint32_t vxTarsisLED::StartInstall(std::uint16_t tile, const char* signPath
     if (!IsTileOrAll(tile))
         return VX_ARGUMENTS;
     return SendOn(*this, {kMajor, 15}, Payload(Fields<8>(flashOffset, Zeros<2>(), SelectTile(tile))),
-                  Extended(TerminatedText(signPath, kLongestExtended)), vxsign::Reply(Out<0>(taskId)));
+                  Extended(TerminatedText(signPath, kLongestExtended)), vxsign::Reply(OutIfThere(taskId)));
 }
 
 std::uint32_t vxTarsisLED::StartReadBlock(std::uint16_t tile, std::uint32_t flashOffset, std::uint32_t* taskId)
 {
     return SendOn(*this, {kMajor, 1}, Payload(Fields<8>(flashOffset, kTileChunk, SelectTile(tile))),
-                  vxsign::Reply(Out<0>(taskId)));
+                  vxsign::Reply(OutIfThere(taskId)));
 }
 
 std::uint32_t vxTarsisLED::PollTaskResult(std::uint32_t taskId, std::span<std::uint8_t> out, std::uint16_t& status)

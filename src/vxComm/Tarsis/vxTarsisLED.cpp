@@ -41,11 +41,7 @@ std::uint32_t vxTarsisReadTileFile(const char* localPath, std::uint16_t tile, st
 
 std::uint32_t vxTarsisSetTileCmd(std::uint16_t tile, std::uint8_t command)
 {
-    return Call<vxTarsisLED>([=](vxTarsisLED& sign) {
-        std::uint32_t task = 0;
-        const std::uint32_t result = sign.StartCommand(tile, command, &task);
-        return result == VX_OK ? sign.PollTaskProgress(task) : result;
-    });
+    return Call<vxTarsisLED>([=](vxTarsisLED& sign) { return sign.RunCommand(tile, command); });
 }
 
 std::uint32_t vxTarsisFMCalOpt(std::uint8_t option)

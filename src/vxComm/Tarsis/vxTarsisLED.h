@@ -7,13 +7,13 @@
 
 namespace vxsign {
 
-/// Tiles of the first family: majors 12 and 50. Each Start... begins a task of the control board.
+/// Tiles of the first family: majors 12 and 50. Each Start... begins a task of the control board; a reply that names no
+/// task leaves taskId as it was.
 class vxTarsisLED : public CBaseCMD
 {
 public:
     std::uint32_t StartStatus(std::uint16_t tile, std::uint32_t* taskId);
     std::uint32_t StartTest(std::uint16_t tile, std::uint8_t testCode, std::uint32_t* taskId);
-    std::uint32_t StartCommand(std::uint16_t tile, std::uint8_t command, std::uint32_t* taskId);
 
     /// Waits for a task's result data: `status` becomes VX_TASK_SUCCESS when `out` has got it. Returns the result of
     /// the last question.
@@ -22,6 +22,9 @@ public:
     /// Waits for a task that tells how far it is. Returns how it ended if that was no success, otherwise the result of
     /// the last question.
     std::uint32_t PollTaskProgress(std::uint32_t taskId);
+
+    /// Sends a tile a command and waits.
+    std::uint32_t RunCommand(std::uint16_t tile, std::uint8_t command);
 
     std::uint32_t WriteTileFile(const char* localPath, std::uint16_t tile, std::uint8_t fileType);
     std::uint32_t ReadTileFile(const char* localPath, std::uint16_t tile, std::uint8_t fileType);
