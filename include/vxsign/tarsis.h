@@ -88,11 +88,13 @@ VXSIGN_API uint32_t vxTarsisTileTest(uint16_t tile, uint8_t testCode, uint32_t* 
 VXSIGN_API uint32_t vxTarsisGetResult(uint32_t taskId, uint8_t* buffer, uint32_t bufferSize, uint16_t* status);
 
 /* Sends a tile a command and waits. Returns how the task ended, 0 for success. VX_ARGUMENTS for 495 to 65534; 65535
- * goes out as address 1 of the second bus. */
+ * goes out as address 1 of the second bus. A task that has not ended after five minutes or so gives its state: 3 while
+ * it is worked on, but 0 while it still waits for its turn. */
 VXSIGN_API uint32_t vxTarsisSetTileCmd(uint16_t tile, uint8_t command);
 
 /* Installs a local file in a tile, by way of the sign's drive C. fileType: 0 to 4, VX_ARGUMENTS for any other. Returns
- * how the command at the end of the installation ended, 0 for success; what goes wrong on the way to it is not told. */
+ * how the command at the end of the installation ended, as vxTarsisSetTileCmd does; what goes wrong on the way to it
+ * is not told. */
 VXSIGN_API uint32_t vxTarsisWriteTileFile(const char* localPath, uint16_t tile, uint8_t fileType);
 
 /* Reads the calibration of a tile into a local file; fileType is 4, VX_ARGUMENTS for any other. VX_OPEN_FILE when the

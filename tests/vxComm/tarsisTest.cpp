@@ -148,9 +148,16 @@ TEST(FirstTiles, WaitsThatEndWithoutTheTask)
     sign.Config().abortFlag = 0;
     sign.requests.clear();
 
-    sign.otherwise = [](const Packet&) { return Good({}, Bytes(12, 3)); };
-    EXPECT_EQ(vxTarsisSetTileCmd(1, 1), 0u);
-    EXPECT_EQ(sign.requests.size(), 3001u);
+    // A command whose task never ends gives the task's last state, after a failed question that failure.
+    for (const auto& [state, last, result] :
+         {std::tuple{3, Good({}, Bytes(12, 3)), 3u}, {0, Good({}, Bytes(12, 0)), 0u}, {3, Refusal(36912), 36912u}}) {
+        sign.requests.clear();
+        sign.otherwise = [&, state = static_cast<std::uint8_t>(state), last = last](const Packet&) {
+            return sign.requests.size() > 3000 ? last : Good({}, Bytes(12, state));
+        };
+        EXPECT_EQ(vxTarsisSetTileCmd(1, 1), result);
+        EXPECT_EQ(sign.requests.size(), 3001u);
+    }
 
     // Noise that declares more than any reply holds is no result.
     sign.raw = [](const Packet& request) {
@@ -270,6 +277,9 @@ TEST_F(FirstTileFiles, InstallingGoesOnToItsLastCommand)
         EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 1, row.type), row.result);
         EXPECT_EQ(Requests(sign), row.requests);
     }
+    Play(sign, Words({"+01", kStatus, "!8451 . +01"}));
+    sign.otherwise = [](const Packet&) { return Good({}, Bytes(12, 3)); };
+    EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 1, 0), 3u) << "a last command that never ends";
 }
 
 TEST_F(FirstTileFiles, CalibrationIsReadInBlocks)

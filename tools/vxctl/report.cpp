@@ -32,6 +32,7 @@ constexpr Advice kAdvice[] = {
     {VX_FAILED_OPERATION, "try once more; the sign may have been busy"},
     {VX_INCONSISTENT_SYNC, "is that the port of a sign? Look at its reply with raw"},
     {3074, "wait until the other tasks of the tiles are done"},
+    {VX_TASK_PROCESSING, "the tile is still at it: wait, then look at it with tile status"},
     {3076, kTileLine},
     {3077, kTileLine},
     {3078, "look at the tile with tile status; its calibration may be locked"},

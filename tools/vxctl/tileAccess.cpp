@@ -65,6 +65,13 @@ void CheckDetailed(Context& context, std::uint32_t result, std::uint32_t detail)
     Check(result);
 }
 
+// How a command of the first family ended. One that is still worked on gives its bare state.
+void CheckEnd(std::uint32_t result)
+{
+    constexpr std::uint32_t kWorkedOn = VX_TASK_PROCESSING - VX_TASK_WAITING;
+    Check(result == kWorkedOn ? std::uint32_t{VX_TASK_PROCESSING} : result);
+}
+
 // The result of a task of the first family.
 std::vector<std::uint8_t> AwaitTask(std::uint32_t task)
 {
@@ -199,7 +206,7 @@ void CommandTile(const TileChoice& choice, std::uint8_t command, const std::vect
     case TileWay::kFirst:
         if (!data.empty())
             throw UsageError("a command takes data with --port alone");
-        return Check(vxTarsisSetTileCmd(choice.Tile(), command));
+        return CheckEnd(vxTarsisSetTileCmd(choice.Tile(), command));
     case TileWay::kPort:
         return Check(vxOndraTileCMDTimeout(command, choice.Port(), choice.Tile(), bytes, size, timeoutMs));
     case TileWay::kDirect:
@@ -233,7 +240,7 @@ void WriteTileFile(Context& context, const TileChoice& choice, const TileFile& f
     std::uint32_t detail = 0;
     switch (choice.Way()) {
     case TileWay::kFirst:
-        return Check(vxTarsisWriteTileFile(local.c_str(), choice.Tile(), type));
+        return CheckEnd(vxTarsisWriteTileFile(local.c_str(), choice.Tile(), type));
     case TileWay::kDirect:
         return WriteDirect(choice, file, local);
     case TileWay::kPort:

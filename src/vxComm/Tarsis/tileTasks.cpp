@@ -19,8 +19,9 @@ constexpr std::uint32_t kPollRounds = 2999;
 constexpr std::uint32_t kPollMs = 100;
 constexpr std::uint32_t kFixedPercent = 10; // of a task that does not tell
 
-// The states of a task that goes on, in its progress reply. Each state is a status word less VX_TASK_WAITING.
+// States in a progress reply. A task that has ended has a status word: its state and VX_TASK_WAITING.
 constexpr std::uint8_t kWaiting = 0;
+constexpr std::uint8_t kSucceeded = 1;
 constexpr std::uint8_t kProcessing = 3;
 
 // Above 494 only what passes for all tiles.
@@ -132,20 +133,24 @@ std::uint32_t vxTarsisLED::PollTaskProgress(std::uint32_t taskId)
     const RepeatedRequest query(*this);
     std::uint32_t result = query.Exchange();
     bool ended = false;
-    std::uint32_t end = VX_TASK_SUCCESS;
+    std::uint32_t status = VX_OK; // of a task that goes on its bare state
     for (std::uint32_t round = 0; round < kPollRounds && !ended && result == VX_OK; ++round) {
         const ReplyView reply = Reply();
         const std::uint8_t taskState = reply.U8(11);
         ended = taskState != kWaiting && taskState != kProcessing;
-        if (ended)
-            end = std::uint32_t{taskState} + VX_TASK_WAITING;
+        status = taskState;
+        if (taskState == kSucceeded)
+            status = VX_OK;
+        else if (ended)
+            status += VX_TASK_WAITING;
         else
             Progress(Percentage(reply.U32(5), reply.U32(1)));
         // The board is asked once more after the end too, and that answer is the result.
         platform::clock.sleepMs(kPollMs);
         result = query.Exchange();
     }
-    return end == VX_TASK_SUCCESS ? result : end;
+    const bool failed = ended && status != VX_OK;
+    return result == VX_OK || failed ? status : result;
 }
 
 } // namespace vxsign

@@ -20,7 +20,7 @@ public:
     std::uint32_t PollTaskResult(std::uint32_t taskId, std::span<std::uint8_t> out, std::uint16_t& status);
 
     /// Waits for a task that tells how far it is. Returns how it ended if that was no success, otherwise the result of
-    /// the last question.
+    /// the last question; the state of one that has not ended in all its rounds.
     std::uint32_t PollTaskProgress(std::uint32_t taskId);
 
     /// Sends a tile a command and waits.
