@@ -23,8 +23,7 @@
  *   VMS      0 to 100   0 to 100   11, 13 to 15, 18, 19, 22, 25, 30 to 32, 34, 35
  *   PVMS     0 to 67    0 to 67    8, 22, 63 to 66
  *
- * When the device cannot be read, the Gets of LC and PVMS leave value as it was; the others set it to 0. A register
- * that is refused, and a channel that does not open, leaves it as it was in all of them.
+ * On any result but 0 the Gets of LC and PVMS leave value as it was; the others set it to 0.
  */
 #ifndef VXSIGN_MODBUS_H
 #define VXSIGN_MODBUS_H

@@ -90,7 +90,8 @@ TEST_F(Modbus, Frames)
 
 TEST_F(Modbus, RegistersOfTheClasses)
 {
-    static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION))->retries = 1;
+    auto* const live = static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION));
+    live->retries = 1;
     using Get = std::uint32_t (*)(std::uint8_t, std::uint8_t, std::uint16_t, std::uint16_t*);
     using Set = std::uint32_t (*)(std::uint8_t, std::uint8_t, std::uint16_t, std::uint16_t);
     const Get lcGet = [](std::uint8_t d, std::uint8_t, std::uint16_t r, std::uint16_t* v) {
@@ -133,7 +134,7 @@ TEST_F(Modbus, RegistersOfTheClasses)
             std::uint16_t value = 7;
             const bool readable = number <= row.lastRead;
             EXPECT_EQ(row.get(1, 1, registerNumber, &value), readable ? 20736u : 2u);
-            EXPECT_EQ(value, readable ? row.unread : 7);
+            EXPECT_EQ(value, row.unread);
             EXPECT_EQ(sent.size(), readable ? 1u : 0u);
             if (row.set(1, 1, registerNumber, 9) == 20736u)
                 EXPECT_EQ(sent.size(), readable ? 2u : 1u);
@@ -143,6 +144,12 @@ TEST_F(Modbus, RegistersOfTheClasses)
         EXPECT_EQ(refused, Hex(row.refused)) << row.name;
         EXPECT_EQ(row.set(1, 1, static_cast<std::uint16_t>(row.lastWritten), 9), 20736u);
         EXPECT_EQ(row.set(1, 1, static_cast<std::uint16_t>(row.lastWritten + 1), 9), 2u);
+
+        live->initialised = 0;
+        std::uint16_t value = 7;
+        EXPECT_EQ(row.get(1, 1, 0, &value), 20736u);
+        EXPECT_EQ(value, row.unread) << "a thread without configuration";
+        live->initialised = 1;
     }
 }
 

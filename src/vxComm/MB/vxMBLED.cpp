@@ -38,7 +38,7 @@ struct DeviceClass
     std::uint32_t readable; // registers below this
     std::uint32_t writable;
     RegisterSet refused; // of the writable ones
-    bool clearsValue;    // of a register that could not be read
+    bool clearsValue;    // of a register that could not be read, whatever the reason
 };
 
 constexpr DeviceClass kLc{64, 64, {8, 9, 10, 17, 22, 55, 56, 57, 58, 59, 60, 61, 62}, false};
@@ -53,13 +53,13 @@ constexpr DeviceClass kPvms{68, 68, {8, 22, 63, 64, 65, 66}, false};
 std::uint32_t Get(const DeviceClass& of, std::uint8_t device, std::uint8_t section, std::uint16_t number,
                   std::uint16_t* value)
 {
-    return Call<vxMBLED>(number < of.readable, [&](vxMBLED& line) {
-        std::uint16_t read = 0;
-        const std::uint32_t result = line.ModbusExchange(device, section, modbus::Function::Read, number, read);
-        if (value != nullptr && (result == VX_OK || of.clearsValue))
-            *value = read;
-        return result;
+    std::uint16_t read = 0;
+    const std::uint32_t result = Call<vxMBLED>(number < of.readable, [&](vxMBLED& line) {
+        return line.ModbusExchange(device, section, modbus::Function::Read, number, read);
     });
+    if (value != nullptr && (result == VX_OK || of.clearsValue))
+        *value = read;
+    return result;
 }
 
 std::uint32_t Set(const DeviceClass& of, std::uint8_t device, std::uint8_t section, std::uint16_t number,
