@@ -10,8 +10,8 @@
  *
  * Results: 0 done; VX_ARGUMENTS, with nothing sent, for a register that the class does not have or that a Set refuses;
  * VX_INCONSISTENT_MAJOR when the device confirmed another write than the one sent; VX_COMMUNICATION when it gave no
- * valid answer in all tries. A Get takes an answer from the address of the device or from 255. A value of null is left
- * out.
+ * valid answer in all tries. A register that is told by the address of the device or by 255 answers a Get, and ends a
+ * Set as done. A value of null is left out.
  *
  *            Get        Set        a Set refuses
  *   LC       0 to 63    0 to 63    8 to 10, 17, 22, 55 to 62

@@ -186,7 +186,13 @@ TEST_F(Modbus, Answers)
         {"another register", {Hex("07 06 FF08 0102 B82B"), Hex("07 06 FF07 0102 8828")}, 0, 0, 2},
         {"another one ahead", {Hex("07 06 FF08 0102 B82B 07 06 FF07 0102 8828")}, 0, 0, 1},
         {"another one behind", {Hex("07 06 FF07 0102 8828 07 06 FF08 0102 B82B"), {}, {}}, 20488, 0, 3},
-        {"a read register", {Hex(kGood), {}, {}}, 20736, 0, 3},
+        {"a read register", {Hex(kGood)}, 0, 0, 1},
+        {"a read register of another device", {Hex("08 03 02 1234 6932"), {}, {}}, 20736, 0, 3},
+        {"a read register between others",
+         {Hex("07 06 FF08 0102 B82B") + Hex(kGood) + Hex("07 06 FF08 0102 B82B")},
+         0,
+         0,
+         1},
         {"cut", {Hex("07 06 FF07 0102 88"), {}, {}}, 20736, 0, 3},
     };
     const auto run = [](const Row& row, std::uint32_t result) {

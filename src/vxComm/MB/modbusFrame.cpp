@@ -57,11 +57,10 @@ void BuildRequest(RequestBytes request, std::uint8_t device, Function function, 
 
 Answer FindAnswer(std::span<const std::uint8_t, kRequestLength> request, std::span<const std::uint8_t> bytes)
 {
-    const bool reading = request[1] == static_cast<std::uint8_t>(Function::Read);
     Answer answer;
     for (; bytes.size() > 1; bytes = bytes.subspan(1)) {
         const auto function = static_cast<Function>(bytes[1]);
-        if (reading && function == Function::Read && (bytes[0] == request[0] || bytes[0] == kAnyDevice) &&
+        if (function == Function::Read && (bytes[0] == request[0] || bytes[0] == kAnyDevice) &&
             FrameHere(bytes, kReadReplyLength))
             return {Answer::Kind::Value, static_cast<std::uint16_t>(bytes[3] << 8 | bytes[4])};
         if (function == Function::Write && FrameHere(bytes, kWriteReplyLength)) {

@@ -30,7 +30,7 @@ struct Answer
     enum class Kind : std::uint8_t
     {
         None,  // no valid frame
-        Value, // the register that was read
+        Value, // a register that was read
         Done,  // the write, confirmed
         Other  // another write, confirmed
     };
@@ -38,9 +38,9 @@ struct Answer
     std::uint16_t value = 0;
 };
 
-/// Looks for the answer to a request among bytes with bus noise ahead of it or behind it. A read ends with its first
-/// valid frame from the device or from address 255. Of confirmed writes the last one counts; the address and the low
-/// byte of the value are not compared.
+/// Looks for the answer to a request among bytes with bus noise ahead of it or behind it. The first valid frame of a
+/// read register, from the device or from address 255, ends the search, for a write too. Of confirmed writes the last
+/// one counts; the address and the low byte of the value are not compared.
 Answer FindAnswer(std::span<const std::uint8_t, kRequestLength> request, std::span<const std::uint8_t> bytes);
 
 /// The checksum of frames, which is sent low byte first: CRC-16, reflected polynomial 0xA001, seed 0xFFFF.
