@@ -306,6 +306,7 @@ TEST_F(DirectTile, CalibrationThatCannotBeConverted)
         EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 2, 0), 1u);
         EXPECT_EQ(Sent().find("2.5"), std::string::npos) << "nothing of the earlier call goes out";
         EXPECT_EQ(folder.Read("local"), Text(local));
+        EXPECT_EQ(folder.Read("localt"), "of an earlier call");
         files[5] = Blocks();
         if (status == good)
             files[5].resize(files[5].size() - 1);

@@ -110,11 +110,10 @@ std::uint32_t vxOndraLED::WriteDirectFile(const char* path, std::uint8_t fileTyp
     Progress(0);
     if (fileType == VX_TILE_CALIBRATION) {
         source = BlocksName(path);
-        // What is left of an earlier conversion must not go out in place of this one.
-        if (FlatToBlocks(path, source.c_str(), port, tile) != VX_OK)
-            std::remove(source.c_str());
+        const bool converted = FlatToBlocks(path, source.c_str(), port, tile) == VX_OK;
         const auto status = FetchTileStatus(port, tile);
-        if (!status || status->locked)
+        // What is left of an earlier conversion stays, and must not go out in place of this one.
+        if (!converted || !status || status->locked)
             return VX_NO_RECORD;
     }
     const File file = OpenFile(source.c_str(), "rb");
