@@ -30,6 +30,15 @@ expect 0 -s "serial:$(sed -n 's/^serial //p' "$work/faulty.lines")@115200" --tim
     upgrade "$work/firmware"
 same "$work/wanted" "$work/faulty/sign/firmware.bin"
 
+# A receiver that falls silent in the middle.
+head -c 8000000 /dev/zero >"$work/long"
+"$vxctl" -s "$loader" --timeout 200 --retries 1 upgrade "$work/long" >"$work/out" 2>"$work/err" &
+sleep 1
+kill -STOP "${signs[0]}"
+wait $! && fail "an upgrade without answers is done"
+kill -CONT "${signs[0]}"
+says err "the receiver does not answer any more behind block"
+
 # A line on which nobody asks, and files that are none.
 start "$work/sign" --serial
 silent=serial:$(sed -n 's/^serial //p' "$work/sign.lines")@115200

@@ -15,19 +15,24 @@ std::atomic<vxApiConfig*> record{nullptr};
 static_assert(std::atomic<vxApiConfig*>::is_always_lock_free && std::atomic_ref<std::uint32_t>::is_always_lock_free,
               "a signal handler may use atomics that take no lock");
 
-extern "C" void SetAbortFlag(int /*signal*/)
+extern "C" void OnSignal(int /*signal*/)
+{
+    Abort();
+}
+
+} // namespace
+
+void Abort()
 {
     if (vxApiConfig* const config = record.load())
         std::atomic_ref(config->abortFlag).store(1);
 }
 
-} // namespace
-
 void AbortOnInterrupt()
 {
     record = static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION));
     struct sigaction action = {};
-    action.sa_handler = SetAbortFlag;
+    action.sa_handler = OnSignal;
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
     ::sigemptyset(&action.sa_mask);
     for (const int signal : {SIGINT, SIGTERM}) {

@@ -7,4 +7,7 @@ namespace vxctl {
 // between two packets; the second ends the program at once.
 void AbortOnInterrupt();
 
+// What the first signal does. Any thread may call it.
+void Abort();
+
 } // namespace vxctl

@@ -1,5 +1,6 @@
 // upgrade: firmware for a boot loader, by XMODEM.
 #include "vxctl/command.h"
+#include "vxctl/interrupt.h"
 #include "vxctl/libraryOutput.h"
 #include "vxctl/progressBar.h"
 
@@ -8,9 +9,11 @@
 
 #include <algorithm>
 #include <chrono>
+#include <condition_variable>
 #include <iostream>
 #include <memory>
-#include <utility>
+#include <mutex>
+#include <thread>
 
 namespace vxctl {
 
@@ -18,13 +21,14 @@ namespace {
 
 using SteadyClock = std::chrono::steady_clock;
 
-// What the library takes for another ACK: no answer at all to any try. It shows in the time between two blocks, and the
-// rest of the transfer is left out.
+// What the library takes for another ACK: no answer at all to any try. It shows in the time since the last block that
+// was confirmed; a thread looks at that, and has the rest of the transfer left out.
 class SilenceWatch
 {
 public:
     explicit SilenceWatch(const Options& options)
-        : longest(options.retries * std::max<std::uint32_t>(100, options.timeoutMs / 100 * 100))
+        : longest(options.retries * std::max<std::uint32_t>(100, options.timeoutMs / 100 * 100)),
+          thread([this](const std::stop_token& stop) { Run(stop); })
     {
         current = this;
     }
@@ -35,30 +39,65 @@ public:
     static void OnProgress(vxApiConfig* config, std::uint32_t reserved, std::uint32_t percent)
     {
         ProgressBar::OnProgress(config, reserved, percent);
-        if (current != nullptr && current->IsSilent())
-            config->abortFlag = 1;
-        else if (current != nullptr)
-            ++current->answered;
+        if (current != nullptr)
+            current->TakeAnswer();
     }
 
-    // True if nothing has come since the last call for as long as a block can wait: one step, since silence passes for
-    // the former answer. Ahead of the first answer it takes twenty steps, twice those that the receiver has to ask.
     bool IsSilent()
     {
-        constexpr int kFirstSteps = 20;
-        const SteadyClock::time_point former = std::exchange(last, SteadyClock::now());
-        silent = silent || last - former >= (answered > 0 ? longest : longest * kFirstSteps);
-        return silent;
+        const std::lock_guard lock(mutex);
+        return Look();
     }
-    std::uint32_t Answered() const { return answered; } // blocks
+    std::uint32_t Answered() // blocks
+    {
+        const std::lock_guard lock(mutex);
+        return answered;
+    }
 
 private:
+    // Since when it is silence: after as long as a block can wait, which is one step, since silence passes for the
+    // former answer. Ahead of the first answer it takes twenty steps, twice those that the receiver has to ask.
+    SteadyClock::time_point End() const
+    {
+        constexpr int kFirstSteps = 20;
+        return last + (answered > 0 ? longest : longest * kFirstSteps);
+    }
+
+    // Once silent, always silent.
+    bool Look()
+    {
+        if (!silent && SteadyClock::now() >= End()) {
+            silent = true;
+            Abort();
+        }
+        return silent;
+    }
+
+    void TakeAnswer()
+    {
+        const std::lock_guard lock(mutex);
+        if (Look())
+            return;
+        ++answered;
+        last = SteadyClock::now();
+    }
+
+    void Run(const std::stop_token& stop)
+    {
+        std::unique_lock lock(mutex);
+        while (!stop.stop_requested() && !Look())
+            ended.wait_until(lock, stop, End(), [] { return false; });
+    }
+
     static inline SilenceWatch* current = nullptr; // the callback brings nothing along that could name it
 
-    std::chrono::milliseconds longest;
+    const std::chrono::milliseconds longest;
     SteadyClock::time_point last = SteadyClock::now();
     std::uint32_t answered = 0;
     bool silent = false;
+    std::mutex mutex;
+    std::condition_variable_any ended;
+    std::jthread thread;
 };
 
 struct Outcome
@@ -97,9 +136,9 @@ void Upgrade(Context& context, const std::string& file)
     bool silent = false;
     std::uint32_t answered = 0;
     {
-        SilenceWatch watch(context.options);
-        const ProgressBar bar("upgrade", context.report.IsJson());
         context.Connect(SilenceWatch::OnProgress);
+        const ProgressBar bar("upgrade", context.report.IsJson());
+        SilenceWatch watch(context.options);
         LibraryOutput output;
         result = vxXModem_Upgrade(file.c_str());
         steps = output.Take();

@@ -49,8 +49,8 @@ public:
     }
 
 private:
-    // Sends until a byte comes, which becomes the last reply. Without one the last reply stays.
-    void Try(std::span<const std::uint8_t> request)
+    // Sends until a byte comes, which becomes the last reply. False without one: the last reply stays.
+    bool Try(std::span<const std::uint8_t> request)
     {
         for (std::uint32_t tries = 0; tries < line.config->retries && !line.Aborted(); ++tries) {
             if (!request.empty())
@@ -58,9 +58,10 @@ private:
             if (line.ReceiveFrame(request.data(), static_cast<std::uint32_t>(request.size()), line.replyBuffer, 1) !=
                 0) {
                 last = line.replyBuffer[0];
-                return;
+                return true;
             }
         }
+        return false;
     }
 
     // What has come before a block is sent is no answer to it: a second 'C' of a receiver that waited, or a late ACK.
@@ -96,8 +97,9 @@ private:
         }
         frame.Seal(blockNumber + 1, check);
         int round = 0;
+        bool answered = false;
         do
-            Try(frame.Bytes());
+            answered = Try(frame.Bytes());
         while (last != kAck && ++round < kSendRounds);
         if (last != kAck) {
             std::fputs("ACK Error!\r\n", stdout);
@@ -105,10 +107,17 @@ private:
         }
         ++blockNumber; // whatever the reply
         naks = 0;
+        if (answered && last == kAck) // silence behind an ACK passes for one, but confirms nothing
+            TellConfirmed();
+        return true;
+    }
+
+    void TellConfirmed()
+    {
+        ++confirmed;
         if (size != 0)
             line.Progress(static_cast<std::uint32_t>(
-                std::min<std::uint64_t>(std::uint64_t{blockNumber} * kDataSize * 100 / size, 100)));
-        return true;
+                std::min<std::uint64_t>(std::uint64_t{confirmed} * kDataSize * 100 / size, 100)));
     }
 
     // The refused block once more.
@@ -122,6 +131,8 @@ private:
         std::printf("Retry for ACK,%d", static_cast<int>(blockNumber));
         Try(frame.Bytes());
         std::fputs(last == kAck ? "OK\r\n" : "Error!\r\n", stdout);
+        if (last == kAck)
+            TellConfirmed();
         return true;
     }
 
@@ -143,6 +154,7 @@ private:
     Frame frame;
     std::uint8_t last = kNothingYet; // reply
     std::uint32_t blockNumber = 0;   // of the block last sent
+    std::uint32_t confirmed = 0;     // blocks
     int naks = 0;                    // to that block, while it is repeated
 };
 
