@@ -83,7 +83,8 @@ VXSIGN_API uint32_t vxOndraWritePxlCal(const char* localPath, uint8_t port, uint
 
 /* The same without waiting for the end: 0 as soon as the task's progress is 10 or more, after which vxOndraGetResult
  * follows it. taskId becomes 0 at once and the task when it has started and the answer names one, whatever the result;
- * null leaves it out. onProgress is not called; reserved is not used. */
+ * null leaves it out. VX_COMMUNICATION when neither progress nor state changes for ten minutes. onProgress is not
+ * called; reserved is not used. */
 VXSIGN_API uint32_t vxOndraWritePxlCalBurn(const char* localPath, uint8_t port, uint16_t tile, uint8_t mode,
                                            uint64_t reserved, const uint8_t* calParams, uint32_t* taskId);
 

@@ -220,5 +220,34 @@ TEST_F(SecondTiles, Burn)
     EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0, nullptr, nullptr), 0u);
 }
 
+// A task that stays below progress 10 is given up ten minutes behind its last change, or when the flag is set.
+TEST_F(SecondTiles, BurnThatDoesNotBegin)
+{
+    struct Row
+    {
+        const char* name;
+        std::uint64_t changeMs; // until then the state changes
+        std::uint64_t abortMs;
+        std::uint32_t result;
+        std::uint64_t endMs;
+    };
+    constexpr std::uint64_t kNever = 10'000'000;
+    for (const Row& row :
+         {Row{"ended at once", 0, kNever, 20736, 600'100}, Row{"stirs", 900'000, kNever, 20736, 1'500'100},
+          Row{"stopped", 900'000, 700'000, 20497, 700'100}}) {
+        SCOPED_TRACE(row.name);
+        ScriptedSign sign;
+        Play(sign, ". +01");
+        const std::uint64_t start = clock.SleptMs();
+        sign.otherwise = [&](const Packet&) {
+            const std::uint64_t gone = clock.SleptMs() - start;
+            sign.Config().abortFlag = gone >= row.abortMs ? 1 : 0;
+            return Good({}, {static_cast<std::uint8_t>(std::min(gone, row.changeMs) / 100'000), 4, 0, 0});
+        };
+        EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0, nullptr, &detail), row.result);
+        EXPECT_EQ(clock.SleptMs() - start, row.endMs);
+    }
+}
+
 } // namespace
 } // namespace vxsign::test

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <utility>
 
 using namespace vxsign;
 
@@ -108,19 +109,29 @@ std::uint32_t WriteCalibration(const char* localPath, const Place& place, std::u
     });
 }
 
-// Waits until a task has begun in earnest. The progress counts before the state.
+// Waits until a task has begun in earnest. The progress counts before the state. A task that does not stir any more, as
+// one that has ended below that progress, is given up.
 std::uint32_t WaitForStart(vxOndraLED& sign, std::uint32_t taskId)
 {
     constexpr std::uint8_t kUnderWay = 10;
+    constexpr std::uint32_t kStillMs = 600000;
+    TimeLimit still(kStillMs);
+    std::uint16_t former = 0;
     for (;;) {
         const std::uint32_t result = sign.QueryTask(taskId);
         if (result != VX_OK)
             return result;
-        if (sign.Reply().U8(offsetof(TileTaskState, progress)) >= kUnderWay)
-            return VX_OK;
+        const std::uint8_t progress = sign.Reply().U8(offsetof(TileTaskState, progress));
         const std::uint8_t state = sign.Reply().U8(offsetof(TileTaskState, state));
+        if (progress >= kUnderWay)
+            return VX_OK;
         if (state == 3 || state == 5)
             return VX_TASK_FAILED;
+        const auto now = static_cast<std::uint16_t>(progress << 8 | state);
+        if (std::exchange(former, now) != now)
+            still = TimeLimit(kStillMs);
+        else if (still.IsPassed())
+            return VX_COMMUNICATION;
         platform::clock.sleepMs(kTaskMs);
     }
 }
