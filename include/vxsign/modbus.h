@@ -1,8 +1,9 @@
 /* Roadside field devices on a Modbus RTU line: one 16-bit holding register read or written by each call.
  *
  * The frames go over the thread's channel, or through onWrite and onRead, without the packets of the sign: one write of
- * 8 bytes and one read of up to 1536, each limited by timeoutMs (vxApiConfig), up to retries times. On a serial channel
- * the read ends with the answer; elsewhere it ends with what the channel gives at once. abortFlag is not looked at.
+ * 8 bytes and an answer of up to 1536, each limited by timeoutMs (vxApiConfig), up to retries times. Over TCP the
+ * answer may come in pieces, with any gaps between them, on a serial line with gaps of 50 ms; the reading ends with the
+ * answer. Over UDP, and through onRead, the answer is what one read gives. abortFlag is not looked at.
  *
  * device: the Modbus address. section: the sub-unit of a device; classes without it have none. registerNumber counts
  * within the section and goes over as section * 100 + registerNumber, or 0xFF00 + registerNumber for section 255 and

@@ -1,5 +1,7 @@
 // Field devices on a Modbus line: frames, registers, noise, tries.
 #include "support/bytes.h"
+#include "support/fakeClock.h"
+#include "vxComm/MB/vxMBLED.h"
 
 #include <vxsign/vxsign.h>
 
@@ -213,6 +215,96 @@ TEST_F(Modbus, Answers)
     }
     replies.push_back(Hex(kGood));
     EXPECT_EQ(vxMB_LCGet(7, 7, nullptr), 0u) << "a value that nobody wants";
+}
+
+// What a read gives, and how long after the one before it.
+struct Piece
+{
+    std::uint64_t gapMs;
+    const char* bytes;
+};
+
+// A line that brings one list of pieces after the other, a list for each request. It waits by the clock's seam.
+class PiecewiseLine : public VXCommBase
+{
+public:
+    explicit PiecewiseLine(std::vector<std::vector<Piece>> answers) : toCome(answers.begin(), answers.end()) {}
+
+    std::uint32_t Write(const char*, std::uint32_t length, std::uint32_t) override
+    {
+        ++requests;
+        if (!toCome.empty()) {
+            pieces.insert(pieces.end(), toCome.front().begin(), toCome.front().end());
+            toCome.pop_front();
+        }
+        return length;
+    }
+    std::uint32_t Read(char* buffer, std::uint32_t capacity, std::uint32_t timeoutMs) override
+    {
+        const std::uint64_t gap = pieces.empty() ? timeoutMs + 1 : pieces.front().gapMs;
+        FakeClock::Advance(std::min<std::uint64_t>(gap, timeoutMs));
+        if (gap > timeoutMs) {
+            if (!pieces.empty())
+                pieces.front().gapMs -= timeoutMs;
+            return 0;
+        }
+        const Bytes bytes = Hex(pieces.front().bytes);
+        EXPECT_GE(capacity, bytes.size());
+        pieces.pop_front();
+        std::copy(bytes.begin(), bytes.end(), buffer);
+        return static_cast<std::uint32_t>(bytes.size());
+    }
+    void Close() override {}
+
+    int requests = 0;
+
+private:
+    std::deque<std::vector<Piece>> toCome;
+    std::deque<Piece> pieces;
+};
+
+TEST(ModbusLine, AnswersInPieces)
+{
+    constexpr std::uint32_t kUdp = VX_CHANNEL_UDP;
+    constexpr std::uint32_t kTcp = VX_CHANNEL_TCP;
+    const struct
+    {
+        const char* name;
+        std::uint32_t kind;
+        std::vector<std::vector<Piece>> answers;
+        std::uint32_t result;
+        int tries;
+        std::uint64_t tookMs;
+    } rows[] = {
+        {"one piece", kTcp, {{{5, "07 03 02 1234 3D33"}}}, 0, 1, 5},
+        {"3 and 4 bytes", kTcp, {{{10, "07 03 02"}, {100, "1234 3D33"}}}, 0, 1, 110},
+        {"noise ahead, a byte alone", kTcp, {{{1, "0703 07"}, {300, "03 02 1234 3D"}, {399, "33"}}}, 0, 1, 700},
+        {"the rest comes too late", kTcp, {{{1, "07 03 02"}, {700, "1234 3D33"}}}, 20736, 2, 1400},
+        {"the second try", kTcp, {{{1, "07 03 02"}}, {{0, "07 03"}, {100, "02 1234 3D33"}}}, 0, 2, 800},
+        {"a bad checksum, then silence", kTcp, {{{1, "07 03 02 1235 3D33"}}}, 20736, 2, 1400},
+        {"datagrams", kUdp, {{{10, "07 03 02"}, {100, "1234 3D33"}}}, 20736, 2, 110},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const FakeClock clock;
+        vxApiConfig config{};
+        config.kind = row.kind;
+        config.retries = 2;
+        config.timeoutMs = 700;
+        vxInitAPI(&config);
+        vxMBLED device;
+        auto line = std::make_unique<PiecewiseLine>(row.answers);
+        const PiecewiseLine& seen = *line;
+        device.link.channel = std::move(line);
+        const std::uint64_t start = FakeClock::NowMs();
+        std::uint16_t value = 0;
+        EXPECT_EQ(device.ModbusExchange(7, 255, modbus::Function::Read, 5, value), row.result);
+        EXPECT_EQ(value, row.result == 0 ? 0x1234 : 0);
+        EXPECT_EQ(seen.requests, row.tries);
+        EXPECT_EQ(FakeClock::NowMs() - start, row.tookMs);
+    }
+    const vxApiConfig nothing{};
+    vxInitAPI(&nothing);
 }
 
 TEST(ModbusLine, SerialAnswerWithNoiseAhead)

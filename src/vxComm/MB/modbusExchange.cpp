@@ -50,24 +50,33 @@ std::uint32_t vxMBLED::ModbusTransact()
 {
     RawSend(requestBuffer, requestLength, config->timeoutMs);
     std::memset(replyBuffer, 0, kReplySize);
-    if (useChannel != 0 && config->kind == VX_CHANNEL_SERIAL)
-        return ReadSerialAnswer();
+    const bool stream = config->kind == VX_CHANNEL_TCP || config->kind == VX_CHANNEL_SERIAL;
+    if (useChannel != 0 && stream)
+        return GatherAnswer();
     return RawRecv(replyBuffer, kReplySize, config->timeoutMs);
 }
 
-// A serial line is read until the buffer is full or the line has been quiet for a while, which is longer than all the
-// rest of an exchange takes. So no more than an answer is asked for; what noise has pushed back follows byte by byte.
-std::uint32_t vxMBLED::ReadSerialAnswer()
+// A stream may bring an answer in pieces, with gaps between them. A serial line is read until the buffer is full or the
+// line has been quiet for a while, which is longer than all the rest of an exchange takes. So no more than an answer is
+// asked for; what noise has pushed back follows byte by byte.
+std::uint32_t vxMBLED::GatherAnswer()
 {
+    const bool serial = config->kind == VX_CHANNEL_SERIAL;
     const bool reading = functionCode == modbus::Function::Read;
-    const std::uint32_t answerLength = reading ? modbus::kReadReplyLength : modbus::kWriteReplyLength;
+    std::uint32_t wanted = serial ? (reading ? modbus::kReadReplyLength : modbus::kWriteReplyLength) : kReplySize;
     const std::uint64_t start = platform::clock.monotonicMs();
-    std::uint32_t got = RawRecv(replyBuffer, answerLength, config->timeoutMs);
-    std::uint32_t more = got == answerLength ? 1 : 0;
-    while (more != 0 && got < kReplySize && FindAnswer(got).kind == modbus::Answer::Kind::None) {
+    std::uint32_t got = 0;
+    while (got < kReplySize && FindAnswer(got).kind == modbus::Answer::Kind::None) {
         const std::uint64_t gone = platform::clock.monotonicMs() - start;
-        more = gone < config->timeoutMs ? RawRecv(replyBuffer + got, 1, kQuietMs) : 0;
+        if (gone >= config->timeoutMs)
+            break;
+        const auto left = static_cast<std::uint32_t>(config->timeoutMs - gone);
+        const std::uint32_t waitMs = serial && got != 0 ? std::min(left, kQuietMs) : left;
+        const std::uint32_t more = RawRecv(replyBuffer + got, std::min(wanted, kReplySize - got), waitMs);
+        if (more == 0)
+            break;
         got += more;
+        wanted = serial ? 1 : kReplySize;
     }
     return got;
 }

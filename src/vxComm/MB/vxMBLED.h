@@ -16,7 +16,7 @@ public:
 private:
     /// Sends the request once. Returns the bytes that came back into replyBuffer.
     std::uint32_t ModbusTransact();
-    std::uint32_t ReadSerialAnswer();
+    std::uint32_t GatherAnswer();
     modbus::Answer FindAnswer(std::uint32_t length) const;
 
     std::uint32_t requestLength = 0;
