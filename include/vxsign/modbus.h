@@ -14,6 +14,11 @@
  * valid answer in all tries. A register that is told by the address of the device or by 255 answers a Get, and ends a
  * Set as done. A value of null is left out.
  *
+ * A device that answers with an exception has given no valid answer. What it said goes to onLog, for each try, as
+ * "the device refused: " (line 620, level 6) and one of: illegal function (1), illegal data address (2), illegal data
+ * value (3), server device failure (4), acknowledge (5), server device busy (6), negative acknowledge (7), memory
+ * parity error (8), gateway path unavailable (10), gateway target device failed to respond (11), exception <code>.
+ *
  *            Get        Set        a Set refuses
  *   LC       0 to 63    0 to 63    8 to 10, 17, 22, 55 to 62
  *   TLS      0 to 26    0 to 26    11 to 13, 15, 22

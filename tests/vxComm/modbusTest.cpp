@@ -25,6 +25,7 @@ protected:
     {
         sent.clear();
         replies.clear();
+        logged.clear();
         vxApiConfig config{};
         config.retries = 3;
         config.timeoutMs = 700;
@@ -42,6 +43,9 @@ protected:
             std::copy_n(reply.begin(), std::min<std::size_t>(reply.size(), capacity), buffer);
             return static_cast<std::int32_t>(reply.size());
         };
+        config.onLog = [](vxApiConfig*, const char*, std::uint32_t, std::uint32_t, const char* message) {
+            logged.emplace_back(message);
+        };
         vxInitAPI(&config);
     }
     void TearDown() override
@@ -53,6 +57,7 @@ protected:
 
     inline static std::vector<Bytes> sent;
     inline static std::deque<Bytes> replies;
+    inline static std::vector<std::string> logged;
 };
 
 TEST_F(Modbus, Frames)
@@ -152,6 +157,51 @@ TEST_F(Modbus, RegistersOfTheClasses)
         EXPECT_EQ(row.get(1, 1, 0, &value), 20736u);
         EXPECT_EQ(value, row.unread) << "a thread without configuration";
         live->initialised = 1;
+    }
+}
+
+TEST_F(Modbus, ExceptionsAreLogged)
+{
+    const struct
+    {
+        const char* reply;
+        const char* told; // behind "the device refused: "; empty for nothing
+        bool set;
+    } rows[] = {
+        {"07 83 01 60F1", "illegal function", false},
+        {"07 83 02 20F0", "illegal data address", false},
+        {"07 83 03 E130", "illegal data value", false},
+        {"07 83 04 A0F2", "server device failure", false},
+        {"07 83 05 6132", "acknowledge", false},
+        {"07 83 06 2133", "server device busy", false},
+        {"07 83 07 E0F3", "negative acknowledge", false},
+        {"07 83 08 A0F7", "memory parity error", false},
+        {"07 83 09 6137", "exception 9", false},
+        {"07 83 0A 2136", "gateway path unavailable", false},
+        {"07 83 0B E0F6", "gateway target device failed to respond", false},
+        {"07 83 0C A134", "exception 12", false},
+        {"07 83 FF E171", "exception 255", false},
+        {"FF83 07 83 02 20F0 83", "illegal data address", false},
+        {"07 86 02 23A0", "illegal data address", true},
+        {"FF 83 03 60C1", "illegal data value", false},
+        {"07 83 02 21F0", "", false},
+        {"08 83 02 10F3", "", false},
+        {"07 83 02 20F0", "", true},
+        {"07 83 02 20F0 07 03 02 1234 3D33", "", false},
+    };
+    static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION))->retries = 2;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.reply);
+        logged.clear();
+        replies = {Hex(row.reply), Hex("07 06 FF07 0102 8828") + Hex("07 03 02 1234 3D33")};
+        std::uint16_t value = 0;
+        EXPECT_EQ(row.set ? vxMB_LCSet(7, 7, 0x0102) : vxMB_LCGet(7, 5, &value), 0u)
+            << "in the second try, or the first";
+        replies.clear();
+        std::vector<std::string> told;
+        if (*row.told != '\0')
+            told.push_back(std::string("the device refused: ") + row.told);
+        EXPECT_EQ(logged, told);
     }
 }
 

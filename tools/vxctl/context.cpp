@@ -4,7 +4,7 @@
 
 namespace vxctl {
 
-void Context::Connect(vxOnProgress onProgress) const
+void Context::Connect(vxOnProgress onProgress, vxOnLog onLog) const
 {
     const SignUrl sign = Sign();
     vxApiConfig config{};
@@ -19,6 +19,7 @@ void Context::Connect(vxOnProgress onProgress) const
     config.timeoutMs = options.timeoutMs;
     config.dataSize = static_cast<std::uint16_t>(options.chunk);
     config.onProgress = onProgress;
+    config.onLog = onLog;
     Check(vxInitAPI(&config));
 }
 

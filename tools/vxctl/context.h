@@ -34,7 +34,7 @@ struct Context
     SignUrl Sign() const { return Resolve(ParseSignUrl(options.url)); }
 
     // Makes the sign that of this thread, for functions that use the thread's configuration. Throws UsageError.
-    void Connect(vxOnProgress onProgress = nullptr) const;
+    void Connect(vxOnProgress onProgress = nullptr, vxOnLog onLog = nullptr) const;
 };
 
 } // namespace vxctl

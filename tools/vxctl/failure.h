@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace vxctl {
 
@@ -20,13 +21,17 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// The sign or the line failed with a result word.
+// The sign or the line failed with a result word. Where the reason is known it is told in place of advice.
 class SignFailure : public std::runtime_error
 {
 public:
-    explicit SignFailure(std::uint32_t word) : std::runtime_error(vxErrorDesc(word)), code(word) {}
+    explicit SignFailure(std::uint32_t word, std::string why = {})
+        : std::runtime_error(vxErrorDesc(word)), code(word), reason(std::move(why))
+    {
+    }
 
     std::uint32_t code;
+    std::string reason;
 };
 
 // Throws SignFailure for every result but 0.

@@ -75,7 +75,7 @@ int Run(int argc, char** argv)
         app.parse(argc, argv);
         return context.report.Finish(VX_OK) ? EXIT_SUCCESS : kExitFailure;
     } catch (const SignFailure& failure) {
-        context.report.Finish(failure.code);
+        context.report.Finish(failure.code, failure.reason);
         return kExitFailure;
     } catch (const UsageError& error) {
         std::cerr << "vxctl: " << error.what() << '\n';

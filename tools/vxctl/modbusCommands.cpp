@@ -54,6 +54,16 @@ constexpr DeviceClass kClasses[] = {
     {"PVMS", false, GetPvms, SetPvms},
 };
 
+// What the device said when it refused, in the words of the library's log. The callback brings nothing along that could
+// name a place for it.
+std::string refusal;
+
+void TakeRefusal(vxApiConfig* /*config*/, const char* /*source*/, std::uint32_t /*line*/, std::uint32_t /*level*/,
+                 const char* message)
+{
+    refusal = message;
+}
+
 struct Request
 {
     std::string className;
@@ -97,12 +107,14 @@ void Run(Context& context, const Request& request)
     const auto number = static_cast<std::uint16_t>(Number(*next++, "register", 65535));
     std::uint16_t value = set ? static_cast<std::uint16_t>(Number(*next, "value", 65535)) : std::uint16_t{0};
 
-    context.Connect();
+    context.Connect(nullptr, TakeRefusal);
+    refusal.clear();
     const std::uint32_t result = set ? of.set(device, section, number, value) : of.get(device, section, number, &value);
     if (result == VX_ARGUMENTS)
         throw UsageError(std::string(of.name) + " has no register " + std::to_string(number) +
                          (set ? ", or it cannot be written" : ""));
-    Check(result);
+    if (result != VX_OK)
+        throw SignFailure(result, refusal);
     std::string name = std::string(of.name) + " " + std::to_string(device);
     if (section != kWholeDevice)
         name += "/" + std::to_string(section);

@@ -120,13 +120,13 @@ void Report::Value(const std::string& name, const std::string& key, Json value, 
     Put(key, std::move(value));
 }
 
-bool Report::Finish(std::uint32_t result) const
+bool Report::Finish(std::uint32_t result, std::string_view reason) const
 {
-    const std::string_view advice = AdviceFor(result);
+    const std::string_view advice = reason.empty() ? AdviceFor(result) : reason;
     if (json) {
         Json object = {{"result", result}, {"text", vxErrorDesc(result)}};
         if (!advice.empty())
-            object["advice"] = advice;
+            object[reason.empty() ? "advice" : "reason"] = advice;
         object.update(values);
         // Texts come from signs and shells: what is no UTF-8 in them must not end the program.
         std::cout << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';

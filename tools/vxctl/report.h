@@ -33,8 +33,8 @@ public:
     void Value(const std::string& name, const std::string& key, Json value, std::string_view text = {});
 
     // The end of the command: JSON gets the result word, its text and all values. In text a failure goes to standard
-    // error, with what to try next. False when standard output did not take it all.
-    bool Finish(std::uint32_t result) const;
+    // error, with its reason or else with what to try next. False when standard output did not take it all.
+    bool Finish(std::uint32_t result, std::string_view reason = {}) const;
 
 private:
     bool json = false;

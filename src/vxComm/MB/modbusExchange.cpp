@@ -12,6 +12,8 @@ constexpr std::uint8_t kNoSection = 255;
 constexpr std::uint16_t kNoSectionBase = 0xFF00;
 constexpr std::uint16_t kSectionSize = 100;
 
+constexpr std::uint32_t kRefusedLine = 620; // as applications see it in their logs
+
 constexpr std::uint32_t kQuietMs = 50; // behind the last byte of a serial answer
 
 std::uint16_t RegisterAddress(std::uint8_t section, std::uint16_t registerNumber)
@@ -38,10 +40,12 @@ std::uint32_t vxMBLED::ModbusExchange(std::uint8_t device, std::uint8_t section,
         const modbus::Answer answer = FindAnswer(ModbusTransact());
         if (answer.kind == Kind::Value)
             value = answer.value;
-        if (answer.kind == Kind::Other)
-            result = VX_INCONSISTENT_MAJOR; // and stays so if nothing better comes
-        else if (answer.kind != Kind::None)
+        if (answer.kind == Kind::Value || answer.kind == Kind::Done)
             result = VX_OK;
+        else if (answer.kind == Kind::Other)
+            result = VX_INCONSISTENT_MAJOR; // and stays so if nothing better comes
+        else if (answer.kind == Kind::Exception)
+            Log(kRefusedLine, 6, ("the device refused: " + modbus::ExceptionName(answer.value)).c_str());
     }
     return result;
 }

@@ -8,6 +8,23 @@ namespace vxsign::modbus {
 namespace {
 
 constexpr std::uint8_t kAnyDevice = 255;
+constexpr std::uint8_t kRefused = 0x80; // on top of the function
+
+// By their codes. Those without a name are not in use.
+constexpr const char* kExceptions[] = {
+    nullptr,
+    "illegal function",
+    "illegal data address",
+    "illegal data value",
+    "server device failure",
+    "acknowledge",
+    "server device busy",
+    "negative acknowledge",
+    "memory parity error",
+    nullptr,
+    "gateway path unavailable",
+    "gateway target device failed to respond",
+};
 
 constexpr std::array<std::uint16_t, 256> kTable = [] {
     std::array<std::uint16_t, 256> table{};
@@ -60,16 +77,25 @@ Answer FindAnswer(std::span<const std::uint8_t, kRequestLength> request, std::sp
     Answer answer;
     for (; bytes.size() > 1; bytes = bytes.subspan(1)) {
         const auto function = static_cast<Function>(bytes[1]);
-        if (function == Function::Read && (bytes[0] == request[0] || bytes[0] == kAnyDevice) &&
-            FrameHere(bytes, kReadReplyLength))
+        const bool fromDevice = bytes[0] == request[0] || bytes[0] == kAnyDevice;
+        if (function == Function::Read && fromDevice && FrameHere(bytes, kReadReplyLength))
             return {Answer::Kind::Value, static_cast<std::uint16_t>(bytes[3] << 8 | bytes[4])};
         if (function == Function::Write && FrameHere(bytes, kWriteReplyLength)) {
             // Function, register and the high byte of the value.
             const bool same = std::equal(request.begin() + 1, request.begin() + 5, bytes.begin() + 1);
             answer.kind = same ? Answer::Kind::Done : Answer::Kind::Other;
         }
+        if (answer.kind == Answer::Kind::None && fromDevice && bytes[1] == (request[1] | kRefused) &&
+            FrameHere(bytes, kExceptionLength))
+            answer = {Answer::Kind::Exception, bytes[2]};
     }
     return answer;
+}
+
+std::string ExceptionName(std::uint16_t code)
+{
+    const char* const name = code < std::size(kExceptions) ? kExceptions[code] : nullptr;
+    return name != nullptr ? name : "exception " + std::to_string(code);
 }
 
 } // namespace vxsign::modbus

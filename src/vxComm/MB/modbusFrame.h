@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 
 namespace vxsign::modbus {
 
@@ -17,6 +18,7 @@ enum class Function : std::uint8_t
 constexpr std::size_t kRequestLength = 8;
 constexpr std::size_t kReadReplyLength = 7;
 constexpr std::size_t kWriteReplyLength = 8;
+constexpr std::size_t kExceptionLength = 5;
 
 using RequestBytes = std::span<std::uint8_t, kRequestLength>;
 
@@ -29,19 +31,24 @@ struct Answer
 {
     enum class Kind : std::uint8_t
     {
-        None,  // no valid frame
-        Value, // a register that was read
-        Done,  // the write, confirmed
-        Other  // another write, confirmed
+        None,     // no valid frame
+        Value,    // a register that was read
+        Done,     // the write, confirmed
+        Other,    // another write, confirmed
+        Exception // nothing but a refusal
     };
     Kind kind = Kind::None;
-    std::uint16_t value = 0;
+    std::uint16_t value = 0; // of the register; the code of an exception
 };
 
 /// Looks for the answer to a request among bytes with bus noise ahead of it or behind it. The first valid frame of a
 /// read register, from the device or from address 255, ends the search, for a write too. Of confirmed writes the last
-/// one counts; the address and the low byte of the value are not compared.
+/// one counts; the address and the low byte of the value are not compared. An exception counts if there is nothing
+/// else.
 Answer FindAnswer(std::span<const std::uint8_t, kRequestLength> request, std::span<const std::uint8_t> bytes);
+
+/// What an exception says, in the words of the protocol, such as "illegal data address".
+std::string ExceptionName(std::uint16_t code);
 
 /// The checksum of frames, which is sent low byte first: CRC-16, reflected polynomial 0xA001, seed 0xFFFF.
 std::uint16_t Crc(std::span<const std::uint8_t> bytes);

@@ -1,0 +1,72 @@
+#include "support/udpPeer.h"
+#include "vxctl/command.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace vxctl::test {
+namespace {
+
+using vxsign::test::Bytes;
+using vxsign::test::Hex;
+
+// What a failed command prints on standard error, and as an object.
+struct Failure
+{
+    std::string text;
+    std::string json;
+};
+
+Failure Fail(const std::string& command, const char* answer)
+{
+    const vxsign::test::UdpPeer device([answer](const Bytes&) { return Hex(answer); });
+    Context context;
+    context.options.url = "udp://127.0.0.1:" + std::to_string(device.Port());
+    context.options.timeoutMs = 50;
+    context.options.retries = 1;
+    CLI::App app;
+    AddModbusCommand(app, context);
+    Failure printed;
+    try {
+        app.parse(command);
+        ADD_FAILURE() << "no failure";
+    } catch (const SignFailure& failure) {
+        EXPECT_EQ(failure.code, std::uint32_t{VX_COMMUNICATION});
+        testing::internal::CaptureStderr();
+        context.report.Finish(failure.code, failure.reason);
+        printed.text = testing::internal::GetCapturedStderr();
+        context.report.UseJson(true);
+        testing::internal::CaptureStdout();
+        context.report.Finish(failure.code, failure.reason);
+        printed.json = testing::internal::GetCapturedStdout();
+    }
+    return printed;
+}
+
+TEST(ModbusCommand, TellsWhatTheDeviceRefused)
+{
+    const struct
+    {
+        const char* command;
+        const char* answer;
+        const char* told;
+    } rows[] = {
+        {"modbus LC get 7 5", "07 83 02 20F0", "the device refused: illegal data address"},
+        {"modbus VSLS set 7 1 3 80", "07 86 04 A3A2", "the device refused: server device failure"},
+        {"modbus LC get 7 5", "07 83 02 20F1", "check address, port, power and cable; "},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.answer);
+        const Failure failure = Fail(row.command, row.answer);
+        const std::string head = "vxctl: error 20736 (0x5100): Communication Error!\n  ";
+        EXPECT_EQ(failure.text.substr(0, (head + row.told).size()), head + row.told);
+        const bool refused = std::string(row.told).starts_with("the device");
+        EXPECT_EQ(failure.text.find("cable") == std::string::npos, refused);
+        EXPECT_NE(failure.json.find((refused ? "\"reason\":\"" : "\"advice\":\"") + std::string(row.told)),
+                  std::string::npos)
+            << failure.json;
+    }
+}
+
+} // namespace
+} // namespace vxctl::test
