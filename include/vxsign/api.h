@@ -30,7 +30,7 @@ struct vxApiConfig;
 /* A command object was made, or comes to its end: once for each command, also for one that is then refused. */
 typedef void (*vxOnOpen)(struct vxApiConfig* config);
 typedef void (*vxOnClose)(struct vxApiConfig* config);
-/* Progress of a transfer or of a long operation, 0 to 100 percent. */
+/* Progress of a transfer or of a long operation, 0 to 100 percent whatever a sign says. */
 typedef void (*vxOnProgress)(struct vxApiConfig* config, uint32_t reserved, uint32_t percent);
 /* Reads up to capacity bytes, waiting timeoutMs at most; returns the bytes read, 0 for none. */
 typedef int32_t (*vxOnRead)(struct vxApiConfig* config, uint8_t* buffer, uint32_t capacity, uint32_t timeoutMs);

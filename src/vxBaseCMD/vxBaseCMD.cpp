@@ -2,6 +2,7 @@
 
 #include <vxsign/result.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstring>
 #include <mutex>
@@ -126,8 +127,9 @@ bool CBaseCMD::Aborted() const
 
 void CBaseCMD::Progress(std::uint32_t percent) const
 {
+    constexpr std::uint32_t kDone = 100;
     if (config->onProgress != nullptr)
-        config->onProgress(config, 0, percent);
+        config->onProgress(config, 0, std::min(percent, kDone)); // some percentages are a sign's word
 }
 
 void CBaseCMD::Log(std::uint32_t line, std::uint32_t level, const char* message) const

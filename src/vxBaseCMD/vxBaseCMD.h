@@ -68,7 +68,7 @@ public:
 
     /// Whether another thread has asked to stop.
     bool Aborted() const;
-    /// onProgress and onLog, if they are set. The line is part of what applications see.
+    /// onProgress, with 100 at most, and onLog, if they are set. The line is part of what applications see.
     void Progress(std::uint32_t percent) const;
     void Log(std::uint32_t line, std::uint32_t level, const char* message) const;
 

@@ -104,7 +104,7 @@ TEST_F(SecondTiles, TasksAreStartedAndWaitedFor)
         const std::uint64_t before = clock.SleptMs();
         if (reads)
             sign.otherwise = [](const Packet&) { return Good(Hex("03000000"), FromText("abc")); };
-        EXPECT_EQ(run("+0A0B0C0D =05010000 =32020000 =64043412"), 0u);
+        EXPECT_EQ(run("+0A0B0C0D =05010000 =FF020000 =64043412"), 0u);
         const std::size_t start = copies ? 1 : 0;
         ASSERT_EQ(sign.requests.size(), start + 4 + (reads ? 1 : 0));
         EXPECT_EQ(sign.requests[start].Major(), 28);
@@ -124,7 +124,7 @@ TEST_F(SecondTiles, TasksAreStartedAndWaitedFor)
         }
         ASSERT_GE(sign.progress.size(), start + 2);
         EXPECT_EQ(sign.progress[start], 5u);
-        EXPECT_EQ(sign.progress[start + 1], 50u);
+        EXPECT_EQ(sign.progress[start + 1], 100u) << "255 is the sign's word";
         EXPECT_EQ(clock.SleptMs() - before, 2 * sleepMs);
         EXPECT_EQ(detail, details ? 0x1234u : 0xEEEEEEEEu);
 

@@ -116,8 +116,7 @@ private:
     {
         ++confirmed;
         if (size != 0)
-            line.Progress(static_cast<std::uint32_t>(
-                std::min<std::uint64_t>(std::uint64_t{confirmed} * kDataSize * 100 / size, 100)));
+            line.Progress(static_cast<std::uint32_t>(std::uint64_t{confirmed} * kDataSize * 100 / size));
     }
 
     // The refused block once more.
