@@ -65,9 +65,8 @@ VXSIGN_API uint32_t vxDirectTileReadFileEx(const char* path, uint8_t fileType, u
                                            uint8_t extra);
 
 /* Writes a file to a tile. VX_NO_RECORD when the local file cannot be read, for a calibration also when it cannot be
- * converted, when the tile's status cannot be read or when the tile is locked; nothing has been sent then. A tile's
- * form that an earlier call left is not deleted when there is no conversion to take its place. An empty file gives 0.
- */
+ * converted, when the tile's status cannot be read or when the tile is locked; nothing has been sent then. What an
+ * earlier call converted stays when there is nothing to take its place. An empty file gives 0. */
 VXSIGN_API uint32_t vxDirectTileWriteFileEx(const char* path, uint8_t fileType, uint8_t port, uint16_t tile,
                                             uint8_t extra);
 
