@@ -111,35 +111,35 @@ TEST_F(XModem, StepsAndEnds)
         std::string receiver;
         std::size_t size;
         std::uint32_t result;
-        std::size_t blocks;    // sent, repeated ones and the end included
         std::uint32_t percent; // told of the one block that was confirmed; 0 if none was
+        std::size_t blocks;    // sent, repeated ones and the end included
         std::string printed;
     } rows[] = {
-        {"empty file", "CA", 0, 0, 1, 0, begin + done},
-        {"whole block", "CA", 128, 0, 2, 100, begin + done},
-        {"short block", "CA", 5, 0, 2, 100, begin + "Start filling the last frame!\r\n" + done},
-        {"asks late", Times(17, ".") + "NA", 128, 0, 2, 100, begin + done},
+        {"empty file", "CA", 0, 0, 0, 1, begin + done},
+        {"whole block", "CA", 128, 0, 100, 2, begin + done},
+        {"short block", "CA", 5, 0, 100, 2, begin + "Start filling the last frame!\r\n" + done},
+        {"asks late", Times(17, ".") + "NA", 128, 0, 100, 2, begin + done},
         {"NAK in the tenth round", Times(18, ".") + ".NA", 128, kFailed, 0, 0, "rk4095 is not ready\n"},
-        {"C in the tenth round", "x" + Times(8, "x") + "CA", 128, 0, 2, 100, begin + done},
+        {"C in the tenth round", "x" + Times(8, "x") + "CA", 128, 0, 100, 2, begin + done},
         {"never asks", ".", 128, kFailed, 0, 0, "rk4095 is not ready\n"},
         {"babbles", "x", 128, kFailed, 0, 0, "rk4095 is not ready\n"},
         {"stopped at once", "!", 128, kFailed, 0, 0, "rk4095 is not ready\n"},
-        {"a second C, silence, NAK, ACK", "CC..NA", 128, 0, 6, 100, begin + done},
-        {"ACK to the twentieth", "C" + Times(19, "N") + "A", 128, 0, 21, 100, begin + done},
-        {"NAK to all", "CN", 128, kFailed, 31, 0, refused + Times(11, again) + "Retry too many times,Quit!\r\n"},
-        {"ACK to a repetition", "C" + Times(21, "N") + "A", 128, 0, 23, 100,
+        {"a second C, silence, NAK, ACK", "CC..NA", 128, 0, 100, 6, begin + done},
+        {"ACK to the twentieth", "C" + Times(19, "N") + "A", 128, 0, 100, 21, begin + done},
+        {"NAK to all", "CN", 128, kFailed, 0, 31, refused + Times(11, again) + "Retry too many times,Quit!\r\n"},
+        {"ACK to a repetition", "C" + Times(21, "N") + "A", 128, 0, 100, 23,
          refused + again + "Retry for ACK,1OK\r\n" + done},
-        {"ACK to the last repetition", "C" + Times(30, "N") + "A", 128, kFailed, 32, 100,
+        {"ACK to the last repetition", "C" + Times(30, "N") + "A", 128, kFailed, 100, 32,
          refused + Times(10, again) + "Retry for ACK,1OK\r\n" + done},
-        {"nonsense behind the last repetition", "C" + Times(30, "N") + "x", 128, kFailed, 31, 0,
+        {"nonsense behind the last repetition", "C" + Times(30, "N") + "x", 128, kFailed, 0, 31,
          refused + Times(11, again) + "Fatal Error!\r\n"},
-        {"nonsense", "Cx", 128, 0, 20, 0, begin + "ACK Error!\r\nx\r\nFatal Error!\r\n"},
-        {"no first answer", "C.", 128, 0, 42, 0, begin + "ACK Error!\r\n\xF0\r\n" + begin + silentEnd},
-        {"silence behind an ACK", "CA.", 256, 0, 5, 50, begin + done},
-        {"stopped behind an ACK", "CA!", 512, 0, 2, 25, begin + done},
-        {"an ACK after twenty silent rounds", "C" + Times(40, ".") + "A", 256, 0, 42, 50,
+        {"nonsense", "Cx", 128, 0, 0, 20, begin + "ACK Error!\r\nx\r\nFatal Error!\r\n"},
+        {"no first answer", "C.", 128, 0, 0, 42, begin + "ACK Error!\r\n\xF0\r\n" + begin + silentEnd},
+        {"silence behind an ACK", "CA.", 256, 0, 50, 5, begin + done},
+        {"stopped behind an ACK", "CA!", 512, 0, 25, 2, begin + done},
+        {"an ACK after twenty silent rounds", "C" + Times(40, ".") + "A", 256, 0, 50, 42,
          begin + "ACK Error!\r\n\xF0\r\n" + begin + done},
-        {"the end refused", "CAN", 128, 0, 2, 100, begin + silentEnd},
+        {"the end refused", "CAN", 128, 0, 100, 2, begin + silentEnd},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
