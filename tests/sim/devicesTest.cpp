@@ -69,6 +69,41 @@ TEST_F(Devices, TheBootLoaderTakesBlocksInOrder)
     EXPECT_EQ(Kept(), Bytes(256, 0x55)) << "what is not whole is not kept";
 }
 
+TEST_F(Devices, AFileEndsOnlyWhereABlockMayBegin)
+{
+    vxsim::BootLoader loader(File(), false);
+    loader.KeepUp(0);
+    EXPECT_EQ(loader.Take(Bytes{4}, 1), Bytes()) << "nothing has begun";
+    EXPECT_EQ(loader.Take(Block(1, 0x55, kCrc55), 10), kAck);
+    EXPECT_EQ(loader.Take(Block(2, 0x55, kCrc55), 20), kAck);
+    const Bytes large = Bytes{2, 3, 0xFC} + Bytes(1024, 0x55) + Bytes{0x40, 0x7C};
+    Bytes badStart = Block(3, 4, {4, 4});
+    badStart[0] = 0x41;
+    Bytes smaller = large;
+    smaller[0] = 1;
+    std::uint64_t now = 30;
+    for (const Bytes& damaged : {badStart, smaller, Bytes{4} + large}) {
+        SCOPED_TRACE(int{damaged[0]});
+        EXPECT_EQ(loader.Take(Bytes(damaged.begin(), damaged.begin() + 60), now), Bytes());
+        EXPECT_EQ(loader.Take(Bytes(damaged.begin() + 60, damaged.end()), now + 100), Bytes());
+        EXPECT_EQ(loader.KeepUp(now + 299), Bytes());
+        EXPECT_EQ(loader.DueMs(), now + 300);
+        EXPECT_EQ(loader.KeepUp(now + 300), kNak) << "once the line is silent";
+        now += 400;
+    }
+    EXPECT_EQ(loader.Take(large, now), kAck);
+    EXPECT_EQ(loader.Take(Block(4, 0x55, kCrc55), now), kAck) << "blocks of both sizes";
+    EXPECT_EQ(loader.Caption(), "LOADING\n4 blocks");
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(loader.Take(Bytes{4}, now), kAck) << "once more if its answer was lost";
+    EXPECT_EQ(Kept(), Bytes(3 * 128 + 1024, 0x55));
+
+    vxsim::BootLoader full(File() / "no folder", false);
+    full.KeepUp(0);
+    EXPECT_EQ(full.Take(Block(1, 0x55, kCrc55), 1), kAck);
+    EXPECT_EQ(full.Take(Bytes{4}, 2), Bytes{24}) << "what cannot be kept is not complete";
+}
+
 TEST_F(Devices, ModbusRegistersAreReadWrittenAndRefused)
 {
     const struct

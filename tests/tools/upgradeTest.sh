@@ -20,6 +20,13 @@ member 157 blocks
 member 20096 bytes
 same "$work/wanted" "$work/loader/sign/firmware.bin"
 
+# Another sender, with blocks of 1024 bytes and the rest in blocks of 128.
+rm "$work/loader/sign/firmware.bin"
+device=$(sed -n 's/^serial //p' "$work/loader.lines")
+sx --1k --quiet "$work/firmware" <"$device" >"$device" 2>"$work/err" || fail "sx cannot send"
+same "$work/wanted" "$work/loader/sign/firmware.bin"
+grep -q "upgrade: done: 24 blocks, 20096 bytes" "$work/told" || fail "blocks of 1024 bytes did not come as such"
+
 start "$work/sums" --bootloader --sums
 expect 0 -s "serial:$(sed -n 's/^serial //p' "$work/sums.lines")@115200" upgrade "$work/firmware"
 same "$work/wanted" "$work/sums/sign/firmware.bin"
