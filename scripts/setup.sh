@@ -8,6 +8,7 @@ packages=(
     libsqlite3-dev libfreetype-dev fonts-unifont libstb-dev       # the virtual sign
     libcli11-dev nlohmann-json3-dev libgif-dev                    # the command line
     libgtest-dev libgmock-dev libbenchmark-dev libmodbus-dev lrzsz # tests and measurements
+    mbpoll python3-pymodbus python3-serial-asyncio                # hosts of the Modbus devices
     clang-format clang-tidy binutils                              # style and the export check
 )
 

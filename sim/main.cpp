@@ -1,6 +1,5 @@
+#include "sim/companions.h"
 #include "sim/conditionOptions.h"
-#include "sim/devices/bootLoader.h"
-#include "sim/devices/modbusDevices.h"
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
 #include "sim/server/server.h"
@@ -37,7 +36,6 @@ constexpr int kExitFailure = 1;
 constexpr int kExitUsage = 2;
 constexpr int kPlayMajor = 6;
 constexpr int kPlaySoundFile = 26;
-constexpr std::uint16_t kModbusPort = 9521;
 constexpr int kLargestSide = 2048;
 constexpr std::chrono::milliseconds kFrame{40};
 constexpr std::chrono::milliseconds kUnseenStep{500}; // of a list that plays without a face
@@ -54,17 +52,13 @@ struct Options
     bool verbose = false;
     bool controller = false;
     unsigned delay = 0;
-    bool bootLoader = false;
-    bool sumsOnly = false;
-    bool modbus = false;
-    std::uint16_t modbusPort = kModbusPort;
-    bool devices = false;
     vxsim::ListenSettings listen;
+    vxsim::CompanionOptions companions;
     vxsim::ConditionOptions condition;
 };
 
 constexpr const char* kFooter = R"(Each line on standard output names one thing to use: "dir FOLDER", "udp HOST:PORT",
-"tcp HOST:PORT", "serial DEVICE", "modbus HOST:PORT". SIGINT and SIGTERM end the sign.
+"tcp HOST:PORT", "serial DEVICE", "modbus HOST:PORT", "modbus-tcp HOST:PORT". SIGINT and SIGTERM end the sign.
 
 Faults: drop, truncate, wrongid and badsum are probabilities from 0 to 1 for each reply, noise is a number of
 random bytes ahead of each reply, seed makes a run repeatable.
@@ -80,6 +74,7 @@ Examples:
   vxsim --controller --face ansi            a traffic signal controller, whose signals the terminal shows
   vxsim --login admin:1234 --verbose        asks hosts to log in, and tells what they do
   vxsim --modbus --serial --devices         Modbus devices too, the last register on the face
+  vxsim --modbus --modbus-tcp --modbus-exceptions   and for hosts of Modbus TCP
   vxsim --bootloader --face ansi            takes firmware by XMODEM on the serial line
   vxsim --delay 200 --fault drop=0.1,noise=4,seed=7)";
 
@@ -192,56 +187,6 @@ void Announce(const vxsim::Endpoints& endpoints, const fs::path& folder)
     std::cout.flush();
 }
 
-// What has its place on the lines of the sign beside it, and where it is to be seen.
-class Companions
-{
-public:
-    Companions(const Options& options, const fs::path& folder)
-    {
-        const fs::path kept = folder / "sign";
-        const auto tell = [](const std::string& what) { std::cerr << what << '\n'; };
-        if (options.bootLoader) {
-            bootLoader.emplace(kept / "firmware.bin", options.sumsOnly);
-            beside.bootLoader = &*bootLoader;
-            if (options.verbose)
-                bootLoader->Observe(tell);
-        }
-        if (options.modbus) {
-            devices.emplace(kept / "modbus.txt");
-            beside.devices = &*devices;
-            port.emplace(vxsim::ListenSettings{options.listen.host, options.modbusPort, false});
-            beside.devicesPort = &*port;
-            if (options.verbose)
-                devices->Observe(tell);
-        }
-    }
-    Companions(const Companions&) = delete;
-    Companions& operator=(const Companions&) = delete;
-
-    const vxsim::Beside& Lines() const { return beside; }
-
-    void ShowOn(vxsim::Stage& stage, bool registers)
-    {
-        if (bootLoader)
-            stage.CaptionWith([this] { return vxsim::Caption{bootLoader->Caption(), true}; });
-        else if (devices && registers)
-            stage.CaptionWith([this] { return vxsim::Caption{devices->LastChange(), false}; });
-    }
-
-    void Announce() const
-    {
-        if (port)
-            std::cout << "modbus " << port->host << ':' << port->port << '\n';
-        std::cout.flush();
-    }
-
-private:
-    std::optional<vxsim::BootLoader> bootLoader;
-    std::optional<vxsim::ModbusDevices> devices;
-    std::optional<vxsim::Endpoints> port;
-    vxsim::Beside beside;
-};
-
 void Serve(const Options& options)
 {
     const auto [width, height] = ParseSize(options.size);
@@ -266,8 +211,8 @@ void Serve(const Options& options)
     vxsim::VirtualSign sign(settings);
     options.condition.Apply(folder.Path());
     vxsim::Stage stage(sign);
-    Companions companions(options, folder.Path());
-    companions.ShowOn(stage, options.devices);
+    vxsim::Companions companions(options.companions, folder.Path() / "sign", endpoints.host, options.verbose);
+    companions.ShowOn(stage);
     if (options.verbose)
         ReportCommands(sign);
     vxsim::Server server(endpoints, sign, serverSettings, companions.Lines());
@@ -301,15 +246,7 @@ int Run(int argc, char** argv)
         ->capture_default_str()
         ->check(CLI::Range(0U, 65535U));
     app.add_flag("--serial", options.listen.serial, "serve a pseudo-terminal as well");
-    CLI::Option* const bootLoader = app.add_flag(
-        "--bootloader", options.bootLoader, "the serial line is that of a boot loader, which takes firmware by XMODEM");
-    app.add_flag("--sums", options.sumsOnly, "the boot loader knows checksums only, no CRC")->needs(bootLoader);
-    app.add_option("--modbus", options.modbusPort, "Modbus devices, on the serial line and on this UDP and TCP port")
-        ->expected(0, 1)
-        ->capture_default_str()
-        ->check(CLI::Range(0U, 65535U));
-    app.add_flag("--devices", options.devices, "the last register that was written, along the lower edge of the face")
-        ->needs("--modbus");
+    options.companions.AddTo(app);
     app.add_option("--size", options.size, "width and height of the face in pixels")->capture_default_str();
     app.add_option("--drives", options.drives, "letters of the drives; C must be among them")->capture_default_str();
     app.add_option("--face", options.face, "draws the face on standard output (ansi) or not (none)")
@@ -332,8 +269,7 @@ int Run(int argc, char** argv)
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? EXIT_SUCCESS : kExitUsage;
     }
-    options.modbus = app.count("--modbus") != 0;
-    options.listen.serial = options.listen.serial || options.bootLoader;
+    options.listen.serial = options.listen.serial || options.companions.bootLoader;
     try {
         if (app.get_subcommands().empty())
             Serve(options);

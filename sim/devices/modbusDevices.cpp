@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <fstream>
 #include <limits>
 #include <optional>
@@ -14,13 +13,12 @@
 namespace vxsim {
 namespace {
 
-enum : std::uint8_t
-{
-    kReadRegisters = 3,
-    kWriteRegister = 6
-};
-
-constexpr std::size_t kRequestSize = 8;
+constexpr std::uint8_t kExceptionBit = 0x80;
+constexpr std::size_t kAddressAt = 1;
+constexpr std::size_t kNumberAt = 3; // the value, or how many registers
+constexpr std::size_t kShortRequest = 5;
+constexpr std::size_t kValuesAt = 6; // of several registers, behind the count of their bytes
+constexpr std::uint16_t kMostRead = 125;
 constexpr std::uint16_t kWholeDevice = 0xFF00; // ahead of the registers that belong to no section
 constexpr std::uint16_t kSectionSize = 100;
 constexpr std::uint16_t kLastSection = 9;
@@ -67,37 +65,16 @@ struct Place
 };
 
 // Register 100 of a section travels as register 0 of the next one, and is that.
-std::optional<Place> PlaceOf(const DeviceClass& of, std::uint16_t address)
+std::optional<Place> PlaceOf(const DeviceClass& of, unsigned address)
 {
+    if (address > std::numeric_limits<std::uint16_t>::max())
+        return std::nullopt;
     const bool whole = address >= kWholeDevice;
     const Place place{static_cast<std::uint16_t>(whole ? 255 : address / kSectionSize),
                       static_cast<std::uint16_t>(whole ? address - kWholeDevice : address % kSectionSize)};
     if (place.number >= of.registers || (!whole && (!of.sections || place.section > kLastSection)))
         return std::nullopt;
     return place;
-}
-
-std::uint16_t ModbusCrc(std::span<const std::uint8_t> bytes)
-{
-    std::uint32_t crc = 0xFFFF;
-    for (const std::uint8_t byte : bytes) {
-        crc ^= byte;
-        for (int bit = 0; bit < 8; ++bit)
-            crc = (crc & 1) != 0 ? crc >> 1 ^ 0xA001 : crc >> 1;
-    }
-    return static_cast<std::uint16_t>(crc);
-}
-
-std::uint16_t HighFirst(std::span<const std::uint8_t> bytes, std::size_t at)
-{
-    return static_cast<std::uint16_t>(bytes[at] << 8 | bytes[at + 1]);
-}
-
-bool IsRequest(std::span<const std::uint8_t> bytes)
-{
-    if (!ClassOf(bytes[0]) || (bytes[1] != kReadRegisters && bytes[1] != kWriteRegister))
-        return false;
-    return ModbusCrc(bytes.first(kRequestSize - 2)) == (bytes[7] << 8 | bytes[6]);
 }
 
 std::string Describe(std::uint8_t device, const DeviceClass& of, Place place)
@@ -110,67 +87,117 @@ std::string Describe(std::uint8_t device, const DeviceClass& of, Place place)
     return text.str();
 }
 
+// Why a request is refused, as Modbus numbers it.
+enum Refusal : std::uint8_t
+{
+    kFunction = 1,
+    kAddress,
+    kCount,
+    kFailure
+};
+constexpr std::array<const char*, 4> kReasons{"unknown function", "no such register, or it cannot be written",
+                                              "its counts make no sense", "it cannot be kept"};
+
+std::vector<std::uint8_t> Refuse(std::span<const std::uint8_t> request, Refusal why)
+{
+    return {static_cast<std::uint8_t>(request[0] | kExceptionBit), why};
+}
+
 } // namespace
 
-ModbusDevices::ModbusDevices(std::filesystem::path keptFile) : file(std::move(keptFile))
+ModbusDevices::ModbusDevices(std::filesystem::path keptFile, bool exceptions)
+    : file(std::move(keptFile)), answersRefusals(exceptions)
 {
     Load();
 }
 
-std::vector<std::vector<std::uint8_t>> ModbusDevices::Answer(std::vector<std::uint8_t>& bytes)
+bool ModbusDevices::Has(std::uint8_t device)
 {
-    std::vector<std::vector<std::uint8_t>> answers;
-    std::size_t at = 0;
-    while (bytes.size() - at >= kRequestSize) {
-        const auto rest = std::span<const std::uint8_t>(bytes).subspan(at, kRequestSize);
-        if (!IsRequest(rest)) {
-            ++at;
-            continue;
-        }
-        if (auto answer = AnswerOne(rest); !answer.empty())
-            answers.push_back(std::move(answer));
-        at += kRequestSize;
-    }
-    bytes.erase(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(at));
-    return answers;
+    return ClassOf(device).has_value();
 }
 
-// Empty for silence.
-std::vector<std::uint8_t> ModbusDevices::AnswerOne(std::span<const std::uint8_t> request)
+std::vector<std::uint8_t> ModbusDevices::Answer(std::uint8_t device, std::span<const std::uint8_t> request)
 {
-    constexpr std::uint16_t kOne = 1;
-    const std::uint8_t device = request[0];
-    const DeviceClass& of = Classes().at(*ClassOf(device));
-    const std::uint16_t address = HighFirst(request, 2);
-    const std::uint16_t last = HighFirst(request, 4);
-    const auto place = PlaceOf(of, address);
-    const bool writing = request[1] == kWriteRegister;
-    const bool refused = !place || (writing ? std::ranges::count(of.readOnly, place->number) != 0 : last != kOne);
-    if (refused) {
-        if (tell)
-            tell(std::string(writing ? "modbus: write refused, " : "modbus: read refused, ") + of.name + " " +
-                 std::to_string(device) + " address " + std::to_string(address));
+    if (!Has(device) || request.empty())
         return {};
+    auto answer = Execute(device, request);
+    if ((answer[0] & kExceptionBit) == 0)
+        return answer;
+    TellRefusal(device, request, answer[1]);
+    return answersRefusals ? answer : std::vector<std::uint8_t>();
+}
+
+std::vector<std::uint8_t> ModbusDevices::Execute(std::uint8_t device, std::span<const std::uint8_t> request)
+{
+    const std::uint8_t function = request[0];
+    if (function != kReadRegisters && function != kWriteRegister && function != kWriteRegisters)
+        return Refuse(request, kFunction);
+    // Behind several registers' number stand the number of their bytes, and those.
+    const bool isWhole = function == kWriteRegisters
+                             ? request.size() > kValuesAt && request.size() - kValuesAt == request[kValuesAt - 1] &&
+                                   request[kValuesAt - 1] == HighFirst(request, kNumberAt) * 2
+                             : request.size() == kShortRequest;
+    if (!isWhole)
+        return Refuse(request, kCount);
+    return function == kReadRegisters ? Read(device, request) : Write(device, request);
+}
+
+std::vector<std::uint8_t> ModbusDevices::Read(std::uint8_t device, std::span<const std::uint8_t> request) const
+{
+    const unsigned first = HighFirst(request, kAddressAt);
+    const unsigned count = HighFirst(request, kNumberAt);
+    if (count == 0 || count > kMostRead)
+        return Refuse(request, kCount);
+    std::vector<std::uint8_t> answer{kReadRegisters, static_cast<std::uint8_t>(count * 2)};
+    for (unsigned address = first; address < first + count; ++address) {
+        if (!PlaceOf(Classes().at(*ClassOf(device)), address))
+            return Refuse(request, kAddress);
+        const std::uint16_t value = Value(device, static_cast<std::uint16_t>(address));
+        answer.push_back(static_cast<std::uint8_t>(value >> 8));
+        answer.push_back(static_cast<std::uint8_t>(value));
     }
-    if (writing) {
-        const auto former = values;
-        values[{device, address}] = last;
-        if (!Keep()) {
-            values = former;
-            return {};
-        }
-        lastChange = Describe(device, of, *place) + "=" + std::to_string(last);
-        if (tell)
-            tell("modbus: " + lastChange);
-        return {request.begin(), request.end()};
-    }
-    const std::uint16_t value = Value(device, address);
-    std::vector<std::uint8_t> answer{device, kReadRegisters, 2, static_cast<std::uint8_t>(value >> 8),
-                                     static_cast<std::uint8_t>(value)};
-    const std::uint16_t crc = ModbusCrc(answer);
-    answer.push_back(static_cast<std::uint8_t>(crc));
-    answer.push_back(static_cast<std::uint8_t>(crc >> 8));
     return answer;
+}
+
+// Writes all registers of the request or none.
+std::vector<std::uint8_t> ModbusDevices::Write(std::uint8_t device, std::span<const std::uint8_t> request)
+{
+    const DeviceClass& of = Classes().at(*ClassOf(device));
+    const auto numbers = request.subspan(request[0] == kWriteRegisters ? kValuesAt : kNumberAt);
+    auto written = values;
+    std::vector<std::string> changes;
+    for (unsigned at = 0; at < numbers.size(); at += 2) {
+        const unsigned address = HighFirst(request, kAddressAt) + at / 2;
+        const auto place = PlaceOf(of, address);
+        if (!place || std::ranges::count(of.readOnly, place->number) != 0)
+            return Refuse(request, kAddress);
+        const std::uint16_t value = HighFirst(numbers, at);
+        written[{device, static_cast<std::uint16_t>(address)}] = value;
+        changes.push_back(Describe(device, of, *place) + "=" + std::to_string(value));
+    }
+    values.swap(written);
+    if (!Keep()) {
+        values.swap(written);
+        return Refuse(request, kFailure);
+    }
+    lastChange = changes.back();
+    for (const std::string& change : changes) {
+        if (tell)
+            tell("modbus: " + change);
+    }
+    return {request.begin(), request.begin() + kShortRequest};
+}
+
+void ModbusDevices::TellRefusal(std::uint8_t device, std::span<const std::uint8_t> request, std::uint8_t why) const
+{
+    if (!tell)
+        return;
+    std::ostringstream text;
+    text << "modbus: refused, " << Classes().at(*ClassOf(device)).name << ' ' << int{device} << ", function "
+         << int{request[0]};
+    if (request.size() >= kNumberAt)
+        text << ", address " << HighFirst(request, kAddressAt);
+    tell(text.str() + ": " + kReasons.at(why - 1));
 }
 
 std::uint16_t ModbusDevices::Value(std::uint8_t device, std::uint16_t address) const

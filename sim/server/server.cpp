@@ -23,15 +23,14 @@ constexpr milliseconds kPartTimeout{200};
 // Silence after which replies that no host has fetched from the serial line are stale.
 constexpr milliseconds kStaleTimeout{1000};
 
+// Places among what is watched: these two for each port, and the lines behind them.
 enum : std::size_t
 {
     kStop,
     kUdp,
-    kTcp,
-    kDevicesUdp,
-    kDevicesTcp,
-    kFirstLine
+    kTcp
 };
+constexpr std::size_t kEachPort = 2;
 
 std::uint32_t HostOf(const sockaddr_in& peer)
 {
@@ -47,13 +46,18 @@ std::uint64_t NowMs()
 }
 
 Server::Server(Endpoints& where, VirtualSign& served, const ServerSettings& how, const Beside& others)
-    : endpoints(where), sign(served), settings(how), beside(others), injector(how.faults)
+    : endpoints(where), ports{{&where, Speech::kPackets}}, settings(how), beside(others),
+      answers(served, others.bootLoader, others.devices, how.faults)
 {
+    if (beside.modbusRtuPort != nullptr)
+        ports.push_back({beside.modbusRtuPort, Speech::kModbusRtu});
+    if (beside.modbusTcpPort != nullptr)
+        ports.push_back({beside.modbusTcpPort, Speech::kModbusTcp});
     if (endpoints.serial) {
         serialLine = endpoints.serial.Get();
         lines.emplace_back(++lastNumber, std::move(endpoints.serial), std::nullopt);
         if (beside.bootLoader != nullptr)
-            lines.back().UseBytes();
+            lines.back().Use(Speech::kXmodem);
         else if (beside.devices != nullptr)
             lines.back().Finder().KeepSkipped();
     } else {
@@ -79,15 +83,9 @@ void Server::Run(int stop)
         }
         if (watched[kStop].revents != 0)
             return;
-        if (watched[kUdp].revents != 0)
-            ServeDatagrams();
-        if (watched[kDevicesUdp].revents != 0)
-            ServeDeviceDatagrams();
+        ServePorts(&Server::ServeDatagrams, kUdp);
         ServeLines();
-        if (watched[kTcp].revents != 0)
-            Accept(endpoints.tcp, false);
-        if (watched[kDevicesTcp].revents != 0)
-            Accept(beside.devicesPort->tcp, true);
+        ServePorts(&Server::Accept, kTcp);
         if (lines.empty() && waiting.empty() && !tick)
             continue;
         const auto now = Clock::now();
@@ -112,12 +110,11 @@ void Server::Prepare(int stop)
     const auto input = static_cast<short>(IsFull() ? 0 : POLLIN);
     watched.clear();
     watched.push_back({stop, POLLIN, 0});
-    watched.push_back({endpoints.udp.Get(), input, 0});
     const bool accepts = !acceptPaused && lines.size() < kMostLines;
-    watched.push_back({accepts ? endpoints.tcp.Get() : -1, POLLIN, 0});
-    const Endpoints* const devices = beside.devicesPort;
-    watched.push_back({devices != nullptr ? devices->udp.Get() : -1, input, 0});
-    watched.push_back({devices != nullptr && accepts ? devices->tcp.Get() : -1, POLLIN, 0});
+    for (const Port& port : ports) {
+        watched.push_back({port.at->udp.Get(), input, 0});
+        watched.push_back({accepts ? port.at->tcp.Get() : -1, POLLIN, 0});
+    }
     for (const StreamLine& line : lines) {
         const short serialInput = IsSerial(line) ? input : short{0}; // the next host is heard, fetched or not
         watched.push_back({line.Get(), line.HasUnsent() ? static_cast<short>(POLLOUT | serialInput) : input, 0});
@@ -143,12 +140,21 @@ int Server::TimeToWait(Clock::time_point now) const
     return static_cast<int>(std::clamp<decltype(left)>(left, 0, INT_MAX));
 }
 
-void Server::Accept(const Descriptor& listener, bool forDevices)
+void Server::ServePorts(void (Server::*serve)(Port&), std::size_t place)
+{
+    for (Port& port : ports) {
+        if (watched[place].revents != 0)
+            (this->*serve)(port);
+        place += kEachPort;
+    }
+}
+
+void Server::Accept(Port& port)
 {
     sockaddr_in peer = {};
     socklen_t size = sizeof peer;
     Descriptor connection(
-        ::accept4(listener.Get(), reinterpret_cast<sockaddr*>(&peer), &size, SOCK_NONBLOCK | SOCK_CLOEXEC));
+        ::accept4(port.at->tcp.Get(), reinterpret_cast<sockaddr*>(&peer), &size, SOCK_NONBLOCK | SOCK_CLOEXEC));
     if (!connection) {
         // Out of descriptors: no new connection before an old one goes.
         acceptPaused = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
@@ -157,42 +163,28 @@ void Server::Accept(const Descriptor& listener, bool forDevices)
     const int on = 1;
     ::setsockopt(connection.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
     lines.emplace_back(++lastNumber, std::move(connection), HostOf(peer));
-    if (forDevices)
-        lines.back().UseBytes();
+    lines.back().Use(port.speech);
 }
 
-void Server::ServeDeviceDatagrams()
+void Server::ServeDatagrams(Port& port)
 {
-    const int socket = beside.devicesPort->udp.Get();
+    const int socket = port.at->udp.Get();
     const std::size_t count = datagrams.Receive(socket);
     for (std::size_t i = 0; i < count; ++i) {
-        const auto request = datagrams.Bytes(i);
-        std::vector<std::uint8_t> bytes(request.begin(), request.end());
-        for (std::vector<std::uint8_t>& answer : beside.devices->Answer(bytes))
-            if (auto reply = injector.ApplyToBytes(std::move(answer)); !reply.empty())
-                outgoing.push_back({std::move(reply), datagrams.Peer(i)});
+        const sockaddr_in& peer = datagrams.Peer(i);
+        for (auto& reply : answers.ToDatagram(port.speech, datagrams.Bytes(i), {NowMs(), HostOf(peer)})) {
+            if (settings.delay.count() == 0)
+                port.outgoing.push_back({std::move(reply), peer});
+            else
+                waiting.push_back({Clock::now() + settings.delay, {std::move(reply), peer}, 0, &port});
+        }
     }
-    SendDatagrams(socket, outgoing);
-}
-
-void Server::ServeDatagrams()
-{
-    const std::size_t count = datagrams.Receive(endpoints.udp.Get());
-    for (std::size_t i = 0; i < count; ++i) {
-        auto reply = injector.Apply(sign.Answer(datagrams.Bytes(i), {NowMs(), HostOf(datagrams.Peer(i))}));
-        if (reply.empty())
-            continue;
-        if (settings.delay.count() == 0)
-            outgoing.push_back({std::move(reply), datagrams.Peer(i)});
-        else
-            waiting.push_back({Clock::now() + settings.delay, {std::move(reply), datagrams.Peer(i)}, 0});
-    }
-    SendDatagrams(endpoints.udp.Get(), outgoing);
+    SendDatagrams(socket, port.outgoing);
 }
 
 void Server::ServeLines()
 {
-    std::size_t index = kFirstLine;
+    std::size_t index = kUdp + kEachPort * ports.size();
     for (auto line = lines.begin(); line != lines.end(); ++index) {
         const short events = watched[index].revents;
         if (events == 0 || ServeLine(*line, events)) {
@@ -222,34 +214,13 @@ bool Server::ServeLine(StreamLine& line, short events)
         }
     }
     const bool alive = line.Receive(now);
-    return AnswerFrames(line) && alive;
+    return AnswerLine(line) && alive;
 }
 
-bool Server::AnswerFrames(StreamLine& line)
+bool Server::AnswerLine(StreamLine& line)
 {
-    while (const auto frame = line.Finder().Next()) {
-        if (!Reply(line, sign.Answer(*frame, {NowMs(), line.Host()})))
-            return false;
-    }
-    return AnswerBytes(line);
-}
-
-// What is no packet of the sign.
-bool Server::AnswerBytes(StreamLine& line)
-{
-    std::vector<std::uint8_t>& bytes = line.Bytes();
-    if (IsSerial(line) && beside.bootLoader != nullptr) {
-        auto reply = beside.bootLoader->Take(std::exchange(bytes, {}), NowMs());
-        return SendOrWait(line, injector.ApplyToBytes(std::move(reply)));
-    }
-    if (beside.devices == nullptr)
-        return true;
-    const auto skipped = line.Finder().TakeSkipped();
-    bytes.insert(bytes.end(), skipped.begin(), skipped.end());
-    for (std::vector<std::uint8_t>& answer : beside.devices->Answer(bytes))
-        if (!SendOrWait(line, injector.ApplyToBytes(std::move(answer))))
-            return false;
-    return true;
+    auto replies = answers.ToLine(line, NowMs());
+    return replies && SendOrWait(line, std::move(*replies));
 }
 
 void Server::KeepUpBootLoader(Clock::time_point now)
@@ -260,11 +231,11 @@ void Server::KeepUpBootLoader(Clock::time_point now)
     if (line == lines.end())
         return;
     const bool asking = beside.bootLoader->IsAsking();
-    auto bytes = beside.bootLoader->KeepUp(NowMs());
+    auto bytes = answers.OfBootLoader(NowMs());
     // A host that comes later finds one question, the latest.
     if (asking && !bytes.empty())
         ::tcflush(endpoints.serialDevice.Get(), TCIFLUSH);
-    SendOrWait(*line, injector.ApplyToBytes(std::move(bytes))); // a broken line is noticed at its next event
+    SendOrWait(*line, std::move(bytes)); // a broken line is noticed at its next event
 }
 
 void Server::SettleSilentLines(Clock::time_point now)
@@ -272,24 +243,23 @@ void Server::SettleSilentLines(Clock::time_point now)
     for (StreamLine& line : lines) {
         while (line.IsWaiting() && now - line.LastInput() >= kPartTimeout) {
             line.Finder().GiveUp();
-            if (!AnswerFrames(line))
+            if (!AnswerLine(line))
                 break; // a broken line is noticed at its next event
         }
     }
 }
 
-bool Server::Reply(StreamLine& line, std::vector<std::uint8_t> reply)
+// False if the line is broken.
+bool Server::SendOrWait(StreamLine& line, Replies replies)
 {
-    return SendOrWait(line, injector.Apply(std::move(reply)));
-}
-
-bool Server::SendOrWait(StreamLine& line, std::vector<std::uint8_t> reply)
-{
-    if (reply.empty() || (IsSerial(line) && line.Unsent() > kMostUnsent))
-        return true;
-    if (settings.delay.count() == 0)
-        return line.Send(reply);
-    waiting.push_back({Clock::now() + settings.delay, {std::move(reply), {}}, line.Number()});
+    for (std::vector<std::uint8_t>& reply : replies) {
+        if (IsSerial(line) && line.Unsent() > kMostUnsent)
+            return true;
+        if (settings.delay.count() != 0)
+            waiting.push_back({Clock::now() + settings.delay, {std::move(reply), {}}, line.Number(), nullptr});
+        else if (!line.Send(reply))
+            return false;
+    }
     return true;
 }
 
@@ -297,15 +267,16 @@ void Server::SendDue(Clock::time_point now)
 {
     for (; !waiting.empty() && waiting.front().due <= now; waiting.pop_front()) {
         Waiting& first = waiting.front();
-        if (first.line == 0) {
-            outgoing.push_back(std::move(first.reply));
+        if (first.port != nullptr) {
+            first.port->outgoing.push_back(std::move(first.reply));
             continue;
         }
         const auto line = std::ranges::find(lines, first.line, &StreamLine::Number);
         if (line != lines.end())
             line->Send(first.reply.bytes); // a broken line is noticed at its next event
     }
-    SendDatagrams(endpoints.udp.Get(), outgoing);
+    for (Port& port : ports)
+        SendDatagrams(port.at->udp.Get(), port.outgoing);
 }
 
 } // namespace vxsim

@@ -2,6 +2,7 @@
 
 #include "sim/devices/bootLoader.h"
 #include "sim/devices/modbusDevices.h"
+#include "sim/server/answers.h"
 #include "sim/server/datagrams.h"
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
@@ -31,9 +32,10 @@ struct ServerSettings
 // What has its place on the sign's lines too. Each may be missing.
 struct Beside
 {
-    BootLoader* bootLoader = nullptr; // has the serial line for itself
-    ModbusDevices* devices = nullptr; // on the serial line, told apart by address, function and checksum,
-    Endpoints* devicesPort = nullptr; // and on a port of their own
+    BootLoader* bootLoader = nullptr;   // has the serial line for itself
+    ModbusDevices* devices = nullptr;   // on the serial line, told apart by address, function and checksum,
+    Endpoints* modbusRtuPort = nullptr; // and on ports of their own, one for each form of their requests
+    Endpoints* modbusTcpPort = nullptr;
 };
 
 // Carries requests from the endpoints to the sign and the replies back, in one loop on one thread. A stream may bring
@@ -50,43 +52,49 @@ public:
     void Run(int stop);
 
 private:
-    // The reply waits for its time; `line` is 0 for a datagram.
+    // Where hosts reach us by datagrams and connections.
+    struct Port
+    {
+        Endpoints* at;
+        Speech speech;
+        std::vector<Datagram> outgoing = {};
+    };
+
+    // A reply that waits for its time, and where it leaves: by a port as a datagram, or by a line.
     struct Waiting
     {
         Clock::time_point due;
         Datagram reply;
         std::uint64_t line = 0;
+        Port* port = nullptr;
     };
 
     void Prepare(int stop);
     int TimeToWait(Clock::time_point now) const;
-    void Accept(const Descriptor& listener, bool forDevices);
-    void ServeDatagrams();
-    void ServeDeviceDatagrams();
+    void ServePorts(void (Server::*serve)(Port&), std::size_t place);
+    void Accept(Port& port);
+    void ServeDatagrams(Port& port);
     void ServeLines();
     bool ServeLine(StreamLine& line, short events);
-    bool AnswerFrames(StreamLine& line);
-    bool AnswerBytes(StreamLine& line);
+    bool AnswerLine(StreamLine& line);
     void KeepUpBootLoader(Clock::time_point now);
     void SettleSilentLines(Clock::time_point now);
-    bool Reply(StreamLine& line, std::vector<std::uint8_t> reply);
-    bool SendOrWait(StreamLine& line, std::vector<std::uint8_t> reply);
+    bool SendOrWait(StreamLine& line, Replies replies);
     void SendDue(Clock::time_point now);
     bool IsSerial(const StreamLine& line) const { return line.Get() == serialLine; }
     bool IsFull() const;
 
     Endpoints& endpoints;
-    VirtualSign& sign;
+    std::vector<Port> ports; // all of them from the start on
     ServerSettings settings;
     Beside beside;
-    FaultInjector injector;
+    Answers answers;
     std::list<StreamLine> lines;
     std::uint64_t lastNumber = 0;
     int serialLine = -1;
     std::deque<Waiting> waiting; // in the order of their time, as the delay is the same for all
-    std::vector<pollfd> watched; // stop, UDP, TCP, both of the devices, then the lines in their order
+    std::vector<pollfd> watched; // stop, UDP and TCP of each port, then the lines in their order
     DatagramReader datagrams;
-    std::vector<Datagram> outgoing;
     bool acceptPaused = false;
     std::chrono::milliseconds tickEvery{0};
     std::function<void()> tick;

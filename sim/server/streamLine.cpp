@@ -28,10 +28,10 @@ bool StreamLine::Receive(Clock::time_point now)
     if (count < 0)
         return IsPassing(errno);
     const auto got = std::span(piece).first(static_cast<std::size_t>(count));
-    if (usesBytes)
-        rawBytes.insert(rawBytes.end(), got.begin(), got.end());
-    else
+    if (speech == Speech::kPackets)
         finder.Append(got);
+    else
+        rawBytes.insert(rawBytes.end(), got.begin(), got.end());
     lastInput = now;
     return count > 0;
 }

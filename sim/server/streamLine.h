@@ -14,6 +14,15 @@ namespace vxsim {
 
 using Clock = std::chrono::steady_clock;
 
+// What hosts speak at a place.
+enum class Speech : std::uint8_t
+{
+    kPackets, // of the sign; on the serial line with Modbus RTU between them if there are devices
+    kModbusRtu,
+    kModbusTcp,
+    kXmodem
+};
+
 // A line that carries a stream: a TCP connection or our side of the pseudo-terminal.
 class StreamLine
 {
@@ -28,9 +37,9 @@ public:
     bool IsWaiting() const { return finder.IsWaiting(); }
     Clock::time_point LastInput() const { return lastInput; }
 
-    // From now on what comes in is no packets of the sign: it goes to Bytes, not to the finder.
-    void UseBytes() { usesBytes = true; }
-    bool IsBytes() const { return usesBytes; }
+    // From now on hosts speak this. What is no packets goes to Bytes, not to the finder.
+    void Use(Speech other) { speech = other; }
+    Speech Spoken() const { return speech; }
     // What devices beside the sign may still have to answer.
     std::vector<std::uint8_t>& Bytes() { return rawBytes; }
 
@@ -49,7 +58,7 @@ private:
     Descriptor line;
     std::optional<std::uint32_t> peer;
     FrameFinder finder;
-    bool usesBytes = false;
+    Speech speech = Speech::kPackets;
     std::vector<std::uint8_t> rawBytes;
     std::vector<std::uint8_t> unsent;
     Clock::time_point lastInput{};

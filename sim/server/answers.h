@@ -1,0 +1,46 @@
+#pragma once
+
+#include "sim/devices/bootLoader.h"
+#include "sim/devices/modbusDevices.h"
+#include "sim/server/faults.h"
+#include "sim/server/streamLine.h"
+#include "sim/sign/virtualSign.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace vxsim {
+
+using Replies = std::vector<std::vector<std::uint8_t>>; // none of them empty
+
+// What goes out for what comes in, whoever it is for, with the faults of the line done to it. Boot loader and devices
+// may be missing where nobody speaks to them.
+class Answers
+{
+public:
+    Answers(VirtualSign& of, BootLoader* boot, ModbusDevices* others, const FaultSettings& faults)
+        : sign(of), bootLoader(boot), devices(others), injector(faults)
+    {
+    }
+
+    Replies ToDatagram(Speech speech, std::span<const std::uint8_t> request, const Arrival& arrival);
+
+    // To all that the line has received. Nothing if it makes no sense to go on with that line.
+    std::optional<Replies> ToLine(StreamLine& line, std::uint64_t nowMs);
+
+    // What the boot loader says of itself.
+    Replies OfBootLoader(std::uint64_t nowMs);
+
+private:
+    bool AnswerModbus(Speech speech, std::vector<std::uint8_t>& bytes, Replies& replies);
+    void AddBytes(std::vector<std::uint8_t> reply, Replies& replies);
+
+    VirtualSign& sign;
+    BootLoader* bootLoader;
+    ModbusDevices* devices;
+    FaultInjector injector;
+};
+
+} // namespace vxsim
