@@ -210,6 +210,9 @@ void Serve(const Options& options)
     settings.controller = options.controller;
     vxsim::VirtualSign sign(settings);
     options.condition.Apply(folder.Path());
+    vxsim::SignEvents troubles;
+    troubles.failed = [](const std::string& what) { std::cerr << "vxsim: " << what << '\n'; };
+    sign.Observe(std::move(troubles));
     vxsim::Stage stage(sign);
     vxsim::Companions companions(options.companions, folder.Path() / "sign", endpoints.host, options.verbose);
     companions.ShowOn(stage);

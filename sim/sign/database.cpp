@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 #include <stdexcept>
 #include <system_error>
+#include <vector>
 
 namespace vxsim {
 namespace {
@@ -39,7 +40,6 @@ constexpr std::string_view kFunctions[] = {"count", "sum",      "total",  "min",
 constexpr int kStepUnit = 1000;
 constexpr int kMostSteps = 1000; // units: a small part of a second
 constexpr int kLongestValue = 4096;
-constexpr int kBusyMs = 200; // for somebody who looks into the file
 constexpr sqlite3_int64 kMostMemory = 64 << 20;
 
 bool IsTable(const char* name)
@@ -47,6 +47,14 @@ bool IsTable(const char* name)
     return name != nullptr && std::ranges::any_of(kTables, [&](const Table& table) {
                return sqlite3_stricmp(name, std::string(table.name).c_str()) == 0;
            });
+}
+
+// Whether a statement ended by what it asks for, not by what befell the file.
+bool IsOfHost(int result)
+{
+    constexpr int kOfHost[] = {SQLITE_OK,        SQLITE_ERROR,  SQLITE_AUTH, SQLITE_RANGE,
+                               SQLITE_INTERRUPT, SQLITE_TOOBIG, SQLITE_NOMEM};
+    return std::ranges::find(kOfHost, result) != std::end(kOfHost);
 }
 
 // Nothing in a value may look like the end of its column.
@@ -76,25 +84,28 @@ void SignDatabase::Finalizer::operator()(sqlite3_stmt* statement) const
     sqlite3_finalize(statement);
 }
 
-SignDatabase::SignDatabase(const std::filesystem::path& file)
+SignDatabase::SignDatabase(const std::filesystem::path& file, int busy) : name(file.filename().string()), busyMs(busy)
 {
     sqlite3_hard_heap_limit64(kMostMemory);
-    if (Open(file))
-        return;
-    database.reset();
-    std::error_code error;
-    std::filesystem::remove(file, error);
-    if (!Open(file))
-        throw std::runtime_error("cannot make the tables in " + file.string());
+    int result = Open(file);
+    if (result == SQLITE_NOTADB || result == SQLITE_CORRUPT) {
+        database.reset();
+        std::error_code error;
+        for (const char* part : {"", "-wal", "-shm"})
+            std::filesystem::remove(file.string() + part, error);
+        result = Open(file);
+    }
+    if (result != SQLITE_OK)
+        throw std::runtime_error("cannot make the tables in " + file.string() + ": " + sqlite3_errstr(result));
 }
 
-bool SignDatabase::Open(const std::filesystem::path& file)
+int SignDatabase::Open(const std::filesystem::path& file)
 {
     sqlite3* opened = nullptr;
     const int result = sqlite3_open(file.c_str(), &opened);
     database.reset(opened);
     if (result != SQLITE_OK)
-        return false;
+        return result;
     sqlite3_db_config(opened, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(opened, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_limit(opened, SQLITE_LIMIT_LENGTH, kLongestValue);
@@ -102,14 +113,18 @@ bool SignDatabase::Open(const std::filesystem::path& file)
     sqlite3_limit(opened, SQLITE_LIMIT_ATTACHED, 0);
     sqlite3_limit(opened, SQLITE_LIMIT_EXPR_DEPTH, 50);
     sqlite3_limit(opened, SQLITE_LIMIT_COMPOUND_SELECT, 8);
-    sqlite3_busy_timeout(opened, kBusyMs);
+    sqlite3_busy_timeout(opened, busyMs);
     sqlite3_set_authorizer(opened, Authorize, this);
     sqlite3_progress_handler(opened, kStepUnit, CountSteps, this);
-    // Logs need not outlive a failing machine.
-    bool made = Run("pragma synchronous=off") && Run("pragma temp_store=memory") && Run("begin");
+    // Whoever reads beside the sign, for as long as he likes, does not keep it from writing. Logs need not outlive a
+    // failing machine.
+    std::vector<std::string> begin{"pragma journal_mode=wal", "pragma synchronous=off", "pragma temp_store=memory",
+                                   "begin"};
     for (const Table& table : kTables)
-        made = made && Run("create table if not exists " + std::string(table.name) + "(" + table.columns + ")");
-    return Run("commit") && made;
+        begin.push_back("create table if not exists " + std::string(table.name) + "(" + table.columns + ")");
+    begin.emplace_back("commit");
+    const bool made = std::ranges::all_of(begin, [this](const std::string& sql) { return Run(sql); });
+    return made ? SQLITE_OK : sqlite3_errcode(opened);
 }
 
 int SignDatabase::Authorize(void* self, int action, const char* first, const char* second, const char*, const char*)
@@ -150,6 +165,8 @@ RowPage SignDatabase::Query(std::string_view sql)
     RowPage page{Code::kNotSupported, 0, {}};
     if (compiled == SQLITE_OK && statement && alone && touchesRows)
         page = Rows(statement.get());
+    else if (!IsOfHost(compiled))
+        page = Failed();
     statement.reset(); // ends it under the rules for hosts
     hostSpeaks = false;
     return page;
@@ -169,7 +186,15 @@ RowPage SignDatabase::Rows(sqlite3_stmt* statement)
         }
         ++page.rows;
     }
-    return result == SQLITE_ROW || result == SQLITE_DONE ? page : RowPage{Code::kWriteFailed, 0, {}};
+    if (result == SQLITE_ROW || result == SQLITE_DONE)
+        return page;
+    return IsOfHost(result) ? RowPage{Code::kWriteFailed, 0, {}} : Failed();
+}
+
+RowPage SignDatabase::Failed() const
+{
+    Trouble("a statement fails");
+    return {Code::kWriteFailed, 0, {}};
 }
 
 bool SignDatabase::Run(const std::string& sql, std::span<const Value> values)
@@ -200,7 +225,7 @@ bool SignDatabase::Insert(const std::string& table, const Row& row)
 
 void SignDatabase::Add(const std::string& table, const Row& row)
 {
-    if (Insert(table, row))
+    if (Written(Insert(table, row)))
         Trim(table);
 }
 
@@ -211,12 +236,10 @@ void SignDatabase::Trim(const std::string& table)
 
 void SignDatabase::Replace(const std::string& table, std::span<const Row> rows)
 {
-    if (!Run("begin"))
-        return;
-    bool done = Run("delete from " + table);
+    bool done = Run("begin") && Run("delete from " + table);
     for (const Row& row : rows.first(std::min<std::size_t>(rows.size(), kMostRows)))
         done = done && Insert(table, row);
-    if (!done || !Run("commit"))
+    if (!Written(done && Run("commit")))
         Run("rollback");
 }
 
@@ -224,11 +247,28 @@ void SignDatabase::AddPlay(const Row& windowGroupFileTime, std::int64_t seconds)
 {
     Row row = windowGroupFileTime;
     row.emplace_back(seconds);
-    if (Run("update PlayLog set Time=?4,PlayTimes=PlayTimes+1,TotalSeconds=TotalSeconds+?5 "
-            "where WinID=?1 and GroupName=?2 and FileName=?3",
-            row) &&
-        sqlite3_changes(database.get()) == 0 && Run("insert into PlayLog values(?1,?2,?3,?4,1,?5)", row))
+    const bool updated = Run("update PlayLog set Time=?4,PlayTimes=PlayTimes+1,TotalSeconds=TotalSeconds+?5 "
+                             "where WinID=?1 and GroupName=?2 and FileName=?3",
+                             row);
+    const bool isNew = updated && sqlite3_changes(database.get()) == 0;
+    if (Written(updated && (!isNew || Run("insert into PlayLog values(?1,?2,?3,?4,1,?5)", row))) && isNew)
         Trim("PlayLog");
+}
+
+// Tells of rows that get lost once, until rows are written again. Nobody is waited for meanwhile: hosts wait too.
+bool SignDatabase::Written(bool done)
+{
+    if (!done && !losesRows)
+        Trouble("rows are lost");
+    losesRows = !done;
+    sqlite3_busy_timeout(database.get(), losesRows ? 0 : busyMs);
+    return done;
+}
+
+void SignDatabase::Trouble(const char* what) const
+{
+    if (tell)
+        tell(name + ": " + what + ": " + sqlite3_errmsg(database.get()));
 }
 
 } // namespace vxsim

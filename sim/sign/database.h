@@ -5,11 +5,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -38,9 +40,12 @@ public:
     using Value = std::variant<std::int64_t, std::string>;
     using Row = std::vector<Value>;
 
-    // Makes the file and the tables that are missing; a file that is no database is replaced. Throws
-    // std::runtime_error if that fails.
-    explicit SignDatabase(const std::filesystem::path& file);
+    // Makes the file and the tables that are missing; a file that is no database is replaced. Who else writes to the
+    // file is waited for so long. Throws std::runtime_error, which says why, if the tables cannot be made.
+    explicit SignDatabase(const std::filesystem::path& file, int busyMs = 500);
+
+    // Told when rows get lost and when a statement fails for no fault of the host, in words.
+    void Observe(std::function<void(const std::string&)> observer) { tell = std::move(observer); }
 
     // One statement of a host: select from the tables of the logs, or delete from them. Anything else, and what does
     // not compile, is refused; so is what takes too many steps, with nothing deleted then.
@@ -64,15 +69,22 @@ private:
     };
     using Statement = std::unique_ptr<sqlite3_stmt, Finalizer>;
 
-    bool Open(const std::filesystem::path& file);
+    int Open(const std::filesystem::path& file); // what SQLite says to it
     bool Run(const std::string& sql, std::span<const Value> values = {});
     bool Insert(const std::string& table, const Row& row);
     void Trim(const std::string& table);
+    bool Written(bool done);
+    void Trouble(const char* what) const;
     RowPage Rows(sqlite3_stmt* statement);
+    RowPage Failed() const;
 
     static int Authorize(void* self, int action, const char* first, const char* second, const char*, const char*);
     static int CountSteps(void* self);
 
+    std::string name; // of the file
+    int busyMs;
+    std::function<void(const std::string&)> tell;
+    bool losesRows = false;
     std::unique_ptr<sqlite3, Closer> database;
     bool hostSpeaks = false;  // the rules for hosts hold
     bool touchesRows = false; // the statement that is compiled for a host selects or deletes

@@ -106,6 +106,12 @@ VirtualSign::VirtualSign(const SignSettings& wanted)
 {
     if (settings.controller)
         traffic.emplace(drives, time.Clock());
+    database.Observe([this](const std::string& what) {
+        for (const SignEvents& observer : observers) {
+            if (observer.failed)
+                observer.failed(what);
+        }
+    });
     PrepareSystemFiles();
 }
 

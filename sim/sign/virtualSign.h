@@ -64,6 +64,7 @@ struct SignEvents
     std::function<void(std::span<const std::uint8_t>)> urgentMessageReceived = {}; // at most 1024 bytes
     std::function<void(std::uint64_t)> restarting = {};    // dark up to this time in ms, then it plays anew
     std::function<void(const Frame&, Code)> answered = {}; // every request, and kOk or what it was refused with
+    std::function<void(const std::string&)> failed = {};   // what the sign could not do for itself, and why
 };
 
 struct SignCounters

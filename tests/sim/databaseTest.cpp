@@ -1,6 +1,8 @@
 #include "sim/sign/database.h"
 #include "logFixture.h"
 
+#include <sqlite3.h>
+
 namespace vxsim_tests {
 namespace {
 
@@ -106,6 +108,62 @@ TEST(SignDatabase, KeepsTheLatestRowsAndReplacesABrokenFile)
     database.Add("EventLog", {std::int64_t{7}, "", std::int64_t{0}, ""});
     EXPECT_EQ(database.Query("select count(*),max(EventType) from EventLog").text, "<10000><7>");
     EXPECT_THROW(SignDatabase(folder.path / "missing" / "logs"), std::runtime_error);
+}
+
+// Somebody who has opened the file beside the sign.
+class Onlooker
+{
+public:
+    explicit Onlooker(const std::filesystem::path& file) { sqlite3_open(file.c_str(), &open); }
+    ~Onlooker() { sqlite3_close(open); }
+    Onlooker(const Onlooker&) = delete;
+    Onlooker& operator=(const Onlooker&) = delete;
+
+    void Run(const char* sql) { EXPECT_EQ(sqlite3_exec(open, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql; }
+
+private:
+    sqlite3* open = nullptr;
+};
+
+TEST(SignDatabase, AReaderBesideItIsInNobodysWayAndAWriterIsNamed)
+{
+    const TemporaryFolder folder;
+    SignDatabase database(folder.path / "logs", 0);
+    std::vector<std::string> told;
+    database.Observe([&](const std::string& what) { told.push_back(what); });
+    const SignDatabase::Row row{std::int64_t{1}, "", std::int64_t{0}, ""};
+    database.Add("SysLog", {std::int64_t{1}, "", "", "", ""});
+    Onlooker onlooker(folder.path / "logs");
+    onlooker.Run("begin; select * from EventLog");
+    database.Add("EventLog", row);
+    database.Replace("TileInfo", {});
+    EXPECT_EQ(database.Query("delete from SysLog").code, vxsim::Code::kOk);
+    EXPECT_EQ(database.Query("select count(*) from EventLog").text, "<1>");
+    EXPECT_EQ(told, std::vector<std::string>());
+    onlooker.Run("commit; begin immediate");
+    for (int i = 0; i < 2; ++i)
+        database.Add("EventLog", row);
+    EXPECT_EQ(told, std::vector<std::string>{"logs: rows are lost: database is locked"}) << "once";
+    EXPECT_EQ(database.Query("delete from EventLog").code, vxsim::Code::kWriteFailed);
+    EXPECT_EQ(told.back(), "logs: a statement fails: database is locked");
+    onlooker.Run("commit");
+    database.Add("EventLog", row);
+    EXPECT_EQ(database.Query("select count(*) from EventLog").text, "<2>");
+}
+
+TEST(SignDatabase, AFileThatIsLockedAtTheStartIsNotReplaced)
+{
+    const TemporaryFolder folder;
+    Onlooker onlooker(folder.path / "logs");
+    onlooker.Run("create table EventLog(EventType integer); insert into EventLog values(7); begin exclusive");
+    try {
+        SignDatabase(folder.path / "logs", 0);
+        FAIL() << "it is locked";
+    } catch (const std::runtime_error& error) {
+        EXPECT_NE(std::string(error.what()).find("logs: database is locked"), std::string::npos) << error.what();
+    }
+    onlooker.Run("commit");
+    EXPECT_EQ(SignDatabase(folder.path / "logs").Query("select EventType from EventLog").text, "<7>");
 }
 
 TEST_F(Database, PlaysAreCountedByFile)
