@@ -242,6 +242,7 @@ int Run(int argc, char** argv)
     Options options;
     CLI::App app{"vxsim, a virtual LED sign: answers what a host sends and keeps the files it is given"};
     app.footer(kFooter);
+    app.set_version_flag("--version", "vxsim " VXSIM_VERSION);
     app.add_option("--dir", options.folder,
                    "folder of the sign, kept; without it a temporary one that goes at the end");
     app.add_option("--host", options.listen.host, "IPv4 address to listen on")->capture_default_str();
