@@ -1,22 +1,20 @@
 #include "sim/sign/directory.h"
 
 #include "sim/protocol/bytes.h"
+#include "sim/sign/shortNames.h"
 
 #include <algorithm>
 #include <ctime>
 #include <limits>
-#include <set>
 #include <string_view>
 #include <sys/stat.h>
 #include <system_error>
-#include <tuple>
+#include <utility>
 
 namespace vxsim {
 namespace fs = std::filesystem;
 namespace {
 
-constexpr std::size_t kStem = 8;
-constexpr std::size_t kExtension = 3;
 constexpr std::uint8_t kFolderAttribute = 0x10;
 constexpr std::uint8_t kFileAttribute = 0x20;
 constexpr std::size_t kAttributeAt = 11;
@@ -37,48 +35,6 @@ constexpr std::size_t kMostEntries = 65535;
 std::uint8_t AttributeOf(const DirectoryEntry& entry)
 {
     return entry.isFolder ? kFolderAttribute : kFileAttribute;
-}
-
-// The letters, digits and marks that a short name takes, in upper case; others are left out.
-std::string ShortPart(std::string_view text)
-{
-    std::string part;
-    for (const char c : text) {
-        if (c >= 'a' && c <= 'z')
-            part += static_cast<char>(c - 'a' + 'A');
-        else if ((c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-                 std::string_view("!#$%&'()-@^_`{}~").find(c) != std::string_view::npos)
-            part += c;
-    }
-    return part;
-}
-
-std::string Padded(std::string stem, std::string extension)
-{
-    stem.resize(kStem, ' ');
-    extension.resize(kExtension, ' ');
-    return stem + extension;
-}
-
-// A name that fits is its own short name; of any other a number makes one: LONGNA~1.
-std::string ShortNameOf(std::string_view name, std::set<std::string>& taken)
-{
-    const std::size_t dot = name.rfind('.');
-    const bool hasExtension = dot != std::string_view::npos && dot > 0;
-    const std::string_view wholeStem = hasExtension ? name.substr(0, dot) : name;
-    const std::string_view wholeExtension = hasExtension ? name.substr(dot + 1) : std::string_view();
-    std::string stem = ShortPart(wholeStem);
-    const std::string extension = ShortPart(wholeExtension).substr(0, kExtension);
-    const bool fits = !stem.empty() && stem.size() <= kStem && stem.size() == wholeStem.size() &&
-                      extension.size() == wholeExtension.size();
-    std::string shortName = Padded(stem, extension);
-    for (unsigned number = 1; !(fits && number == 1 && taken.insert(shortName).second); ++number) {
-        const std::string tail = "~" + std::to_string(number);
-        shortName = Padded(stem.substr(0, kStem - tail.size()) + tail, extension);
-        if (taken.insert(shortName).second)
-            break;
-    }
-    return shortName;
 }
 
 void SetTime(std::time_t seconds, DirectoryEntry& entry)
@@ -114,10 +70,11 @@ std::optional<std::vector<DirectoryEntry>> ReadDirectory(const fs::path& folder)
         SetTime(status.st_mtime, entry);
         entries.push_back(std::move(entry));
     }
-    std::ranges::sort(entries, {}, [](const DirectoryEntry& e) { return std::tuple(!e.isFolder, e.name); });
-    std::set<std::string> taken;
+    std::ranges::sort(entries, {},
+                      [](const DirectoryEntry& e) { return std::pair(!e.isFolder, std::string_view(e.name)); });
+    ShortNames names;
     for (DirectoryEntry& entry : entries)
-        entry.shortName = ShortNameOf(entry.name, taken);
+        entry.shortName = names.Next(entry.name);
     return entries;
 }
 

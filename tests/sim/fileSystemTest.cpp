@@ -1,3 +1,5 @@
+#include "sim/sign/shortNames.h"
+
 #include "stageFixture.h"
 
 #include <ctime>
@@ -155,6 +157,55 @@ TEST_F(FileSystem, AListingIsMadeOfFatEntries)
     const Bytes many = Ask(7, 12, Bytes{255, 0, 0, 0} + Text("E:\\many"));
     EXPECT_EQ(PayloadOf(many), (Bytes{100, 0, 0, 0}));
     EXPECT_EQ(ExtendedOf(many).size(), 40U * 32) << "what one reply holds";
+}
+
+TEST(ShortNames, EachTakesTheLeastNumberThatIsFree)
+{
+    vxsim::ShortNames names;
+    const std::pair<const char*, const char*> rows[] = {{"longna~2.txt", "LONGNA~2TXT"},
+                                                        {"longname1.txt", "LONGNA~1TXT"},
+                                                        {"long names.txt", "LONGNA~3TXT"},
+                                                        {"LONGNA~1.TXT", "LONGNA~4TXT"},
+                                                        {"long names", "LONGNA~1   "},
+                                                        {"long names.text", "LONGNA~1TEX"},
+                                                        {"a+b", "AB~1       "},
+                                                        {"a b", "AB~2       "},
+                                                        {".profile", "PROFIL~1   "},
+                                                        {"+", "~1         "},
+                                                        {"longna~5.txt", "LONGNA~5TXT"},
+                                                        {"longname2.txt", "LONGNA~6TXT"},
+                                                        {"longname3.txt", "LONGNA~7TXT"},
+                                                        {"longname4.txt", "LONGNA~8TXT"},
+                                                        {"longname5.txt", "LONGNA~9TXT"},
+                                                        {"longname6.txt", "LONGN~10TXT"},
+                                                        {"longnobody.txt", "LONGNO~1TXT"},
+                                                        {"longname7.txt", "LONGN~11TXT"}};
+    for (const auto& [name, shortName] : rows)
+        EXPECT_EQ(names.Next(name), shortName) << name;
+}
+
+// Processor time of the short names of that many files with one stem, in nanoseconds.
+double ShortNameTime(int count)
+{
+    vxsim::ShortNames names;
+    timespec begin = {};
+    timespec end = {};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &begin);
+    for (int i = 0; i < count; ++i)
+        names.Next("one stem " + std::to_string(i) + ".text");
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &end);
+    return static_cast<double>(end.tv_sec - begin.tv_sec) * 1e9 + static_cast<double>(end.tv_nsec - begin.tv_nsec);
+}
+
+TEST(ShortNames, CostTheSameInAFullFolder)
+{
+    double few = 1e18;
+    double many = 1e18;
+    for (int i = 0; i < 3; ++i) {
+        few = std::min(few, ShortNameTime(1000));
+        many = std::min(many, ShortNameTime(8000));
+    }
+    EXPECT_LT(many / few, 24) << "8 if each name costs the same, 64 if each tries all numbers";
 }
 
 TEST_F(FileSystem, TheLongListingIsAFileOnDriveE)
