@@ -74,7 +74,7 @@ Examples:
   vxsim --controller --face ansi            a traffic signal controller, whose signals the terminal shows
   vxsim --login admin:1234 --verbose        asks hosts to log in, and tells what they do
   vxsim --modbus --serial --devices         Modbus devices too, the last register on the face
-  vxsim --modbus --modbus-tcp --modbus-exceptions   and for hosts of Modbus TCP
+  vxsim --modbus --modbus-tcp               Modbus devices for hosts of Modbus TCP as well
   vxsim --bootloader --face ansi            takes firmware by XMODEM on the serial line
   vxsim --delay 200 --fault drop=0.1,noise=4,seed=7)";
 
@@ -122,6 +122,9 @@ void ReportCommands(vxsim::VirtualSign& sign)
         else if (request.major == kPlayMajor && request.minor == kPlaySoundFile)
             std::cerr << ' ' << sign.Play().SoundFile();
         std::cerr << '\n';
+    };
+    events.heldBack = [](const vxsim::Frame& request) {
+        std::cerr << vxsim::CommandName(request) << " without an answer, after wrong passwords\n";
     };
     sign.Observe(std::move(events));
 }

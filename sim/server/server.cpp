@@ -75,8 +75,9 @@ void Server::OnTick(milliseconds every, std::function<void()> call)
 void Server::Run(int stop)
 {
     while (true) {
-        Prepare(stop);
-        if (::poll(watched.data(), watched.size(), TimeToWait(Clock::now())) < 0) {
+        const auto begin = Clock::now();
+        Prepare(stop, begin);
+        if (::poll(watched.data(), watched.size(), TimeToWait(begin)) < 0) {
             if (errno == EINTR)
                 continue;
             throw std::system_error(errno, std::generic_category(), "cannot wait for requests");
@@ -104,13 +105,27 @@ bool Server::IsFull() const
     return waiting.size() >= kMostWaiting;
 }
 
-void Server::Prepare(int stop)
+// The connection that has been silent longest.
+std::list<StreamLine>::const_iterator Server::Quietest() const
+{
+    return std::ranges::min_element(lines, {}, [this](const StreamLine& line) {
+        return IsSerial(line) ? Clock::time_point::max() : line.LastInput();
+    });
+}
+
+// When there is room for one more connection: at once, or as soon as one has been silent so long that it makes room.
+Clock::time_point Server::RoomSince() const
+{
+    return lines.size() < kMostLines ? Clock::time_point() : Quietest()->LastInput() + settings.idle;
+}
+
+void Server::Prepare(int stop, Clock::time_point now)
 {
     // A host that does not fetch its replies is not heard until it does.
     const auto input = static_cast<short>(IsFull() ? 0 : POLLIN);
     watched.clear();
     watched.push_back({stop, POLLIN, 0});
-    const bool accepts = !acceptPaused && lines.size() < kMostLines;
+    const bool accepts = !acceptPaused && RoomSince() <= now;
     for (const Port& port : ports) {
         watched.push_back({port.at->udp.Get(), input, 0});
         watched.push_back({accepts ? port.at->tcp.Get() : -1, POLLIN, 0});
@@ -134,6 +149,8 @@ int Server::TimeToWait(Clock::time_point now) const
         if (line.IsWaiting())
             until = std::min(until, line.LastInput() + kPartTimeout);
     }
+    if (const auto room = RoomSince(); room > now)
+        until = std::min(until, room);
     if (until == Clock::time_point::max())
         return -1;
     const auto left = std::chrono::ceil<milliseconds>(until - now).count();
@@ -151,6 +168,8 @@ void Server::ServePorts(void (Server::*serve)(Port&), std::size_t place)
 
 void Server::Accept(Port& port)
 {
+    if (RoomSince() > Clock::now())
+        return;
     sockaddr_in peer = {};
     socklen_t size = sizeof peer;
     Descriptor connection(
@@ -162,6 +181,8 @@ void Server::Accept(Port& port)
     }
     const int on = 1;
     ::setsockopt(connection.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+    if (lines.size() >= kMostLines)
+        lines.erase(Quietest());
     lines.emplace_back(++lastNumber, std::move(connection), HostOf(peer));
     lines.back().Use(port.speech);
 }

@@ -27,6 +27,7 @@ struct ServerSettings
 {
     std::chrono::milliseconds delay{0}; // from a request to its reply
     FaultSettings faults;
+    std::chrono::milliseconds idle{30000}; // silence after which a connection makes room for a new one
 };
 
 // What has its place on the sign's lines too. Each may be missing.
@@ -69,7 +70,7 @@ private:
         Port* port = nullptr;
     };
 
-    void Prepare(int stop);
+    void Prepare(int stop, Clock::time_point now);
     int TimeToWait(Clock::time_point now) const;
     void ServePorts(void (Server::*serve)(Port&), std::size_t place);
     void Accept(Port& port);
@@ -83,6 +84,8 @@ private:
     void SendDue(Clock::time_point now);
     bool IsSerial(const StreamLine& line) const { return line.Get() == serialLine; }
     bool IsFull() const;
+    std::list<StreamLine>::const_iterator Quietest() const;
+    Clock::time_point RoomSince() const;
 
     Endpoints& endpoints;
     std::vector<Port> ports; // all of them from the start on

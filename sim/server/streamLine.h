@@ -61,7 +61,7 @@ private:
     Speech speech = Speech::kPackets;
     std::vector<std::uint8_t> rawBytes;
     std::vector<std::uint8_t> unsent;
-    Clock::time_point lastInput{};
+    Clock::time_point lastInput = Clock::now();
 };
 
 } // namespace vxsim

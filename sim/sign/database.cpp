@@ -163,7 +163,8 @@ RowPage SignDatabase::Query(std::string_view sql)
     const bool alone =
         tail != nullptr && std::all_of(tail, sql.data() + sql.size(), [](char c) { return c == ' ' || c == ';'; });
     RowPage page{Code::kNotSupported, 0, {}};
-    if (compiled == SQLITE_OK && statement && alone && touchesRows)
+    const bool explains = sqlite3_stmt_isexplain(prepared) != 0; // shows more than rows, and asks for no permission
+    if (compiled == SQLITE_OK && statement && alone && touchesRows && !explains)
         page = Rows(statement.get());
     else if (!IsOfHost(compiled))
         page = Failed();

@@ -25,6 +25,11 @@ constexpr std::size_t kChangeSize = 28;
 constexpr std::size_t kServerRecord = 68;
 constexpr std::size_t kServerPortAt = 64;
 
+constexpr unsigned kFreeTries = 2;
+constexpr unsigned kLongestWait = 30;       // seconds
+constexpr std::uint64_t kForgetMs = 600000; // after the last wrong password
+constexpr std::size_t kMostHosts = 256;
+
 std::string FieldAt(const Frame& request, std::size_t at, std::size_t size)
 {
     return std::string(TextAt(request.payload.first(at + size), at));
@@ -54,6 +59,35 @@ bool LoginCommands::IsOpen(const Frame& request, const Arrival& arrival)
     return true;
 }
 
+std::uint64_t LoginCommands::Tries::WaitMs() const
+{
+    return 1000ULL * std::min(wrong - std::min(wrong, kFreeTries), kLongestWait);
+}
+
+bool LoginCommands::IsHeldBack(const Frame& request, const Arrival& arrival) const
+{
+    const auto former = tries.find(arrival.host);
+    return request.major == kMajor && (request.minor == kLogIn || request.minor == kChangePassword) &&
+           former != tries.end() && arrival.nowMs - former->second.lastMs < former->second.WaitMs();
+}
+
+// Whether the request has the right password. Counts the wrong ones of its host; the host that was wrong longest ago is
+// forgotten first.
+bool LoginCommands::IsPassword(const std::string& password, const Frame& request, const Arrival& arrival)
+{
+    if (password == FieldAt(request, kPasswordAt, kLongestPassword)) {
+        tries.erase(arrival.host);
+        return true;
+    }
+    if (tries.size() >= kMostHosts && !tries.contains(arrival.host))
+        tries.erase(std::ranges::min_element(tries, {}, [](const auto& one) { return one.second.lastMs; }));
+    Tries& own = tries[arrival.host];
+    if (arrival.nowMs - own.lastMs >= kForgetMs)
+        own.wrong = 0;
+    own = {own.wrong + 1, arrival.nowMs};
+    return false;
+}
+
 Reply LoginCommands::Execute(const Frame& request, const Arrival& arrival)
 {
     switch (request.minor) {
@@ -64,7 +98,7 @@ Reply LoginCommands::Execute(const Frame& request, const Arrival& arrival)
             LogOut();
         return Reply::Done();
     case kChangePassword:
-        return ChangePassword(request);
+        return ChangePassword(request, arrival);
     case kServerTable:
         return ServerTable();
     default:
@@ -83,7 +117,7 @@ Reply LoginCommands::LogIn(const Frame& request, const Arrival& arrival)
     const auto known = users.find(user);
     if (known == users.end())
         return Reply::WithCode(Code::kUnknownUser);
-    if (known->second != FieldAt(request, kPasswordAt, kLongestPassword))
+    if (!IsPassword(known->second, request, arrival))
         return Reply::WithCode(Code::kWrongPassword);
     if (IsHeld(arrival.nowMs) && held->host != arrival.host && held->user != user)
         return Reply::WithCode(Code::kUsedByOthers);
@@ -92,16 +126,19 @@ Reply LoginCommands::LogIn(const Frame& request, const Arrival& arrival)
 }
 
 // The old password stands for the login.
-Reply LoginCommands::ChangePassword(const Frame& request)
+Reply LoginCommands::ChangePassword(const Frame& request, const Arrival& arrival)
 {
     if (request.payload.size() < kChangeSize)
         return Reply::WithCode(Code::kBadLength);
     const auto known = users.find(FieldAt(request, 0, kLongestUser));
     if (known == users.end())
         return Reply::WithCode(Code::kNoSuchUser);
-    if (known->second != FieldAt(request, kPasswordAt, kLongestPassword))
+    if (!IsPassword(known->second, request, arrival))
         return Reply::WithCode(Code::kWrongOldPassword);
-    known->second = FieldAt(request, kNewPasswordAt, kLongestPassword);
+    const std::string wanted = FieldAt(request, kNewPasswordAt, kLongestPassword);
+    if (wanted.empty())
+        return Reply::WithCode(Code::kBadLength);
+    known->second = wanted;
     return Reply::Done();
 }
 

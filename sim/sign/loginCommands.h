@@ -29,6 +29,10 @@ public:
     // Whether this command is open to the host. If a login opens it, the login is prolonged.
     bool IsOpen(const Frame& request, const Arrival& arrival);
 
+    // Whether a password of this host is not looked at yet. After three wrong ones it waits a second, and one more for
+    // each further one, up to thirty; a host that repeats its request has an answer then.
+    bool IsHeldBack(const Frame& request, const Arrival& arrival) const;
+
     Reply Execute(const Frame& request, const Arrival& arrival);
 
     void LogOut() { held.reset(); }
@@ -47,9 +51,17 @@ private:
         std::uint64_t lastMs = 0;
     };
 
+    struct Tries
+    {
+        unsigned wrong = 0; // passwords
+        std::uint64_t lastMs = 0;
+        std::uint64_t WaitMs() const;
+    };
+
     bool IsHeld(std::uint64_t nowMs) const;
     Reply LogIn(const Frame& request, const Arrival& arrival);
-    Reply ChangePassword(const Frame& request);
+    Reply ChangePassword(const Frame& request, const Arrival& arrival);
+    bool IsPassword(const std::string& password, const Frame& request, const Arrival& arrival);
     Reply ServerTable() const;
 
     Users users;
@@ -57,6 +69,7 @@ private:
     std::uint32_t address;
     std::uint16_t port;
     std::optional<Login> held;
+    std::map<std::uint32_t, Tries> tries; // by host, since its last right password
 };
 
 } // namespace vxsim

@@ -125,6 +125,13 @@ std::vector<std::uint8_t> VirtualSign::Answer(std::span<const std::uint8_t> requ
 
 std::vector<std::uint8_t> VirtualSign::Answer(const Frame& request, const Arrival& arrival)
 {
+    if (login.IsHeldBack(request, arrival)) {
+        for (const SignEvents& observer : observers) {
+            if (observer.heldBack)
+                observer.heldBack(request);
+        }
+        return {};
+    }
     Reply reply;
     std::string author = login.UserAt(arrival);
     try {

@@ -64,6 +64,7 @@ struct SignEvents
     std::function<void(std::span<const std::uint8_t>)> urgentMessageReceived = {}; // at most 1024 bytes
     std::function<void(std::uint64_t)> restarting = {};    // dark up to this time in ms, then it plays anew
     std::function<void(const Frame&, Code)> answered = {}; // every request, and kOk or what it was refused with
+    std::function<void(const Frame&)> heldBack = {};       // a password that was not looked at
     std::function<void(const std::string&)> failed = {};   // what the sign could not do for itself, and why
 };
 
@@ -90,7 +91,8 @@ public:
     // std::runtime_error if a file cannot be made.
     explicit VirtualSign(const SignSettings& settings);
 
-    // The reply to exactly one request. Empty, which is silence, if the request is malformed.
+    // The reply to exactly one request. Empty, which is silence, if the request is malformed or a password that comes
+    // too soon after wrong ones.
     std::vector<std::uint8_t> Answer(std::span<const std::uint8_t> request, const Arrival& arrival = {});
     std::vector<std::uint8_t> Answer(const Frame& request, const Arrival& arrival = {});
 

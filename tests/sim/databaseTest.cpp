@@ -58,6 +58,8 @@ TEST_F(Database, RefusesWhatIsNeitherReadingNorDeletingLogs)
                              "vacuum",
                              "vacuum into '/tmp/other'",
                              "delete from SysLog; delete from TempLog",
+                             "explain select * from SysLog",
+                             "explain query plan delete from SysLog",
                              "with recursive a(x) as (select 1 union all select x+1 from a) select x from a",
                              "selec",
                              ";"};

@@ -85,12 +85,47 @@ TEST_F(Login, PasswordsChangeByTheOldOne)
     };
     EXPECT_EQ(change("nobody", "", "x"), 36918U);
     EXPECT_EQ(change("admin", "654321", "x"), 36915U);
+    EXPECT_EQ(change("admin", "123456", ""), 36870U) << "nobody goes without a password by mistake";
     EXPECT_EQ(change("admin", "123456", "abcdef"), 0U);
     EXPECT_EQ(LogIn(kOneHost, 0, "admin", "123456"), 36913U);
     EXPECT_EQ(LogIn(kOneHost, 0, "admin", "abcdef"), 0U);
     const Bytes table = Ask(10, 48, Bytes(4, 0));
     EXPECT_EQ(PayloadOf(table), (Bytes{1, 0, 0, 0}));
     EXPECT_EQ(ExtendedOf(table), (Field("10.0.0.200", 64) + Bytes{0x30, 0x25, 0, 0}));
+}
+
+TEST_F(Login, WrongPasswordsSlowTheirHostDown)
+{
+    constexpr unsigned kSilence = 0xFFFFFFFF;
+    const auto change = [&](std::uint64_t nowMs, const char* before) {
+        return From(kOneHost, nowMs, 10, 3, Field("admin", 14) + Field(before, 6) + Field("abcdef", 8));
+    };
+    EXPECT_EQ(LogIn(kOneHost, 0, "admin", "x"), 36913U);
+    EXPECT_EQ(change(0, "x"), 36915U) << "counts as well";
+    EXPECT_EQ(LogIn(kOneHost, 0, "admin", "x"), 36913U);
+    std::uint64_t now = 0;
+    for (unsigned seconds = 1; seconds <= 40; ++seconds) {
+        const std::uint64_t wait = 1000 * std::min(seconds, 30U);
+        EXPECT_EQ(LogIn(kOneHost, now + wait - 1, "admin", "123456"), kSilence) << seconds;
+        EXPECT_EQ(change(now + wait - 1, "123456"), kSilence);
+        now += wait;
+        EXPECT_EQ(LogIn(kOneHost, now, "admin", "x"), 36913U);
+    }
+    EXPECT_EQ(From(kOneHost, now, 4, 1), 36912U) << "the rest is answered";
+    EXPECT_EQ(LogIn(kOtherHost, now, "admin", "123456"), 0U) << "so are other hosts";
+    EXPECT_EQ(LogIn(kOneHost, now + 30000, "admin", "123456"), 0U);
+    EXPECT_EQ(LogIn(kOneHost, now + 30000, "admin", "x"), 36913U);
+    EXPECT_EQ(LogIn(kOneHost, now + 30000, "admin", "123456"), 0U) << "the count began anew";
+
+    for (const std::uint64_t late : {0U, 600000U, 600000U})
+        EXPECT_EQ(LogIn(kOtherHost, now += late, "admin", "x"), 36913U);
+    EXPECT_EQ(LogIn(kOtherHost, now, "admin", "123456"), 0U) << "what is long ago does not count";
+    for (int i = 0; i < 3; ++i)
+        LogIn(kOneHost, now, "admin", "x");
+    EXPECT_EQ(LogIn(kOneHost, now + 1, "admin", "123456"), kSilence);
+    for (std::uint32_t host = 1; host <= 256; ++host)
+        LogIn(host, now + 1, "admin", "x");
+    EXPECT_EQ(LogIn(kOneHost, now + 1, "admin", "123456"), 0U) << "of so many hosts one is forgotten";
 }
 
 TEST_F(Login, WithoutUsersEverybodyIsIn)

@@ -39,7 +39,9 @@ protected:
         thread = std::thread([this] { server->Run(stopReader.Get()); });
     }
 
-    ~ServerTest() override
+    ~ServerTest() override { Stop(); }
+
+    void Stop()
     {
         if (thread.joinable()) {
             stopWriter.Close(); // the reading end becomes readable
@@ -140,6 +142,35 @@ TEST_F(ServerTest, AHostThatReadsNothingDoesNotStopTheOthers)
     const auto line = Connect(SOCK_STREAM);
     Send(line, kBlack1);
     EXPECT_EQ(Receive(line, 16), kBlack1Reply);
+}
+
+TEST_F(ServerTest, TheConnectionThatIsSilentLongestMakesRoom)
+{
+    for (const bool makesRoom : {false, true}) {
+        vxsim::ServerSettings how;
+        how.idle = std::chrono::hours(makesRoom ? 0 : 1);
+        Start(how);
+        std::vector<vxsim::Descriptor> lines;
+        const auto serve = [&](std::size_t i) {
+            Send(lines[i], kBlack1);
+            EXPECT_EQ(Receive(lines[i], 16), kBlack1Reply) << i;
+        };
+        for (std::size_t i = 0; i < 63; ++i) { // with the serial line all there may be
+            lines.push_back(Connect(SOCK_STREAM));
+            serve(i);
+        }
+        serve(0);
+        const auto late = Connect(SOCK_STREAM);
+        Send(late, kBlack2);
+        if (makesRoom) {
+            EXPECT_EQ(Receive(late, 16), kBlack2Reply);
+            EXPECT_EQ(Receive(lines[1], 16), Bytes()) << "its end";
+        }
+        serve(0); // whoever waits for room has had his chance by the second time
+        serve(makesRoom ? 2 : 1);
+        serve(makesRoom ? 2 : 1);
+        Stop();
+    }
 }
 
 TEST_F(ServerTest, TheDeviceServesOneHostAfterTheOther)
