@@ -51,7 +51,7 @@ typedef struct vxApiConfig
 {
     uint32_t kind;               /* vxChannelKind */
     uint32_t initialised;        /* 1 after vxInitAPI; commands refuse anything else */
-    char host[32];               /* the sign's IPv4 address as dotted text */
+    char host[32];               /* the sign's IPv4 address as dotted text, read as inet_addr does; 16 bytes count */
     char serialName[16];         /* "COM1", a name below /dev, or a device path */
     uint32_t port;               /* UDP or TCP port of the sign */
     uint32_t baudRate;           /* serial speed in bits per second */

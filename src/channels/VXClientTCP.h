@@ -11,7 +11,7 @@ namespace vxsign {
 class VXClientTCP : public VXCommBase
 {
 public:
-    /// Connects, waiting as long as the system does. False when a socket is open already, host is null or no dotted
+    /// Connects, waiting as long as the system does. False when a socket is open already, host is null or no
     /// IPv4 address within its 16 bytes, or the sign does not take the connection.
     bool Open(std::uint16_t port, const char* hostText, std::uint16_t signPort);
 

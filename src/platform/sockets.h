@@ -17,7 +17,9 @@ struct Endpoint
     std::uint16_t port = 0;
 };
 
-/// Four decimal octets with dots; anything else gives nothing.
+/// An address as inet_addr reads it: one to four numbers with dots between, decimal, octal behind a 0 or hexadecimal
+/// behind 0x, of which the last fills all bytes that are left. From a blank on nothing counts. Unlike there, the address
+/// 255.255.255.255 is one; what is no address gives nothing.
 std::optional<std::uint32_t> ParseIpv4(std::string_view text);
 
 /// One socket, closed with its object.

@@ -3,6 +3,7 @@
 #include "channels/VXClientTCP.h"
 #include "channels/VXClientUDP.h"
 #include "platform/serialLine.h"
+#include "platform/sockets.h"
 #include "support/servedSign.h"
 #include "support/udpPeer.h"
 
@@ -113,6 +114,21 @@ TEST(Channels, SignsThatCannotBeReached)
         std::copy(full.begin(), full.end(), config.host);
         std::fill(std::begin(config.serialName), std::end(config.serialName), 'y');
         vxInitAPI(&config);
+TEST(Channels, AddressesAreReadInEveryFormOfTheSystem)
+{
+    const ServedSign sign;
+    for (const char* const host : {"127.1", "0177.0.0.1", "0x7f000001", "127.0.0.1 sign", "127.000.000.001 "})
+        for (const std::uint32_t kind : {VX_CHANNEL_UDP, VX_CHANNEL_TCP}) {
+            const vxApiConfig config = ConfigFor(kind, host, sign.Port());
+            vxInitAPI(&config);
+            EXPECT_EQ(vxBlackScreen(), 0u) << host << " over kind " << kind;
+        }
+    EXPECT_EQ(platform::ParseIpv4("010.0.0.255"), 0x080000FFu);
+    EXPECT_EQ(platform::ParseIpv4("255.255.255.255"), 0xFFFFFFFFu);
+    for (const char* const host : {"", " 127.0.0.1", "127.0.0.1x", "127.0.0.256", "127.0.0.1.2", "127.08", "sign"})
+        EXPECT_FALSE(platform::ParseIpv4(host)) << host;
+}
+
         EXPECT_EQ(vxBlackScreen(), 20736u);
     }
     // Nobody answers a datagram to a host that is none; the reads still wait their time.

@@ -4,11 +4,11 @@
 
 #include <arpa/inet.h>
 #include <cerrno>
-#include <cstring>
 #include <limits>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
+#include <string>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -48,12 +48,8 @@ void StopSockets()
 
 std::optional<std::uint32_t> ParseIpv4(std::string_view text)
 {
-    char terminated[INET_ADDRSTRLEN] = {};
     in_addr address{};
-    if (text.size() >= sizeof terminated)
-        return std::nullopt;
-    std::memcpy(terminated, text.data(), text.size());
-    if (::inet_pton(AF_INET, terminated, &address) != 1)
+    if (::inet_aton(std::string(text).c_str(), &address) == 0)
         return std::nullopt;
     return ntohl(address.s_addr);
 }
