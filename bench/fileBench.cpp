@@ -52,7 +52,7 @@ void Write(benchmark::State& state, std::uint32_t (*write)(const char*, const ch
     config.port = peer.Port();
     vxInitAPI(&config);
     for (auto round : state) {
-        packetIds::Set(0); // the window never ends when id 0 falls into it
+        packetIds::Set(0); // a window that id 0 falls into fails
         if (write("D:\\T\\A", file.Path()) != VX_OK)
             state.SkipWithError("no answer");
     }

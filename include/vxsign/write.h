@@ -37,7 +37,10 @@ VXSIGN_API uint32_t vxWriteSpecFileEx(const char* path, const char* local);
 
 /* As vxWriteSpecFileEx, with up to 8 packets on their way at a time. onProgress is called once, with 0 percent. Packets
  * that are not acknowledged within 4 seconds go out again; more than retries of these end the transfer with
- * VX_COMMUNICATION. A file of one packet is sent twice. */
+ * VX_COMMUNICATION. The acknowledgement of a packet with id 0, once in the 65536 packets of a process, does not count
+ * by rule: such a transfer ends with VX_COMMUNICATION (retries + 1) x 4 seconds behind its last acknowledgement. Send
+ * the file once more then; one of 65535 packets and more needs vxWriteSpecFileEx. A file of one packet is sent twice.
+ */
 VXSIGN_API uint32_t vxWriteFileOptimize(const char* path, const char* local);
 
 /* Data flash contents: size bytes, the file's size if 0. A size beyond the file's end sends empty packets for the rest.

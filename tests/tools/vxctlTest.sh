@@ -372,6 +372,13 @@ says err "Operation Abort!"
 [ "$(cat "$work/kept")" = kept ] || fail "an interrupted read touched its target"
 stop "$sign"
 
+# A window that fails is tried once more.
+start "$work/deaf" --fault drop=1 --verbose 2>"$work/heard"
+expect 1 -s "udp://127.0.0.1:$port" --timeout 50 --retries 1 put --window "$work/kept" D:/F/A.BIN
+says err "Communication Error!"
+stop "$sign"
+[ "$(grep -c "write file" "$work/heard")" -eq 2 ] || fail "the window was not tried twice"
+
 # A sign without drive E makes no long listings, and one with users wants a login first.
 mkdir -p "$work/closed/D/T"
 start "$work/closed" --drives CD --login operator:secret --login other:hidden

@@ -372,5 +372,35 @@ TEST(Window, EndsWhenTheSignStaysSilentOrTheCallerAborts)
     EXPECT_EQ(vxWriteFileOptimize("D:\\A", file.c_str()), 20736u);
 }
 
+// The packet that gets id 0 has no slot, so that its acknowledgement is never counted.
+TEST(Window, EndsWhenAnIdOfZeroFallsIntoIt)
+{
+    const FakeClock clock;
+    const TempFolder folder;
+    const std::string file = folder.Write("a", Pattern(768 * 5));
+    ScriptedSign sign;
+    sign.Config().retries = 2;
+    sign.raw = [](const Packet& request) -> std::deque<Bytes> {
+        return {MakeReply(request, 1, {0x00, 0x90, 0, 0}, {})};
+    };
+    int seconds = 0;
+    sign.onEmptyRead = [&] {
+        FakeClock::Advance(1000);
+        sign.Config().abortFlag = ++seconds == 100;
+    };
+    packetIds::Set(65533);
+    EXPECT_EQ(vxWriteFileOptimize("D:\\A", file.c_str()), 20736u);
+    EXPECT_EQ(seconds, 12) << "a resend and one for each try, 4 seconds each";
+    EXPECT_EQ(sign.requests.size(), 4u) << "the last packet is not sent";
+    EXPECT_EQ(sign.log.back().message, "Communication Error!");
+
+    sign.onEmptyRead = [&] { sign.Config().abortFlag = 1; };
+    packetIds::Set(65533);
+    EXPECT_EQ(vxWriteFileOptimize("D:\\A", file.c_str()), 20497u);
+    sign.Config().abortFlag = 0;
+    sign.onEmptyRead = {};
+    EXPECT_EQ(vxWriteFileOptimize("D:\\A", file.c_str()), 0u) << "the ids have left 0 behind";
+}
+
 } // namespace
 } // namespace vxsign::test

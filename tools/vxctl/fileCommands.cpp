@@ -60,12 +60,18 @@ void Run(Context& context, const Transfer& transfer, const std::string& title,
     context.report.Line(title + ": " + FormatSize(bytes) + ", " + FormatSize(rate) + "/s");
 }
 
-// A window never ends into which packet id 0 falls, the one behind 65535. Ids begin at 1 with each program, so that
-// only a file this long meets it; it takes the plain way.
+// A window that packet id 0 falls into fails, and goes through at the second try, unless the file is so long that every
+// window of it meets the id: then it takes the plain way.
 bool FitsWindow(const Transfer& put, std::uint32_t chunkSize)
 {
     constexpr std::uint32_t kMostPackets = 65000;
     return vxOSGetFileSize(put.local.c_str()) / chunkSize < kMostPackets;
+}
+
+std::uint32_t SendThroughWindow(const char* path, const char* local)
+{
+    const std::uint32_t result = vxWriteFileOptimize(path, local);
+    return result == VX_COMMUNICATION ? vxWriteFileOptimize(path, local) : result;
 }
 
 void Put(Context& context, const Transfer& put)
@@ -77,7 +83,7 @@ void Put(Context& context, const Transfer& put)
         const char* const local = put.local.c_str();
         if (put.system)
             return vxWriteSystemFile(path, local);
-        return window ? vxWriteFileOptimize(path, local) : vxWriteSpecFileEx(path, local);
+        return window ? SendThroughWindow(path, local) : vxWriteSpecFileEx(path, local);
     };
     Run(context, put, "put " + put.path, send, put.local);
 }
@@ -114,7 +120,8 @@ Examples:
     AddSignPath(*command, "PATH", put->path, "the path on the sign, or the name of a system file")->required();
     CLI::Option* const system =
         command->add_flag("--system", put->system, "PATH is the name of a system file, such as CONFIG.SYS");
-    command->add_flag("--window", put->window, "up to 8 packets on their way at a time")->excludes(system);
+    command->add_flag("--window", put->window, "up to 8 packets on their way at a time; once more if that fails")
+        ->excludes(system);
     command->callback([&context, put] { Put(context, *put); });
 }
 

@@ -146,6 +146,7 @@ std::uint32_t vxWriteLED::SendWindowBody(std::uint32_t total, FileRecord& record
     std::uint32_t acknowledged = 0;
     std::uint32_t failure = VX_OK;
     std::uint32_t now = 0;
+    std::uint32_t lastBusySec = 0;
 
     const auto send = [&](Slot& slot) {
         RawSend(slot.frame.data(), slot.length, config->timeoutMs);
@@ -160,8 +161,7 @@ std::uint32_t vxWriteLED::SendWindowBody(std::uint32_t total, FileRecord& record
         }
         BuildPacket(slot.frame.data(), kMajor, kMinor, record.Bytes().data(), recordLength, Staging(),
                     static_cast<std::uint32_t>(count));
-        // Id 0, once in 65536 packets, is that of a free slot: its acknowledgement is never counted, and the window
-        // keeps polling until it is aborted. That is how the system behaves.
+        // Id 0, once in the 65536 packets of a process, is that of a free slot: its acknowledgement is never counted.
         slot.packetId = packetId;
         slot.length = TotalLength(slot.frame.data());
         slot.sends = 1;
@@ -183,6 +183,12 @@ std::uint32_t vxWriteLED::SendWindowBody(std::uint32_t total, FileRecord& record
             if (Aborted())
                 failure = VX_ABORTED;
         }
+        // With nothing on its way and nothing left to send, a count that is not reached never will be.
+        const bool busy = next < total || std::ranges::any_of(slots, [](const Slot& s) { return s.packetId != 0; });
+        if (busy)
+            lastBusySec = now;
+        else if (failure == VX_OK && now - lastBusySec >= (config->retries + 1) * kResendAfterSec)
+            failure = VX_COMMUNICATION;
         if (failure != VX_OK) {
             Log(kWindowFailedLine, 3, vxErrorDesc(failure));
             return failure;
