@@ -1,11 +1,14 @@
 // Files on their way to the sign: records, chunks, wrapped messages, the window.
 #include "support/fakeClock.h"
+#include "support/scriptedChannel.h"
 #include "support/scriptedSign.h"
 #include "support/tempFolder.h"
 #include "vxBaseCMD/packet.h"
+#include "vxComm/Write/vxWriteLED.h"
 
 #include <gtest/gtest.h>
 #include <numeric>
+#include <optional>
 #include <set>
 
 namespace vxsign::test {
@@ -400,6 +403,54 @@ TEST(Window, EndsWhenAnIdOfZeroFallsIntoIt)
     sign.Config().abortFlag = 0;
     sign.onEmptyRead = {};
     EXPECT_EQ(vxWriteFileOptimize("D:\\A", file.c_str()), 0u) << "the ids have left 0 behind";
+}
+
+// A sender over a channel whose bytes come when the fake clock says so.
+struct ChannelSender
+{
+    explicit ChannelSender(std::function<Arrivals(const Packet& request)> answer)
+    {
+        const vxApiConfig config{};
+        vxInitAPI(&config);
+        sign.emplace();
+        auto channel = std::make_unique<ScriptedChannel>(std::move(answer));
+        line = channel.get();
+        sign->link.channel = std::move(channel);
+    }
+
+    const FakeClock clock;
+    std::optional<vxWriteLED> sign;
+    ScriptedChannel* line = nullptr;
+};
+
+// Over a channel the sender sleeps until something comes, and sends as soon as it has.
+TEST(Window, RestsUntilSomethingComes)
+{
+    const TempFolder folder;
+    const std::string file = folder.Write("a", Pattern(768 * 42));
+    ChannelSender sender([](const Packet& request) {
+        return Arrivals{{50, MakeReply(request, 1, {0x00, 0x90, 0, 0}, {})}};
+    });
+    const std::uint64_t start = FakeClock::NowMs();
+    EXPECT_EQ(sender.sign->SendFileWindowed("D:\\A", file.c_str()), 0u);
+    EXPECT_EQ(FakeClock::NowMs() - start, 7u * 50) << "five windows, and a packet ahead of and behind them";
+    EXPECT_LE(sender.line->looks, 7u * 100);
+    Bytes whole;
+    for (const Packet& request : sender.line->requests)
+        whole = whole + request.Extended();
+    EXPECT_EQ(whole, FromText(Pattern(768 * 42)));
+}
+
+TEST(Window, RestsWhenTheFarEndHasGone)
+{
+    const TempFolder folder;
+    const std::string file = folder.Write("a", Pattern(768 * 3));
+    ChannelSender sender([&](const Packet& request) {
+        sender.line->gone = Number(request) == 2;
+        return Arrivals{{0, MakeReply(request, 1, {0x00, 0x90, 0, 0}, {})}};
+    });
+    EXPECT_EQ(sender.sign->SendFileWindowed("D:\\A", file.c_str()), 20736u);
+    EXPECT_GT(FakeClock::SleptMs(), 15000u) << "all of its tries, without looking in between";
 }
 
 } // namespace

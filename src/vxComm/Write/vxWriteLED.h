@@ -29,6 +29,7 @@ private:
     std::uint32_t OpenSource(const char* local, Source& source) const;
     std::uint32_t SendAll(std::uint8_t minor, FileRecord& record, std::uint32_t total, const Source& source);
     std::uint32_t SendFileChunk(std::uint32_t number, FileRecord& record, const Source& source);
+    std::uint32_t AwaitInput(std::uint32_t looks, std::uint8_t* buffer, std::uint32_t capacity);
     std::uint32_t SendWindowBody(std::uint32_t total, FileRecord& record, const Source& source);
 
     /// Where a chunk waits for its packet: the second half of the request buffer.

@@ -2,6 +2,8 @@
 // waiting for its reply, so that the sign has opened the file before the rest comes and closes it behind the rest.
 #include "vxComm/Write/vxWriteLED.h"
 
+#include "platform/clock.h"
+
 #include <vxsign/local.h>
 
 #include <algorithm>
@@ -17,6 +19,8 @@ constexpr std::size_t kSlots = 8;
 constexpr std::uint32_t kResendAfterSec = 4;
 constexpr std::uint32_t kLongestFrame = header::kSize + FileRecord::kLongest + 1280;
 constexpr int kReadsInARow = 64;
+constexpr std::uint32_t kLooks = 50; // ahead of a rest
+constexpr std::uint32_t kRestMs = 5;
 constexpr std::uint32_t kWindowFailedLine = 0; // the window has no line that applications know
 
 struct Slot
@@ -137,6 +141,21 @@ std::uint32_t vxWriteLED::SendFileChunk(std::uint32_t number, FileRecord& record
     return Request(kMajor, kMinor, record.Bytes(), {Staging(), count});
 }
 
+// Nothing has come and nothing is due: rests on the channel until something comes, for a moment at most. Before that it
+// just looks again, as a near sign's answer is there before a sleeper would be awake. Callbacks are asked all the time.
+std::uint32_t vxWriteLED::AwaitInput(std::uint32_t looks, std::uint8_t* buffer, std::uint32_t capacity)
+{
+    if (useChannel == 0 || looks < kLooks) {
+        std::this_thread::yield();
+        return 0;
+    }
+    const std::uint64_t start = platform::clock.monotonicMs();
+    const std::uint32_t count = RawRecv(buffer, capacity, kRestMs);
+    if (count == 0 && platform::clock.monotonicMs() == start)
+        platform::clock.sleepMs(kRestMs); // a channel whose far end has gone does not wait
+    return count;
+}
+
 std::uint32_t vxWriteLED::SendWindowBody(std::uint32_t total, FileRecord& record, const Source& source)
 {
     const auto recordLength = static_cast<std::uint32_t>(record.Bytes().size());
@@ -147,6 +166,7 @@ std::uint32_t vxWriteLED::SendWindowBody(std::uint32_t total, FileRecord& record
     std::uint32_t failure = VX_OK;
     std::uint32_t now = 0;
     std::uint32_t lastBusySec = 0;
+    std::uint32_t looks = 0; // since something came
 
     const auto send = [&](Slot& slot) {
         RawSend(slot.frame.data(), slot.length, config->timeoutMs);
@@ -193,15 +213,16 @@ std::uint32_t vxWriteLED::SendWindowBody(std::uint32_t total, FileRecord& record
             Log(kWindowFailedLine, 3, vxErrorDesc(failure));
             return failure;
         }
-        // No wait anywhere: the loop spins between sending and polling, and only lets others run when nothing came. A
-        // sign that never stops talking does not keep it from its time-outs.
+        // A sign that never stops talking does not keep the loop from its time-outs.
         std::uint32_t count = 1;
         for (int reads = 0; count != 0 && reads < kReadsInARow; ++reads) {
             count = RawRecv(replies.Free(), replies.Capacity(), 0);
-            if (count != 0)
-                acknowledged += replies.Take(count, slots);
-            else if (reads == 0)
-                std::this_thread::yield();
+            if (count == 0 && reads == 0)
+                count = AwaitInput(looks++, replies.Free(), replies.Capacity());
+            if (count == 0)
+                continue;
+            acknowledged += replies.Take(count, slots);
+            looks = 0;
         }
     }
     return VX_OK;
