@@ -46,7 +46,11 @@ typedef uint32_t (*vxOnMessageToGif)(struct vxApiConfig* config, const char* mes
 /* Fills in the folder for temporary files, up to capacity bytes, ending in a path separator and NUL. */
 typedef void (*vxOnTempPath)(struct vxApiConfig* config, char* buffer, uint32_t capacity);
 
-/* The configuration of one thread: 192 bytes, a binary contract. */
+/* The configuration of one thread: 192 bytes, a binary contract.
+ *
+ * A TCP connection that is not made within retries x timeoutMs gives VX_COMMUNICATION; abortFlag ends the wait for it
+ * with VX_ABORTED.
+ */
 typedef struct vxApiConfig
 {
     uint32_t kind;               /* vxChannelKind */

@@ -27,7 +27,7 @@ void CommLink::Initialise(std::uint32_t channelKind, const char* hostText, std::
         channel = std::make_unique<VXSerialPort>();
 }
 
-bool CommLink::OpenChannel()
+bool CommLink::OpenChannel(const Patience& patience)
 {
     const auto local = static_cast<std::uint16_t>(localPort);
     const auto remote = static_cast<std::uint16_t>(remotePort);
@@ -35,7 +35,7 @@ bool CommLink::OpenChannel()
         if (auto* udp = dynamic_cast<VXClientUDP*>(channel.get()))
             return udp->Open(local, host.data(), remote);
         if (auto* tcp = dynamic_cast<VXClientTCP*>(channel.get()))
-            return tcp->Open(local, host.data(), remote);
+            return tcp->Open(local, host.data(), remote, patience);
         if (auto* serial = dynamic_cast<VXSerialPort*>(channel.get())) {
             serial->Open(FieldText(serialName.data(), serialName.size()), baudRate);
             return true;

@@ -18,7 +18,7 @@ public:
                     std::uint32_t baud);
 
     /// False when there is no channel or it could not be opened, whatever the reason.
-    bool OpenChannel();
+    bool OpenChannel(const Patience& patience);
 
     std::array<char, 32> host{"169.254.10.49"};
     std::array<char, 16> serialName{"COM1"};

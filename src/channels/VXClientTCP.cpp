@@ -2,11 +2,12 @@
 
 #include "util/text.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace vxsign {
 
-bool VXClientTCP::Open(std::uint16_t port, const char* hostText, std::uint16_t signPort)
+bool VXClientTCP::Open(std::uint16_t port, const char* hostText, std::uint16_t signPort, const Patience& patience)
 {
     using platform::Socket;
     if (socket.IsOpen() || hostText == nullptr || !socket.Open(Socket::Kind::Stream) || !socket.Bind(port))
@@ -18,7 +19,21 @@ bool VXClientTCP::Open(std::uint16_t port, const char* hostText, std::uint16_t s
     if (!address)
         return false;
     server = {*address, remotePort};
-    return socket.Connect(server);
+    return Connect(patience);
+}
+
+bool VXClientTCP::Connect(const Patience& patience)
+{
+    using Connection = platform::Socket::Connection;
+    constexpr std::uint32_t kSliceMs = 50; // between two looks at whether it is still wanted
+    std::uint32_t left = patience.timeoutMs;
+    Connection connection = socket.Connect(server);
+    while (connection == Connection::Pending && left != 0 && !patience.isOver()) {
+        const std::uint32_t slice = std::min(left, kSliceMs);
+        connection = socket.AwaitConnection(slice);
+        left -= slice;
+    }
+    return connection == Connection::Made;
 }
 
 std::uint32_t VXClientTCP::Write(const char* buffer, std::uint32_t length, std::uint32_t timeoutMs)

@@ -11,9 +11,9 @@ namespace vxsign {
 class VXClientTCP : public VXCommBase
 {
 public:
-    /// Connects, waiting as long as the system does. False when a socket is open already, host is null or no
-    /// IPv4 address within its 16 bytes, or the sign does not take the connection.
-    bool Open(std::uint16_t port, const char* hostText, std::uint16_t signPort);
+    /// False when a socket is open already, host is null or no IPv4 address within its 16 bytes, the sign does not take
+    /// the connection, or patience is over before it does.
+    bool Open(std::uint16_t port, const char* hostText, std::uint16_t signPort, const Patience& patience);
 
     std::uint32_t Write(const char* buffer, std::uint32_t length, std::uint32_t timeoutMs) override;
     /// The sign's orderly end reads as 0, like a time-out.
@@ -21,6 +21,8 @@ public:
     void Close() override;
 
 private:
+    bool Connect(const Patience& patience);
+
     platform::Socket socket;
     platform::Endpoint server;
     std::uint16_t localPort = 0;

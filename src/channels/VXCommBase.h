@@ -1,8 +1,16 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 namespace vxsign {
+
+/// How long the opening of a channel may take; meanwhile isOver is asked whether to give up.
+struct Patience
+{
+    std::uint32_t timeoutMs;
+    std::function<bool()> isOver;
+};
 
 /// A byte channel to one sign. It knows nothing of packets.
 class VXCommBase

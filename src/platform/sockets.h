@@ -18,8 +18,8 @@ struct Endpoint
 };
 
 /// An address as inet_addr reads it: one to four numbers with dots between, decimal, octal behind a 0 or hexadecimal
-/// behind 0x, of which the last fills all bytes that are left. From a blank on nothing counts. Unlike there, the address
-/// 255.255.255.255 is one; what is no address gives nothing.
+/// behind 0x, of which the last fills all bytes that are left. From a blank on nothing counts. Unlike there, the
+/// address 255.255.255.255 is one; what is no address gives nothing.
 std::optional<std::uint32_t> ParseIpv4(std::string_view text);
 
 /// One socket, closed with its object.
@@ -40,8 +40,17 @@ public:
     bool Open(Kind kind);
     bool IsOpen() const { return descriptor >= 0; }
     bool Bind(std::uint16_t localPort);
-    /// Waits as long as the system does.
-    bool Connect(const Endpoint& remote);
+
+    enum class Connection
+    {
+        Made,
+        Pending,
+        Failed
+    };
+    /// Asks for a connection without waiting for it.
+    Connection Connect(const Endpoint& remote);
+    /// Waits for a pending connection, at most timeoutMs.
+    Connection AwaitConnection(std::uint32_t timeoutMs);
 
     /// One send, after waiting for room for at most timeoutMs. The bytes sent; 0 on any failure.
     std::uint32_t Send(const void* data, std::uint32_t length, std::uint32_t timeoutMs);

@@ -31,7 +31,7 @@ private:
 };
 
 /// The frame: refuses a thread without configuration, opens the channel, runs the step, closes the channel. Whatever is
-/// thrown, and a channel that does not open, gives VX_COMMUNICATION.
+/// thrown, and a channel that does not open within the time of all tries, gives VX_COMMUNICATION.
 std::uint32_t RunFrame(CBaseCMD& command, Step step) noexcept;
 
 /// Runs a flat command on an open command object; usable as one step of an algorithm too.

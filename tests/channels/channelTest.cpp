@@ -9,14 +9,18 @@
 
 #include <vxsign/vxsign.h>
 
+#include <atomic>
 #include <chrono>
+#include <csignal>
 #include <fcntl.h>
 #include <future>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <pty.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <system_error>
+#include <thread>
 
 namespace vxsign::test {
 namespace {
@@ -33,6 +37,30 @@ vxApiConfig ConfigFor(std::uint32_t kind, const std::string& host, std::uint16_t
     std::snprintf(config.serialName, sizeof config.serialName, "%s", serial.c_str());
     return config;
 }
+
+const Patience kPatience{60000, [] { return false; }};
+
+// A TCP port on loopback that nobody accepts from, with room for so many who wait.
+struct Listener
+{
+    explicit Listener(int backlog) : descriptor(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        EXPECT_EQ(::bind(descriptor, reinterpret_cast<sockaddr*>(&address), size), 0);
+        EXPECT_EQ(::listen(descriptor, backlog), 0);
+        ::getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &size);
+        port = ntohs(address.sin_port);
+    }
+    ~Listener() { ::close(descriptor); }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    int descriptor;
+    std::uint16_t port = 0;
+};
 
 // Every kind of channel carries a file there and back, with chunks that the sign's replies fill to the last byte.
 TEST(Channels, CarryFilesBothWays)
@@ -88,6 +116,21 @@ TEST(Channels, FaultsOnTheLineCostTriesAlone)
     }
 }
 
+TEST(Channels, AddressesAreReadInEveryFormOfTheSystem)
+{
+    const ServedSign sign;
+    for (const char* const host : {"127.1", "0177.0.0.1", "0x7f000001", "127.0.0.1 sign", "127.000.000.001 "})
+        for (const std::uint32_t kind : {VX_CHANNEL_UDP, VX_CHANNEL_TCP}) {
+            const vxApiConfig config = ConfigFor(kind, host, sign.Port());
+            vxInitAPI(&config);
+            EXPECT_EQ(vxBlackScreen(), 0u) << host << " over kind " << kind;
+        }
+    EXPECT_EQ(platform::ParseIpv4("010.0.0.255"), 0x080000FFu);
+    EXPECT_EQ(platform::ParseIpv4("255.255.255.255"), 0xFFFFFFFFu);
+    for (const char* const host : {"", " 127.0.0.1", "127.0.0.1x", "127.0.0.256", "127.0.0.1.2", "127.08", "sign"})
+        EXPECT_FALSE(platform::ParseIpv4(host)) << host;
+}
+
 TEST(Channels, SignsThatCannotBeReached)
 {
     // A port that was free a moment ago.
@@ -114,21 +157,6 @@ TEST(Channels, SignsThatCannotBeReached)
         std::copy(full.begin(), full.end(), config.host);
         std::fill(std::begin(config.serialName), std::end(config.serialName), 'y');
         vxInitAPI(&config);
-TEST(Channels, AddressesAreReadInEveryFormOfTheSystem)
-{
-    const ServedSign sign;
-    for (const char* const host : {"127.1", "0177.0.0.1", "0x7f000001", "127.0.0.1 sign", "127.000.000.001 "})
-        for (const std::uint32_t kind : {VX_CHANNEL_UDP, VX_CHANNEL_TCP}) {
-            const vxApiConfig config = ConfigFor(kind, host, sign.Port());
-            vxInitAPI(&config);
-            EXPECT_EQ(vxBlackScreen(), 0u) << host << " over kind " << kind;
-        }
-    EXPECT_EQ(platform::ParseIpv4("010.0.0.255"), 0x080000FFu);
-    EXPECT_EQ(platform::ParseIpv4("255.255.255.255"), 0xFFFFFFFFu);
-    for (const char* const host : {"", " 127.0.0.1", "127.0.0.1x", "127.0.0.256", "127.0.0.1.2", "127.08", "sign"})
-        EXPECT_FALSE(platform::ParseIpv4(host)) << host;
-}
-
         EXPECT_EQ(vxBlackScreen(), 20736u);
     }
     // Nobody answers a datagram to a host that is none; the reads still wait their time.
@@ -162,18 +190,10 @@ TEST(ClientUDP, TakesWhateverComesToItsSocket)
 
 TEST(ClientTCP, TheSignsEndReadsAsNothing)
 {
-    const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    ASSERT_EQ(::bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
-    ASSERT_EQ(::listen(listener, 1), 0);
-    ::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
-
+    const Listener listener(1);
     VXClientTCP client;
-    ASSERT_TRUE(client.Open(0, "127.0.0.1", ntohs(address.sin_port)));
-    const int peer = ::accept(listener, nullptr, nullptr);
+    ASSERT_TRUE(client.Open(0, "127.0.0.1", listener.port, kPatience));
+    const int peer = ::accept(listener.descriptor, nullptr, nullptr);
     EXPECT_EQ(client.Write("abc", 3, 1000), 3u);
     char buffer[8];
     EXPECT_EQ(::recv(peer, buffer, sizeof buffer, 0), 3);
@@ -185,7 +205,68 @@ TEST(ClientTCP, TheSignsEndReadsAsNothing)
     for (int i = 0; i < 3; ++i)
         client.Write("abc", 3, 100);
     client.Close();
-    ::close(listener);
+}
+
+// A host that drops packets behaves like a listener whose queue is full.
+class SilentHost : public testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(filler.Open(0, "127.0.0.1", listener.port, kPatience)); }
+
+    const Listener listener{0};
+    VXClientTCP filler;
+};
+
+TEST_F(SilentHost, CostsNoMoreThanTheTriesOfTheCommand)
+{
+    vxApiConfig config = ConfigFor(VX_CHANNEL_TCP, "127.0.0.1", listener.port);
+    config.retries = 2;
+    config.timeoutMs = 50;
+    vxInitAPI(&config);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(vxBlackScreen(), 20736u);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(30)) << "not the time of the system";
+}
+
+TEST_F(SilentHost, IsLeftWhenTheCallerAborts)
+{
+    vxApiConfig config = ConfigFor(VX_CHANNEL_TCP, "127.0.0.1", listener.port);
+    config.retries = 100;
+    config.timeoutMs = 60000;
+    vxInitAPI(&config);
+    auto* const record = static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION));
+    const std::jthread caller([record] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        std::atomic_ref(record->abortFlag).store(1);
+    });
+    EXPECT_EQ(vxBlackScreen(), 20497u);
+}
+
+// The time of a wait goes on behind a signal: it neither begins anew nor ends.
+TEST(Waiting, GoesOnBehindASignalWithTheTimeThatIsLeft)
+{
+    struct sigaction former = {};
+    struct sigaction action = {};
+    action.sa_handler = [](int) {};
+    ASSERT_EQ(::sigaction(SIGALRM, &action, &former), 0);
+    UdpPeer peer([](const Bytes&) { return Bytes(); });
+    VXClientUDP client;
+    ASSERT_TRUE(client.Open(0, "127.0.0.1", peer.Port()));
+    client.Write("x", 1, 1000);
+    constexpr auto kWait = std::chrono::milliseconds(40);
+    auto shortest = std::chrono::steady_clock::duration::max();
+    for (int round = 0; round < 20 && shortest >= kWait * 3 / 2; ++round) {
+        const itimerval late{{0, 0}, {0, 35000}};
+        const auto start = std::chrono::steady_clock::now();
+        ::setitimer(ITIMER_REAL, &late, nullptr);
+        char byte = 0;
+        EXPECT_EQ(client.Read(&byte, 1, 40), 0u);
+        const auto took = std::chrono::steady_clock::now() - start;
+        EXPECT_GE(took, kWait);
+        shortest = std::min(shortest, took);
+    }
+    EXPECT_LT(shortest, kWait * 3 / 2);
+    ::sigaction(SIGALRM, &former, nullptr);
 }
 
 TEST(SerialLine, NamesOfDevices)

@@ -4,7 +4,6 @@
 
 #include <arpa/inet.h>
 #include <cerrno>
-#include <limits>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -57,8 +56,8 @@ std::optional<std::uint32_t> ParseIpv4(std::string_view text)
 bool Socket::Open(Kind kind)
 {
     const bool stream = kind == Kind::Stream;
-    descriptor =
-        ::socket(AF_INET, (stream ? SOCK_STREAM : SOCK_DGRAM) | SOCK_CLOEXEC, stream ? IPPROTO_TCP : IPPROTO_UDP);
+    descriptor = ::socket(AF_INET, (stream ? SOCK_STREAM : SOCK_DGRAM) | SOCK_CLOEXEC | SOCK_NONBLOCK,
+                          stream ? IPPROTO_TCP : IPPROTO_UDP);
     if (IsOpen() && stream) {
         const int on = 1;
         ::setsockopt(descriptor, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
@@ -74,18 +73,22 @@ bool Socket::Bind(std::uint16_t localPort)
     return ::bind(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
 }
 
-bool Socket::Connect(const Endpoint& remote)
+Socket::Connection Socket::Connect(const Endpoint& remote)
 {
     const sockaddr_in address = ToSocketAddress(remote);
     if (::connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
-        return true;
-    if (errno != EINTR)
-        return false;
-    // The connection goes on being made behind the interrupted call.
+        return Connection::Made;
+    return errno == EINPROGRESS ? Connection::Pending : Connection::Failed;
+}
+
+Socket::Connection Socket::AwaitConnection(std::uint32_t timeoutMs)
+{
+    if (!WaitReady(descriptor, POLLOUT, timeoutMs))
+        return Connection::Pending;
     int error = 0;
     socklen_t size = sizeof error;
-    return WaitReady(descriptor, POLLOUT, std::numeric_limits<std::uint32_t>::max()) &&
-           ::getsockopt(descriptor, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0;
+    const bool made = ::getsockopt(descriptor, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0;
+    return made ? Connection::Made : Connection::Failed;
 }
 
 std::uint32_t Socket::Send(const void* data, std::uint32_t length, std::uint32_t timeoutMs)
