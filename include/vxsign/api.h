@@ -48,6 +48,7 @@ typedef void (*vxOnTempPath)(struct vxApiConfig* config, char* buffer, uint32_t 
 
 /* The configuration of one thread: 192 bytes, a binary contract.
  *
+ * Over a channel a reply is in time as long as timeoutMs is not over, in however many pieces it comes.
  * A TCP connection that is not made within retries x timeoutMs gives VX_COMMUNICATION; abortFlag ends the wait for it
  * with VX_ABORTED.
  */

@@ -2,6 +2,8 @@
 // a result word.
 #include "vxBaseCMD/vxBaseCMD.h"
 
+#include "platform/clock.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -24,6 +26,43 @@ constexpr std::uint32_t kGatherScan = 10;     // positions at which a gathered r
 constexpr std::uint32_t kCheckScan = 6;       // positions at which a checked reply may begin
 constexpr std::uint32_t kFailedTryLine = 606; // lines that applications know from their logs
 constexpr std::uint32_t kFailedCommandLine = 635;
+
+// The reads of one try, counted in polls. On a channel it is no matter how many pieces a reply comes in: reads that
+// brought something are not held against it as long as timeoutMs is not over.
+class Reads
+{
+public:
+    Reads(std::uint32_t timeoutMs, bool onChannel)
+        : polls(timeoutMs / kPollMs), timed(onChannel), end(onChannel ? platform::clock.monotonicMs() + timeoutMs : 0)
+    {
+    }
+
+    bool Left() const { return used < polls || (timed && empty < std::max(polls, 1u) && TimeLeft() != 0); }
+
+    /// How long the next read may wait: no longer than to the end once the polls are used up.
+    std::uint32_t Wait(std::uint32_t ms) const { return used < polls ? ms : std::min(ms, TimeLeft()); }
+
+    void Count(std::uint32_t bytes)
+    {
+        ++used;
+        empty += bytes == 0 ? 1 : 0;
+    }
+
+    void BeginAnew() { used = 0; }
+
+private:
+    std::uint32_t TimeLeft() const
+    {
+        const std::uint64_t now = platform::clock.monotonicMs();
+        return now < end ? static_cast<std::uint32_t>(end - now) : 0;
+    }
+
+    std::uint32_t polls;
+    bool timed;
+    std::uint64_t end;
+    std::uint32_t used = 0;
+    std::uint32_t empty = 0; // that brought nothing
+};
 
 // Moves the bytes from `from` on to the start and clears the place they leave.
 void MoveToStart(std::uint8_t* bytes, std::uint32_t from, std::uint32_t length)
@@ -100,14 +139,7 @@ void CBaseCMD::Gather(const std::uint8_t* request, std::uint32_t requestLength, 
                       std::uint32_t capacity, std::uint32_t& got)
 {
     const Pace& pace = useChannel != 0 ? kChannelPace : kCallbackPace;
-    const std::uint32_t polls = config->timeoutMs / kPollMs;
     const std::uint32_t room = capacity < kReplySize ? capacity : Room(reply);
-    const auto append = [&](std::uint32_t waitMs) {
-        std::uint8_t piece[kReplySize];
-        const std::uint32_t fits = std::min(Read(piece, sizeof piece, waitMs), room - got);
-        std::memcpy(reply + got, piece, fits);
-        got += fits;
-    };
 
     if (useChannel == 0)
         config->onWrite(config, request, requestLength, config->timeoutMs);
@@ -115,17 +147,29 @@ void CBaseCMD::Gather(const std::uint8_t* request, std::uint32_t requestLength, 
         link.channel->Write(reinterpret_cast<const char*>(request), requestLength, config->timeoutMs);
 
     std::memset(reply, 0, capacity);
+    Reads reads(config->timeoutMs, useChannel != 0);
     got = capacity != 0 ? Read(reply, capacity, pace.firstMs) : 0;
+    reads.Count(got);
+    const auto append = [&](std::uint32_t waitMs) {
+        std::uint8_t piece[kReplySize];
+        const std::uint32_t fits = std::min(Read(piece, sizeof piece, reads.Wait(waitMs)), room - got);
+        std::memcpy(reply + got, piece, fits);
+        got += fits;
+        reads.Count(fits);
+    };
 
     bool found = false;
-    std::uint32_t used = 1;
-    for (; used < polls && !found; ++used) {
-        if (got >= header::kSize)
-            found = FindReply(reply, got);
-        else if (got < room)
-            append(pace.searchMs);
-        else
+    while (!found && reads.Left()) {
+        if (got < header::kSize && got >= room)
             return;
+        if (got < header::kSize) {
+            append(pace.searchMs);
+            continue;
+        }
+        reads.Count(got); // a look at what has come takes a poll too
+        found = FindReply(reply, got);
+        if (!found && got >= header::kSize)
+            return; // no reply begins there
     }
     if (!found)
         return;
@@ -134,8 +178,8 @@ void CBaseCMD::Gather(const std::uint8_t* request, std::uint32_t requestLength, 
     if (total > room)
         return; // more than there is place for: this try is lost
     if (!pace.sharedPolls)
-        used = 0;
-    for (; got < total && used < polls; ++used)
+        reads.BeginAnew();
+    while (got < total && reads.Left())
         append(pace.restMs);
 }
 

@@ -1,4 +1,5 @@
 // The exchange as applications see it: through exports, with replies that go right and wrong in every way.
+#include "support/scriptedChannel.h"
 #include "support/scriptedSign.h"
 #include "vxBaseCMD/vxBaseCMD.h"
 
@@ -264,6 +265,62 @@ TEST(Exchange, GarbageOfEveryLengthEndsCleanly)
             vxBlackScreen();
             EXPECT_EQ(sign.requests.size(), 1u);
         }
+}
+
+struct PieceCase
+{
+    const char* name;
+    std::uint32_t timeoutMs;
+    std::size_t piece;   // bytes
+    std::uint64_t gapMs; // between two pieces
+    std::size_t pauseAt; // the piece that comes late
+    std::uint64_t pauseMs;
+    std::uint32_t result;
+    std::uint64_t tookMs; // at most
+};
+
+// Over a channel: how many pieces a reply comes in does not matter, only when the last one comes.
+TEST(Exchange, ManySmallPiecesAreInTimeUntilTheTimeIsOver)
+{
+    constexpr std::size_t kNever = 1000000;
+    const PieceCase cases[] = {
+        {"a device server of 32 bytes", 3000, 32, 1, kNever, 0, 0, 100},
+        {"slower", 3000, 32, 70, kNever, 0, 0, 2900},
+        {"a pause within them", 3000, 32, 1, 39, 700, 0, 1000},
+        {"byte by byte", 1500, 1, 1, kNever, 0, 0, 1400},
+        {"in half a poll", 50, 700, 20, kNever, 0, 0, 50},
+        {"too slow", 3000, 32, 80, kNever, 0, 20736, 3100},
+        {"much too slow", 3000, 32, 195, kNever, 0, 20736, 6000},
+        {"a header and then silence", 3000, 16, 0, 1, 100000, 20736, 6000},
+        {"the time is over before the polls are", 3000, 16, 100, 2, 100000, 20736, 6000},
+        {"no reply begins there", 3000, 0, 0, kNever, 0, 20736, 3000},
+    };
+    for (const PieceCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        const FakeClock clock;
+        vxApiConfig config{};
+        config.retries = 1;
+        config.timeoutMs = row.timeoutMs;
+        vxInitAPI(&config);
+        CBaseCMD command;
+        command.link.channel = std::make_unique<ScriptedChannel>([&row](const Packet& request) {
+            if (row.piece == 0)
+                return Arrivals{{0, Bytes(500, 0xEE)}};
+            const Bytes reply = MakeReply(request, 0, {}, Bytes(1280, 7));
+            Arrivals arrivals;
+            for (std::size_t at = 0; at < reply.size(); at += row.piece) {
+                const std::size_t number = at / row.piece;
+                arrivals.emplace(
+                    number * row.gapMs + (number >= row.pauseAt ? row.pauseMs : 0),
+                    Bytes(reply.begin() + static_cast<std::ptrdiff_t>(at),
+                          reply.begin() + static_cast<std::ptrdiff_t>(std::min(at + row.piece, reply.size()))));
+            }
+            return arrivals;
+        });
+        const std::uint64_t start = FakeClock::NowMs();
+        EXPECT_EQ(command.Request(4, 1), row.result);
+        EXPECT_LE(FakeClock::NowMs() - start, row.tookMs);
+    }
 }
 
 TEST(Exchange, ASignThatNeverStopsTalkingIsLeftInTime)
