@@ -101,7 +101,8 @@ private:
     std::span<const std::uint8_t> bytes;
 };
 
-/// Ids of requests: one counter of 16 bits for the whole process, behind one mutex.
+/// Ids of requests: one counter of 16 bits for the whole process, without a lock, so that a child that is forked in the
+/// middle of it goes on.
 namespace packetIds {
 std::uint16_t Next();
 /// The next id will be `id` + 1.

@@ -5,26 +5,23 @@
 #include <algorithm>
 #include <atomic>
 #include <cstring>
-#include <mutex>
 
 namespace vxsign {
 
 namespace packetIds {
 namespace {
-std::mutex mutex;
-std::uint16_t last = 0;
+std::atomic<std::uint16_t> last = 0;
+static_assert(decltype(last)::is_always_lock_free);
 } // namespace
 
 std::uint16_t Next()
 {
-    const std::lock_guard lock(mutex);
-    return ++last;
+    return static_cast<std::uint16_t>(last.fetch_add(1, std::memory_order_relaxed) + 1);
 }
 
 void Set(std::uint16_t id)
 {
-    const std::lock_guard lock(mutex);
-    last = id;
+    last.store(id, std::memory_order_relaxed);
 }
 } // namespace packetIds
 

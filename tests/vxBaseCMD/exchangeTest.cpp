@@ -3,9 +3,12 @@
 #include "support/scriptedSign.h"
 #include "vxBaseCMD/vxBaseCMD.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
 #include <random>
+#include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 namespace vxsign::test {
 namespace {
@@ -373,6 +376,30 @@ TEST(PacketIds, AreUniqueAcrossThreads)
         for (const std::uint16_t id : ids)
             ++times[id];
     EXPECT_EQ(std::count(times.begin(), times.end(), 1), 40000);
+}
+
+// A lock that another thread holds at that moment would never be free in the child.
+TEST(PacketIds, GoOnInAForkedChild)
+{
+    std::atomic<bool> ending = false;
+    std::jthread busy([&] {
+        while (!ending)
+            packetIds::Next();
+    });
+    int hung = 0;
+    for (int i = 0; i < 30 && hung == 0; ++i) {
+        const ::pid_t child = ::fork();
+        if (child == 0) {
+            ::alarm(10);
+            packetIds::Next();
+            ::_exit(0);
+        }
+        int status = -1;
+        ::waitpid(child, &status, 0);
+        hung += status != 0 ? 1 : 0;
+    }
+    ending = true;
+    EXPECT_EQ(hung, 0);
 }
 
 } // namespace
