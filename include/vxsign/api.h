@@ -48,7 +48,12 @@ typedef void (*vxOnTempPath)(struct vxApiConfig* config, char* buffer, uint32_t 
 
 /* The configuration of one thread: 192 bytes, a binary contract.
  *
- * Over a channel a reply is in time as long as timeoutMs is not over, in however many pieces it comes.
+ * A try writes the request, for timeoutMs at most, and gathers the reply. Over a channel that is in time as long as
+ * timeoutMs is not over, in however many pieces it comes. A try that gets nothing ends after timeoutMs, with onRead
+ * after about twice that. It counts reads rather than time, though: the header of a reply with nothing behind it makes
+ * a try last up to twice timeoutMs over a channel, with onRead up to four times timeoutMs and half a second. abortFlag
+ * is looked at between two tries.
+ *
  * A TCP connection that is not made within retries x timeoutMs gives VX_COMMUNICATION; abortFlag ends the wait for it
  * with VX_ABORTED.
  */

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <gtest/gtest.h>
+#include <numeric>
 #include <random>
 #include <sys/wait.h>
 #include <thread>
@@ -268,6 +269,24 @@ TEST(Exchange, GarbageOfEveryLengthEndsCleanly)
             vxBlackScreen();
             EXPECT_EQ(sign.requests.size(), 1u);
         }
+}
+
+// The longest that a try may read: the header is whole just in time, and nothing follows.
+TEST(Exchange, AHeaderAndThenSilenceHasItsBound)
+{
+    for (const auto& [polls, longest] : {std::pair<std::size_t, std::uint32_t>{2, 900}, {3, 1300}, {30, 12100}}) {
+        ScriptedSign sign;
+        sign.Config().retries = 1;
+        sign.Config().timeoutMs = static_cast<std::uint32_t>(polls * 100);
+        sign.raw = [empty = polls - 2](const Packet& request) {
+            std::deque<Bytes> pieces(empty);
+            const Bytes reply = MakeReply(request, 0, Bytes(12, 7), {});
+            pieces.emplace_back(reply.begin(), reply.begin() + 16);
+            return pieces;
+        };
+        EXPECT_EQ(vxBlackScreen(), 20736u);
+        EXPECT_EQ(std::accumulate(sign.readWaits.begin(), sign.readWaits.end(), 0u), longest);
+    }
 }
 
 struct PieceCase
