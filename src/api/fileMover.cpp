@@ -58,7 +58,7 @@ std::uint32_t ReadTrafficLight(vxApiConfig& config, const char* local)
     header[1] = 'T';
     Store16(header + 2, there ? 1 : 0);
     Store32(header + 4, static_cast<std::uint32_t>(sizeof header + (there ? sizeof beacon : 0)));
-    written = written && std::fseek(file.get(), 0, SEEK_SET) == 0 && WriteAll(file, header, sizeof header);
+    written = written && Seek(file, 0) && WriteAll(file, header, sizeof header);
     written = CloseFile(file) && written;
     if (config.onProgress != nullptr)
         config.onProgress(&config, 0, kLightPercent);

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <string_view>
 
 namespace vxsign::nmg {
@@ -110,7 +109,7 @@ std::uint32_t Wrap(const char* picturePath, const char* path, Form form, const A
     const File picture = OpenFile(picturePath, "rb");
     if (!picture)
         return VX_OPEN_FILE;
-    const std::optional<std::uint32_t> size = FileSize(picture);
+    const auto size = SignFileSize(picture);
     if (!size)
         return VX_CALL;
     File file = OpenFile(path, "wb");

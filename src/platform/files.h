@@ -1,6 +1,7 @@
 // Files as only the system can open and keep them.
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 
 namespace vxsign::platform {
@@ -13,5 +14,9 @@ bool Sync(std::FILE* stream);
 
 /// Gives an open file the owner, the group and the mode of another. False when it cannot have them.
 bool CopyAttributes(const char* from, std::FILE* to);
+
+/// As fseek and ftell, with positions of 64 bits on every system. TellStream gives -1 when it fails.
+bool SeekStream(std::FILE* stream, std::int64_t offset, int origin);
+std::int64_t TellStream(std::FILE* stream);
 
 } // namespace vxsign::platform

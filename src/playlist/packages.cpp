@@ -162,7 +162,7 @@ std::uint32_t Expand(Package& package, std::uint16_t most, const std::string& se
         ++count;
     }
     header = sequence::MakeHeader(form, count, 0);
-    const bool written = std::fseek(file.get(), 0, SEEK_SET) == 0 && WriteAll(file, header.data(), header.size());
+    const bool written = Seek(file, 0) && WriteAll(file, header.data(), header.size());
     return CloseFile(file) && written ? VX_OK : VX_CALL;
 }
 

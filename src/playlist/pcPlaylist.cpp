@@ -35,7 +35,9 @@ void TakeSource(const vxPlaylistState& list, VXPLAYLIST_FILE_INFO& info, const s
 std::vector<std::string> ReadLines(RecordFile& file, std::uint64_t position)
 {
     constexpr std::string_view kLineEnd = "\r\n";
-    std::string text(position < file.Size() ? static_cast<std::size_t>(file.Size() - position) : 0, '\0');
+    constexpr std::uint64_t kLongestText = 64 << 20; // more than all of its files can need
+    const std::uint64_t left = position < file.Size() ? file.Size() - position : 0;
+    std::string text(static_cast<std::size_t>(std::min(left, kLongestText)), '\0');
     file.Read(position, text.data(), text.size());
     text.resize(text.find('\0') != text.npos ? text.find('\0') : text.size());
 

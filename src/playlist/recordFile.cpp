@@ -16,7 +16,7 @@ void RecordFile::Read(std::uint64_t position, void* buffer, std::size_t count)
     if (!Holds(position))
         return;
     // Records mostly follow each other, and a seek would throw the stream's buffer away.
-    if (position != next && std::fseek(file.get(), static_cast<long>(position), SEEK_SET) != 0)
+    if (position != next && !Seek(file, position))
         return;
     next = position + ReadSome(file, buffer, static_cast<std::size_t>(std::min<std::uint64_t>(count, size - position)));
 }

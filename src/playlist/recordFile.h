@@ -12,7 +12,7 @@ namespace vxsign::playlist {
 class RecordFile
 {
 public:
-    /// Takes an open file over. One without a size, and one of 4 GB and more, counts as empty.
+    /// Takes an open file over. One without a size counts as empty.
     explicit RecordFile(File opened);
 
     std::uint64_t Size() const { return size; }

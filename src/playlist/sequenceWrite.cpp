@@ -36,7 +36,7 @@ public:
     {
         const auto header =
             sequence::MakeHeader(form, static_cast<std::uint16_t>(count), static_cast<std::uint16_t>(size));
-        good = good && file && std::fseek(file.get(), 0, SEEK_SET) == 0 && WriteAll(file, header.data(), header.size());
+        good = good && file && Seek(file, 0) && WriteAll(file, header.data(), header.size());
         return CloseFile(file) && good ? VX_OK : VX_NO_RECORD;
     }
 

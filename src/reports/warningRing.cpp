@@ -101,7 +101,7 @@ private:
     void Seek(std::uint32_t to)
     {
         index = to;
-        std::fseek(file.get(), static_cast<long>(kHeaderSize + kRecordSize * to), SEEK_SET);
+        vxsign::Seek(file, kHeaderSize + kRecordSize * to);
     }
 
     const File& file;

@@ -2,7 +2,7 @@
 
 #include "platform/files.h"
 
-#include <limits>
+#include <utility>
 
 namespace vxsign {
 
@@ -21,15 +21,31 @@ bool WriteAll(const File& file, const void* data, std::size_t size)
     return size == 0 || std::fwrite(data, 1, size, file.get()) == size;
 }
 
-std::optional<std::uint32_t> FileSize(const File& file)
+bool Seek(const File& file, std::uint64_t position)
 {
-    if (std::fseek(file.get(), 0, SEEK_END) != 0)
+    return std::in_range<std::int64_t>(position) &&
+           platform::SeekStream(file.get(), static_cast<std::int64_t>(position), SEEK_SET);
+}
+
+std::optional<std::uint64_t> Position(const File& file)
+{
+    const std::int64_t position = platform::TellStream(file.get());
+    return position >= 0 ? std::optional(static_cast<std::uint64_t>(position)) : std::nullopt;
+}
+
+std::optional<std::uint64_t> FileSize(const File& file)
+{
+    if (!platform::SeekStream(file.get(), 0, SEEK_END))
         return {};
-    const long size = std::ftell(file.get());
-    if (std::fseek(file.get(), 0, SEEK_SET) != 0 || size < 0 ||
-        static_cast<unsigned long>(size) > std::numeric_limits<std::uint32_t>::max())
-        return {};
-    return static_cast<std::uint32_t>(size);
+    const auto size = Position(file);
+    return Seek(file, 0) ? size : std::nullopt;
+}
+
+std::optional<std::uint32_t> SignFileSize(const File& file)
+{
+    const auto size = FileSize(file);
+    return size && std::in_range<std::uint32_t>(*size) ? std::optional(static_cast<std::uint32_t>(*size))
+                                                       : std::nullopt;
 }
 
 bool CloseFile(File& file)

@@ -24,9 +24,17 @@ std::size_t ReadSome(const File& file, void* buffer, std::size_t size);
 /// False when not all bytes could be taken. What is taken may still be lost until CloseFile tells otherwise.
 bool WriteAll(const File& file, const void* data, std::size_t size);
 
-/// The size in bytes; the stream then stands at its beginning. Nothing for a stream without a size, and for one of 4 GB
-/// and more, since no size of the sign has more than 32 bits.
-std::optional<std::uint32_t> FileSize(const File& file);
+/// Goes to a byte of the file. False for a stream without positions.
+bool Seek(const File& file, std::uint64_t position);
+
+/// Where the stream stands. Nothing for one without positions.
+std::optional<std::uint64_t> Position(const File& file);
+
+/// The size in bytes; the stream then stands at its beginning. Nothing for a stream without a size.
+std::optional<std::uint64_t> FileSize(const File& file);
+
+/// The same as signs have it, in 32 bits: nothing for a file of 4 GB and more.
+std::optional<std::uint32_t> SignFileSize(const File& file);
 
 /// Closes a file and tells whether all that was written has reached it. Needed for files that were written; others may
 /// just go out of scope.

@@ -48,6 +48,6 @@ std::uint32_t vxOSGetFileSize(const char* path)
 {
     return LocalCall<std::uint32_t>(0, [=] {
         const File file = OpenFile(path, "rb");
-        return file ? FileSize(file).value_or(0) : 0;
+        return file ? SignFileSize(file).value_or(0) : 0;
     });
 }

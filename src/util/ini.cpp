@@ -21,7 +21,7 @@ constexpr std::size_t kLongestValue = 63;
 std::optional<std::string> Contents(const char* path)
 {
     const File file = OpenFile(path, "rb");
-    const std::optional<std::uint32_t> size = file ? FileSize(file) : std::nullopt;
+    const std::optional<std::uint32_t> size = file ? SignFileSize(file) : std::nullopt;
     if (!size)
         return {};
     std::string text(*size, '\0');

@@ -34,7 +34,7 @@ std::size_t ReadText(const File& file, char* buffer, std::size_t size)
 
 std::size_t ReadSteppedLine(const File& file, char* buffer, std::size_t size)
 {
-    const long start = std::ftell(file.get());
+    const auto start = Position(file);
     const std::size_t got = ReadText(file, buffer, size);
     char* const end = std::find(buffer, buffer + got, '\n');
     if (end == buffer + got) {
@@ -42,10 +42,10 @@ std::size_t ReadSteppedLine(const File& file, char* buffer, std::size_t size)
         return got;
     }
     std::fill(end + 1, buffer + size, '\0');
-    const auto length = end + 1 - buffer;
-    if (start >= 0)
-        std::fseek(file.get(), start + length + 1, SEEK_SET);
-    return static_cast<std::size_t>(length);
+    const auto length = static_cast<std::size_t>(end + 1 - buffer);
+    if (start)
+        Seek(file, *start + length + 1);
+    return length;
 }
 
 bool ReadWholeLine(const File& file, char* buffer, std::size_t size)

@@ -1,4 +1,6 @@
 // Printing into buffers, and reading line by line.
+#include "platform/files.h"
+
 #include <vxsign/local.h>
 #include <vxsign/result.h>
 
@@ -6,6 +8,8 @@
 #include <cstdarg>
 #include <cstdint>
 #include <cstdio>
+
+using namespace vxsign;
 
 std::uint32_t vxPrintBuf(char* out, std::uint32_t outLength, const char* format, ...)
 {
@@ -26,7 +30,7 @@ std::uint32_t vxReadFileLine(FILE* stream, std::uint8_t* buffer, std::uint32_t s
 {
     if (stream == nullptr || buffer == nullptr || size == 0)
         return 0;
-    const long start = std::ftell(stream);
+    const std::int64_t start = platform::TellStream(stream);
     const std::size_t got = std::fread(buffer, 1, size, stream);
     std::uint8_t* const end = std::find(buffer, buffer + got, '\n');
     if (end == buffer + got)
@@ -35,6 +39,6 @@ std::uint32_t vxReadFileLine(FILE* stream, std::uint8_t* buffer, std::uint32_t s
     std::fill(buffer + length, buffer + size, std::uint8_t{0});
     // One more byte behind the line feed is passed over by rule, whatever it holds.
     if (start >= 0)
-        std::fseek(stream, start + length + 1, SEEK_SET);
+        platform::SeekStream(stream, start + length + 1, SEEK_SET);
     return static_cast<std::uint32_t>(length);
 }

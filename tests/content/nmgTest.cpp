@@ -126,6 +126,8 @@ TEST(Nmg, Failures)
     EXPECT_EQ(vxShowMsgToNmg(text, 1, "/dev/full", 0, 0, 0, 0), VX_CALL);
     EXPECT_EQ(vxShowBmpToNmg(source.c_str(), "/dev/full", 0, 0), VX_CALL);
     EXPECT_EQ(vxBmp2Nmg(source.c_str(), "/dev/full", 0, 0), VX_CALL);
+    std::filesystem::resize_file(source, 0x100000002);
+    EXPECT_EQ(vxBmp2Nmg(source.c_str(), target.c_str(), 0, 0), VX_CALL) << "more than its length can say";
 }
 
 } // namespace

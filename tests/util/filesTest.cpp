@@ -1,3 +1,4 @@
+#include "playlist/recordFile.h"
 #include "support/tempFolder.h"
 #include "util/file.h"
 
@@ -36,6 +37,28 @@ TEST(Files, SizesAndOpening)
     EXPECT_EQ(vxOSGetFileSize(path.c_str()), 0xFFFFFFFFu);
     std::filesystem::resize_file(path, 0x100000000);
     EXPECT_EQ(vxOSGetFileSize(path.c_str()), 0u);
+}
+
+// Where positions of 31 or 32 bits end. The files have holes, and take no room.
+TEST(Files, PositionsAndSizesHave64Bits)
+{
+    const TempFolder folder;
+    for (const std::uint64_t at : {std::uint64_t{0x7FFFFFFE}, std::uint64_t{0xFFFFFFFE}, std::uint64_t{5} << 30}) {
+        SCOPED_TRACE(at);
+        const std::string path = folder.Write("large", "");
+        std::filesystem::resize_file(path, at);
+        std::ofstream(path, std::ios::binary | std::ios::app) << "ab\n\rcd\n";
+        File file = OpenFile(path.c_str(), "rb");
+        EXPECT_EQ(FileSize(file), at + 7);
+        EXPECT_EQ(SignFileSize(file).has_value(), at < 0xFFFF0000);
+        ASSERT_TRUE(Seek(file, at));
+        std::uint8_t line[8];
+        EXPECT_EQ(vxReadFileLine(file.get(), line, sizeof line), 3u);
+        EXPECT_EQ(Position(file), at + 4);
+        playlist::RecordFile records(std::move(file));
+        records.Read(at + 4, line, sizeof line);
+        EXPECT_EQ(std::memcmp(line, "cd\n\0\0\0\0", sizeof line), 0);
+    }
 }
 
 TEST(Files, AFullDeviceShowsWhenTheFileIsClosed)

@@ -44,4 +44,16 @@ bool CopyAttributes(const char* from, std::FILE* to)
     return (owned || ::fchown(file, wanted.st_uid, wanted.st_gid) == 0) && ::fchmod(file, wanted.st_mode & kModes) == 0;
 }
 
+static_assert(sizeof(::off_t) == sizeof(std::int64_t), "built with _FILE_OFFSET_BITS=64");
+
+bool SeekStream(std::FILE* stream, std::int64_t offset, int origin)
+{
+    return ::fseeko(stream, offset, origin) == 0;
+}
+
+std::int64_t TellStream(std::FILE* stream)
+{
+    return ::ftello(stream);
+}
+
 } // namespace vxsign::platform

@@ -76,7 +76,7 @@ std::uint32_t vxLstFolder(const char* localFile, const char* signPath)
     header[1] = 'L';
     Store16(header + 2, static_cast<std::uint16_t>(total));
     Store32(header + 4, total * kDirEntrySize + static_cast<std::uint32_t>(kListHeaderSize));
-    written = written && std::fseek(file.get(), 0, SEEK_SET) == 0 && WriteAll(file, header, sizeof header);
+    written = written && Seek(file, 0) && WriteAll(file, header, sizeof header);
     written = CloseFile(file) && written;
     return result != VX_OK || written ? result : static_cast<std::uint32_t>(VX_CALL);
 }

@@ -75,11 +75,6 @@ void AddToBody(FileHeader& header, std::uint32_t bytes)
     Store32(length, Load32(length) + bytes);
 }
 
-bool Seek(const File& file, std::uint64_t offset)
-{
-    return std::fseek(file.get(), static_cast<long>(offset), SEEK_SET) == 0;
-}
-
 bool ReadRow(const File& file, std::uint64_t offset, Row& row)
 {
     return Seek(file, offset) && ReadSome(file, row.data(), row.size()) == row.size();
@@ -89,9 +84,9 @@ bool ReadRow(const File& file, std::uint64_t offset, Row& row)
 bool WriteBlock(const File& source, const File& target, const TileStatus& tile, const FileHeader& header,
                 std::uint64_t firstPixel)
 {
-    const long start = std::ftell(target.get());
+    const auto start = Position(target);
     const std::array<std::uint8_t, kTileBlockHeader> provisional{};
-    if (start < 0 || !WriteAll(target, provisional.data(), provisional.size()))
+    if (!start || !WriteAll(target, provisional.data(), provisional.size()))
         return false;
     RunningCrc crc;
     Row row(tile.moduleWidth * kPixelRecord);
@@ -104,8 +99,8 @@ bool WriteBlock(const File& source, const File& target, const TileStatus& tile, 
     const std::uint8_t* const stamps = &header[offsetof(TileFileHeader, stamps)];
     const auto block =
         TileBlockHeader(crc.Value(), static_cast<std::uint32_t>(ModuleBytes(tile)), Load16(stamps), Load16(stamps + 2));
-    return Seek(target, static_cast<std::uint64_t>(start)) && WriteAll(target, block.data(), block.size()) &&
-           std::fseek(target.get(), 0, SEEK_END) == 0;
+    return Seek(target, *start) && WriteAll(target, block.data(), block.size()) &&
+           Seek(target, *start + block.size() + ModuleBytes(tile));
 }
 
 } // namespace

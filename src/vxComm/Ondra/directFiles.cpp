@@ -51,8 +51,7 @@ std::optional<std::uint32_t> AnnouncedSize(const Chunk& first)
 // Pieces keep their places when a tile sends less than a whole one.
 bool WriteChunk(const File& file, std::uint32_t number, const Chunk& chunk, std::size_t size)
 {
-    return std::fseek(file.get(), static_cast<long>(number) * kTileChunk, SEEK_SET) == 0 &&
-           WriteAll(file, chunk.data(), size);
+    return Seek(file, std::uint64_t{number} * kTileChunk) && WriteAll(file, chunk.data(), size);
 }
 
 } // namespace
@@ -117,7 +116,7 @@ std::uint32_t vxOndraLED::WriteDirectFile(const char* path, std::uint8_t fileTyp
             return VX_NO_RECORD;
     }
     const File file = OpenFile(source.c_str(), "rb");
-    const auto size = file ? FileSize(file) : std::nullopt;
+    const auto size = file ? SignFileSize(file) : std::nullopt;
     if (!size)
         return VX_NO_RECORD;
 

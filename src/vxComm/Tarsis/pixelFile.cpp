@@ -260,7 +260,7 @@ std::uint32_t Save(const Conversion& conversion, const std::uint16_t* pixels, co
     conversion.Walk(writer);
     written = writer.Finish() && written;
     header = FinalHeader(writer.Sum(), writer.Length());
-    written = written && std::fseek(file.get(), 0, SEEK_SET) == 0 && WriteAll(file, header.data(), header.size());
+    written = written && Seek(file, 0) && WriteAll(file, header.data(), header.size());
     return CloseFile(file) && written ? VX_OK : VX_CALL;
 }
 

@@ -22,7 +22,7 @@ static_assert(offsetof(TrafficLogEntry, signName) == 24 && offsetof(TrafficLogEn
 namespace {
 
 constexpr char kSignPath[] = "E:\\ERR_REC\\ERRMSG.ERR";
-constexpr long kCountOffset = 32;
+constexpr std::uint64_t kCountOffset = 32;
 constexpr std::size_t kRecordSize = 32;
 using Record = std::array<std::uint8_t, kRecordSize>;
 
@@ -48,7 +48,7 @@ TrafficLogEntry EntryOf(const Record& record, const char* signName)
 std::uint32_t TakeRecords(const File& file, const char* signName, vxOnTrafficError callback)
 {
     std::uint8_t count[4] = {};
-    std::fseek(file.get(), kCountOffset, SEEK_SET);
+    Seek(file, kCountOffset);
     ReadSome(file, count, sizeof count);
     std::uint32_t result = VX_OK;
     for (std::uint32_t left = Load32(count); left > 0 && result == VX_OK; --left) {

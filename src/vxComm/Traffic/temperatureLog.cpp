@@ -33,7 +33,7 @@ constexpr std::size_t kNameSize = 8;
 constexpr std::size_t kExtensionSize = 3;
 constexpr std::size_t kAttributeOffset = 11;
 constexpr std::uint8_t kIsFolder = 0x10;
-constexpr long kRowsOffset = 32;
+constexpr std::uint64_t kRowsOffset = 32;
 constexpr std::size_t kRowSize = 24;
 constexpr std::uint8_t kHours = 24;
 constexpr std::uint8_t kMonths = 12;
@@ -159,7 +159,7 @@ private:
         const auto year = static_cast<std::uint16_t>(today.year - (source.month > today.month ? 1 : 0));
         const unsigned days = DaysOf(year, source.month);
         std::uint32_t result = VX_OK;
-        std::fseek(file.get(), kRowsOffset, SEEK_SET);
+        Seek(file, kRowsOffset);
         for (std::uint8_t day = 1; day <= days && result == VX_OK; ++day) {
             std::array<std::uint8_t, kRowSize> row{}; // a last one that is cut short ends in zeros
             if (ReadSome(file, row.data(), row.size()) == 0)

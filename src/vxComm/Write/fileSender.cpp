@@ -43,7 +43,7 @@ std::uint32_t vxWriteLED::OpenSource(const char* local, Source& source) const
     const std::uint32_t result = ExpandNgFile(local, source.file);
     if (result != VX_OK)
         return result;
-    const auto size = FileSize(source.file);
+    const auto size = SignFileSize(source.file);
     if (!size)
         return VX_ARGUMENTS;
     source.size = *size;

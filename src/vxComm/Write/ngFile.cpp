@@ -55,7 +55,7 @@ std::uint32_t ExpandNgFile(const char* local, File& opened)
     if (!expanded)
         return VX_OPEN_FILE;
     const bool plain = head[kPlainMark] == 'P' && head[kPlainMark + 1] == 'D';
-    const bool written = std::fseek(source.get(), kHeaderSize, SEEK_SET) == 0 &&
+    const bool written = Seek(source, kHeaderSize) &&
                          (plain || WriteAll(expanded, kTransmissionIntro, sizeof kTransmissionIntro)) &&
                          CopyBody(source, expanded, Load32(head + kBodyLengthOffset), block.get()) &&
                          (plain || WriteAll(expanded, &kEndOfMessage, 1)) && std::fflush(expanded.get()) == 0;

@@ -35,8 +35,7 @@ struct Slot
 bool ReadAt(const File& file, std::uint64_t offset, void* buffer, std::size_t size, std::size_t& count)
 {
     // Most chunks follow the one before: a seek would throw the stream's buffer away.
-    if (std::ftell(file.get()) != static_cast<long>(offset) &&
-        std::fseek(file.get(), static_cast<long>(offset), SEEK_SET) != 0)
+    if (Position(file) != offset && !Seek(file, offset))
         return false;
     count = ReadSome(file, buffer, size);
     return true;

@@ -148,7 +148,7 @@ private:
 
     vxXModemLED& line;
     const File& file;
-    std::uint32_t size;
+    std::uint64_t size;
     Check check = Check::Crc;
     Frame frame;
     std::uint8_t last = kNothingYet; // reply
