@@ -30,6 +30,15 @@ says err "VMS has no register 22, or it cannot be written"
 expect 2 modbus VMS get 7 101
 expect 2 modbus LC get 1 2 3
 says err "modbus LC get takes DEVICE REGISTER"
+for numbers in 1 "1 2 3 4 5"; do
+    # shellcheck disable=SC2086
+    expect 2 modbus TLS get $numbers
+    says err "modbus TLS get takes DEVICE [SECTION] REGISTER"
+done
+expect 0 modbus --help
+says out "Usage: vxctl modbus [OPTIONS] CLASS ACTION NUMBERS..."
+says out "NUMBERS NUMBER ... REQUIRED"
+says out "2 to 4: DEVICE [SECTION] REGISTER, and the VALUE to set"
 expect 2 modbus XYZ get 1 2
 expect 1 -s "udp://$place" --timeout 100 --retries 1 modbus LC get 9 5
 expect 1 -s "udp://$place" --timeout 100 --retries 1 modbus ALCS get 3 99

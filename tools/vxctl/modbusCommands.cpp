@@ -135,7 +135,8 @@ void AddModbusCommand(CLI::App& app, Context& context)
         app,
         {"Field devices", "modbus", "Read or write a register of a roadside device",
          R"(CLASS is LC, TLS, ALCS, MLCS, VSLS, TOR, VMS or PVMS. Without SECTION the register is one of the whole device;
-LC and PVMS have no sections. What a register means is the device's.
+LC and PVMS have no sections. So get takes 2 numbers, or 3 with SECTION; set takes one more, the VALUE. What a register
+means is the device's.
 
 Examples:
   vxctl -s serial:/dev/ttyUSB0@9600 modbus LC get 1 5
@@ -143,10 +144,9 @@ Examples:
     const auto request = std::make_shared<Request>();
     command->add_option("CLASS", request->className, "the class of the device")->type_name("CLASS")->required();
     command->add_option("ACTION", request->action, "get or set")->required()->check(CLI::IsMember({"get", "set"}));
-    command->add_option("NUMBERS", request->numbers, "DEVICE [SECTION] REGISTER, and the VALUE to set")
+    command->add_option("NUMBERS", request->numbers, "2 to 4: DEVICE [SECTION] REGISTER, and the VALUE to set")
         ->type_name("NUMBER")
-        ->required()
-        ->expected(2, 4);
+        ->required();
     command->callback([&context, request] { Run(context, *request); });
 }
 
