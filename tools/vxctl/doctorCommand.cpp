@@ -1,5 +1,6 @@
 #include "vxctl/command.h"
 #include "vxctl/condition.h"
+#include "vxctl/doctorAdvice.h"
 #include "vxctl/progressBar.h"
 #include "vxctl/signTable.h"
 #include "vxctl/tone.h"
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 
 namespace vxctl {
 
@@ -40,19 +42,24 @@ public:
     }
 
 private:
-    void Add(const std::string& what, Tone tone, const std::string& text, const std::string& cause = {},
-             const std::string& next = {})
+    void Add(const std::string& what, const std::string& text) { Add(what, Tone::kFine, text, Trouble::kNone); }
+
+    // The cause is that of the trouble's advice, unless the sign tells it; `brought` goes into the next command.
+    void Add(const std::string& what, Tone tone, const std::string& text, Trouble trouble,
+             const std::string& toldCause = {}, const std::string& brought = {})
     {
         const std::string verdict = tone == Tone::kFine ? "ok" : tone == Tone::kDoubtful ? "doubtful" : "wrong";
         Report::Json finding{{"check", what}, {"verdict", verdict}, {"text", text}};
         const Report& report = context.report;
         report.Line(what + std::string(12 - std::min<std::size_t>(what.size(), 11), ' ') + Toned(verdict, tone) +
                     std::string(10 - verdict.size(), ' ') + Printable(text));
+        const DoctorAdvice& advice = AdviceFor(trouble);
+        const std::string cause = advice.cause.empty() ? toldCause : std::string(advice.cause);
         if (!cause.empty()) {
             finding["cause"] = cause;
             report.Line("            cause:    " + Printable(cause));
         }
-        if (!next.empty()) {
+        if (const std::string next = NextCommand(advice, brought); !next.empty()) {
             finding["next"] = next;
             report.Line("            next:     " + next);
         }
@@ -67,12 +74,12 @@ private:
     }
 
     // A failed question is a finding; a line that is down ends the examination.
-    bool Answered(const std::string& what, std::uint32_t result, const std::string& next)
+    bool Answered(const std::string& what, std::uint32_t result, Trouble trouble)
     {
         if (result == VX_OK)
             return true;
-        const std::string advice(AdviceFor(result));
-        Add(what, Tone::kWrong, std::string("refused: ") + vxErrorDesc(result), advice, next);
+        Add(what, Tone::kWrong, std::string("refused: ") + vxErrorDesc(result), trouble,
+            std::string(AdviceFor(result)));
         if (result == VX_ABORTED || result == VX_COMMUNICATION)
             throw SignFailure(result);
         return false;
@@ -106,21 +113,17 @@ private:
         const std::string counts = std::to_string(answered) + " of " + std::to_string(asked) + " answered";
         if (result == VX_ABORTED || answered == 0) {
             const bool serial = context.options.url.starts_with("serial:");
-            Add("line", Tone::kWrong, counts,
-                serial ? "no power, another speed or another cable"
-                       : "no power, another address or port, or a firewall",
-                serial ? "vxctl ports" : "vxctl ping");
+            Add("line", Tone::kWrong, counts, serial ? Trouble::kDeadSerialLine : Trouble::kDeadLine);
             throw SignFailure(result == VX_ABORTED ? VX_ABORTED : VX_COMMUNICATION);
         }
         const std::string times = counts + ", the slowest in " + std::to_string(static_cast<long>(slowest)) + " ms";
         if (answered < asked)
-            Add("line", Tone::kDoubtful, times, "packets get lost: noise, a bad cable or a weak radio link",
-                "vxctl ping -n 100");
+            Add("line", Tone::kDoubtful, times, Trouble::kLostPackets);
         else if (slowest > context.options.timeoutMs / 2.0)
-            Add("line", Tone::kDoubtful, times, "answers take more than half of --timeout",
-                "vxctl --timeout " + std::to_string(std::min(context.options.timeoutMs * 4, 60000U)) + " doctor");
+            Add("line", Tone::kDoubtful, times, Trouble::kSlowLine, {},
+                std::to_string(std::min(context.options.timeoutMs * 4, 60000U)));
         else
-            Add("line", Tone::kFine, times);
+            Add("line", times);
     }
 
     void Protocol()
@@ -128,24 +131,24 @@ private:
         std::uint64_t state = 0;
         if (const std::uint32_t result = vxReadCurrentState(&state, nullptr, 0); result != VX_OK) {
             const bool login = result >= 36912 && result <= 36918;
-            Answered("protocol", result, login ? "vxctl login USER" : "vxctl raw 1 11");
+            Answered("protocol", result, login ? Trouble::kLoginWanted : Trouble::kNoState);
             throw SignFailure(result);
         }
-        Add("protocol", Tone::kFine, "the sign tells its state");
+        Add("protocol", "the sign tells its state");
     }
 
     void Clock()
     {
         ClockTime time;
-        if (!Answered("clock", ReadClock(time), "vxctl raw 5 4"))
+        if (!Answered("clock", ReadClock(time), Trouble::kNoClock))
             return;
         const std::int64_t ahead = MinutesAhead(time, LocalTime());
         const std::string text = FormatTime(time, ' ', false);
         if (std::abs(ahead) <= kClockTolerance)
-            return Add("clock", Tone::kFine, text);
+            return Add("clock", text);
         Add("clock", Tone::kDoubtful,
             text + ", " + std::to_string(std::abs(ahead)) + " minutes " + (ahead > 0 ? "ahead" : "behind"),
-            "never set, an empty battery, or another time zone than this PC", "vxctl clock --set now");
+            Trouble::kWrongClock);
     }
 
     void Drives()
@@ -155,10 +158,9 @@ private:
         for (const DriveSpace& space : spaces)
             letters += space.drive;
         if (letters.find('C') == std::string::npos)
-            Add("drives", Tone::kWrong, "no drive C", "the sign keeps its settings there: its memory may be broken",
-                "vxctl reset --cold");
+            Add("drives", Tone::kWrong, "no drive C", Trouble::kNoSystemDrive);
         else
-            Add("drives", Tone::kFine, letters);
+            Add("drives", letters);
         bool scarce = false;
         for (const DriveSpace& space : spaces) {
             if (!space.IsScarce())
@@ -168,50 +170,49 @@ private:
             Add("storage", Tone::kDoubtful,
                 "drive " + drive + " has " + FormatSize(static_cast<double>(space.FreeBytes())) + " of " +
                     FormatSize(static_cast<double>(space.TotalBytes())) + " free",
-                "messages or logs fill it", "vxctl ls -l " + drive + ":/");
+                Trouble::kScarceDrive, {}, drive);
         }
         if (!scarce && !spaces.empty())
-            Add("storage", Tone::kFine, "room on every drive");
+            Add("storage", "room on every drive");
     }
 
     void Pixels()
     {
         std::uint8_t percent = 100;
-        if (!Answered("pixels", vxPixProgress(&percent), "vxctl raw 16 3"))
+        if (!Answered("pixels", vxPixProgress(&percent), Trouble::kNoPixelProgress))
             return;
         if (percent < 100)
             return Add("pixels", Tone::kDoubtful, "a check is at " + std::to_string(percent) + " %",
-                       "somebody has started it", "vxctl pixels --last");
+                       Trouble::kPixelCheckRuns);
         std::uint32_t bad = 0;
         std::uint32_t signals = 0;
         try {
             bad = CountRows("PixelStatus");
             signals = CountRows("PixelSignalErr");
         } catch (const SignFailure& failure) {
-            Answered("pixels", failure.code, "vxctl pixels");
+            Answered("pixels", failure.code, Trouble::kNoPixelTables);
             return;
         }
         if (bad == 0 && signals == 0)
-            return Add("pixels", Tone::kFine, "the last check has found none that is bad");
+            return Add("pixels", "the last check has found none that is bad");
         Add("pixels", Tone::kWrong,
             std::to_string(bad) + " lamps bad, " + std::to_string(signals) + " without signal at the last check",
-            signals > bad ? "a cable or driver between controller and tiles" : "worn or broken tiles",
-            "vxctl pixels --png bad.png");
+            signals > bad ? Trouble::kBadSignals : Trouble::kBadLamps);
     }
 
     void Warnings()
     {
         std::vector<Warning> warnings;
-        if (!Answered("warnings", ReadWarnings(warnings), "vxctl get E:/errors.xml ."))
+        if (!Answered("warnings", ReadWarnings(warnings), Trouble::kNoWarningReport))
             return;
         if (warnings.empty())
-            return Add("warnings", Tone::kFine, "none");
+            return Add("warnings", "none");
         const Warning& first = warnings.front();
         std::string cause = first.where;
         cause.append(": ").append(first.what).append(" ").append(first.value);
         if (warnings.size() > 1)
             cause += ", and " + std::to_string(warnings.size() - 1) + " more";
-        Add("warnings", Tone::kWrong, std::to_string(warnings.size()), cause, "vxctl warnings");
+        Add("warnings", Tone::kWrong, std::to_string(warnings.size()), Trouble::kWarnings, cause);
     }
 
     Context& context;
@@ -219,20 +220,38 @@ private:
     bool isWell = true;
 };
 
+// Without a sign.
+void ListAdvice(Report& report)
+{
+    TextTable table({{"check"}, {"cause"}, {"next"}});
+    for (const DoctorAdvice& advice : AllDoctorAdvice())
+        table.Add({std::string(advice.check), advice.cause.empty() ? "as the sign tells" : std::string(advice.cause),
+                   NextCommand(advice, advice.usual)});
+    table.Show(report, "advice");
+}
+
 } // namespace
 
 void AddDoctorCommand(CLI::App& app, Context& context)
 {
-    AddCommand(
+    CLI::App* const command = AddCommand(
         app,
         {"State", "doctor", "Look for what is wrong, and tell what to do",
-         R"(Looks at line, protocol, clock, drives, storage, pixels and warnings; nothing on the sign is changed. Each finding has
-its cause and the next command. The exit status is 0 when the sign could be examined, whatever was found.
+         R"(Looks at line, protocol, clock, drives, storage, pixels and warnings. Each finding has its cause and the next command.
+Neither doctor nor what it advises changes anything on the sign; where only a change helps, it names the help that tells
+how. --list tells all that it may advise, and asks no sign. The exit status is 0 when the sign could be examined,
+whatever was found.
 
 Examples:
   vxctl doctor
-  vxctl --json doctor | jq .well)"})
-        ->callback([&context] { Examination(context).Run(); });
+  vxctl --json doctor | jq .well)"});
+    const auto listAlone = std::make_shared<bool>(false);
+    command->add_flag("--list", *listAlone, "tell all that may be advised");
+    command->callback([&context, listAlone] {
+        if (*listAlone)
+            return ListAdvice(context.report);
+        Examination(context).Run();
+    });
 }
 
 } // namespace vxctl

@@ -1,0 +1,55 @@
+// Text as a terminal may have it.
+#pragma once
+
+#include <concepts>
+#include <string>
+#include <string_view>
+
+namespace vxctl {
+
+// The text with a question mark for each character that a terminal obeys or that makes text read otherwise than it
+// stands: controls of 7 and of 8 bits, ends of lines and paragraphs, marks and overrides of the direction of writing. A
+// byte that is no UTF-8 may be such a control too, and becomes a question mark.
+std::string Printable(std::string_view text);
+
+bool IsUtf8(std::string_view text);
+
+enum class Tone
+{
+    kPlain,
+    kFine,
+    kDoubtful,
+    kWrong
+};
+
+// Any text becomes one by conversion, and printable by it: texts come from signs, files and shells. Only colours of
+// vxctl's own get past that.
+class Shown
+{
+public:
+    Shown() = default;
+    template <std::convertible_to<std::string_view> Source>
+    Shown(const Source& source) : text(Printable(source)) // NOLINT(*-explicit-*): text is what people write down
+    {
+    }
+
+    const std::string& Text() const { return text; }
+    bool IsEmpty() const { return text.empty(); }
+
+    friend Shown operator+(Shown left, const Shown& right)
+    {
+        left.text += right.text;
+        return left;
+    }
+
+    // In the colour of its tone, when standard output is a terminal and the environment does not ask for none with
+    // NO_COLOR; else as it is.
+    friend Shown Toned(Shown shown, Tone tone);
+
+private:
+    std::string text;
+};
+
+Shown Toned(Shown shown, Tone tone);
+
+} // namespace vxctl
