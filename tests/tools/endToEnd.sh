@@ -1,9 +1,10 @@
-# What the end-to-end tests share; each is run as SCRIPT VXCTL VXSIM CMAKE and begins by sourcing this file.
+# What the end-to-end tests share; each is run as SCRIPT VXCTL VXSIM CMAKE RELAY and begins by sourcing this file.
 set -uo pipefail
 
 vxctl=$1
 vxsim=$2
 cmake=$3
+hostileRelay=${4-}
 here=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
 signs=()
@@ -46,6 +47,17 @@ same() {
     cmp -s "$1" "$2" || fail "$1 and $2 differ"
 }
 
+# awaitPort FILE: $port becomes the one that a program tells there.
+awaitPort() {
+    for _ in $(seq 200); do
+        port=$(sed -n 's/^udp 127\.0\.0\.1:\([0-9]*\)$/\1/p' "$1" 2>/dev/null)
+        [ -n "$port" ] && return
+        sleep 0.05
+    done
+    echo "nothing listens" >&2
+    exit 1
+}
+
 # start FOLDER OPTION...: starts a sign; its port becomes $port, its process $sign.
 start() {
     local folder=$1
@@ -53,13 +65,16 @@ start() {
     "$vxsim" --port 0 --face none --dir "$folder" "$@" >"$folder.lines" &
     sign=$!
     signs+=("$sign")
-    for _ in $(seq 200); do
-        port=$(sed -n 's/^udp 127\.0\.0\.1:\([0-9]*\)$/\1/p' "$folder.lines")
-        [ -n "$port" ] && return
-        sleep 0.05
-    done
-    echo "the sign does not start" >&2
-    exit 1
+    awaitPort "$folder.lines"
+}
+
+# relay PORT MODE: stands between hosts and the sign at the port as hostileRelay.cpp tells; $url is then that of the relay.
+relay() {
+    local port lines=$work/relay$1$2.lines
+    "$hostileRelay" "$1" "$2" >"$lines" &
+    signs+=("$!")
+    awaitPort "$lines"
+    url=udp://127.0.0.1:$port
 }
 
 # stop PROCESS: asks a sign to end.

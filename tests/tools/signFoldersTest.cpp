@@ -1,6 +1,6 @@
 #include "vxctl/directoryEntry.h"
 #include "vxctl/failure.h"
-#include "vxctl/report.h"
+#include "vxctl/shown.h"
 #include "vxctl/signPaths.h"
 
 #include <algorithm>
@@ -115,9 +115,29 @@ TEST(SignPaths, SayWhatPlays)
         EXPECT_THROW(ParsePlayFile(text), vxctl::UsageError) << text;
 }
 
-TEST(SignPaths, AreNoOrdersToATerminal)
+TEST(ShownText, GivesNoOrdersToATerminal)
 {
-    EXPECT_EQ(vxctl::Printable("a\x1b[2J\n\x7f \xC3\xA4"), "a?[2J?? \xC3\xA4");
+    struct Case
+    {
+        std::string_view text;
+        std::string_view shown;
+    };
+    constexpr Case kCases[] = {
+        {"a\x1b[2J\r\n\t\x7f b", "a?[2J???? b"},
+        {"\x9bK \xC2\x9BK \xC2\x80\xC2\x9F", "?K ?K ??"},
+        {"\xC3\x9B \xC2\xA0 \xE6\xBC\xA2 \xF0\x9F\x98\x80", "\xC3\x9B \xC2\xA0 \xE6\xBC\xA2 \xF0\x9F\x98\x80"},
+        {"\xE2\x80\xAE\xE2\x80\xAA\xE2\x81\xA6\xE2\x81\xA9\xE2\x80\x8E\xE2\x80\x8F\xD8\x9C", "???????"},
+        {"\xE2\x80\xA8\xE2\x80\xA9", "??"},
+        {"\xE2\x80\x8D\xE2\x80\x90\xE2\x80\xAF", "\xE2\x80\x8D\xE2\x80\x90\xE2\x80\xAF"}, // beside those above
+        {"\xC2", "?"},
+        {"\xE2\x80", "??"},
+        {"\xC0\x9B \xED\xA0\x80 \xEF\xBF\xBD", "?? ??? \xEF\xBF\xBD"},
+    };
+    for (const Case& row : kCases) {
+        EXPECT_EQ(vxctl::Shown(row.text).Text(), row.shown);
+        EXPECT_EQ(vxctl::Printable(row.shown), row.shown);
+    }
+    EXPECT_EQ((vxctl::Shown("\xC2") + std::string("\x9B") + "K").Text(), "??K");
 }
 
 } // namespace

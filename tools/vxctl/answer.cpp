@@ -1,9 +1,9 @@
 #include "vxctl/answer.h"
 
 #include "vxctl/failure.h"
+#include "vxctl/terminal.h"
 
 #include <cerrno>
-#include <cstdio>
 #include <poll.h>
 #include <termios.h>
 #include <unistd.h>
@@ -30,7 +30,7 @@ public:
         if (!changed)
             return;
         ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &former);
-        std::fputc('\n', stderr); // the one that was typed was not seen either
+        PrintLine(Stream::kError, {}); // the end that was typed was not seen either
     }
     Unseen(const Unseen&) = delete;
     Unseen& operator=(const Unseen&) = delete;
@@ -68,8 +68,7 @@ std::string Ask(const std::string& question, Echo echo)
 {
     if (!IsAsked())
         return ReadLine();
-    std::fputs(question.c_str(), stderr);
-    std::fflush(stderr);
+    PrintQuestion(question);
     if (echo == Echo::kOn)
         return ReadLine();
     const Unseen unseen;

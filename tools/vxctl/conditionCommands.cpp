@@ -4,8 +4,8 @@
 #include "vxctl/fieldText.h"
 #include "vxctl/numbers.h"
 #include "vxctl/progressBar.h"
+#include "vxctl/shown.h"
 #include "vxctl/textTable.h"
-#include "vxctl/tone.h"
 
 #include <vxsign/control.h>
 #include <vxsign/status.h>
@@ -70,7 +70,7 @@ void ShowRecord(Report& report, const Status& found)
                      std::to_string(record.Value2) + " C, " + std::to_string(record.Value3) + " % humidity");
     report.Value("beacons", "beacon", FormatHex(found.beacon.data(), found.beacon.size(), ""),
                  FormatHex(found.beacon.data(), found.beacon.size()));
-    report.Value("playing", "playing", found.message, found.message.empty() ? "nothing" : Printable(found.message));
+    report.Value("playing", "playing", found.message, found.message.empty() ? "nothing" : found.message);
 }
 
 void ShowPower(Report& report)
@@ -142,7 +142,7 @@ void ShowStatus(Context& context)
     report.Line("warnings            " +
                 (warnings.empty() ? Toned("none", Tone::kFine) : Toned(std::to_string(warnings.size()), Tone::kWrong)));
     for (const Warning& warning : warnings)
-        report.Line("  " + Toned(Printable(warning.where + ": " + warning.what + " " + warning.value), Tone::kWrong));
+        report.Line("  " + Toned(warning.where + ": " + warning.what + " " + warning.value, Tone::kWrong));
 }
 
 // The ring goes to a new file, since the sign deletes its own.

@@ -2,8 +2,8 @@
 #include "vxctl/condition.h"
 #include "vxctl/doctorAdvice.h"
 #include "vxctl/progressBar.h"
+#include "vxctl/shown.h"
 #include "vxctl/signTable.h"
-#include "vxctl/tone.h"
 
 #include <vxsign/pixel.h>
 #include <vxsign/read.h>
@@ -52,12 +52,12 @@ private:
         Report::Json finding{{"check", what}, {"verdict", verdict}, {"text", text}};
         const Report& report = context.report;
         report.Line(what + std::string(12 - std::min<std::size_t>(what.size(), 11), ' ') + Toned(verdict, tone) +
-                    std::string(10 - verdict.size(), ' ') + Printable(text));
+                    std::string(10 - verdict.size(), ' ') + text);
         const DoctorAdvice& advice = AdviceFor(trouble);
         const std::string cause = advice.cause.empty() ? toldCause : std::string(advice.cause);
         if (!cause.empty()) {
             finding["cause"] = cause;
-            report.Line("            cause:    " + Printable(cause));
+            report.Line("            cause:    " + cause);
         }
         if (const std::string next = NextCommand(advice, brought); !next.empty()) {
             finding["next"] = next;

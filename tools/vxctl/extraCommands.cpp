@@ -166,7 +166,7 @@ void ShowWifi(Context& context)
     report.Value("mode", "mode", block[0] < kWifiModes.size() ? kWifiModes.at(block[0]) : std::to_string(+block[0]));
     report.Value("channel", "channel", block[1]);
     const std::string name = TextAt(block, kWifiName);
-    report.Value("name", "name", name, name.empty() ? "none" : Printable(name));
+    report.Value("name", "name", name, name.empty() ? "none" : name);
     report.Value("key", "hasKey", !TextAt(block, kWifiKey).empty(), TextAt(block, kWifiKey).empty() ? "none" : "set");
 }
 

@@ -77,7 +77,7 @@ void List(Context& context, const std::string& path, bool details)
         if (details)
             std::snprintf(front.data(), front.size(), "%10u  %-19s  ", static_cast<unsigned>(entry.size),
                           entry.changed ? FormatTime(*entry.changed, ' ').c_str() : "-");
-        report.Line(front.data() + Printable(entry.name) + (entry.isFolder ? "/" : ""));
+        report.Line(front.data() + entry.name + (entry.isFolder ? "/" : ""));
     }
     report.Put("shortNames", isShort);
     report.Put("entries", std::move(list));

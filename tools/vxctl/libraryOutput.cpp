@@ -1,6 +1,8 @@
 #include "vxctl/libraryOutput.h"
 
-#include <iostream>
+#include "vxctl/failure.h"
+#include "vxctl/terminal.h"
+
 #include <unistd.h>
 #include <utility>
 
@@ -14,13 +16,11 @@ constexpr std::size_t kLongest = 65536;
 
 LibraryOutput::LibraryOutput() : printed(std::tmpfile(), std::fclose)
 {
-    std::cout.flush();
+    Flush();
     std::fflush(stdout);
-    if (!printed)
-        return; // then it is seen
-    former = ::dup(STDOUT_FILENO);
-    if (former >= 0)
-        ::dup2(::fileno(printed.get()), STDOUT_FILENO);
+    former = printed ? ::dup(STDOUT_FILENO) : -1;
+    if (former < 0 || ::dup2(::fileno(printed.get()), STDOUT_FILENO) < 0)
+        throw SignFailure(VX_OPEN_FILE);
 }
 
 LibraryOutput::~LibraryOutput()
@@ -41,8 +41,6 @@ std::string LibraryOutput::Take()
 {
     Restore();
     std::string text(kLongest, '\0');
-    if (!printed)
-        return {};
     std::rewind(printed.get());
     text.resize(std::fread(text.data(), 1, text.size(), printed.get()));
     return text;

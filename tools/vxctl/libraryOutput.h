@@ -7,7 +7,8 @@
 
 namespace vxctl {
 
-// Takes what goes to standard output for as long as it lives, so that it does not stand among the results.
+// Takes what goes to standard output for as long as it lives, so that it does not stand among the results: it may have
+// bytes of a device. Throws SignFailure when there is no room for it.
 class LibraryOutput
 {
 public:

@@ -1,9 +1,10 @@
 #include "vxctl/command.h"
 #include "vxctl/interrupt.h"
+#include "vxctl/terminal.h"
 
 #include <cstdlib>
 #include <exception>
-#include <iostream>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -78,10 +79,15 @@ int Run(int argc, char** argv)
         context.report.Finish(failure.code, failure.reason);
         return kExitFailure;
     } catch (const UsageError& error) {
-        std::cerr << "vxctl: " << error.what() << '\n';
+        PrintLine(Stream::kError, std::string("vxctl: ") + error.what());
         return kExitUsage;
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? EXIT_SUCCESS : kExitUsage;
+        std::ostringstream help;
+        std::ostringstream complaint; // which repeats arguments
+        const int status = app.exit(error, help, complaint);
+        PrintLines(Stream::kOut, help.str());
+        PrintLines(Stream::kError, complaint.str());
+        return status == 0 ? EXIT_SUCCESS : kExitUsage;
     }
 }
 
@@ -92,7 +98,7 @@ int main(int argc, char** argv)
     try {
         return Run(argc, argv);
     } catch (const std::exception& error) {
-        std::cerr << "vxctl: " << error.what() << '\n';
+        PrintLine(Stream::kError, std::string("vxctl: ") + error.what());
         return kExitFailure;
     }
 }

@@ -6,8 +6,8 @@
 #include "vxctl/localFiles.h"
 #include "vxctl/numbers.h"
 #include "vxctl/progressBar.h"
+#include "vxctl/shown.h"
 #include "vxctl/signTable.h"
-#include "vxctl/tone.h"
 
 #include <vxsign/pixel.h>
 

@@ -80,8 +80,8 @@ void AddPlaying(CLI::App& app, Context& context)
             context.Connect();
             const std::string current = AskName(vxGetPlayingFileName);
             const std::string next = AskName(vxGetNextPlayFileName);
-            context.report.Value("playing", "playing", current, current.empty() ? "nothing" : Printable(current));
-            context.report.Value("next", "next", next, next.empty() ? "nothing" : Printable(next));
+            context.report.Value("playing", "playing", current, current.empty() ? "nothing" : current);
+            context.report.Value("next", "next", next, next.empty() ? "nothing" : next);
         });
 }
 

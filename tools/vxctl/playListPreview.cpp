@@ -77,7 +77,7 @@ Report::Json Examine(const PlayList& list, const Wanted& wanted, std::vector<vxs
     vxsim::Font font;
     const auto warn = [&](const std::string& name, const std::string& what) {
         warnings.push_back({{"file", name}, {"warning", what}});
-        report.Line(Printable(name) + ": " + what);
+        report.Line(name + ": " + what);
     };
     std::erase_if(files, [&](const vxsim::FileEntry& file) {
         const fs::path path = list.Folder() / file.path;
@@ -172,8 +172,7 @@ void WriteSheet(const PlayList& list, const Wanted& wanted, const std::vector<vx
         for (int y = 0; y < wanted.size.height; ++y)
             for (int x = 0; x < wanted.size.width; ++x)
                 sheet.Set(column * stepX + x, row * stepY + y, face.At(x, y));
-        report.Line("column " + std::to_string(column + 1) + ", row " + std::to_string(row + 1) + ": " +
-                    Printable(file.path));
+        report.Line("column " + std::to_string(column + 1) + ", row " + std::to_string(row + 1) + ": " + file.path);
     }
     const LocalTarget target(wanted.picture, "preview.png");
     if (!vxsim::WritePngFace(sheet, target.Temporary()))

@@ -54,7 +54,7 @@ private:
         const std::string front = indent + (last ? "`-- " : "|-- ");
         const std::string below = indent + (last ? "    " : "|   ");
         if (row.entry.isGroup) {
-            report.Line(front + Printable(name) + '/');
+            report.Line(front + name + '/');
             const bool isTop = row.level == "/";
             return {{"group", name}, {"entries", Entries(row.level + name + '/', below, isTop ? name : "")}};
         }
@@ -63,9 +63,9 @@ private:
         std::error_code error;
         if (!std::filesystem::exists(list.Folder() / name, error)) {
             shown["missing"] = true;
-            report.Line(front + Printable(name) + "  (missing)");
+            report.Line(front + name + "  (missing)");
         } else {
-            report.Line(front + Printable(name) + (info ? Details(*info) : std::string()));
+            report.Line(front + name + (info ? Details(*info) : std::string()));
         }
         if (!info)
             return shown;

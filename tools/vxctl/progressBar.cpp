@@ -1,5 +1,7 @@
 #include "vxctl/progressBar.h"
 
+#include "vxctl/terminal.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -26,7 +28,7 @@ ProgressBar::~ProgressBar()
 {
     current = nullptr;
     if (drawn)
-        std::fputs("\r\x1b[K", stderr);
+        EraseLine();
 }
 
 void ProgressBar::OnProgress(vxApiConfig* /*config*/, std::uint32_t /*reserved*/, std::uint32_t percent)
@@ -45,9 +47,9 @@ void ProgressBar::Draw(std::uint32_t percent)
     if (!visible || (drawn && percent == shown))
         return;
     const std::uint32_t done = percent * kWidth / 100;
-    std::fprintf(stderr, "\r%s [%s%s] %3u %%", title.c_str(), std::string(done, '#').c_str(),
-                 std::string(kWidth - done, '.').c_str(), static_cast<unsigned>(percent));
-    std::fflush(stderr);
+    std::array<char, 8> figure{};
+    std::snprintf(figure.data(), figure.size(), "%3u %%", static_cast<unsigned>(percent));
+    DrawLine(title + " [" + std::string(done, '#') + std::string(kWidth - done, '.') + "] " + figure.data());
     drawn = true;
     shown = percent;
 }

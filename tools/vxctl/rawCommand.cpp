@@ -36,7 +36,7 @@ void Raw(Context& context, const RawRequest& raw)
         raw.crc ? 1 : 0, requestOut.data(), nullptr, replyOut.data(), nullptr);
     const auto request = PacketAt(requestOut.data(), requestOut.size());
     const auto reply = PacketAt(replyOut.data(), replyOut.size());
-    context.report.Line("request\n" + DumpPacket(request) + "reply\n" + DumpPacket(reply));
+    context.report.Lines("request\n" + DumpPacket(request) + "reply\n" + DumpPacket(reply));
     context.report.Put("request", DescribePacket(request));
     context.report.Put("reply", DescribePacket(reply));
     Check(result);

@@ -1,11 +1,11 @@
 #include "vxctl/report.h"
 
 #include "vxctl/numbers.h"
+#include "vxctl/terminal.h"
 
 #include <vxsign/result.h>
 
 #include <algorithm>
-#include <iostream>
 
 namespace vxctl {
 
@@ -95,28 +95,26 @@ std::string_view AdviceFor(std::uint32_t code)
     return found == std::end(kAdvice) ? std::string_view() : found->text;
 }
 
-std::string Printable(std::string text)
-{
-    const auto isControl = [](char character) {
-        return static_cast<unsigned char>(character) < ' ' || character == 127;
-    };
-    std::replace_if(text.begin(), text.end(), isControl, '?');
-    return text;
-}
-
-void Report::Line(std::string_view text) const
+void Report::Line(const Shown& line) const
 {
     if (!json)
-        std::cout << text << '\n';
+        PrintLine(Stream::kOut, line);
 }
 
-void Report::Value(const std::string& name, const std::string& key, Json value, std::string_view text)
+void Report::Lines(std::string_view lines) const
 {
-    if (!json) {
-        const std::string plain = value.is_string() ? value.get<std::string>() : value.dump();
-        const std::size_t gap = name.size() < kNameWidth ? kNameWidth - name.size() : 1;
-        std::cout << name << std::string(gap, ' ') << (text.empty() ? std::string_view(plain) : text) << '\n';
-    }
+    if (!json)
+        PrintLines(Stream::kOut, lines);
+}
+
+void Report::Value(const std::string& name, const std::string& key, Json value, const Shown& text)
+{
+    const std::size_t gap = name.size() < kNameWidth ? kNameWidth - name.size() : 1;
+    const std::string front = name + std::string(gap, ' ');
+    if (!text.IsEmpty())
+        Line(front + text);
+    else
+        Line(front + (value.is_string() ? value.get<std::string>() : value.dump()));
     Put(key, std::move(value));
 }
 
@@ -128,18 +126,20 @@ bool Report::Finish(std::uint32_t result, std::string_view reason) const
         if (!advice.empty())
             object[reason.empty() ? "advice" : "reason"] = advice;
         object.update(values);
-        // Texts come from signs and shells: what is no UTF-8 in them must not end the program.
-        std::cout << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+        // Texts come from signs and shells. What is no ASCII in them is escaped, so that nothing is lost, and a
+        // terminal shows it; what is no UTF-8 must not end the program.
+        PrintLine(Stream::kOut, object.dump(-1, ' ', true, Json::error_handler_t::replace));
     }
-    std::cout.flush();
-    if (!std::cout)
-        std::cerr << "vxctl: standard output takes no more\n";
+    const bool isTaken = Flush();
+    if (!isTaken)
+        PrintLine(Stream::kError, "vxctl: standard output takes no more");
     if (json || result == VX_OK)
-        return static_cast<bool>(std::cout);
-    std::cerr << "vxctl: error " << result << " (" << FormatWord(result) << "): " << vxErrorDesc(result) << '\n';
+        return isTaken;
+    PrintLine(Stream::kError,
+              "vxctl: error " + std::to_string(result) + " (" + FormatWord(result) + "): " + vxErrorDesc(result));
     if (!advice.empty())
-        std::cerr << "  " << advice << '\n';
-    return static_cast<bool>(std::cout);
+        PrintLine(Stream::kError, "  " + std::string(advice));
+    return isTaken;
 }
 
 } // namespace vxctl

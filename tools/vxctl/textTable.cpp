@@ -46,19 +46,19 @@ void TextTable::Show(Report& report, const std::string& key, TableForm form) con
         }
         return report.Put(key, std::move(objects));
     }
-    TextRow head;
-    std::vector<std::size_t> widths;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        head.push_back(columns[i].key);
-        widths.push_back(Width(head.back()));
-        for (const TextRow& row : rows)
-            widths.back() = std::max(widths.back(), Width(row[i]));
+    // As they are shown, since that is what the columns are to hold.
+    std::vector<TextRow> shown(1);
+    for (const TextColumn& column : columns)
+        shown.front().push_back(column.key);
+    for (const TextRow& row : rows)
+        std::ranges::transform(row, std::back_inserter(shown.emplace_back()), Printable);
+    std::vector<std::size_t> widths(columns.size());
+    for (const TextRow& row : shown) {
+        for (std::size_t i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], Width(row[i]));
     }
-    const auto line = [&](const TextRow& row) {
-        report.Line(Printable(form == TableForm::kCsv ? CsvLine(row) : Columns(row, widths)));
-    };
-    line(head);
-    std::for_each(rows.begin(), rows.end(), line);
+    for (const TextRow& row : shown)
+        report.Line(form == TableForm::kCsv ? CsvLine(row) : Columns(row, widths));
 }
 
 std::string TextTable::Columns(const TextRow& row, const std::vector<std::size_t>& widths) const

@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
-#include <iostream>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -153,14 +152,11 @@ void Upgrade(Context& context, const std::string& file)
     context.report.Put("bytes", static_cast<std::uint32_t>(bytes));
     context.report.Put("blocks", answered);
     context.report.Put("seconds", seconds);
-    context.report.Put("steps", Printable(steps));
+    context.report.Put("steps", steps);
     if (outcome.code == VX_OK)
         return context.report.Line("upgrade: " + std::to_string(answered) + " blocks, " + FormatSize(bytes) + ", " +
                                    FormatSize(rate) + "/s");
-    context.report.Put("reason", outcome.reason);
-    if (!context.report.IsJson() && !outcome.reason.empty())
-        std::cerr << "vxctl: " << outcome.reason << '\n';
-    throw SignFailure(outcome.code);
+    throw SignFailure(outcome.code, outcome.reason);
 }
 
 } // namespace
