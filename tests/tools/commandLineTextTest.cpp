@@ -1,4 +1,5 @@
 #include "vxctl/failure.h"
+#include "vxctl/jsonText.h"
 #include "vxctl/numbers.h"
 #include "vxctl/progressBar.h"
 #include "vxctl/showCodes.h"
@@ -64,6 +65,17 @@ TEST(CommandLineText, SizesHaveTheirUnits)
     EXPECT_EQ(vxctl::FormatSize(999), "999 bytes");
     EXPECT_EQ(vxctl::FormatSize(200000), "200.0 kB");
     EXPECT_EQ(vxctl::FormatSize(4.2e12), "4200.0 GB");
+}
+
+TEST(CommandLineText, JsonIsAsciiAndLosesNothing)
+{
+    using Json = nlohmann::ordered_json;
+    EXPECT_EQ(vxctl::JsonText(Json{{"name", "a\x1b\x7f \xC2\x9B \xC3\xA4 \xE2\x80\xAE \xF0\x9F\x98\x80"}}),
+              R"({"name":"a\u001b\u007f \u009b \u00e4 \u202e \ud83d\ude00"})");
+    EXPECT_EQ(
+        vxctl::JsonText(Json{{"list", {{{"name", "\xE4"}, {"size", 1}}}}, {"names", {"a", "\x9b"}}, {"none", {}}}),
+        R"({"list":[{"name":"\ufffd","nameBytes":"E4","size":1}],"names":["a","\ufffd"],)"
+        R"("namesBytes":["61","9B"],"none":null})");
 }
 
 } // namespace

@@ -247,6 +247,13 @@ for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port"; do
     expect 0 -s "$url" format E --yes
     [ -z "$(ls "$work/sign/E")" ] || fail "format left files"
 done
+# A name that is no UTF-8, and so cannot be whole in JSON, is of use to a script all the same.
+cp "$work/logo.bmp" "$work/sign/D/F/$(printf 'H\366he \233.bmp')"
+expect 0 ls D:/F --json
+bytes=$(sed -n 's/.*"nameBytes":"\([0-9A-F]*\)".*/\1/p' "$work/out")
+[ "$bytes" = 48F66865209B2E626D70 ] || fail "the bytes of the name are '$bytes'"
+expect 0 get "D:/F/$(printf "$(sed 's/../\\x&/g' <<<"$bytes")")" "$work/odd.bmp"
+same "$work/logo.bmp" "$work/odd.bmp"
 expect 1 ls D:/NONE
 expect 1 mkdir Q:/X
 expect 1 mv D:/NONE.BMP A.BMP

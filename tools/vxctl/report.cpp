@@ -1,5 +1,6 @@
 #include "vxctl/report.h"
 
+#include "vxctl/jsonText.h"
 #include "vxctl/numbers.h"
 #include "vxctl/terminal.h"
 
@@ -126,9 +127,7 @@ bool Report::Finish(std::uint32_t result, std::string_view reason) const
         if (!advice.empty())
             object[reason.empty() ? "advice" : "reason"] = advice;
         object.update(values);
-        // Texts come from signs and shells. What is no ASCII in them is escaped, so that nothing is lost, and a
-        // terminal shows it; what is no UTF-8 must not end the program.
-        PrintLine(Stream::kOut, object.dump(-1, ' ', true, Json::error_handler_t::replace));
+        PrintLine(Stream::kOut, JsonText(object));
     }
     const bool isTaken = Flush();
     if (!isTaken)
