@@ -2,6 +2,7 @@
 // is the sign's and MODE one of
 //   escapes  words become orders to a terminal, of the same length
 //   short    a piece of a file has 80 bytes, whatever the sign announced
+//   growing  the first announcement of a file is a byte short
 // Prints its own port as "udp 127.0.0.1:PORT", as a sign does.
 #include "support/packets.h"
 
@@ -14,6 +15,7 @@
 #include <string_view>
 #include <sys/socket.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -63,15 +65,28 @@ void Poison(Bytes& bytes)
     }
 }
 
+bool IsPiece(const Bytes& reply)
+{
+    return reply[12] == 1 && (reply[13] == 2 || reply[13] == 17);
+}
+
 void Shorten(Bytes& reply)
 {
     constexpr std::size_t kShort = 80;
-    const bool isPiece = reply[12] == 1 && (reply[13] == 2 || reply[13] == 17);
-    if (!isPiece || (reply[4] | reply[5] << 8) <= static_cast<int>(kShort))
+    if (!IsPiece(reply) || (reply[4] | reply[5] << 8) <= static_cast<int>(kShort))
         return;
     reply.resize(16U + 4U * reply[14] + kShort);
     reply[4] = kShort;
     reply[5] = 0;
+}
+
+void BeginToGrow(Bytes& reply)
+{
+    constexpr std::size_t kSizeAt = 20; // in the payload of 8 bytes that vxsim gives
+    static bool isAnnounced = false;
+    if (!IsPiece(reply) || reply.size() <= kSizeAt || std::exchange(isAnnounced, true))
+        return;
+    --reply[kSizeAt];
 }
 
 } // namespace
@@ -80,7 +95,8 @@ int main(int argc, char** argv)
 {
     if (argc != 3)
         return 2;
-    const bool escapes = std::string_view(argv[2]) == "escapes";
+    const std::string_view mode = argv[2];
+    void (*const change)(Bytes&) = mode == "escapes" ? Poison : mode == "short" ? Shorten : BeginToGrow;
     const sockaddr_in sign = Loopback(static_cast<std::uint16_t>(std::atoi(argv[1])));
     sockaddr_in here = Loopback(0);
     socklen_t size = sizeof here;
@@ -111,10 +127,7 @@ int main(int argc, char** argv)
         if (got < kHeaderSize)
             continue;
         packet.resize(static_cast<std::size_t>(got));
-        if (escapes)
-            Poison(packet);
-        else
-            Shorten(packet);
+        change(packet);
         const unsigned check = packet[1] == 0xA8 ? vxsign::test::SumField(packet) : vxsign::test::CrcField(packet);
         packet[2] = static_cast<std::uint8_t>(check);
         packet[3] = static_cast<std::uint8_t>(check >> 8);

@@ -51,6 +51,27 @@ says err "File does not exist!"
 [ "$(cat "$work/kept")" = kept ] || fail "a failed read touched its target"
 [ ! -e "$work/kept.part" ] || fail "a failed read left its part"
 
+# A sign that gives less than it announces, a file that grows while it is read, and a PC that has no room for it.
+cp "$work/file" "$work/sign/D/F/FILE.BIN"
+relay "$port" short
+expect 1 -s "$url" get D:/F/FILE.BIN "$work/kept"
+says err "the sign announces 200003 bytes, but 20880 came"
+says err "(0x5003)"
+expect 1 -s "$url" --json get --system CONFIG.SYS "$work/kept"
+member 20483 result
+member "the sign announces 512 bytes, but 80 came" reason
+[ "$(cat "$work/kept")" = kept ] || fail "a short read touched its target"
+expect 0 -s "$url" --chunk 64 get --system CONFIG.SYS "$work/config"
+relay "$port" growing
+expect 0 -s "$url" get D:/F/FILE.BIN "$work/whole"
+same "$work/file" "$work/whole"
+(trap '' XFSZ && ulimit -f 100 && "$vxctl" --json get D:/F/FILE.BIN "$work/kept" >"$work/out") && fail "it has room"
+member 256 result
+member "cannot write $work/kept.part: File too large" reason
+expect 1 get D:/F/FILE.BIN /dev/full
+says err "cannot write /dev/full: it takes no more"
+[ "$(cat "$work/kept")" = kept ] || fail "a read without room touched its target"
+
 # Control, state and packets.
 expect 0 blank
 expect 0 unblank

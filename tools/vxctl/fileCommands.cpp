@@ -1,3 +1,4 @@
+#include "vxctl/announcedSize.h"
 #include "vxctl/command.h"
 #include "vxctl/localFiles.h"
 #include "vxctl/progressBar.h"
@@ -7,6 +8,7 @@
 #include <vxsign/read.h>
 #include <vxsign/write.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -88,14 +90,35 @@ void Put(Context& context, const Transfer& put)
     Run(context, put, "put " + put.path, send, put.local);
 }
 
+// The library takes a file for whole that is not as long as the sign has announced. One that grows meanwhile, as a log
+// does, is whole with any length between two announcements.
+std::uint32_t Receive(Context& context, const Transfer& get, const LocalTarget& target)
+{
+    const auto ask = [&](std::uint32_t& size) { return AskSize(get.path, get.system, context.options.chunk, size); };
+    std::uint32_t before = 0;
+    const std::uint32_t asked = ask(before);
+    if (asked == VX_COMMUNICATION || asked == VX_ABORTED)
+        return asked;
+    const std::string local = target.Temporary().string();
+    const std::uint32_t result = get.system ? vxReadSysFile(get.path.c_str(), local.c_str())
+                                            : vxReadSpecPathFileEx(get.path.c_str(), local.c_str());
+    if (result == VX_CALL)
+        throw SignFailure(result, "cannot write " + local + ": " + target.WhyFull());
+    const auto got = target.Size();
+    if (result != VX_OK || asked != VX_OK || !got || *got == before)
+        return result;
+    std::uint32_t after = before;
+    if (ask(after) == VX_OK && *got >= std::min(before, after) && *got <= std::max(before, after))
+        return VX_OK;
+    throw SignFailure(VX_FAILED_OPERATION,
+                      "the sign announces " + std::to_string(after) + " bytes, but " + std::to_string(*got) + " came");
+}
+
 void Get(Context& context, const Transfer& get)
 {
     CheckSystemName(get);
     const LocalTarget target(get.local, get.path.substr(get.path.find_last_of("\\/:") + 1));
-    const auto receive = [&get, local = target.Temporary().string()] {
-        return get.system ? vxReadSysFile(get.path.c_str(), local.c_str())
-                          : vxReadSpecPathFileEx(get.path.c_str(), local.c_str());
-    };
+    const auto receive = [&] { return Receive(context, get, target); };
     Run(context, get, "get " + get.path, receive, target.Temporary().string());
     target.Keep();
     context.report.Put("local", target.Final().string());
@@ -130,7 +153,9 @@ void AddGet(CLI::App& app, Context& context)
     CLI::App* const command = AddCommand(
         app,
         {kGroup, "get", "Read a file from the sign",
-         R"(LOCAL may be a folder. What arrives goes into LOCAL.part first, so that a failure leaves LOCAL as it was.
+         R"(LOCAL may be a folder. What arrives goes into LOCAL.part first, so that a failure leaves LOCAL as it was. A
+file that is not as long as the sign announces is a failure too, unless it grows meanwhile. A pipe is written straight,
+and is not measured.
 
 Examples:
   vxctl get D:/T/HELLO.NMG hello.nmg

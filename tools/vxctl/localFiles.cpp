@@ -5,6 +5,7 @@
 #include <vxsign/local.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -47,6 +48,25 @@ LocalTarget::~LocalTarget()
     std::error_code error;
     if (temporary != final)
         fs::remove(temporary, error);
+}
+
+std::optional<std::uint64_t> LocalTarget::Size() const
+{
+    std::error_code error;
+    const std::uint64_t size = fs::is_regular_file(temporary, error) ? fs::file_size(temporary, error) : 0;
+    return temporary == final || error ? std::nullopt : std::optional(size);
+}
+
+std::string LocalTarget::WhyFull() const
+{
+    static constexpr std::array<char, 65536> kMore{};
+    if (!Size())
+        return "it takes no more";
+    const std::unique_ptr<FILE, int (*)(FILE*)> file(vxFOpen(temporary.c_str(), "ab"), std::fclose);
+    errno = 0;
+    const bool isWritten =
+        file && std::fwrite(kMore.data(), 1, kMore.size(), file.get()) == kMore.size() && std::fflush(file.get()) == 0;
+    return isWritten ? "it took no more" : std::generic_category().message(errno);
 }
 
 void LocalTarget::Keep() const

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,12 @@ public:
 
     const std::filesystem::path& Final() const { return final; }
     const std::filesystem::path& Temporary() const { return temporary; }
+
+    // Bytes that have come, unless it is no ordinary file.
+    std::optional<std::uint64_t> Size() const;
+
+    // Why it takes no more of them, in the words of this PC. Nothing is tried with what is no ordinary file.
+    std::string WhyFull() const;
 
     // The read went well. Throws SignFailure when the file cannot take its place.
     void Keep() const;
