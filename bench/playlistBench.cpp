@@ -1,6 +1,6 @@
 // A play list of 10,000 files through its XML file, beside what tinyxml2 alone takes to parse and to print the same
 // file; and sequence files of many records.
-#include "util/tempFile.h"
+#include "thread/tempFile.h"
 
 #include <vxsign/vxsign.h>
 

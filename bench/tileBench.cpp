@@ -1,5 +1,5 @@
 // The pixel file of a tile of 64 by 64, saved and loaded in each of its orders, beside a plain copy of the file.
-#include "util/tempFile.h"
+#include "thread/tempFile.h"
 
 #include <vxsign/vxsign.h>
 

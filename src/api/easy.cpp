@@ -1,5 +1,5 @@
 // One file in one call, the connection being an argument.
-#include "api/connection.h"
+#include "thread/connection.h"
 #include "util/localCall.h"
 
 #include <vxsign/read.h>

@@ -1,6 +1,6 @@
 // A named file in either direction, and the picture of what the sign shows.
-#include "api/currentMessage.h"
 #include "playlist/packages.h"
+#include "reports/currentMessage.h"
 #include "util/file.h"
 #include "util/littleEndian.h"
 #include "util/localCall.h"

@@ -1,9 +1,9 @@
 // What the thread knows of its sign, and the communication settings inside the sign's "CONFIG.SYS".
-#include "api/threadRecords.h"
+#include "thread/tempFile.h"
+#include "thread/threadRecords.h"
 #include "util/file.h"
 #include "util/littleEndian.h"
 #include "util/localCall.h"
-#include "util/tempFile.h"
 #include "util/text.h"
 
 #include <vxsign/properties.h>

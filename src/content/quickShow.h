@@ -1,8 +1,8 @@
 // What the quick show functions share: reaching the sign, its drive and its style.
 #pragma once
 
-#include "api/connection.h"
-#include "api/threadRecords.h"
+#include "thread/connection.h"
+#include "thread/threadRecords.h"
 
 #include <array>
 #include <cstdint>

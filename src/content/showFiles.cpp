@@ -1,10 +1,10 @@
 // Quick show of a list of ready files, and of the tube display.
 #include "content/quickShow.h"
 #include "playlist/sequenceFile.h"
+#include "thread/tempFile.h"
 #include "util/file.h"
 #include "util/littleEndian.h"
 #include "util/localCall.h"
-#include "util/tempFile.h"
 #include "util/text.h"
 #include "vxBaseCMD/fields.h"
 

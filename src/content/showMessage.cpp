@@ -2,9 +2,9 @@
 #include "content/nmg.h"
 #include "content/quickShow.h"
 #include "playlist/sequenceFile.h"
+#include "thread/tempFile.h"
 #include "util/file.h"
 #include "util/localCall.h"
-#include "util/tempFile.h"
 
 #include <vxsign/quickshow.h>
 #include <vxsign/result.h>

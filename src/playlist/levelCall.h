@@ -1,8 +1,8 @@
 // The frame of the functions that take a level path.
 #pragma once
 
-#include "api/threadRecords.h"
 #include "playlist/paths.h"
+#include "thread/threadRecords.h"
 #include "util/localCall.h"
 
 #include <vxsign/result.h>

@@ -1,4 +1,4 @@
-#include "playlist.h"
+#include "playlist/playlist.h"
 
 #include <cstdlib>
 

@@ -4,9 +4,9 @@
 // shorter than its head. So a file of any contents makes no more nodes than it has places for their heads.
 #pragma once
 
-#include "api/threadRecords.h"
 #include "playlist/playlist.h"
 #include "playlist/recordFile.h"
+#include "thread/threadRecords.h"
 
 #include <functional>
 #include <string>

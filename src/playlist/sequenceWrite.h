@@ -1,7 +1,7 @@
 // The thread's list as the sign's sequence file.
 #pragma once
 
-#include "api/threadRecords.h"
+#include "thread/threadRecords.h"
 
 namespace vxsign::playlist {
 

@@ -1,10 +1,10 @@
 // The thread's list to the sign and back. Files travel only when their codes in the sign's file list differ.
-#include "api/threadRecords.h"
 #include "playlist/fileList.h"
 #include "playlist/localPath.h"
 #include "playlist/paths.h"
 #include "playlist/sequenceRead.h"
 #include "playlist/sequenceWrite.h"
+#include "thread/threadRecords.h"
 #include "util/localCall.h"
 
 #include <vxsign/local.h>

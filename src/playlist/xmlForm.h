@@ -1,7 +1,7 @@
 // The XML form of a play list: what its elements are called. Values are the text of elements; there are no attributes.
 #pragma once
 
-#include "api/threadRecords.h"
+#include "thread/threadRecords.h"
 
 #include <vxsign/playlist.h>
 

@@ -1,6 +1,6 @@
 // The pixel check from its start to the fetched results.
-#include "api/threadRecords.h"
 #include "platform/clock.h"
+#include "thread/threadRecords.h"
 #include "util/localCall.h"
 
 #include <vxsign/pixel.h>

@@ -1,5 +1,5 @@
 // The status of the sign, gathered from several commands.
-#include "api/currentMessage.h"
+#include "reports/currentMessage.h"
 #include "util/littleEndian.h"
 #include "util/localCall.h"
 #include "util/text.h"

@@ -1,9 +1,9 @@
 // "errors.xml", the sign's report of what is wrong, and the log of its program.
 #include "reports/pattern.h"
+#include "thread/tempFile.h"
 #include "util/file.h"
 #include "util/littleEndian.h"
 #include "util/localCall.h"
-#include "util/tempFile.h"
 #include "util/text.h"
 
 #include <vxsign/read.h>

@@ -3,7 +3,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "util/file.h"
-#include "util/tempFile.h"
+#include "util/tempStamp.h"
 
 #include <cerrno>
 #include <cstdint>

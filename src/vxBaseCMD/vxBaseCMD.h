@@ -1,8 +1,8 @@
 // CBaseCMD: one command to one sign, from its request to its reply.
 #pragma once
 
-#include "api/threadRecords.h"
 #include "channels/CommLink.h"
+#include "thread/threadRecords.h"
 #include "vxBaseCMD/packet.h"
 
 #include <vxsign/api.h>

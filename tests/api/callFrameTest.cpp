@@ -1,7 +1,7 @@
 // What stands around every command: the thread's record, its limits, its callbacks.
-#include "api/socketSupport.h"
 #include "support/scriptedSign.h"
 #include "support/tempFolder.h"
+#include "thread/socketSupport.h"
 #include "vxBaseCMD/call.h"
 
 #include <cstring>

@@ -1,8 +1,8 @@
 // The play list of a thread, in short words.
 #pragma once
 
-#include "api/threadRecords.h"
 #include "playlist/paths.h"
+#include "thread/threadRecords.h"
 
 #include <cstdlib>
 #include <cstring>

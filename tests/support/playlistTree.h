@@ -1,10 +1,10 @@
 // Play lists of tests: made node by node, told as text.
 #pragma once
 
-#include "api/threadRecords.h"
 #include "playlist/playlist.h"
 #include "support/bytes.h"
 #include "support/tempFolder.h"
+#include "thread/threadRecords.h"
 
 #include <sstream>
 #include <string>

@@ -1,8 +1,8 @@
-#include "api/threadRecords.h"
 #include "platform/paths.h"
 #include "platform/serialPorts.h"
 #include "support/fakeClock.h"
 #include "support/tempFolder.h"
+#include "thread/threadRecords.h"
 
 #include <vxsign/local.h>
 #include <vxsign/result.h>

@@ -1,8 +1,8 @@
 // Listings of whole folders, made of several commands.
+#include "thread/tempFile.h"
 #include "util/file.h"
 #include "util/littleEndian.h"
 #include "util/localCall.h"
-#include "util/tempFile.h"
 #include "vxComm/FileCtrl/vxFileCtrlLED.h"
 
 #include <vxsign/filesystem.h>

@@ -1,7 +1,7 @@
 // Play control that ends in a file: screenshot, radar log, default screen settings.
 #include "platform/clock.h"
+#include "thread/tempFile.h"
 #include "util/file.h"
-#include "util/tempFile.h"
 #include "vxBaseCMD/call.h"
 #include "vxComm/Play/vxPlayCtrlLED.h"
 

@@ -1,7 +1,7 @@
 // The message that the sign shows, and its conversion to a picture by the caller.
 #pragma once
 
-#include "api/threadRecords.h"
+#include "thread/threadRecords.h"
 
 #include <string_view>
 

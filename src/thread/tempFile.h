@@ -1,3 +1,4 @@
+// Temporary files that go with their owner.
 #pragma once
 
 #include <vxsign/local.h>
@@ -7,10 +8,6 @@
 #include <cstdio>
 
 namespace vxsign {
-
-/// A number for the name of a temporary file: the clock's, but never the same one twice in this process, since two
-/// threads within one millisecond must not share a file.
-std::uint64_t NextTempStamp();
 
 /// The name of a temporary file, taken at once. The file goes with the object, unless it is to stay.
 class TempFile

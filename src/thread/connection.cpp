@@ -1,4 +1,4 @@
-#include "api/connection.h"
+#include "thread/connection.h"
 
 #include "util/text.h"
 

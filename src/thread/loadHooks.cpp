@@ -1,8 +1,8 @@
 // What happens when the library is loaded and unloaded, and its version.
-#include "api/socketSupport.h"
-#include "api/threadRecords.h"
 #include "platform/paths.h"
 #include "platform/sockets.h"
+#include "thread/socketSupport.h"
+#include "thread/threadRecords.h"
 
 #include <cstdio>
 #include <exception>

@@ -1,14 +1,12 @@
-#include "api/threadRecords.h"
-#include "platform/clock.h"
+// Names of temporary files, in the folder that the thread's callback tells.
 #include "platform/paths.h"
+#include "thread/threadRecords.h"
 #include "util/localCall.h"
-#include "util/tempFile.h"
+#include "util/tempStamp.h"
 
 #include <vxsign/local.h>
 #include <vxsign/result.h>
 
-#include <algorithm>
-#include <atomic>
 #include <cinttypes>
 #include <cstdio>
 
@@ -30,17 +28,6 @@ std::string TempFolder()
 }
 
 } // namespace
-
-std::uint64_t vxsign::NextTempStamp()
-{
-    static std::atomic<std::uint64_t> last = 0;
-    std::uint64_t before = last.load();
-    std::uint64_t stamp = 0;
-    do {
-        stamp = std::max(before + 1, platform::clock.monotonicMs());
-    } while (!last.compare_exchange_weak(before, stamp));
-    return stamp;
-}
 
 std::uint32_t vxGetPCTempFilename(char* out, std::uint32_t outLength, const char* extension)
 {

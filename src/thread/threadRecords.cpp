@@ -1,4 +1,4 @@
-#include "api/threadRecords.h"
+#include "thread/threadRecords.h"
 
 #include <vxsign/result.h>
 
