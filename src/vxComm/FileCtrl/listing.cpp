@@ -3,9 +3,10 @@
 #include "util/file.h"
 #include "util/littleEndian.h"
 #include "util/localCall.h"
-#include "vxComm/FileCtrl/vxFileCtrlLED.h"
+#include "vxComm/shared/dirEntry.h"
 
 #include <vxsign/filesystem.h>
+#include <vxsign/result.h>
 
 #include <algorithm>
 #include <array>

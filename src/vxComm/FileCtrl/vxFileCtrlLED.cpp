@@ -1,7 +1,7 @@
 // The exports of major 7.
-#include "vxComm/FileCtrl/vxFileCtrlLED.h"
-
 #include "vxBaseCMD/call.h"
+#include "vxComm/families.h"
+#include "vxComm/shared/dirEntry.h"
 
 #include <vxsign/filesystem.h>
 #include <vxsign/read.h>
@@ -11,6 +11,9 @@
 using namespace vxsign;
 
 namespace {
+
+// The longest path that a request carries, its terminator included.
+constexpr std::size_t kLongestSignPath = 256;
 
 constexpr char kLongListing[] = "E:\\dlist.dlt"; // where the sign puts it
 

@@ -2,7 +2,7 @@
 
 #include "util/file.h"
 #include "vxBaseCMD/checksum.h"
-#include "vxComm/tileBlock.h"
+#include "vxComm/shared/tileBlock.h"
 
 #include <vxsign/directtile.h>
 #include <vxsign/ondra.h>

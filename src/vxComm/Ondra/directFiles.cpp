@@ -2,8 +2,8 @@
 #include "util/file.h"
 #include "vxComm/Ondra/calibrationFile.h"
 #include "vxComm/Ondra/vxOndraLED.h"
-#include "vxComm/repeatedRequest.h"
-#include "vxComm/tileBlock.h"
+#include "vxComm/shared/repeatedRequest.h"
+#include "vxComm/shared/tileBlock.h"
 
 #include <vxsign/directtile.h>
 #include <vxsign/ondra.h>

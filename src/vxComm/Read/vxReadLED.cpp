@@ -2,7 +2,7 @@
 #include "vxComm/Read/vxReadLED.h"
 
 #include "vxBaseCMD/call.h"
-#include "vxComm/boardAddress.h"
+#include "vxComm/shared/boardAddress.h"
 
 #include <vxsign/read.h>
 

@@ -2,7 +2,7 @@
 
 #include "util/file.h"
 #include "vxBaseCMD/vxBaseCMD.h"
-#include "vxComm/fileRecord.h"
+#include "vxComm/shared/fileRecord.h"
 
 namespace vxsign {
 

@@ -4,7 +4,7 @@
 #include "util/littleEndian.h"
 #include "util/localCall.h"
 #include "vxComm/Tarsis/pixelLayout.h"
-#include "vxComm/tileBlock.h"
+#include "vxComm/shared/tileBlock.h"
 
 #include <vxsign/local.h>
 #include <vxsign/result.h>

@@ -3,7 +3,7 @@
 #include "util/file.h"
 #include "util/littleEndian.h"
 #include "vxComm/Tarsis/vxTarsisLED.h"
-#include "vxComm/tileBlock.h"
+#include "vxComm/shared/tileBlock.h"
 
 #include <vxsign/tarsis.h>
 #include <vxsign/write.h>

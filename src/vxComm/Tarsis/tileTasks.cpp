@@ -3,8 +3,8 @@
 
 #include "platform/clock.h"
 #include "vxBaseCMD/call.h"
-#include "vxComm/repeatedRequest.h"
-#include "vxComm/tileBlock.h"
+#include "vxComm/shared/repeatedRequest.h"
+#include "vxComm/shared/tileBlock.h"
 
 #include <vxsign/tarsis.h>
 

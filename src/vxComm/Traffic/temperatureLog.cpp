@@ -4,7 +4,7 @@
 #include "util/localCall.h"
 #include "util/text.h"
 #include "util/timeText.h"
-#include "vxComm/FileCtrl/vxFileCtrlLED.h"
+#include "vxComm/shared/dirEntry.h"
 
 #include <vxsign/filesystem.h>
 #include <vxsign/read.h>

@@ -1,9 +1,8 @@
 // The commands of the traffic signal controller.
-#include "vxComm/Traffic/vxTrafficLED.h"
-
 #include "util/file.h"
 #include "vxBaseCMD/call.h"
-#include "vxComm/clockFields.h"
+#include "vxComm/families.h"
+#include "vxComm/shared/clockFields.h"
 
 #include <vxsign/traffic.h>
 

@@ -2,7 +2,7 @@
 #include "vxComm/Write/vxWriteLED.h"
 
 #include "vxComm/Write/ngFile.h"
-#include "vxComm/boardAddress.h"
+#include "vxComm/shared/boardAddress.h"
 
 namespace vxsign {
 namespace {

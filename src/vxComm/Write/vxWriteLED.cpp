@@ -2,7 +2,7 @@
 #include "vxComm/Write/vxWriteLED.h"
 
 #include "vxBaseCMD/call.h"
-#include "vxComm/boardAddress.h"
+#include "vxComm/shared/boardAddress.h"
 
 #include <vxsign/write.h>
 

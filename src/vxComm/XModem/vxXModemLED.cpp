@@ -1,9 +1,8 @@
 // The upgrade of a device by XMODEM: its steps, and what it prints of them.
-#include "vxComm/XModem/vxXModemLED.h"
-
 #include "util/file.h"
 #include "vxBaseCMD/call.h"
 #include "vxComm/XModem/xmodemFrame.h"
+#include "vxComm/families.h"
 
 #include <vxsign/xmodem.h>
 

@@ -1,7 +1,6 @@
 // The exports of major 16.
-#include "vxComm/Pixcel/vxPixcelLED.h"
-
 #include "vxBaseCMD/call.h"
+#include "vxComm/families.h"
 
 #include <vxsign/pixel.h>
 #include <vxsign/read.h>

@@ -1,8 +1,7 @@
 // The exports of major 54.
-#include "vxComm/Park/vxParkLED.h"
-
 #include "vxBaseCMD/call.h"
-#include "vxComm/joined.h"
+#include "vxComm/families.h"
+#include "vxComm/shared/joined.h"
 
 #include <vxsign/zones.h>
 

@@ -1,6 +1,6 @@
-#include "vxComm/TB/vxTBLED.h"
-
+// The export of major 14.
 #include "vxBaseCMD/call.h"
+#include "vxComm/families.h"
 
 #include <vxsign/test.h>
 

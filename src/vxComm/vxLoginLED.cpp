@@ -1,7 +1,6 @@
 // The exports of major 10.
-#include "vxComm/Login/vxLoginLED.h"
-
 #include "vxBaseCMD/call.h"
+#include "vxComm/families.h"
 
 #include <vxsign/login.h>
 

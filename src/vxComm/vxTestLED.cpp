@@ -1,7 +1,6 @@
 // The exports of major 3.
-#include "vxComm/Test/vxTestLED.h"
-
 #include "vxBaseCMD/call.h"
+#include "vxComm/families.h"
 
 #include <vxsign/test.h>
 

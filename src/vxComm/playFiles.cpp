@@ -3,7 +3,7 @@
 #include "thread/tempFile.h"
 #include "util/file.h"
 #include "vxBaseCMD/call.h"
-#include "vxComm/Play/vxPlayCtrlLED.h"
+#include "vxComm/families.h"
 
 #include <vxsign/play.h>
 #include <vxsign/read.h>

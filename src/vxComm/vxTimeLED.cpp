@@ -1,8 +1,7 @@
 // The exports of major 5.
-#include "vxComm/Time/vxTimeLED.h"
-
 #include "vxBaseCMD/call.h"
-#include "vxComm/clockFields.h"
+#include "vxComm/families.h"
+#include "vxComm/shared/clockFields.h"
 
 #include <vxsign/test.h>
 

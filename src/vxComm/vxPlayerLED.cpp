@@ -1,8 +1,7 @@
 // The exports of major 122.
-#include "vxComm/Player/vxPlayerLED.h"
-
 #include "vxBaseCMD/call.h"
-#include "vxComm/joined.h"
+#include "vxComm/families.h"
+#include "vxComm/shared/joined.h"
 
 #include <vxsign/player.h>
 

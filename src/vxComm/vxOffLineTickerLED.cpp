@@ -1,6 +1,6 @@
-#include "vxComm/OffLineTicker/vxOffLineTickerLED.h"
-
+// The exports of major 9.
 #include "vxBaseCMD/call.h"
+#include "vxComm/families.h"
 
 #include <vxsign/ticker.h>
 

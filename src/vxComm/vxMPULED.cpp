@@ -1,7 +1,6 @@
 // The exports of major 53.
-#include "vxComm/MPU/vxMPULED.h"
-
 #include "vxBaseCMD/call.h"
+#include "vxComm/families.h"
 
 #include <vxsign/video.h>
 

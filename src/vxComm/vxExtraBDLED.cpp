@@ -1,7 +1,6 @@
 // The exports of major 96.
-#include "vxComm/ExtraBD/vxExtraBDLED.h"
-
 #include "vxBaseCMD/call.h"
+#include "vxComm/families.h"
 
 #include <vxsign/extra.h>
 

@@ -1,7 +1,6 @@
 // The exports of major 52.
-#include "vxComm/VPU/vxVPULED.h"
-
 #include "vxBaseCMD/call.h"
+#include "vxComm/families.h"
 
 #include <vxsign/video.h>
 

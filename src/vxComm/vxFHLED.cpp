@@ -1,6 +1,6 @@
-#include "vxComm/FH/vxFHLED.h"
-
+// The exports of major 17.
 #include "vxBaseCMD/call.h"
+#include "vxComm/families.h"
 
 #include <vxsign/control.h>
 

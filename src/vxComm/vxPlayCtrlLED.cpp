@@ -1,7 +1,6 @@
 // The exports of major 6.
-#include "vxComm/Play/vxPlayCtrlLED.h"
-
 #include "vxBaseCMD/call.h"
+#include "vxComm/families.h"
 
 #include <vxsign/play.h>
 

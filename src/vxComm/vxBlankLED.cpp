@@ -1,8 +1,7 @@
 // The exports of major 4.
-#include "vxComm/Blank/vxBlankLED.h"
-
 #include "platform/clock.h"
 #include "vxBaseCMD/call.h"
+#include "vxComm/families.h"
 
 #include <vxsign/control.h>
 

@@ -1,8 +1,7 @@
 // The exports of major 8.
-#include "vxComm/Ticker/vxTickerLED.h"
-
 #include "vxBaseCMD/call.h"
-#include "vxComm/fileRecord.h"
+#include "vxComm/families.h"
+#include "vxComm/shared/fileRecord.h"
 
 #include <vxsign/ticker.h>
 
