@@ -29,21 +29,15 @@ void CommLink::Initialise(std::uint32_t channelKind, const char* hostText, std::
 
 bool CommLink::OpenChannel(const Patience& patience)
 {
-    const auto local = static_cast<std::uint16_t>(localPort);
-    const auto remote = static_cast<std::uint16_t>(remotePort);
+    if (!channel)
+        return false;
+    const Route route{static_cast<std::uint16_t>(localPort), host.data(), static_cast<std::uint16_t>(remotePort),
+                      FieldText(serialName.data(), serialName.size()), baudRate};
     try {
-        if (auto* udp = dynamic_cast<VXClientUDP*>(channel.get()))
-            return udp->Open(local, host.data(), remote);
-        if (auto* tcp = dynamic_cast<VXClientTCP*>(channel.get()))
-            return tcp->Open(local, host.data(), remote, patience);
-        if (auto* serial = dynamic_cast<VXSerialPort*>(channel.get())) {
-            serial->Open(FieldText(serialName.data(), serialName.size()), baudRate);
-            return true;
-        }
-    } catch (
-        const std::exception&) { // a serial port that cannot be opened; the caller sees what a refused connection gives
+        return channel->Open(route, patience);
+    } catch (const std::exception&) { // a serial port: the caller sees what a refused connection gives
+        return false;
     }
-    return false;
 }
 
 } // namespace vxsign

@@ -14,6 +14,10 @@ public:
     /// False when a socket is open already, host is null or no IPv4 address within its 16 bytes, the sign does not take
     /// the connection, or patience is over before it does.
     bool Open(std::uint16_t port, const char* hostText, std::uint16_t signPort, const Patience& patience);
+    bool Open(const Route& route, const Patience& patience) override
+    {
+        return Open(route.localPort, route.host, route.remotePort, patience);
+    }
 
     std::uint32_t Write(const char* buffer, std::uint32_t length, std::uint32_t timeoutMs) override;
     /// The sign's orderly end reads as 0, like a time-out.

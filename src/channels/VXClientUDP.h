@@ -13,6 +13,10 @@ class VXClientUDP : public VXCommBase
 public:
     /// False when a socket is open already, host is null, or there is no socket to be had.
     bool Open(std::uint16_t port, const char* hostText, std::uint16_t signPort);
+    bool Open(const Route& route, const Patience& /*patience*/) override
+    {
+        return Open(route.localPort, route.host, route.remotePort);
+    }
 
     std::uint32_t Write(const char* buffer, std::uint32_t length, std::uint32_t timeoutMs) override;
     std::uint32_t Read(char* buffer, std::uint32_t capacity, std::uint32_t timeoutMs) override;

@@ -13,6 +13,11 @@ class VXSerialPort : public VXCommBase
 public:
     /// Closes what is open first.
     void Open(std::string_view serialName, std::uint32_t baudRate);
+    bool Open(const Route& route, const Patience& /*patience*/) override
+    {
+        Open(route.serialName, route.baudRate);
+        return true;
+    }
 
     std::uint32_t Write(const char* buffer, std::uint32_t length, std::uint32_t timeoutMs) override;
     /// Reads for at most timeoutMs, and ends 50 ms behind the last byte.

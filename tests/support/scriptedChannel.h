@@ -24,6 +24,8 @@ public:
     {
     }
 
+    bool Open(const Route& /*route*/, const Patience& /*patience*/) override { return true; }
+
     std::uint32_t Write(const char* buffer, std::uint32_t length, std::uint32_t /*timeoutMs*/) override
     {
         requests.push_back({Bytes(buffer, buffer + length)});
