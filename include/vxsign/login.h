@@ -1,5 +1,5 @@
-/* Login and passwords. A sign that asks for a login refuses other commands with 36912 until someone is logged in; it is
- * the sign that remembers who, and it tells a second user with 36917. */
+/* Login and passwords. A sign that asks for a login refuses other commands with VX_LOGIN_WANTED until someone is logged
+ * in; it is the sign that remembers who, and it tells a second user with VX_IN_USE. */
 #ifndef VXSIGN_LOGIN_H
 #define VXSIGN_LOGIN_H
 
@@ -8,7 +8,7 @@
 VXSIGN_BEGIN
 
 /* The first 13 characters of a user name and the first 6 of a password count; the rest is cut silently. The sign
- * refuses with 36913 (password), 36914 (user), 36915 (old password) or 36918 (no such right). */
+ * refuses with VX_WRONG_PASSWORD, VX_WRONG_USER, VX_WRONG_OLD_PASSWORD or VX_NO_PERMISSION. */
 VXSIGN_API uint32_t vxLogin(const char* user, const char* password);
 VXSIGN_API uint32_t vxLogout(void);
 VXSIGN_API uint32_t vxChangePSW(const char* user, const char* oldPassword, const char* newPassword);

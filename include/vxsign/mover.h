@@ -30,8 +30,8 @@ VXSIGN_API uint32_t vxRWFile(const char* local, const char* path, uint32_t mode)
 
 /* Has onMessageToGif (vxApiConfig), with the settings 20 and 1000, turn the message that the sign shows now into the
  * file gifPath. The message file is looked for in tempFolder, under the name that the sign tells, less any folder; it
- * is "__BLANK.VXB" when nothing plays, and the result is then 26369. The folder and the name are joined with a
- * backslash. Returns what vxGetPlayingFileName gives, whatever the converter does. */
+ * is "__BLANK.VXB" when nothing plays, and the result is then VX_NOTHING_PLAYS. The folder and the name are joined
+ * with a backslash. Returns what vxGetPlayingFileName gives, whatever the converter does. */
 VXSIGN_API uint32_t vxCurrentMsg2Gif(const char* tempFolder, const char* gifPath);
 
 VXSIGN_END

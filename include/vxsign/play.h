@@ -30,7 +30,7 @@ VXSIGN_API uint32_t vxPlaySpePlaylist(uint8_t index);
 VXSIGN_API uint32_t vxReadSpePlayListIndex(uint8_t* out);
 
 /* The name of the file that plays, and of the next. out is cleared and gets outLength bytes at most; a name that fills
- * it has no terminator. 26369 when nothing plays. */
+ * it has no terminator. VX_NOTHING_PLAYS when nothing plays. */
 VXSIGN_API uint32_t vxGetPlayingFileName(char* out, uint32_t outLength);
 VXSIGN_API uint32_t vxGetNextPlayFileName(char* out, uint32_t outLength);
 

@@ -101,9 +101,9 @@ VXSIGN_API uint32_t vxLoadSYSFromLED(const char* path);
  * directory, which is made if it is missing; a name that would leave the directory is not copied. Results as above. */
 VXSIGN_API uint32_t vxLoadPLSFromPC(const char* path);
 
-/* Adds a group (path "/") or a sub-group (path "/G/") at index, or at the end. 20483 when the name is taken, in the way
- * the list looks for it, or G is unknown: a sub-group is compared with the children of the group before G, for the
- * first group with the groups. */
+/* Adds a group (path "/") or a sub-group (path "/G/") at index, or at the end. VX_FAILED_OPERATION when the
+ * name is taken, in the way the list looks for it, or G is unknown: a sub-group is compared with the children of the
+ * group before G, for the first group with the groups. */
 VXSIGN_API uint32_t vxPLAddGroup(char* path, uint16_t index, char* name, uint8_t playType);
 
 /* Gives a group, with its default child, or a sub-group another name and type. */

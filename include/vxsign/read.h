@@ -6,8 +6,8 @@
  *
  * Arguments are those of write.h. Beyond the results that all commands share, a file transfer returns VX_OPEN_FILE when
  * the local file cannot be made, VX_CALL when it cannot be written, VX_FILE_NOT_EXISTS when the sign announces a size
- * of 0, which leaves the file empty, and 4353 ("Oversize when reading!", which signs answer too) for a file of more
- * than 65535 packets, unless the function has packet numbers of 32 bits.
+ * of 0, which leaves the file empty, and VX_READ_TOO_LONG, which signs answer too, for a file of more than
+ * 65535 packets, unless the function has packet numbers of 32 bits.
  */
 #ifndef VXSIGN_READ_H
 #define VXSIGN_READ_H

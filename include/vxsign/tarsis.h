@@ -5,7 +5,7 @@
  *
  * A task is started by one call, which gives its id; vxTarsisGetResult waits for its end. The calls that move files or
  * send a command wait by themselves; they sleep in the calling thread and report through onProgress. How a task ended
- * is a word from 3072 on, which vxErrorDesc knows.
+ * is one of the words VX_TASK_...
  */
 #ifndef VXSIGN_TARSIS_H
 #define VXSIGN_TARSIS_H
@@ -82,9 +82,9 @@ typedef struct TilePixelBlockHeader
 VXSIGN_API uint32_t vxTarsisGetTileStat(uint16_t tile, uint32_t* taskId);
 VXSIGN_API uint32_t vxTarsisTileTest(uint16_t tile, uint8_t testCode, uint32_t* taskId);
 
-/* Waits for the end of a task, five minutes or so at most, asking every 100 ms. status is written in any case: 3073
- * when buffer has got the result, as much of it as bufferSize takes; 3072 or 3075 when the task has not ended;
- * otherwise how it ended. Returns the result of the last question. */
+/* Waits for the end of a task, five minutes or so at most, asking every 100 ms. status is written in any case:
+ * VX_TASK_SUCCESS when buffer has got the result, as much of it as bufferSize takes; VX_TASK_WAITING or
+ * VX_TASK_PROCESSING when the task has not ended; otherwise how it ended. Returns the result of the last question. */
 VXSIGN_API uint32_t vxTarsisGetResult(uint32_t taskId, uint8_t* buffer, uint32_t bufferSize, uint16_t* status);
 
 /* Sends a tile a command and waits. Returns how the task ended, 0 for success. VX_ARGUMENTS for 495 to 65534; 65535

@@ -12,8 +12,8 @@ VXSIGN_BEGIN
 VXSIGN_API uint32_t vxTickerStart(uint8_t first, uint8_t second, uint8_t third);
 VXSIGN_API uint32_t vxTickerStop(void);
 
-/* Which buffer can receive: status becomes 33537 (buffer 3), 33538 or 33539 (buffer 1); vxErrorDesc has the words. A
- * sign that answers without such a word gives 0 too, and status stays as it was. */
+/* Which buffer can receive: status becomes VX_BUFFER_3_READY, VX_BUFFER_1_READY or VX_BUFFER_1_READY_TOO;
+ * vxErrorDesc has the words. A sign that answers without such a word gives 0 too, and status stays as it was. */
 VXSIGN_API uint32_t vxGetBufferStatus(uint16_t* status);
 
 /* Sends length bytes into the receiving buffer, in packets of dataSize (vxApiConfig), 65535 of them at most. onProgress

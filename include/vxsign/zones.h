@@ -7,8 +7,8 @@
  * bytes, and a 4j form that takes pointers to the records.
  *
  * A request holds 3072 bytes, with all that belongs to it; what does not fit gives VX_ARGUMENTS. The sign refuses with
- * 14049 (page number), 14050 (page not configured), 14051 (more than 12 pages), 14052 (zone number), 14053 (zone not
- * configured) or 14054 (more than 20 pages).
+ * VX_BAD_PAGE, VX_PAGE_NOT_CONFIGURED, VX_TOO_MANY_PAGES (more than 12), VX_BAD_ZONE, VX_ZONE_NOT_CONFIGURED or
+ * VX_BAD_PAGE_COUNT (more than 20).
  */
 #ifndef VXSIGN_ZONES_H
 #define VXSIGN_ZONES_H

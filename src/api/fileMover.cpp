@@ -117,7 +117,7 @@ std::uint32_t vxCurrentMsg2Gif(const char* tempFolder, const char* gifPath)
     return LocalCall<std::uint32_t>(VX_COMMUNICATION, [=] {
         char playing[kPlayingPathSize] = {};
         const std::uint32_t result = vxGetPlayingFileName(playing, sizeof playing);
-        if (result != VX_OK && result != kNothingPlays)
+        if (result != VX_OK && result != VX_NOTHING_PLAYS)
             return result;
         vxApiConfig* const config = ThreadConfig();
         if (config == nullptr || config->onMessageToGif == nullptr)

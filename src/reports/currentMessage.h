@@ -7,8 +7,7 @@
 
 namespace vxsign {
 
-/// The sign's answer when nothing plays ("No current display file!"), and the message that stands for it.
-constexpr std::uint32_t kNothingPlays = 26369;
+/// The message that stands for none, where the sign answers VX_NOTHING_PLAYS.
 constexpr std::string_view kBlankMessage = "__BLANK.VXB";
 
 /// The longest path that the sign is asked for.

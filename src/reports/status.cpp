@@ -29,10 +29,6 @@ using Beacon = std::array<std::uint8_t, 8>;
 
 constexpr std::uint8_t kFlaggedStatistics = 9;
 
-// What a sign says that has no sign beacon.
-constexpr std::uint32_t kUnknownCommand = 36869;
-constexpr std::uint32_t kUnsupportedCommand = 36881;
-
 // A position has this added to each of its degrees; what is not above the limit is none.
 constexpr float kPositionOffset = 2000.0F;
 constexpr float kPositionLimit = 1000.0F;
@@ -96,7 +92,7 @@ std::uint32_t ReadSignBeacon(Beacon& beacon)
 {
     Beacon own{};
     const std::uint32_t result = vxGetSignBeacon(own.data());
-    if (result == kUnknownCommand || result == kUnsupportedCommand)
+    if (result == VX_UNKNOWN_MINOR || result == VX_COMMAND_NOT_SUPPORTED) // it has no beacon of its own
         return vxGetBeacon(beacon.data());
     own = {}; // asked for twice
     vxGetSignBeacon(own.data());
@@ -123,9 +119,9 @@ std::string ShownMessage(vxApiConfig& config, const std::string& tempFolder)
     std::string message = tempFolder + std::string(MessageName(FieldText(playing, sizeof playing)));
     if (config.onMessageToGif == nullptr)
         return message;
-    if (result == kNothingPlays)
+    if (result == VX_NOTHING_PLAYS)
         message = tempFolder + '\\' + std::string(kBlankMessage);
-    if (result == VX_OK || result == kNothingPlays)
+    if (result == VX_OK || result == VX_NOTHING_PLAYS)
         ConvertMessage(config, message.c_str(), (tempFolder + "monitor.gif").c_str());
     return message;
 }

@@ -117,7 +117,7 @@ std::uint32_t CBaseCMD::Exchange(const std::uint8_t* request, std::uint32_t requ
         result = VX_OK;
     else if (status == 1) {
         const std::uint16_t code = Load16(reply + header::kSize);
-        result = code == kProcessOk ? static_cast<std::uint32_t>(VX_OK) : code;
+        result = code == VX_PROCESS_OK ? static_cast<std::uint32_t>(VX_OK) : code;
     }
     if (result != VX_OK)
         Log(kFailedCommandLine, 3, vxErrorDesc(result));

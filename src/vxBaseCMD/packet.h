@@ -35,9 +35,6 @@ constexpr std::size_t kSize = 16;
 constexpr std::uint32_t kLongestPayload = 255 * 4;
 constexpr std::uint32_t kLongestExtended = 65535;
 
-/// "Process OK": a sign's code that counts as success.
-constexpr std::uint32_t kProcessOk = 36864;
-
 /// Mode of vxChkSum.
 enum ChecksumMode : std::uint32_t
 {

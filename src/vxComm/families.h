@@ -1,5 +1,5 @@
-// The command families that add nothing to CBaseCMD. Each stands for its rows of the protocol, and tells them apart where
-// a command is made or a breakpoint is set.
+// The command families that add nothing to CBaseCMD. Each stands for its rows of the protocol, and tells them apart
+// where a command is made or a breakpoint is set.
 #pragma once
 
 #include "vxBaseCMD/vxBaseCMD.h"

@@ -7,14 +7,6 @@
 
 using namespace vxsign;
 
-namespace {
-
-// The sign tells which of its buffers takes data in the place of a refusal: any number from the first to the last.
-constexpr std::uint32_t kFirstBufferStatus = 33537;
-constexpr std::uint32_t kLastBufferStatus = 33539;
-
-} // namespace
-
 std::uint32_t vxTickerStart(std::uint8_t first, std::uint8_t second, std::uint8_t third)
 {
     return Send<vxTickerLED>({8, 1}, Payload(Fields<4>(first, second, third)));
@@ -29,7 +21,7 @@ std::uint32_t vxGetBufferStatus(std::uint16_t* status)
 {
     return Call<vxTickerLED>(Required(status), [=](vxTickerLED& sign) -> std::uint32_t {
         const std::uint32_t result = sign.Request(8, 3);
-        if (result < kFirstBufferStatus || result > kLastBufferStatus)
+        if (result < VX_BUFFER_3_READY || result > VX_BUFFER_1_READY_TOO) // in the place of a refusal
             return result;
         *status = static_cast<std::uint16_t>(result);
         return VX_OK;

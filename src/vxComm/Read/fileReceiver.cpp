@@ -11,7 +11,6 @@ constexpr std::uint8_t kMajor = 1;
 constexpr std::uint8_t kDataFlashInfoMinor = 28;
 constexpr std::uint8_t kDataFlashMinor = 29;
 constexpr std::uint32_t kDataFlashWaitMs = 3000;
-constexpr std::uint32_t kOversize = 4353; // "Oversize when reading!"
 
 // The record of a request without its packet number; false for a minor that reads no file.
 bool LayOut(FileRecord& record, std::uint8_t minor, const char* name, char disk, std::uint16_t chunk)
@@ -88,7 +87,7 @@ std::uint32_t vxReadLED::ReceiveFileChunks(std::uint8_t minor, const char* name,
         return result;
     const std::uint32_t total = PacketCount(size, chunkSize);
     if (total > record.LastPacketNumber()) // a number that wraps would bring the beginning of the file again
-        return kOversize;
+        return VX_READ_TOO_LONG;
     return ReceiveAll(minor, 2, total, record, file);
 }
 

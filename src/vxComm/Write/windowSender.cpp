@@ -96,7 +96,7 @@ private:
         return frame[header::kMajor] == kMajor && frame[header::kMinor] == kMinor &&
                length >= header::kSize + sizeof(std::uint16_t) &&
                Load16(frame + header::kChecksum) == vxChkSum(frame, header::kExtendedLength, length, mode) &&
-               Load16(frame + header::kSize) == kProcessOk;
+               Load16(frame + header::kSize) == VX_PROCESS_OK;
     }
 
     void Drop(std::size_t count)
