@@ -89,7 +89,7 @@ std::uint32_t Move(vxApiConfig& config, const char* local, const char* path, boo
         if (read) // packages go one way only
             return VX_OK;
         return playlist::SendPackage(config, local,
-                                     flatPackage ? playlist::PackageForm::Flat : playlist::PackageForm::Tree);
+                                     flatPackage ? playlist::PackageForm::kFlat : playlist::PackageForm::kTree);
     }
     if (name == "TRAFFICLIGHT.SYS")
         return read ? ReadTrafficLight(config, local) : WriteTrafficLight(local);

@@ -1,3 +1,4 @@
+// Makes and opens the channel that the settings name.
 #include "channels/CommLink.h"
 
 #include "channels/VXClientTCP.h"

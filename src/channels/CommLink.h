@@ -1,3 +1,4 @@
+// Which channel a command uses, and how it is opened.
 #pragma once
 
 #include "channels/VXCommBase.h"

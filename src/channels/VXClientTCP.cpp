@@ -1,3 +1,4 @@
+// The channel over TCP: connecting with patience, reading and writing.
 #include "channels/VXClientTCP.h"
 
 #include "util/text.h"
@@ -10,7 +11,7 @@ namespace vxsign {
 bool VXClientTCP::Open(std::uint16_t port, const char* hostText, std::uint16_t signPort, const Patience& patience)
 {
     using platform::Socket;
-    if (socket.IsOpen() || hostText == nullptr || !socket.Open(Socket::Kind::Stream) || !socket.Bind(port))
+    if (socket.IsOpen() || hostText == nullptr || !socket.Open(Socket::Kind::kStream) || !socket.Bind(port))
         return false;
     localPort = port;
     CopyToField(host.data(), host.size(), FieldText(hostText, host.size()));
@@ -28,12 +29,12 @@ bool VXClientTCP::Connect(const Patience& patience)
     constexpr std::uint32_t kSliceMs = 50; // between two looks at whether it is still wanted
     std::uint32_t left = patience.timeoutMs;
     Connection connection = socket.Connect(server);
-    while (connection == Connection::Pending && left != 0 && !patience.isOver()) {
+    while (connection == Connection::kPending && left != 0 && !patience.isOver()) {
         const std::uint32_t slice = std::min(left, kSliceMs);
         connection = socket.AwaitConnection(slice);
         left -= slice;
     }
-    return connection == Connection::Made;
+    return connection == Connection::kMade;
 }
 
 std::uint32_t VXClientTCP::Write(const char* buffer, std::uint32_t length, std::uint32_t timeoutMs)

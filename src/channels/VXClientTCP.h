@@ -1,3 +1,4 @@
+// The channel over TCP.
 #pragma once
 
 #include "channels/VXCommBase.h"

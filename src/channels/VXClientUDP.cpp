@@ -1,3 +1,4 @@
+// The channel over UDP: datagrams out and in.
 #include "channels/VXClientUDP.h"
 
 #include "util/text.h"
@@ -9,7 +10,7 @@ namespace vxsign {
 bool VXClientUDP::Open(std::uint16_t port, const char* hostText, std::uint16_t signPort)
 {
     using platform::Socket;
-    if (socket.IsOpen() || hostText == nullptr || !socket.Open(Socket::Kind::Datagram) || !socket.Bind(port))
+    if (socket.IsOpen() || hostText == nullptr || !socket.Open(Socket::Kind::kDatagram) || !socket.Bind(port))
         return false;
     localPort = port;
     CopyToField(host.data(), host.size(), FieldText(hostText, host.size()));

@@ -1,3 +1,4 @@
+// The channel over UDP.
 #pragma once
 
 #include "channels/VXCommBase.h"

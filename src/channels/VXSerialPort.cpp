@@ -1,3 +1,4 @@
+// The channel over a serial line, which ends a reading where the line falls silent.
 #include "channels/VXSerialPort.h"
 
 namespace vxsign {

@@ -1,3 +1,4 @@
+// The channel over a serial line.
 #pragma once
 
 #include "channels/VXCommBase.h"

@@ -1,3 +1,4 @@
+// Writes NMG messages, from text and from pictures.
 #include "content/nmg.h"
 
 #include "util/file.h"
@@ -42,7 +43,7 @@ struct Header
 {
     std::vector<std::uint8_t> bytes;
 
-    explicit Header(Form form) { Append(form == Form::File ? kFileIntro : kTransmissionIntro); }
+    explicit Header(Form form) { Append(form == Form::kFile ? kFileIntro : kTransmissionIntro); }
 
     void Append(std::string_view text) { bytes.insert(bytes.end(), text.begin(), text.end()); }
 
@@ -132,7 +133,7 @@ std::vector<std::uint8_t> TextHeader(Form form, const Attributes& attributes)
 std::vector<std::uint8_t> PictureHeader(Form form, const Attributes& attributes, std::uint32_t pictureSize)
 {
     Header header(form);
-    if (form == Form::File) {
+    if (form == Form::kFile) {
         header.AppendFont(kPictureFont);
         header.AppendColour(kPictureColour);
     }
@@ -173,7 +174,7 @@ std::uint32_t vxShowMsgToNmg(const std::uint8_t* text, std::uint32_t size, const
         return VX_ARGUMENTS;
     return LocalCall<std::uint32_t>(VX_CALL, [=] {
         const nmg::Attributes attributes{mode, staySec, static_cast<std::uint32_t>(font), colour};
-        return nmg::WriteText(path, nmg::Form::File, attributes, {text, size});
+        return nmg::WriteText(path, nmg::Form::kFile, attributes, {text, size});
     });
 }
 
@@ -182,7 +183,7 @@ std::uint32_t vxShowBmpToNmg(const char* bmpPath, const char* nmgPath, std::uint
     if (bmpPath == nullptr || nmgPath == nullptr)
         return VX_ARGUMENTS;
     return LocalCall<std::uint32_t>(VX_CALL, [=] {
-        return nmg::Wrap(bmpPath, nmgPath, nmg::Form::Transmission, {.mode = mode, .staySec = staySec});
+        return nmg::Wrap(bmpPath, nmgPath, nmg::Form::kTransmission, {.mode = mode, .staySec = staySec});
     });
 }
 
@@ -191,5 +192,5 @@ std::uint32_t vxBmp2Nmg(const char* bmpPath, const char* nmgPath, std::uint16_t 
     if (bmpPath == nullptr || nmgPath == nullptr)
         return VX_ARGUMENTS;
     return LocalCall<std::uint32_t>(
-        VX_CALL, [=] { return nmg::Wrap(bmpPath, nmgPath, nmg::Form::File, {.mode = mode, .staySec = staySec}); });
+        VX_CALL, [=] { return nmg::Wrap(bmpPath, nmgPath, nmg::Form::kFile, {.mode = mode, .staySec = staySec}); });
 }

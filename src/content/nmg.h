@@ -11,8 +11,8 @@ namespace vxsign::nmg {
 /// and the colour that a picture has in the file form alone.
 enum class Form
 {
-    Transmission,
-    File
+    kTransmission,
+    kFile
 };
 
 /// As the caller gives them; the headers hold what the sign takes (see content.h). Pictures use mode and stay time.

@@ -1,3 +1,4 @@
+// How quick show reaches its sign and finds out where its content plays from.
 #include "content/quickShow.h"
 
 #include <vxsign/properties.h>

@@ -69,7 +69,7 @@ std::uint32_t ShowText(const Text& text, const Connection& connection, std::uint
         // Named before the new configuration comes: the thread's former onTempPath still counts.
         TempFile message("nmg");
         const TempFile list("sys");
-        std::uint32_t result = nmg::WriteText(message.Path(), nmg::Form::Transmission, text.attributes, text.All());
+        std::uint32_t result = nmg::WriteText(message.Path(), nmg::Form::kTransmission, text.attributes, text.All());
         if (result != VX_OK)
             return result;
         message.Stay(true); // when the sign cannot be reached
@@ -100,7 +100,7 @@ std::uint32_t ShowPicture(const std::uint8_t* picture, std::uint32_t size, std::
         WriteContentSource(*target);
         const TempFile message("nmg");
         const TempFile list("sys");
-        result = nmg::WritePicture(message.Path(), nmg::Form::Transmission, {mode, staySec}, {picture, size});
+        result = nmg::WritePicture(message.Path(), nmg::Form::kTransmission, {mode, staySec}, {picture, size});
         if (result == VX_OK)
             result = SendMessage(*target, kPictureName, message);
         return result == VX_OK ? Play(*target, kPictureName, list, true) : result;

@@ -1,3 +1,4 @@
+// The serial ports of this PC.
 #pragma once
 
 #include <string>

@@ -28,8 +28,8 @@ class Socket
 public:
     enum class Kind
     {
-        Datagram,
-        Stream
+        kDatagram,
+        kStream
     };
 
     Socket() = default;
@@ -43,9 +43,9 @@ public:
 
     enum class Connection
     {
-        Made,
-        Pending,
-        Failed
+        kMade,
+        kPending,
+        kFailed
     };
     /// Asks for a connection without waiting for it.
     Connection Connect(const Endpoint& remote);

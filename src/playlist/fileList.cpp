@@ -1,3 +1,4 @@
+// Reads, changes and writes FILELSTI.LST.
 #include "playlist/fileList.h"
 
 #include "util/file.h"

@@ -1,3 +1,4 @@
+// Which names stay inside their folder.
 #include "playlist/localPath.h"
 
 namespace vxsign::playlist {

@@ -1,3 +1,4 @@
+// Opens packages and takes their files out.
 #include "playlist/packages.h"
 
 #include "playlist/localPath.h"
@@ -62,7 +63,7 @@ struct PackageEntry
 bool ReadEntry(Package& package, std::uint64_t at, PackageEntry& entry)
 {
     std::uint64_t nameAt = at + kFlatFields;
-    if (package.form == PackageForm::Flat)
+    if (package.form == PackageForm::kFlat)
         package.file.Read(at, entry.fields.data(), kFlatFields);
     else {
         package.file.Read(at, entry.fields.data(), kTreeFields);
@@ -133,8 +134,8 @@ std::uint32_t SendEntry(Package& package, const PackageEntry& entry, const File&
     char name[sequence::kShortNameSize] = {};
     vxGetShortFileName(local.c_str(), name, sizeof name);
     const std::string_view shortName = FieldText(name, sizeof name);
-    const bool written = package.form == PackageForm::Flat ? WriteFlatRecord(entry, shortName, sequence)
-                                                           : WriteTreeRecord(package, entry, local, sequence);
+    const bool written = package.form == PackageForm::kFlat ? WriteFlatRecord(entry, shortName, sequence)
+                                                            : WriteTreeRecord(package, entry, local, sequence);
     if (!written)
         return VX_CALL;
     return Upload(package, std::string("D:\\") + entry.Folder() + '\\' + std::string(shortName), local);
@@ -143,7 +144,7 @@ std::uint32_t SendEntry(Package& package, const PackageEntry& entry, const File&
 // Sends the files and makes the sequence file of them. Its count is put in last: it stays 0 when a file fails.
 std::uint32_t Expand(Package& package, std::uint16_t most, const std::string& sequencePath)
 {
-    const std::uint8_t form = package.form == PackageForm::Flat ? sequence::kFlatForm : sequence::kTreeForm;
+    const std::uint8_t form = package.form == PackageForm::kFlat ? sequence::kFlatForm : sequence::kTreeForm;
     File file = OpenFile(sequencePath.c_str(), "wb");
     if (!file)
         return VX_OPEN_FILE;
@@ -176,7 +177,7 @@ std::uint32_t SendPackage(vxApiConfig& config, const char* path, PackageForm for
     Package package{config, form, DirectoryOf(path), RecordFile(std::move(opened))};
     std::array<std::uint8_t, kPackageHead> head{};
     package.file.Read(0, head.data(), head.size());
-    const bool good = std::memcmp(head.data(), form == PackageForm::Flat ? "LP" : "MP", 2) == 0;
+    const bool good = std::memcmp(head.data(), form == PackageForm::kFlat ? "LP" : "MP", 2) == 0;
     const std::uint16_t count = good ? Load16(head.data() + 2) : std::uint16_t{0};
     config.progressTotal = static_cast<std::uint16_t>(count + 1);
     config.progressPos = 0;

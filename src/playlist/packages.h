@@ -9,8 +9,8 @@ namespace vxsign::playlist {
 
 enum class PackageForm : std::uint8_t
 {
-    Flat, // PLAYFILE.PLS: one schedule for each file
-    Tree, // PLAYFILE.PLM: any number of them
+    kFlat, // PLAYFILE.PLS: one schedule for each file
+    kTree, // PLAYFILE.PLM: any number of them
 };
 
 /// Unpacks a package beside itself, sends its files and then the sequence file made of them. The first failure ends it.

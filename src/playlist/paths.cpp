@@ -1,3 +1,4 @@
+// The rules of paths and searches, oddities included.
 #include "playlist/paths.h"
 
 #include "util/text.h"

@@ -1,3 +1,4 @@
+// Makes the file records of a play list and takes them over.
 #include "playlist/playlist.h"
 
 #include <cstdlib>

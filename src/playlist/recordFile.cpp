@@ -1,3 +1,4 @@
+// Reads of a record file that never go beyond its end.
 #include "playlist/recordFile.h"
 
 #include <algorithm>

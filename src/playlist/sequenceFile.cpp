@@ -1,3 +1,4 @@
+// Lays the records of sequence files out and takes them apart.
 #include "playlist/sequenceFile.h"
 
 #include "util/littleEndian.h"

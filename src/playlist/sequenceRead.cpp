@@ -1,3 +1,4 @@
+// Reads sequence files of both forms.
 #include "playlist/sequenceRead.h"
 
 #include "playlist/sequenceFile.h"

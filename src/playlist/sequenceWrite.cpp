@@ -1,3 +1,4 @@
+// Writes the sequence file in both of its forms.
 #include "playlist/sequenceWrite.h"
 
 #include "playlist/localPath.h"

@@ -1,3 +1,4 @@
+// The columns of each log table, and how it is cleared.
 #include "reports/logTables.h"
 
 #include <vxsign/filesystem.h>

@@ -1,3 +1,4 @@
+// Regular expressions through PCRE's POSIX functions.
 #include "reports/pattern.h"
 
 #include <pcre2posix.h>

@@ -119,9 +119,9 @@ public:
 
     enum class Finding
     {
-        None,
-        Whole, // one for the whole sign: nothing else counts
-        Single
+        kNone,
+        kWhole, // one for the whole sign: nothing else counts
+        kSingle
     };
     Finding Read(const char* line, vxPixelRow& row) const
     {
@@ -133,10 +133,10 @@ public:
             row.X = static_cast<std::uint32_t>(NumberOf(groups[1]));
             row.Y = static_cast<std::uint16_t>(NumberOf(groups[2]));
         } else if (!whole) {
-            return Finding::None;
+            return Finding::kNone;
         }
         CopyToField(row.Status, sizeof row.Status, groups[0]);
-        return whole ? Finding::Whole : Finding::Single;
+        return whole ? Finding::kWhole : Finding::kSingle;
     }
 
 private:
@@ -166,9 +166,9 @@ std::uint32_t ReadTextFile(const std::string& folder, const Take& take)
     while (ReadWholeLine(file, text.data(), text.size())) {
         vxPixelRow row = blank;
         const TextLine::Finding finding = line.Read(text.data(), row);
-        if (finding != TextLine::Finding::None)
+        if (finding != TextLine::Finding::kNone)
             take(row);
-        if (finding == TextLine::Finding::Whole)
+        if (finding == TextLine::Finding::kWhole)
             break;
     }
     return VX_OK;

@@ -1,3 +1,4 @@
+// Reads any table of the sign's database from its description.
 #include "reports/table.h"
 
 #include "util/littleEndian.h"

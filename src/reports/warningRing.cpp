@@ -85,16 +85,16 @@ public:
 
     enum class Read
     {
-        Got,
-        Wrapped, // at the end: index and file stand at the beginning
-        Ended    // at the end for the second time
+        kGot,
+        kWrapped, // at the end: index and file stand at the beginning
+        kEnded    // at the end for the second time
     };
     Read Next(Record& record)
     {
         if (ReadSome(file, record.data(), record.size()) == record.size())
-            return Read::Got;
+            return Read::kGot;
         Seek(0);
-        return ++wraps < 2 ? Read::Wrapped : Read::Ended;
+        return ++wraps < 2 ? Read::kWrapped : Read::kEnded;
     }
 
 private:
@@ -115,9 +115,9 @@ bool FindTime(Ring& ring, Record& record)
 {
     while (true) {
         const Ring::Read read = ring.Next(record);
-        if (read == Ring::Read::Ended)
+        if (read == Ring::Read::kEnded)
             return false;
-        if (read == Ring::Read::Got) {
+        if (read == Ring::Read::kGot) {
             if (record[0] == kTime)
                 return true;
             ring.Step();
@@ -145,9 +145,9 @@ std::uint32_t TakeRows(Ring& ring, const char* signName, vxOnWaringLog callback)
     std::uint32_t result = VX_OK;
     while (!ring.AtPosition()) {
         const Ring::Read read = ring.Next(record);
-        if (read == Ring::Read::Ended)
+        if (read == Ring::Read::kEnded)
             break;
-        if (read == Ring::Read::Wrapped)
+        if (read == Ring::Read::kWrapped)
             continue;
         vxWaringLogRow filled = row;
         if (record[0] == kTime)

@@ -1,3 +1,4 @@
+// Puts a connection in the place of the thread's configuration.
 #include "thread/connection.h"
 
 #include "util/text.h"

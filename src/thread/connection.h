@@ -1,3 +1,4 @@
+// Connections that are handed over as arguments.
 #pragma once
 
 #include <vxsign/api.h>

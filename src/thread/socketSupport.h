@@ -1,3 +1,4 @@
+// When socket support is started and stopped.
 #pragma once
 
 #include <atomic>

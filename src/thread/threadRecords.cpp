@@ -1,3 +1,4 @@
+// The records of each thread, and the functions that fill and hand them out.
 #include "thread/threadRecords.h"
 
 #include <vxsign/result.h>

@@ -1,3 +1,4 @@
+// Reading, writing and measuring local files.
 #include "util/file.h"
 
 #include "platform/files.h"

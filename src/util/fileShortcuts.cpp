@@ -1,3 +1,4 @@
+// Exported shortcuts to files and folders of this PC.
 #include "util/file.h"
 #include "util/localCall.h"
 

@@ -1,3 +1,4 @@
+// Finds and changes values in the text of an INI file, and leaves all else as it is.
 #include "util/iniText.h"
 
 #include <algorithm>

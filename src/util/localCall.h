@@ -1,3 +1,4 @@
+// The frame of exports that build no command.
 #pragma once
 
 namespace vxsign {

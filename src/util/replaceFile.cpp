@@ -1,3 +1,4 @@
+// Writes beside the old file, then takes its place.
 #include "util/replaceFile.h"
 
 #include "platform/files.h"
@@ -17,9 +18,9 @@ namespace fs = std::filesystem;
 
 enum class Outcome : std::uint8_t
 {
-    Done,
-    Failed,  // the old file stays as it is
-    NotHere, // no other file can take its place
+    kDone,
+    kFailed,  // the old file stays as it is
+    kNotHere, // no other file can take its place
 };
 
 // Whether there is no place for another file here. Where there is no room for it, writing in place would lose the old
@@ -50,18 +51,18 @@ Outcome WriteBeside(const std::string& target, bool there, std::string_view cont
         target + '.' + std::to_string(platform::ProcessId()) + '.' + std::to_string(NextTempStamp());
     File file = OpenFile(name.c_str(), "wbx");
     if (!file)
-        return IsNoPlace(errno) ? Outcome::NotHere : Outcome::Failed;
+        return IsNoPlace(errno) ? Outcome::kNotHere : Outcome::kFailed;
     const Removal removal{name};
     if (there && !platform::CopyAttributes(target.c_str(), file.get()))
-        return Outcome::NotHere;
+        return Outcome::kNotHere;
     const bool written = WriteAll(file, contents.data(), contents.size()) && platform::Sync(file.get());
     if (!CloseFile(file) || !written)
-        return Outcome::Failed;
+        return Outcome::kFailed;
     std::error_code error;
     fs::rename(name, target, error);
     if (!error)
-        return Outcome::Done;
-    return IsNoPlace(error.value()) ? Outcome::NotHere : Outcome::Failed;
+        return Outcome::kDone;
+    return IsNoPlace(error.value()) ? Outcome::kNotHere : Outcome::kFailed;
 }
 
 } // namespace
@@ -78,7 +79,7 @@ bool ReplaceFile(const std::string& path, std::string_view contents)
     if (there && !OpenFile(target.c_str(), "ab"))
         return false; // one that must not be written is not replaced either
     const Outcome outcome = WriteBeside(target, there, contents);
-    return outcome == Outcome::NotHere ? WriteInPlace(target, contents) : outcome == Outcome::Done;
+    return outcome == Outcome::kNotHere ? WriteInPlace(target, contents) : outcome == Outcome::kDone;
 }
 
 } // namespace vxsign

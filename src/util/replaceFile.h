@@ -1,3 +1,4 @@
+// Local files that are written anew without ever being half there.
 #pragma once
 
 #include <string>

@@ -1,3 +1,4 @@
+// The export that lists serial ports.
 #include "platform/serialPorts.h"
 #include "util/localCall.h"
 #include "util/text.h"

@@ -1,3 +1,4 @@
+// The export that takes a path apart.
 #include "util/text.h"
 
 #include <vxsign/local.h>

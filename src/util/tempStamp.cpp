@@ -1,3 +1,4 @@
+// Counts the clock on where it stands still.
 #include "util/tempStamp.h"
 
 #include "platform/clock.h"

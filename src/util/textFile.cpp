@@ -1,3 +1,4 @@
+// Reads lines and blocks of text files.
 #include "util/textFile.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Exports for sleeping, DOS times and BCD times.
 #include "platform/clock.h"
 #include "util/littleEndian.h"
 

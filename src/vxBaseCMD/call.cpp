@@ -1,3 +1,4 @@
+// The frame around every command, and the flat command inside it.
 #include "vxBaseCMD/call.h"
 
 #include <algorithm>
@@ -44,7 +45,7 @@ void ReplyField::Take(const ReplyView& reply) const
     if (target == nullptr)
         return;
     switch (kind) {
-    case Kind::Number:
+    case Kind::kNumber:
         if (size == 1)
             *static_cast<std::uint8_t*>(target) = reply.U8(offset);
         else if (size == 2)
@@ -54,16 +55,16 @@ void ReplyField::Take(const ReplyView& reply) const
         else
             *static_cast<std::uint64_t*>(target) = reply.U64(offset);
         break;
-    case Kind::Count:
+    case Kind::kCount:
         *static_cast<std::uint32_t*>(target) = reply.U16(offset);
         break;
-    case Kind::Bytes:
+    case Kind::kBytes:
         reply.Copy(target, offset, size);
         break;
-    case Kind::Short:
+    case Kind::kShort:
         reply.Copy(target, 0, std::min(size, reply.PayloadLength()));
         break;
-    case Kind::Extended: {
+    case Kind::kExtended: {
         const auto extended = reply.Extended();
         const std::size_t records = std::min<std::size_t>(size, extended.size()) / recordSize;
         std::memcpy(target, extended.data(), records * recordSize);

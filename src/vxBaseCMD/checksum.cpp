@@ -1,3 +1,4 @@
+// Sum and CRC, many bytes at a time.
 #include "vxBaseCMD/checksum.h"
 
 #include "vxBaseCMD/packet.h"

@@ -1,3 +1,4 @@
+// The checksum of packets and tile files.
 #pragma once
 
 #include <cstdint>

@@ -39,7 +39,7 @@ public:
 
     bool Left() const { return used < polls || (timed && empty < std::max(polls, 1u) && TimeLeft() != 0); }
 
-    /// How long the next read may wait: no longer than to the end once the polls are used up.
+    // How long the next read may wait: no longer than to the end once the polls are used up.
     std::uint32_t Wait(std::uint32_t ms) const { return used < polls ? ms : std::min(ms, TimeLeft()); }
 
     void Count(std::uint32_t bytes)

@@ -191,11 +191,11 @@ struct ReplyField
 {
     enum class Kind : std::uint8_t
     {
-        Number,   // `size` bytes of the payload as an integer
-        Count,    // 16 bits of the payload as an integer of 32
-        Bytes,    // `size` bytes from an offset of the payload on
-        Short,    // as many bytes as the payload has, `size` at most
-        Extended, // as many whole records as the extended part has, `size` bytes at most
+        kNumber,   // `size` bytes of the payload as an integer
+        kCount,    // 16 bits of the payload as an integer of 32
+        kBytes,    // `size` bytes from an offset of the payload on
+        kShort,    // as many bytes as the payload has, `size` at most
+        kExtended, // as many whole records as the extended part has, `size` bytes at most
     };
 
     void* target;
@@ -213,7 +213,7 @@ template <std::size_t Offset, std::unsigned_integral Number>
 constexpr ReplyField Out(Number* target)
 {
     static_assert(Offset + sizeof(Number) <= kLongestPayload, "a field lies outside its block");
-    return {target, ReplyField::Kind::Number, Offset, sizeof(Number)};
+    return {target, ReplyField::Kind::kNumber, Offset, sizeof(Number)};
 }
 
 /// The 16-bit number at a payload offset, for a caller who takes it in 32 bits.
@@ -221,20 +221,20 @@ template <std::size_t Offset>
 constexpr ReplyField OutCount(std::uint32_t* target)
 {
     static_assert(Offset + sizeof(std::uint16_t) <= kLongestPayload, "a field lies outside its block");
-    return {target, ReplyField::Kind::Count, Offset, sizeof(std::uint16_t)};
+    return {target, ReplyField::Kind::kCount, Offset, sizeof(std::uint16_t)};
 }
 
 /// `size` bytes from a payload offset on.
 template <std::size_t Offset>
 constexpr ReplyField OutBytes(void* target, std::uint32_t size)
 {
-    return {target, ReplyField::Kind::Bytes, Offset, size};
+    return {target, ReplyField::Kind::kBytes, Offset, size};
 }
 
 /// The payload as far as it goes, `longest` bytes at most; the rest of the target stays as it was.
 constexpr ReplyField ShortCopy(void* target, std::uint32_t longest)
 {
-    return {target, ReplyField::Kind::Short, 0, longest};
+    return {target, ReplyField::Kind::kShort, 0, longest};
 }
 
 /// The number in the payload's first word; with an empty payload the target stays as it was.
@@ -246,7 +246,7 @@ constexpr ReplyField OutIfThere(std::uint32_t* target)
 /// The extended part as far as it goes, `capacity` bytes at most; the rest of the target stays as it was.
 constexpr ReplyField OutExtended(void* target, std::uint32_t capacity)
 {
-    return {target, ReplyField::Kind::Extended, 0, capacity};
+    return {target, ReplyField::Kind::kExtended, 0, capacity};
 }
 
 /// Whole records of the extended part, `most` of them at most; the rest of the target stays as it was.
@@ -254,7 +254,7 @@ template <std::uint32_t RecordSize>
 constexpr ReplyField OutRecords(void* target, std::uint32_t most)
 {
     const std::uint32_t fitting = std::min(most, kLongestExtended / RecordSize);
-    return {target, ReplyField::Kind::Extended, 0, fitting * RecordSize, true, RecordSize};
+    return {target, ReplyField::Kind::kExtended, 0, fitting * RecordSize, true, RecordSize};
 }
 
 /// An output that the caller may leave out with a null pointer.

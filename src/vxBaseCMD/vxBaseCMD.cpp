@@ -1,3 +1,4 @@
+// How a command object begins and ends, builds its packet and moves its bytes.
 #include "vxBaseCMD/vxBaseCMD.h"
 
 #include <vxsign/result.h>

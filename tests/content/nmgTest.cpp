@@ -36,26 +36,26 @@ TEST(Nmg, TextFile)
 
 TEST(Nmg, PictureHeaders)
 {
-    EXPECT_EQ(Text(nmg::PictureHeader(nmg::Form::Transmission, {'7', 12}, 0x04030201)),
+    EXPECT_EQ(Text(nmg::PictureHeader(nmg::Form::kTransmission, {'7', 12}, 0x04030201)),
               "\x01Z00\x02"
               "AA\nI7\nO7\x0E"
               "20012\x14\x40"
               "0\x04RC\x01\0\x01"
               "0\0\0\x01\x02\x03\x04\x28\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"s);
-    EXPECT_EQ(Text(nmg::PictureHeader(nmg::Form::File, {'7', 12}, 0x04030201)),
+    EXPECT_EQ(Text(nmg::PictureHeader(nmg::Form::kFile, {'7', 12}, 0x04030201)),
               "QZ00SAX\x1A"
               "1\x1C/\xFF\xFF\xFF\nI7\nO7\x0E"
               "20012\x14\x40"
               "0\x04RC\x01\0\x01"
               "0\0\0\x01\x02\x03\x04\x28\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"s);
-    EXPECT_EQ(nmg::PictureHeader(nmg::Form::Transmission, {}, 0).size(), 63u);
-    EXPECT_EQ(nmg::PictureHeader(nmg::Form::File, {}, 0).size(), 70u);
+    EXPECT_EQ(nmg::PictureHeader(nmg::Form::kTransmission, {}, 0).size(), 63u);
+    EXPECT_EQ(nmg::PictureHeader(nmg::Form::kFile, {}, 0).size(), 70u);
 }
 
 TEST(Nmg, ValuesThatTheSignDoesNotTake)
 {
     const auto header = [](std::uint32_t mode, std::uint32_t staySec, std::uint32_t font, std::uint32_t colour) {
-        return Text(nmg::TextHeader(nmg::Form::Transmission, {mode, staySec, font, colour})).substr(7);
+        return Text(nmg::TextHeader(nmg::Form::kTransmission, {mode, staySec, font, colour})).substr(7);
     };
     EXPECT_EQ(header(46, 10000, 47, 46), "\x1A\x31\x1C\x31\nI0\nO0\x0E\x32\x30\x30\x30\x30");
     EXPECT_EQ(header(47, 12345, 170, 48), "\x1A\x31\x1C\x30\nI/\nO/\x0E\x32\x32\x33\x34\x35");
@@ -95,10 +95,10 @@ TEST(Nmg, PictureBytesInMemory)
     const TempFolder folder;
     const std::string picture = "BM picture";
     const std::string path = folder.Path("a.nmg");
-    EXPECT_EQ(nmg::WritePicture(path.c_str(), nmg::Form::Transmission, {'2', 9}, {Bytes(picture), 10}), 0u);
+    EXPECT_EQ(nmg::WritePicture(path.c_str(), nmg::Form::kTransmission, {'2', 9}, {Bytes(picture), 10}), 0u);
     EXPECT_EQ(folder.Read("a.nmg").substr(31, 4), "\x0A\0\0\0"s);
     EXPECT_EQ(folder.Read("a.nmg").substr(63), picture);
-    EXPECT_EQ(nmg::WritePicture(path.c_str(), nmg::Form::Transmission, {'2', 9}, {}), 0u);
+    EXPECT_EQ(nmg::WritePicture(path.c_str(), nmg::Form::kTransmission, {'2', 9}, {}), 0u);
     EXPECT_EQ(folder.Read("a.nmg").size(), 63u);
 }
 

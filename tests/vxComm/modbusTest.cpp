@@ -349,7 +349,7 @@ TEST(ModbusLine, AnswersInPieces)
         device.link.channel = std::move(line);
         const std::uint64_t start = FakeClock::NowMs();
         std::uint16_t value = 0;
-        EXPECT_EQ(device.ModbusExchange(7, 255, modbus::Function::Read, 5, value), row.result);
+        EXPECT_EQ(device.ModbusExchange(7, 255, modbus::Function::kRead, 5, value), row.result);
         EXPECT_EQ(value, row.result == 0 ? 0x1234 : 0);
         EXPECT_EQ(seen.requests, row.tries);
         EXPECT_EQ(FakeClock::NowMs() - start, row.tookMs);

@@ -1,3 +1,4 @@
+// The clock of POSIX systems.
 #include "platform/clock.h"
 
 #include <cerrno>

@@ -1,3 +1,4 @@
+// Files of POSIX systems, which no child process inherits.
 #include "platform/files.h"
 
 #include <cerrno>

@@ -1,3 +1,4 @@
+// Folders, process id and short names on POSIX systems.
 #include "platform/paths.h"
 
 #include <vxsign/result.h>

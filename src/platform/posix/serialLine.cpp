@@ -1,3 +1,4 @@
+// Serial lines through termios2, which are open once in a process however many use them.
 #include "platform/serialLine.h"
 
 #include "platform/clock.h"
@@ -58,7 +59,7 @@ bool Passing(int error)
 
 } // namespace
 
-/// An open port, closed with its last user.
+// An open port, closed with its last user.
 class SerialLine::Port
 {
 public:

@@ -1,3 +1,4 @@
+// The serial ports that the kernel lists.
 #include "platform/serialPorts.h"
 
 #include <algorithm>

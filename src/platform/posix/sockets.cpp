@@ -1,3 +1,4 @@
+// Sockets of POSIX systems, which never block beyond their time.
 #include "platform/sockets.h"
 
 #include "platform/posix/waiting.h"
@@ -55,7 +56,7 @@ std::optional<std::uint32_t> ParseIpv4(std::string_view text)
 
 bool Socket::Open(Kind kind)
 {
-    const bool stream = kind == Kind::Stream;
+    const bool stream = kind == Kind::kStream;
     descriptor = ::socket(AF_INET, (stream ? SOCK_STREAM : SOCK_DGRAM) | SOCK_CLOEXEC | SOCK_NONBLOCK,
                           stream ? IPPROTO_TCP : IPPROTO_UDP);
     if (IsOpen() && stream) {
@@ -77,18 +78,18 @@ Socket::Connection Socket::Connect(const Endpoint& remote)
 {
     const sockaddr_in address = ToSocketAddress(remote);
     if (::connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
-        return Connection::Made;
-    return errno == EINPROGRESS ? Connection::Pending : Connection::Failed;
+        return Connection::kMade;
+    return errno == EINPROGRESS ? Connection::kPending : Connection::kFailed;
 }
 
 Socket::Connection Socket::AwaitConnection(std::uint32_t timeoutMs)
 {
     if (!WaitReady(descriptor, POLLOUT, timeoutMs))
-        return Connection::Pending;
+        return Connection::kPending;
     int error = 0;
     socklen_t size = sizeof error;
     const bool made = ::getsockopt(descriptor, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0;
-    return made ? Connection::Made : Connection::Failed;
+    return made ? Connection::kMade : Connection::kFailed;
 }
 
 std::uint32_t Socket::Send(const void* data, std::uint32_t length, std::uint32_t timeoutMs)

@@ -1,3 +1,4 @@
+// Waiting with poll, which goes on behind a signal.
 #include "platform/posix/waiting.h"
 
 #include "platform/clock.h"

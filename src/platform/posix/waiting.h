@@ -1,3 +1,4 @@
+// Waiting for descriptors with a limit in time.
 #pragma once
 
 #include <cstdint>

@@ -31,20 +31,20 @@ std::uint32_t vxMBLED::ModbusExchange(std::uint8_t device, std::uint8_t section,
     constexpr std::uint16_t kOneRegister = 1;
     modbus::BuildRequest(modbus::RequestBytes(requestBuffer, modbus::kRequestLength), device, function,
                          RegisterAddress(section, registerNumber),
-                         function == modbus::Function::Read ? kOneRegister : value);
+                         function == modbus::Function::kRead ? kOneRegister : value);
     requestLength = modbus::kRequestLength;
     functionCode = function;
 
     std::uint32_t result = VX_COMMUNICATION;
     for (std::uint32_t tries = 0; result != VX_OK && tries < config->retries; ++tries) {
         const modbus::Answer answer = FindAnswer(ModbusTransact());
-        if (answer.kind == Kind::Value)
+        if (answer.kind == Kind::kValue)
             value = answer.value;
-        if (answer.kind == Kind::Value || answer.kind == Kind::Done)
+        if (answer.kind == Kind::kValue || answer.kind == Kind::kDone)
             result = VX_OK;
-        else if (answer.kind == Kind::Other)
+        else if (answer.kind == Kind::kOther)
             result = VX_INCONSISTENT_MAJOR; // and stays so if nothing better comes
-        else if (answer.kind == Kind::Exception)
+        else if (answer.kind == Kind::kException)
             Log(kRefusedLine, 6, ("the device refused: " + modbus::ExceptionName(answer.value)).c_str());
     }
     return result;
@@ -66,11 +66,11 @@ std::uint32_t vxMBLED::ModbusTransact()
 std::uint32_t vxMBLED::GatherAnswer()
 {
     const bool serial = config->kind == VX_CHANNEL_SERIAL;
-    const bool reading = functionCode == modbus::Function::Read;
+    const bool reading = functionCode == modbus::Function::kRead;
     std::uint32_t wanted = serial ? (reading ? modbus::kReadReplyLength : modbus::kWriteReplyLength) : kReplySize;
     const std::uint64_t start = platform::clock.monotonicMs();
     std::uint32_t got = 0;
-    while (got < kReplySize && FindAnswer(got).kind == modbus::Answer::Kind::None) {
+    while (got < kReplySize && FindAnswer(got).kind == modbus::Answer::Kind::kNone) {
         const std::uint64_t gone = platform::clock.monotonicMs() - start;
         if (gone >= config->timeoutMs)
             break;

@@ -1,3 +1,4 @@
+// Builds Modbus requests and finds their answers in noise.
 #include "vxComm/MB/modbusFrame.h"
 
 #include "util/littleEndian.h"
@@ -78,16 +79,16 @@ Answer FindAnswer(std::span<const std::uint8_t, kRequestLength> request, std::sp
     for (; bytes.size() > 1; bytes = bytes.subspan(1)) {
         const auto function = static_cast<Function>(bytes[1]);
         const bool fromDevice = bytes[0] == request[0] || bytes[0] == kAnyDevice;
-        if (function == Function::Read && fromDevice && FrameHere(bytes, kReadReplyLength))
-            return {Answer::Kind::Value, static_cast<std::uint16_t>(bytes[3] << 8 | bytes[4])};
-        if (function == Function::Write && FrameHere(bytes, kWriteReplyLength)) {
+        if (function == Function::kRead && fromDevice && FrameHere(bytes, kReadReplyLength))
+            return {Answer::Kind::kValue, static_cast<std::uint16_t>(bytes[3] << 8 | bytes[4])};
+        if (function == Function::kWrite && FrameHere(bytes, kWriteReplyLength)) {
             // Function, register and the high byte of the value.
             const bool same = std::equal(request.begin() + 1, request.begin() + 5, bytes.begin() + 1);
-            answer.kind = same ? Answer::Kind::Done : Answer::Kind::Other;
+            answer.kind = same ? Answer::Kind::kDone : Answer::Kind::kOther;
         }
-        if (answer.kind == Answer::Kind::None && fromDevice && bytes[1] == (request[1] | kRefused) &&
+        if (answer.kind == Answer::Kind::kNone && fromDevice && bytes[1] == (request[1] | kRefused) &&
             FrameHere(bytes, kExceptionLength))
-            answer = {Answer::Kind::Exception, bytes[2]};
+            answer = {Answer::Kind::kException, bytes[2]};
     }
     return answer;
 }

@@ -11,8 +11,8 @@ namespace vxsign::modbus {
 
 enum class Function : std::uint8_t
 {
-    Read = 3, // holding registers
-    Write = 6 // one register
+    kRead = 3, // holding registers
+    kWrite = 6 // one register
 };
 
 constexpr std::size_t kRequestLength = 8;
@@ -31,13 +31,13 @@ struct Answer
 {
     enum class Kind : std::uint8_t
     {
-        None,     // no valid frame
-        Value,    // a register that was read
-        Done,     // the write, confirmed
-        Other,    // another write, confirmed
-        Exception // nothing but a refusal
+        kNone,     // no valid frame
+        kValue,    // a register that was read
+        kDone,     // the write, confirmed
+        kOther,    // another write, confirmed
+        kException // nothing but a refusal
     };
-    Kind kind = Kind::None;
+    Kind kind = Kind::kNone;
     std::uint16_t value = 0; // of the register; the code of an exception
 };
 

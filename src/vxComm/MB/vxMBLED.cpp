@@ -14,7 +14,7 @@ namespace {
 constexpr std::uint8_t kWholeDevice = 255; // the section of devices that have none
 constexpr std::uint32_t kAllRegisters = 65536;
 
-/// Some of the first 128 registers.
+// Some of the first 128 registers.
 class RegisterSet
 {
 public:
@@ -55,7 +55,7 @@ std::uint32_t Get(const DeviceClass& of, std::uint8_t device, std::uint8_t secti
 {
     std::uint16_t read = 0;
     const std::uint32_t result = Call<vxMBLED>(number < of.readable, [&](vxMBLED& line) {
-        return line.ModbusExchange(device, section, modbus::Function::Read, number, read);
+        return line.ModbusExchange(device, section, modbus::Function::kRead, number, read);
     });
     if (value != nullptr && (result == VX_OK || of.clearsValue))
         *value = read;
@@ -66,7 +66,7 @@ std::uint32_t Set(const DeviceClass& of, std::uint8_t device, std::uint8_t secti
                   std::uint16_t value)
 {
     return Call<vxMBLED>(number < of.writable && !of.refused.Has(number), [&](vxMBLED& line) {
-        return line.ModbusExchange(device, section, modbus::Function::Write, number, value);
+        return line.ModbusExchange(device, section, modbus::Function::kWrite, number, value);
     });
 }
 

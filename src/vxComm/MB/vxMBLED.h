@@ -1,3 +1,4 @@
+// The command object of the Modbus devices.
 #pragma once
 
 #include "vxBaseCMD/vxBaseCMD.h"
@@ -20,7 +21,7 @@ private:
     modbus::Answer FindAnswer(std::uint32_t length) const;
 
     std::uint32_t requestLength = 0;
-    modbus::Function functionCode = modbus::Function::Read; // of the request
+    modbus::Function functionCode = modbus::Function::kRead; // of the request
 };
 
 } // namespace vxsign

@@ -1,3 +1,4 @@
+// Converts calibrations between the PC's form and the tile's.
 #include "vxComm/Ondra/calibrationFile.h"
 
 #include "util/file.h"

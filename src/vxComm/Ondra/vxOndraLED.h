@@ -1,3 +1,4 @@
+// The command object of the second tile family: its tasks and its packets for a tile itself.
 #pragma once
 
 #include "vxBaseCMD/call.h"

@@ -1,3 +1,4 @@
+// The command object that reads.
 #pragma once
 
 #include "util/file.h"

@@ -137,7 +137,7 @@ public:
         inBlock = true;
     }
 
-    /// Ends the file. False when not all of it could be written.
+    // Ends the file. False when not all of it could be written.
     bool Finish()
     {
         FinishBlock();
@@ -225,7 +225,7 @@ struct Conversion
     std::uint64_t PixelCount() const { return std::uint64_t{grid.width} * grid.height; }
     bool IsGood() const { return pixelBytes == PixelCount() * kPixelRecord && grid.IsGood(); }
     const PixelLayout& Layout() const { return ChooseLayout(tileKind, tileModel, grid); }
-    bool WideRecords() const { return tileModel != 0 || Layout().records == PixelLayout::Records::Wide; }
+    bool WideRecords() const { return tileModel != 0 || Layout().records == PixelLayout::Records::kWide; }
 
     template <class Visitor>
     void Walk(Visitor& visitor) const

@@ -1,3 +1,4 @@
+// The layouts, and which kind of tile has which.
 #include "vxComm/Tarsis/pixelLayout.h"
 
 #include <algorithm>
@@ -11,28 +12,28 @@ using Extras = PixelLayout::Extras;
 using Loop = PixelLayout::Loop;
 using Records = PixelLayout::Records;
 
-constexpr Loop kRowUp{Axis::Row, true}; // tiles count their rows from the bottom
-constexpr Loop kColumn{Axis::Column, false};
-constexpr Loop kAcross{Axis::Across, false};
-constexpr Loop kDown{Axis::Down, false};
-constexpr Loop kUp{Axis::Down, true};
+constexpr Loop kRowUp{Axis::kRow, true}; // tiles count their rows from the bottom
+constexpr Loop kColumn{Axis::kColumn, false};
+constexpr Loop kAcross{Axis::kAcross, false};
+constexpr Loop kDown{Axis::kDown, false};
+constexpr Loop kUp{Axis::kDown, true};
 
 enum LayoutName : std::uint8_t
 {
-    A,
-    B,
-    C,
-    D,
-    E,
-    F
+    kA,
+    kB,
+    kC,
+    kD,
+    kE,
+    kF
 };
 constexpr PixelLayout kLayouts[] = {
-    {{kRowUp, kColumn, kAcross, kDown}, Records::OfModel, Extras::None, Bands::LastOfSix},
-    {{kAcross, kRowUp, kColumn, kUp}, Records::OfModel, Extras::None, Bands::All},
-    {{kRowUp, kColumn, kAcross, kDown}, Records::Wide, Extras::Fillers, Bands::All},
-    {{kUp, kAcross, kRowUp, kColumn}, Records::Wide, Extras::BlockHeaders, Bands::All},
-    {{kAcross, kDown, kRowUp, kColumn}, Records::Wide, Extras::BlockHeaders, Bands::ThirdOnFirst},
-    {{kRowUp, kColumn, kUp, kAcross}, Records::OfModel, Extras::Fillers, Bands::All},
+    {{kRowUp, kColumn, kAcross, kDown}, Records::kOfModel, Extras::kNone, Bands::kLastOfSix},
+    {{kAcross, kRowUp, kColumn, kUp}, Records::kOfModel, Extras::kNone, Bands::kAll},
+    {{kRowUp, kColumn, kAcross, kDown}, Records::kWide, Extras::kFillers, Bands::kAll},
+    {{kUp, kAcross, kRowUp, kColumn}, Records::kWide, Extras::kBlockHeaders, Bands::kAll},
+    {{kAcross, kDown, kRowUp, kColumn}, Records::kWide, Extras::kBlockHeaders, Bands::kThirdOnFirst},
+    {{kRowUp, kColumn, kUp, kAcross}, Records::kOfModel, Extras::kFillers, Bands::kAll},
 };
 
 constexpr std::uint32_t kKindOfSix = 74;
@@ -51,23 +52,23 @@ const PixelLayout& ChooseLayout(std::uint32_t tileKind, std::uint32_t tileModel,
 {
     const std::uint32_t model = tileModel >> 4 & 0xF;
     if (tileKind == kKindOfSix)
-        return kLayouts[A];
+        return kLayouts[kA];
     if (grid.Across() == 4 && !HasSquareModules(grid))
-        return kLayouts[B];
+        return kLayouts[kB];
     if (grid.Across() == grid.Down())
-        return kLayouts[C];
+        return kLayouts[kC];
     if (model == 0xC || model == 0xE)
-        return kLayouts[D];
-    return kLayouts[model == 0xF ? E : F];
+        return kLayouts[kD];
+    return kLayouts[model == 0xF ? kE : kF];
 }
 
 std::array<Band, 2> BandsOf(const PixelLayout& layout, const TileGrid& grid)
 {
     constexpr std::int64_t kModules = 6;
     const std::int64_t down = grid.Down();
-    if (layout.bands == Bands::LastOfSix)
+    if (layout.bands == Bands::kLastOfSix)
         return {Band{down - kModules / grid.Across(), down}, {}};
-    if (layout.bands == Bands::ThirdOnFirst) {
+    if (layout.bands == Bands::kThirdOnFirst) {
         const std::int64_t third = std::min<std::int64_t>(2, down);
         return {Band{third, down}, {0, third}};
     }

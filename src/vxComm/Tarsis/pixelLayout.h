@@ -30,10 +30,10 @@ struct PixelLayout
     /// What a loop counts: rows and columns within a module, modules across and down the tile.
     enum class Axis : std::uint8_t
     {
-        Row,
-        Column,
-        Across,
-        Down
+        kRow,
+        kColumn,
+        kAcross,
+        kDown
     };
     struct Loop
     {
@@ -43,20 +43,20 @@ struct PixelLayout
     /// Which rows of modules the loops run over, and how often.
     enum class Bands : std::uint8_t
     {
-        All,
-        LastOfSix,   // as many of the last rows as make six modules; those ahead of the first are padding
-        ThirdOnFirst // the third and those below, then the first two
+        kAll,
+        kLastOfSix,   // as many of the last rows as make six modules; those ahead of the first are padding
+        kThirdOnFirst // the third and those below, then the first two
     };
     enum class Records : std::uint8_t
     {
-        OfModel, // compact for tileModel 0
-        Wide
+        kOfModel, // compact for tileModel 0
+        kWide
     };
     enum class Extras : std::uint8_t
     {
-        None,
-        Fillers,     // two records ahead of each run of the innermost loop, for some kinds of tile
-        BlockHeaders // ahead of each run of the two inner loops, which is one module
+        kNone,
+        kFillers,     // two records ahead of each run of the innermost loop, for some kinds of tile
+        kBlockHeaders // ahead of each run of the two inner loops, which is one module
     };
 
     std::array<Loop, 4> loops; // the outermost first
@@ -99,28 +99,28 @@ void WalkPixels(const PixelLayout& layout, const TileGrid& grid, bool fillers, V
         }
     };
     const auto record = [&] {
-        if (value(Axis::Down) < 0)
+        if (value(Axis::kDown) < 0)
             return visitor.Padding();
-        const std::int64_t y = value(Axis::Down) * grid.moduleHeight + value(Axis::Row);
-        const std::int64_t x = value(Axis::Across) * grid.moduleWidth + value(Axis::Column);
+        const std::int64_t y = value(Axis::kDown) * grid.moduleHeight + value(Axis::kRow);
+        const std::int64_t x = value(Axis::kAcross) * grid.moduleWidth + value(Axis::kColumn);
         visitor.Pixel(static_cast<std::size_t>(y * grid.width + x));
     };
     const auto run = [&] {
-        if (layout.extras == PixelLayout::Extras::Fillers && fillers) {
+        if (layout.extras == PixelLayout::Extras::kFillers && fillers) {
             visitor.Filler();
             visitor.Filler();
         }
         each(layout.loops[3], record);
     };
     const auto block = [&] {
-        if (layout.extras == PixelLayout::Extras::BlockHeaders)
+        if (layout.extras == PixelLayout::Extras::kBlockHeaders)
             visitor.StartBlock();
         each(layout.loops[2], run);
     };
     for (const Band& band : BandsOf(layout, grid)) {
         if (band.first == band.end)
             continue; // else its fillers would come without records
-        ranges[static_cast<std::size_t>(Axis::Down)] = band;
+        ranges[static_cast<std::size_t>(Axis::kDown)] = band;
         each(layout.loops[0], [&] { each(layout.loops[1], block); });
     }
 }

@@ -1,3 +1,4 @@
+// The command object of the first tile family.
 #pragma once
 
 #include "vxBaseCMD/vxBaseCMD.h"
@@ -33,7 +34,7 @@ private:
     std::uint32_t StartInstall(std::uint16_t tile, const char* signPath, std::uint32_t flashOffset,
                                std::uint32_t* taskId);
     std::uint32_t StartReadBlock(std::uint16_t tile, std::uint32_t flashOffset, std::uint32_t* taskId);
-    // What an operation ends with when `out` did not get a task's result, a tile's status, a block of its flash.
+    /// What an operation ends with when `out` did not get a task's result, a tile's status, a block of its flash.
     std::optional<std::uint32_t> FailedResult(std::uint32_t taskId, std::span<std::uint8_t> out);
     std::optional<std::uint32_t> FailedStatus(std::uint16_t tile, std::span<std::uint8_t> out);
     std::optional<std::uint32_t> FailedBlock(std::uint16_t tile, std::uint32_t flashOffset,

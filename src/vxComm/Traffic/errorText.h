@@ -1,3 +1,4 @@
+// Codes of the traffic signal controller's error log in words.
 #pragma once
 
 #include <cstdint>

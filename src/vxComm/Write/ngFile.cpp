@@ -1,3 +1,4 @@
+// Takes the message out of its wrapper.
 #include "vxComm/Write/ngFile.h"
 
 #include "util/littleEndian.h"

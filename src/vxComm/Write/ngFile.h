@@ -1,3 +1,4 @@
+// Files that hold a wrapped message.
 #pragma once
 
 #include "util/file.h"

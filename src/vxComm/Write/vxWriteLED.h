@@ -1,3 +1,4 @@
+// The command object that writes.
 #pragma once
 
 #include "util/file.h"

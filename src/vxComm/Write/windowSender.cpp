@@ -45,11 +45,11 @@ bool ReadAt(const File& file, std::uint64_t offset, void* buffer, std::size_t si
 class Acknowledgements
 {
 public:
-    /// Room for what comes next.
+    // Room for what comes next.
     std::uint8_t* Free() { return bytes.data() + used; }
     std::uint32_t Capacity() const { return static_cast<std::uint32_t>(bytes.size() - used); }
 
-    /// Takes `count` new bytes, frees the slots that they acknowledge and returns how many these are.
+    // Takes `count` new bytes, frees the slots that they acknowledge and returns how many these are.
     std::uint32_t Take(std::size_t count, std::array<Slot, kSlots>& slots)
     {
         std::uint32_t acknowledged = 0;

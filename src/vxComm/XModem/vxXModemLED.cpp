@@ -31,7 +31,7 @@ public:
             std::fputs("rk4095 is not ready\n", stdout);
             return VX_UPGRADE_FAILED;
         }
-        check = last == kAskCrc ? Check::Crc : Check::Sum;
+        check = last == kAskCrc ? Check::kCrc : Check::kSum;
         last = kNothingYet;
         bool more = true;
         while (more) {
@@ -148,7 +148,7 @@ private:
     vxXModemLED& line;
     const File& file;
     std::uint64_t size;
-    Check check = Check::Crc;
+    Check check = Check::kCrc;
     Frame frame;
     std::uint8_t last = kNothingYet; // reply
     std::uint32_t blockNumber = 0;   // of the block last sent

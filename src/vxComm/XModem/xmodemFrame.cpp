@@ -1,3 +1,4 @@
+// Lays XMODEM blocks out.
 #include "vxComm/XModem/xmodemFrame.h"
 
 #include <numeric>
@@ -32,7 +33,7 @@ void Frame::Seal(std::uint32_t blockNumber, Check check)
     bytes[0] = kSoh;
     bytes[1] = static_cast<std::uint8_t>(blockNumber);
     bytes[2] = static_cast<std::uint8_t>(~blockNumber);
-    if (check == Check::Crc) {
+    if (check == Check::kCrc) {
         const std::uint16_t crc = Crc(Data());
         bytes[kCheckAt] = static_cast<std::uint8_t>(crc >> 8);
         bytes[kCheckAt + 1] = static_cast<std::uint8_t>(crc);

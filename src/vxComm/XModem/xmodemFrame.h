@@ -20,8 +20,8 @@ constexpr std::uint8_t kFilling = 0x1A;
 
 enum class Check : std::uint8_t
 {
-    Crc,
-    Sum
+    kCrc,
+    kSum
 };
 
 /// The checksum that ends a block: polynomial 0x1021, start 0, not reflected.

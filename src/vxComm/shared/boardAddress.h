@@ -1,3 +1,4 @@
+// Requests for one board of a sign.
 #pragma once
 
 #include <vxsign/api.h>

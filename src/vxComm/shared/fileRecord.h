@@ -1,3 +1,4 @@
+// Records of files in transfer.
 #pragma once
 
 #include "util/littleEndian.h"

@@ -1,3 +1,4 @@
+// Request fields that are put together at run time.
 #pragma once
 
 #include "vxBaseCMD/fields.h"

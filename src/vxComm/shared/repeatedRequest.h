@@ -1,3 +1,4 @@
+// Requests that go out more than once.
 #pragma once
 
 #include "vxBaseCMD/vxBaseCMD.h"
