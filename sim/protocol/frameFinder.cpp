@@ -17,7 +17,6 @@ void FrameFinder::Skip(std::size_t count)
     if (keepsSkipped)
         kept.insert(kept.end(), begin, begin + static_cast<std::ptrdiff_t>(count));
     start += count;
-    skipped += count;
 }
 
 // Brings `start` to a sync pair, or to a last byte that may be the first half of one.

@@ -33,16 +33,12 @@ public:
     // What was passed over since the last call.
     std::vector<std::uint8_t> TakeSkipped() { return std::exchange(kept, {}); }
 
-    // Bytes passed over so far, as they belonged to no request.
-    std::uint64_t Skipped() const { return skipped; }
-
 private:
     bool SeekSync();
     void Skip(std::size_t count);
 
     std::vector<std::uint8_t> bytes;
     std::size_t start = 0; // of what is not yet consumed
-    std::uint64_t skipped = 0;
     bool keepsSkipped = false;
     std::vector<std::uint8_t> kept;
 };

@@ -41,7 +41,6 @@ public:
     // "SEQUENT", with the number of another list behind it.
     std::string ListName() const { return listIndex == kMainList ? "SEQUENT" : "SEQUENT" + std::to_string(listIndex); }
 
-    std::uint8_t Volume() const { return volume; }
     // What hosts wanted to be heard: the path or name of the last file, and the settings of the last sound command.
     const std::string& SoundFile() const { return soundFile; }
     std::span<const std::uint8_t, 3> Sound() const { return sound; }

@@ -61,7 +61,6 @@ struct SignEvents
     std::function<void(const std::filesystem::path&)> fileWritten = {};          // any file, SEQUENT.SYS included
     std::function<void(std::span<const std::uint8_t, 52>)> displayStyleSet = {}; // a host set the default display style
     std::function<void(bool)> blackScreenChanged = {};                           // true: the face is dark
-    std::function<void(std::span<const std::uint8_t>)> urgentMessageReceived = {}; // at most 1024 bytes
     std::function<void(std::uint64_t)> restarting = {};    // dark up to this time in ms, then it plays anew
     std::function<void(const Frame&, Code)> answered = {}; // every request, and kOk or what it was refused with
     std::function<void(const Frame&)> heldBack = {};       // a password that was not looked at
@@ -142,11 +141,10 @@ public:
     std::optional<std::filesystem::path> Resolve(std::string_view signPath) const { return drives.Resolve(signPath); }
 
     // What hosts left with the sign since it started: tube data (payload and extended part joined) by minor, the last
-    // urgent message, checksums by file name, update states by board address.
+    // urgent message, checksums by file name.
     const std::map<std::uint8_t, std::vector<std::uint8_t>>& TubeData() const { return tubeData; }
     std::span<const std::uint8_t> UrgentMessage() const { return urgentMessage; }
     const std::map<std::string, FileChecksum>& Checksums() const { return checksums; }
-    const std::map<std::uint16_t, std::uint8_t>& UpdateStates() const { return updateStates; }
 
 private:
     Reply Execute(const Frame& request, const Arrival& arrival);

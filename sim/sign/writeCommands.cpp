@@ -139,10 +139,6 @@ Reply VirtualSign::WriteUrgentMessage(const Frame& request)
     if (request.extended.size() > kUrgentLimit)
         return Reply::WithCode(Code::kUrgentTooLong);
     urgentMessage.assign(request.extended.begin(), request.extended.end());
-    for (const SignEvents& observer : observers) {
-        if (observer.urgentMessageReceived)
-            observer.urgentMessageReceived(urgentMessage);
-    }
     return Reply::Done();
 }
 
