@@ -1,9 +1,9 @@
 #pragma once
 
+#include "sim/files/storedRecord.h"
+#include "sim/monitor/monitor.h"
 #include "sim/protocol/frame.h"
 #include "sim/protocol/reply.h"
-#include "sim/sign/monitor.h"
-#include "sim/sign/storedRecord.h"
 
 #include <cstdint>
 #include <filesystem>

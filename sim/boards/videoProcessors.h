@@ -1,8 +1,8 @@
 #pragma once
 
+#include "sim/files/storedRecord.h"
 #include "sim/protocol/frame.h"
 #include "sim/protocol/reply.h"
-#include "sim/sign/storedRecord.h"
 
 #include <array>
 #include <cstdint>

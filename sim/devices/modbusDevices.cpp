@@ -1,6 +1,6 @@
 #include "sim/devices/modbusDevices.h"
 
-#include "sim/sign/storedRecord.h"
+#include "sim/files/storedRecord.h"
 
 #include <algorithm>
 #include <array>

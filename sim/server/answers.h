@@ -4,7 +4,7 @@
 #include "sim/devices/modbusDevices.h"
 #include "sim/server/faults.h"
 #include "sim/server/streamLine.h"
-#include "sim/sign/virtualSign.h"
+#include "sim/virtualSign.h"
 
 #include <cstdint>
 #include <optional>

@@ -7,7 +7,7 @@
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
 #include "sim/server/streamLine.h"
-#include "sim/sign/virtualSign.h"
+#include "sim/virtualSign.h"
 
 #include <chrono>
 #include <cstddef>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "sim/face/canvas.h"
-#include "sim/sign/monitor.h"
+#include "sim/monitor/monitor.h"
 
 namespace vxsim {
 

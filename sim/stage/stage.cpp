@@ -1,13 +1,13 @@
 #include "sim/stage/stage.h"
 
 #include "sim/face/jpeg.h"
-#include "sim/sign/signClock.h"
 #include "sim/stage/faults.h"
 #include "sim/stage/signalHeads.h"
 #include "sim/stage/testPictures.h"
 #include "sim/stage/tickerPicture.h"
 #include "sim/stage/tilePictures.h"
 #include "sim/stage/videoPictures.h"
+#include "sim/state/signClock.h"
 
 #include <algorithm>
 #include <array>

@@ -3,11 +3,11 @@
 #include "sim/content/player.h"
 #include "sim/face/canvas.h"
 #include "sim/face/font.h"
-#include "sim/sign/playback.h"
-#include "sim/sign/virtualSign.h"
+#include "sim/play/playback.h"
 #include "sim/stage/caption.h"
 #include "sim/stage/programScreen.h"
 #include "sim/stage/zoneScreen.h"
+#include "sim/virtualSign.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -2,7 +2,7 @@
 
 #include "sim/face/canvas.h"
 #include "sim/face/font.h"
-#include "sim/sign/testCommands.h"
+#include "sim/play/testCommands.h"
 
 #include <cstdint>
 

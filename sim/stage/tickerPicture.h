@@ -2,7 +2,7 @@
 
 #include "sim/face/canvas.h"
 #include "sim/face/font.h"
-#include "sim/sign/tickerCommands.h"
+#include "sim/play/tickerCommands.h"
 
 #include <cstdint>
 #include <string_view>

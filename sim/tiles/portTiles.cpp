@@ -1,7 +1,7 @@
 #include "sim/tiles/portTiles.h"
 
+#include "sim/files/signText.h"
 #include "sim/protocol/bytes.h"
-#include "sim/sign/signText.h"
 #include "sim/tiles/signDisk.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "sim/files/drives.h"
 #include "sim/protocol/frame.h"
 #include "sim/protocol/reply.h"
-#include "sim/sign/drives.h"
 #include "sim/tiles/controlBoard.h"
 
 namespace vxsim {

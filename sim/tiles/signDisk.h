@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sim/sign/drives.h"
-#include "sim/sign/storedRecord.h"
+#include "sim/files/drives.h"
+#include "sim/files/storedRecord.h"
 #include "sim/tiles/tileFiles.h"
 
 #include <cstddef>

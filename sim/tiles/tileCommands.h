@@ -1,13 +1,13 @@
 #pragma once
 
+#include "sim/files/drives.h"
+#include "sim/monitor/tileMoment.h"
 #include "sim/protocol/frame.h"
 #include "sim/protocol/reply.h"
-#include "sim/sign/drives.h"
 #include "sim/tiles/busTiles.h"
 #include "sim/tiles/controlBoard.h"
 #include "sim/tiles/directTiles.h"
 #include "sim/tiles/portTiles.h"
-#include "sim/tiles/tileMoment.h"
 #include "sim/tiles/tileWall.h"
 
 #include <cstdint>

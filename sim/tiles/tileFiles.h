@@ -1,7 +1,7 @@
 #pragma once
 
+#include "sim/state/taskState.h"
 #include "sim/tiles/calibration.h"
-#include "sim/tiles/taskState.h"
 #include "sim/tiles/tileFileTypes.h"
 #include "sim/tiles/tilePlan.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sim/sign/tiles.h"
+#include "sim/state/tiles.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sim/tiles/taskState.h"
-#include "sim/tiles/tileMoment.h"
+#include "sim/monitor/tileMoment.h"
+#include "sim/state/taskState.h"
 
 #include <cstdint>
 #include <deque>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "sim/monitor/tileMoment.h"
 #include "sim/tiles/tileFiles.h"
-#include "sim/tiles/tileMoment.h"
 #include "sim/tiles/tilePlan.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sim/sign/signClock.h"
+#include "sim/state/signClock.h"
 
 #include <array>
 #include <cstddef>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "sim/protocol/reply.h"
-#include "sim/sign/signClock.h"
+#include "sim/state/signClock.h"
 #include "sim/traffic/signalProgram.h"
 #include "sim/traffic/trafficFiles.h"
 

@@ -1,7 +1,7 @@
 #include "sim/traffic/trafficFiles.h"
 
+#include "sim/files/storedRecord.h"
 #include "sim/protocol/bytes.h"
-#include "sim/sign/storedRecord.h"
 
 #include <algorithm>
 #include <array>

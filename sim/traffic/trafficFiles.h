@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sim/sign/drives.h"
-#include "sim/sign/signClock.h"
+#include "sim/files/drives.h"
+#include "sim/state/signClock.h"
 
 #include <cstddef>
 #include <cstdint>

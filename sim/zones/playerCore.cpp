@@ -1,7 +1,7 @@
 #include "sim/zones/playerCore.h"
 
+#include "sim/files/signText.h"
 #include "sim/protocol/bytes.h"
-#include "sim/sign/signText.h"
 #include "sim/zones/projectRecord.h"
 
 #include <algorithm>

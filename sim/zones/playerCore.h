@@ -1,9 +1,9 @@
 #pragma once
 
+#include "sim/files/drives.h"
+#include "sim/files/storedRecord.h"
 #include "sim/protocol/frame.h"
 #include "sim/protocol/reply.h"
-#include "sim/sign/drives.h"
-#include "sim/sign/storedRecord.h"
 #include "sim/zones/programDisplay.h"
 #include "sim/zones/programStore.h"
 

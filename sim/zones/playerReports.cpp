@@ -1,6 +1,6 @@
 // What the player core keeps and tells of projects and programs.
+#include "sim/files/signText.h"
 #include "sim/protocol/bytes.h"
-#include "sim/sign/signText.h"
 #include "sim/zones/playerCore.h"
 #include "sim/zones/projectRecord.h"
 

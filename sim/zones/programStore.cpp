@@ -1,8 +1,8 @@
 #include "sim/zones/programStore.h"
 
-#include "sim/sign/directory.h"
-#include "sim/sign/signText.h"
-#include "sim/sign/storedRecord.h"
+#include "sim/files/directory.h"
+#include "sim/files/signText.h"
+#include "sim/files/storedRecord.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sim/sign/drives.h"
+#include "sim/files/drives.h"
 
 #include <cstddef>
 #include <cstdint>

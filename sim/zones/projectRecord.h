@@ -1,7 +1,7 @@
 #pragma once
 
+#include "sim/files/signText.h"
 #include "sim/protocol/bytes.h"
-#include "sim/sign/signText.h"
 #include "sim/zones/programStore.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // Quick show over a real UDP socket, against a whole sign on loopback.
-#include "sim/sign/virtualSign.h"
+#include "sim/virtualSign.h"
 #include "support/tempFolder.h"
 #include "support/udpPeer.h"
 

@@ -1,5 +1,5 @@
 // Lists to a whole sign and back.
-#include "sim/sign/virtualSign.h"
+#include "sim/virtualSign.h"
 #include "support/playlistTree.h"
 #include "support/scriptedSign.h"
 

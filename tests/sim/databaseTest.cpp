@@ -1,4 +1,4 @@
-#include "sim/sign/database.h"
+#include "sim/logs/database.h"
 #include "logFixture.h"
 
 #include <sqlite3.h>

@@ -2,7 +2,7 @@
 #include "sim/devices/bootLoader.h"
 #include "sim/devices/modbusDevices.h"
 #include "sim/devices/modbusFrames.h"
-#include "sim/sign/storedRecord.h"
+#include "sim/files/storedRecord.h"
 
 #include "signFixture.h"
 

@@ -1,4 +1,4 @@
-#include "sim/sign/shortNames.h"
+#include "sim/files/shortNames.h"
 
 #include "stageFixture.h"
 

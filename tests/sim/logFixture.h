@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sim/sign/condition.h"
+#include "sim/state/condition.h"
 #include "stageFixture.h"
 
 #include <string>

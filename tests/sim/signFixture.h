@@ -1,7 +1,7 @@
 #pragma once
 
 #include "sim/protocol/frame.h"
-#include "sim/sign/virtualSign.h"
+#include "sim/virtualSign.h"
 
 #include <algorithm>
 #include <cstdint>

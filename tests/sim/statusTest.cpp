@@ -1,5 +1,5 @@
 #include "logFixture.h"
-#include "sim/sign/warningFiles.h"
+#include "sim/logs/warningFiles.h"
 
 namespace vxsim_tests {
 namespace {

@@ -1,7 +1,7 @@
 // The tiles of the virtual sign, as hosts reach them over buses and ports and directly.
 #include "sim/protocol/checksum.h"
 #include "sim/protocol/frameFinder.h"
-#include "sim/sign/condition.h"
+#include "sim/state/condition.h"
 #include "stageFixture.h"
 
 #include <random>

@@ -2,7 +2,7 @@
 
 #include "sim/server/endpoints.h"
 #include "sim/server/server.h"
-#include "sim/sign/virtualSign.h"
+#include "sim/virtualSign.h"
 #include "support/tempFolder.h"
 
 #include <sys/eventfd.h>

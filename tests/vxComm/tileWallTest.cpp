@@ -1,6 +1,6 @@
 // Tiles from end to end: the library's exports against the tiles of the virtual sign.
-#include "sim/sign/condition.h"
-#include "sim/sign/virtualSign.h"
+#include "sim/state/condition.h"
+#include "sim/virtualSign.h"
 #include "support/fakeClock.h"
 #include "support/scriptedSign.h"
 #include "support/tempFolder.h"
