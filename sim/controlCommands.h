@@ -1,44 +1,42 @@
+// Commands for power, light, and the settings that the sign only keeps.
 #pragma once
 
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
+#include "sim/command/commandFamily.h"
+#include "sim/command/signEvents.h"
+#include "sim/state/faceLight.h"
 
-#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace vxsim {
 
-// Majors 4 and 17 but for black screen and reset: power, brightness, and the settings that the sign only keeps.
-class ControlCommands
+class ControlCommands : public CommandFamily
 {
 public:
-    Reply Execute(const Frame& request);   // major 4
-    Reply ExecuteFh(const Frame& request); // major 17
+    ControlCommands(FaceLight& faceLight, const SignObservers& tell) : light(faceLight), observers(tell) {}
 
-    bool IsOn() const { return on; }
-
-    // Brightness of the front: 0 automatic, else eighths of full light, 8 being full.
-    std::uint8_t Brightness() const { return brightness; }
+    std::span<const CommandRow> Commands() const override;
+    void Restart(std::uint64_t nowMs, bool isCold) override;
 
     // What a host has set with this minor of major 4, payload and extended part joined; empty if nothing.
     std::span<const std::uint8_t> Kept(std::uint8_t minor) const;
 
-    // As after switching the sign off and on.
-    void ForgetAll() { *this = {}; }
-
 private:
-    Reply SetBrightness(const Frame& request, std::size_t sides);
-    static Reply Switch(const Frame& request, std::uint8_t& state, std::size_t replySize);
+    Reply SetBlack(const Call& call, bool isBlack);
+    Reply Switch(const Call& call, bool isOn);
+    Reply TellPower(const Call& call);
+    Reply SetBrightness(const Call& call);
+    Reply Keep(const Call& call);
+    Reply Give(const Call& call, std::size_t size);
+    Reply AskOrSet(const Call& call, std::size_t size);
 
-    bool on = true;
-    std::uint8_t brightness = 0;
-    std::uint8_t commitStatus = 0;
-    std::uint8_t generator = 0;
-    std::array<std::uint8_t, 2> fh{};
-    std::map<std::uint8_t, std::vector<std::uint8_t>> kept;
+    FaceLight& light;
+    const SignObservers& observers;
+    std::map<std::pair<std::uint8_t, std::uint8_t>, std::vector<std::uint8_t>> kept; // by major and minor
 };
 
 } // namespace vxsim

@@ -14,14 +14,11 @@ enum : std::uint8_t
 {
     kLogIn = 1,
     kLogOut = 2,
-    kChangePassword = 3,
-    kServerTable = 48
+    kChangePassword = 3
 };
 
 constexpr std::size_t kPasswordAt = 14;
-constexpr std::size_t kLoginSize = 20;
 constexpr std::size_t kNewPasswordAt = 20;
-constexpr std::size_t kChangeSize = 28;
 constexpr std::size_t kServerRecord = 68;
 constexpr std::size_t kServerPortAt = 64;
 
@@ -30,9 +27,9 @@ constexpr unsigned kLongestWait = 30;       // seconds
 constexpr std::uint64_t kForgetMs = 600000; // after the last wrong password
 constexpr std::size_t kMostHosts = 256;
 
-std::string FieldAt(const Frame& request, std::size_t at, std::size_t size)
+std::string FieldAt(const Call& call, std::size_t at, std::size_t size)
 {
-    return std::string(TextAt(request.payload.first(at + size), at));
+    return std::string(TextAt(call.payload.first(at + size), at));
 }
 
 } // namespace
@@ -40,6 +37,25 @@ std::string FieldAt(const Frame& request, std::size_t at, std::size_t size)
 LoginCommands::LoginCommands(Users known, std::uint64_t hold, std::uint32_t signAddress, std::uint16_t signPort)
     : users(std::move(known)), holdMs(hold), address(signAddress), port(signPort)
 {
+}
+
+std::span<const CommandRow> LoginCommands::Commands() const
+{
+    static constexpr CommandRow kRows[] = {
+        {kMajor, kLogIn, "log in", 20, 0, kLogged, Run<&LoginCommands::LogIn>, "begins a [login](#login)"},
+        {kMajor, kLogOut, "log out", 0, 0, kLogged, Run<&LoginCommands::LogOut>, "ends the login"},
+        {kMajor, kChangePassword, "change password", 28, 0, kLogged, Run<&LoginCommands::ChangePassword>,
+         "the user, the old password and the new one"},
+        {kMajor, 48, "server table", 0, 0, kUnlogged, Run<&LoginCommands::TellServers>,
+         "one record of 68 bytes: the sign's address as text, at 64 its port (32 bits)"},
+    };
+    return kRows;
+}
+
+void LoginCommands::Restart(std::uint64_t, bool isCold)
+{
+    if (isCold)
+        held.reset();
 }
 
 bool LoginCommands::IsHeld(std::uint64_t nowMs) const
@@ -71,71 +87,56 @@ bool LoginCommands::IsHeldBack(const Frame& request, const Arrival& arrival) con
            former != tries.end() && arrival.nowMs - former->second.lastMs < former->second.WaitMs();
 }
 
-// Whether the request has the right password. Counts the wrong ones of its host; the host that was wrong longest ago is
+// Whether the call has the right password. Counts the wrong ones of its host; the host that was wrong longest ago is
 // forgotten first.
-bool LoginCommands::IsPassword(const std::string& password, const Frame& request, const Arrival& arrival)
+bool LoginCommands::IsPassword(const std::string& password, const Call& call)
 {
-    if (password == FieldAt(request, kPasswordAt, kLongestPassword)) {
-        tries.erase(arrival.host);
+    if (password == FieldAt(call, kPasswordAt, kLongestPassword)) {
+        tries.erase(call.host);
         return true;
     }
-    if (tries.size() >= kMostHosts && !tries.contains(arrival.host))
+    if (tries.size() >= kMostHosts && !tries.contains(call.host))
         tries.erase(std::ranges::min_element(tries, {}, [](const auto& one) { return one.second.lastMs; }));
-    Tries& own = tries[arrival.host];
-    if (arrival.nowMs - own.lastMs >= kForgetMs)
+    Tries& own = tries[call.host];
+    if (call.nowMs - own.lastMs >= kForgetMs)
         own.wrong = 0;
-    own = {own.wrong + 1, arrival.nowMs};
+    own = {own.wrong + 1, call.nowMs};
     return false;
 }
 
-Reply LoginCommands::Execute(const Frame& request, const Arrival& arrival)
+Reply LoginCommands::LogOut(const Call& call)
 {
-    switch (request.minor) {
-    case kLogIn:
-        return LogIn(request, arrival);
-    case kLogOut:
-        if (held && held->host == arrival.host)
-            LogOut();
-        return Reply::Done();
-    case kChangePassword:
-        return ChangePassword(request, arrival);
-    case kServerTable:
-        return ServerTable();
-    default:
-        return Reply::WithCode(Code::kUnknownMinor);
-    }
+    if (held && held->host == call.host)
+        held.reset();
+    return Reply::Done();
 }
 
 // The same user may go on from another host; another user has to wait.
-Reply LoginCommands::LogIn(const Frame& request, const Arrival& arrival)
+Reply LoginCommands::LogIn(const Call& call)
 {
-    if (request.payload.size() < kLoginSize)
-        return Reply::WithCode(Code::kBadLength);
     if (users.empty())
         return Reply::Done();
-    const std::string user = FieldAt(request, 0, kLongestUser);
+    const std::string user = FieldAt(call, 0, kLongestUser);
     const auto known = users.find(user);
     if (known == users.end())
         return Reply::WithCode(Code::kUnknownUser);
-    if (!IsPassword(known->second, request, arrival))
+    if (!IsPassword(known->second, call))
         return Reply::WithCode(Code::kWrongPassword);
-    if (IsHeld(arrival.nowMs) && held->host != arrival.host && held->user != user)
+    if (IsHeld(call.nowMs) && held->host != call.host && held->user != user)
         return Reply::WithCode(Code::kUsedByOthers);
-    held = Login{user, arrival.host, arrival.nowMs};
+    held = Login{user, call.host, call.nowMs};
     return Reply::Done();
 }
 
 // The old password stands for the login.
-Reply LoginCommands::ChangePassword(const Frame& request, const Arrival& arrival)
+Reply LoginCommands::ChangePassword(const Call& call)
 {
-    if (request.payload.size() < kChangeSize)
-        return Reply::WithCode(Code::kBadLength);
-    const auto known = users.find(FieldAt(request, 0, kLongestUser));
+    const auto known = users.find(FieldAt(call, 0, kLongestUser));
     if (known == users.end())
         return Reply::WithCode(Code::kNoSuchUser);
-    if (!IsPassword(known->second, request, arrival))
+    if (!IsPassword(known->second, call))
         return Reply::WithCode(Code::kWrongOldPassword);
-    const std::string wanted = FieldAt(request, kNewPasswordAt, kLongestPassword);
+    const std::string wanted = FieldAt(call, kNewPasswordAt, kLongestPassword);
     if (wanted.empty())
         return Reply::WithCode(Code::kBadLength);
     known->second = wanted;
@@ -143,7 +144,7 @@ Reply LoginCommands::ChangePassword(const Frame& request, const Arrival& arrival
 }
 
 // The one server is the sign itself: its address as text, and its port.
-Reply LoginCommands::ServerTable() const
+Reply LoginCommands::TellServers(const Call&)
 {
     Reply reply{0, {1, 0, 0, 0}, std::vector<std::uint8_t>(kServerRecord)};
     std::ranges::copy(AddressText(address), reply.extended.begin());

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "sim/command/arrival.h"
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
+#include "sim/command/commandFamily.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -20,7 +18,7 @@ using Users = std::map<std::string, std::string>; // passwords by name
 
 // Major 10: who may use the sign. One user at a time holds it, known by the address of the host, since a host on UDP
 // has a new port for each call. A login ends when nothing was asked under it for a while.
-class LoginCommands
+class LoginCommands : public CommandFamily
 {
 public:
     // Without users everybody may use the sign. `address` and `port` are where it listens.
@@ -33,9 +31,8 @@ public:
     // each further one, up to thirty; a host that repeats its request has an answer then.
     bool IsHeldBack(const Frame& request, const Arrival& arrival) const;
 
-    Reply Execute(const Frame& request, const Arrival& arrival);
-
-    void LogOut() { held.reset(); }
+    std::span<const CommandRow> Commands() const override;
+    void Restart(std::uint64_t nowMs, bool isCold) override;
 
     // Who is logged in from that host; empty if nobody is.
     std::string UserAt(const Arrival& arrival) const
@@ -59,10 +56,11 @@ private:
     };
 
     bool IsHeld(std::uint64_t nowMs) const;
-    Reply LogIn(const Frame& request, const Arrival& arrival);
-    Reply ChangePassword(const Frame& request, const Arrival& arrival);
-    bool IsPassword(const std::string& password, const Frame& request, const Arrival& arrival);
-    Reply ServerTable() const;
+    Reply LogIn(const Call& call);
+    Reply LogOut(const Call& call);
+    Reply ChangePassword(const Call& call);
+    Reply TellServers(const Call& call);
+    bool IsPassword(const std::string& password, const Call& call);
 
     Users users;
     std::uint64_t holdMs;

@@ -1,41 +1,44 @@
+// The virtual sign: puts its commands together and answers requests.
 #pragma once
 
+#include "sim/boards/boardUpdates.h"
 #include "sim/boards/extraBoards.h"
 #include "sim/boards/videoProcessors.h"
-#include "sim/command/arrival.h"
+#include "sim/command/commandFamily.h"
+#include "sim/command/signEvents.h"
 #include "sim/controlCommands.h"
 #include "sim/files/drives.h"
 #include "sim/files/fileCommands.h"
-#include "sim/files/fileLayouts.h"
-#include "sim/files/fileReceiver.h"
-#include "sim/files/fileSender.h"
-#include "sim/files/limits.h"
-#include "sim/files/storedRecord.h"
+#include "sim/files/transferCommands.h"
 #include "sim/loginCommands.h"
 #include "sim/logs/database.h"
-#include "sim/logs/refusalLog.h"
 #include "sim/logs/signLog.h"
 #include "sim/monitor/monitor.h"
 #include "sim/monitor/pixelCheck.h"
 #include "sim/play/playCommands.h"
 #include "sim/play/testCommands.h"
 #include "sim/play/tickerCommands.h"
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
+#include "sim/recordCommands.h"
+#include "sim/reportCommands.h"
+#include "sim/restartCommands.h"
+#include "sim/state/faceLight.h"
 #include "sim/state/timeCommands.h"
-#include "sim/tiles/tileCommands.h"
+#include "sim/tiles/busTiles.h"
+#include "sim/tiles/controlBoard.h"
+#include "sim/tiles/directTiles.h"
+#include "sim/tiles/portTiles.h"
+#include "sim/tiles/tileWall.h"
 #include "sim/traffic/trafficCommands.h"
 #include "sim/zones/playerCore.h"
 #include "sim/zones/zoneCommands.h"
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
-#include <map>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vxsim {
@@ -52,33 +55,6 @@ struct SignSettings
     std::uint64_t loginHoldMs = 600000;  // from the last command to the end of a login
     std::int64_t localSecondsAtZero = 0; // local time, in seconds since 1970, when Arrival::nowMs was 0
     bool controller = false;             // whether it is a traffic signal controller
-};
-
-// Told after the fact, from inside Answer. Each may be empty; none may call Answer.
-struct SignEvents
-{
-    std::function<void()> sequenceWritten = {};                                  // C:\SEQUENT.SYS was replaced or went
-    std::function<void(const std::filesystem::path&)> fileWritten = {};          // any file, SEQUENT.SYS included
-    std::function<void(std::span<const std::uint8_t, 52>)> displayStyleSet = {}; // a host set the default display style
-    std::function<void(bool)> blackScreenChanged = {};                           // true: the face is dark
-    std::function<void(std::uint64_t)> restarting = {};    // dark up to this time in ms, then it plays anew
-    std::function<void(const Frame&, Code)> answered = {}; // every request, and kOk or what it was refused with
-    std::function<void(const Frame&)> heldBack = {};       // a password that was not looked at
-    std::function<void(const std::string&)> failed = {};   // what the sign could not do for itself, and why
-};
-
-struct SignCounters
-{
-    std::uint32_t answered = 0;  // requests, refused ones included
-    std::uint32_t refused = 0;   // answered with a code that is no answer
-    std::uint32_t malformed = 0; // left without an answer
-    std::uint32_t filesWritten = 0;
-};
-
-struct FileChecksum
-{
-    std::uint32_t size = 0;
-    std::uint16_t crc = 0;
 };
 
 // A sign without its line: answers the bytes of one request with the bytes of the reply. Needs no clock and no socket,
@@ -102,17 +78,16 @@ public:
     void NotePlay(const std::string& signPath, std::uint64_t beginMs, std::uint64_t nowMs);
 
     // Adds an observer, which is told as long as the sign lives.
-    void Observe(SignEvents observer) { observers.push_back(std::move(observer)); }
+    void Observe(SignEvents observer) { observers.Add(std::move(observer)); }
 
     const SignSettings& Settings() const { return settings; }
-    const SignCounters& Counters() const { return counters; }
-    bool IsBlack() const { return black; }
+    const SignCounters& Counters() const { return reports.Counters(); }
 
-    // Whether the face is dark at that time, whatever plays: blanked, without power or restarting.
-    bool IsDark(std::uint64_t nowMs) const;
+    // Of all families, in the order of their numbers.
+    std::vector<CommandRow> Commands() const;
 
-    // Eighths of full light, 1 to 8.
-    std::uint8_t Light(std::uint64_t nowMs) const;
+    // Power, blanking and brightness of the face.
+    const FaceLight& Light() const { return light; }
 
     const ControlCommands& Control() const { return control; }
     const TestCommands& Tests() const { return tests; }
@@ -123,7 +98,10 @@ public:
     const ZoneCommands& Zones() const { return zones; }
     const PlayerCore& Programs() const { return programs; }
     const Monitor& Faults() const { return monitor; }
-    const std::optional<TrafficCommands>& Traffic() const { return traffic; } // of a controller
+    const RecordCommands& Records() const { return records; }
+
+    // Null unless the sign is a traffic signal controller.
+    const TrafficCommands* Traffic() const { return settings.controller ? &traffic : nullptr; }
 
     // The tiles as they are at that time.
     const TileWall& Tiles(std::uint64_t nowMs);
@@ -134,83 +112,49 @@ public:
     // What plays on the face. Stays attached as long as the sign lives.
     void Attach(Playback& playback) { play.Attach(playback); }
     void Attach(ProgramDisplay& display) { programs.Attach(display); } // of the player core
-    std::span<const std::uint8_t, kDisplayStyleSize> DisplayStyle() const;
-    std::filesystem::path SequenceFile() const;
+
+    std::filesystem::path SequenceFile() const { return drives.SequenceFile(); }
 
     // The file behind a sign path; see Drives::Resolve.
     std::optional<std::filesystem::path> Resolve(std::string_view signPath) const { return drives.Resolve(signPath); }
 
-    // What hosts left with the sign since it started: tube data (payload and extended part joined) by minor, the last
-    // urgent message, checksums by file name.
-    const std::map<std::uint8_t, std::vector<std::uint8_t>>& TubeData() const { return tubeData; }
-    std::span<const std::uint8_t> UrgentMessage() const { return urgentMessage; }
-    const std::map<std::string, FileChecksum>& Checksums() const { return checksums; }
-
 private:
-    Reply Execute(const Frame& request, const Arrival& arrival);
-    Reply Control(const Frame& request, std::uint64_t nowMs);
-    Reply PollUpdate();
-    void Restart(std::uint64_t nowMs);
-    Reply Read(const Frame& request, std::uint64_t nowMs);
-    Reply ReadState(std::uint64_t nowMs) const;
-    Reply QueryDatabase(const Frame& request);
-    Reply ReadFile(const Frame& request, const FileLayout& layout);
-    Reply ReadUpdateState(const Frame& request) const;
-    Reply Statistics(const Frame& request) const;
-    Reply Write(const Frame& request);
-    Reply WriteFile(const Frame& request, const FileLayout& layout);
-    Reply WriteBoard(const Frame& request);
-    Reply WriteUrgentMessage(const Frame& request);
-    Reply WriteChecksum(const Frame& request);
-    Reply WriteUpdateState(const Frame& request);
-    Reply SetDisplayStyle(const Frame& request);
-    Reply SetBlack(bool on);
-    Reply Files(const Frame& request);
-
-    char DriveOf(const Frame& request, const FileLayout& layout) const;
-    std::optional<std::filesystem::path> Locate(const Frame& request, const FileLayout& layout) const;
-    std::filesystem::path FlashFile() const { return kept / "data-flash.bin"; }
-    std::string SystemText() const;
-    SignMoment MomentAt(std::uint64_t nowMs) const;
+    Reply Execute(const Command& command, const Frame& request, const Arrival& arrival);
     void PrepareSystemFiles() const;
-    void SequenceChanged();
-    void FileFinished(const std::filesystem::path& file);
 
     SignSettings settings;
+    SignObservers observers;
     Drives drives;
     std::filesystem::path kept; // folder of what the sign keeps beside its drives
-    FileReceiver receiver;
-    FileSender sender;
-    StoredRecord displayStyle;
-    StoredRecord brightness;
-    StoredRecord identity;
-    ControlCommands control;
-    TestCommands tests;
-    TimeCommands time;
-    PlayCommands play;
-    TickerCommands ticker;
-    ZoneCommands zones;
-    PlayerCore programs;
-    LoginCommands login;
-    std::optional<TrafficCommands> traffic;
-    FileCommands files;
     SignDatabase database;
     SignLog log;
+    TimeCommands time;
+    FaceLight light;
     Monitor monitor;
+    TileWall wall;
+    ControlBoard board;
+
+    ReportCommands reports;
+    RecordCommands records;
+    RestartCommands restarts;
+    ControlCommands control;
+    TransferCommands transfers;
+    FileCommands files;
+    BoardUpdates updates;
+    TestCommands tests;
+    PlayCommands play;
+    TickerCommands ticker;
+    TrafficCommands traffic;
+    LoginCommands login;
+    BusTiles buses;
+    PortTiles ports;
+    DirectTiles direct;
     PixelCheck pixelCheck;
     VideoProcessors video;
+    ZoneCommands zones;
     ExtraBoards extraBoards;
-    TileCommands tiles;
-    bool black = false;
-    std::uint64_t darkUntilMs = 0; // of a restart
-    unsigned updatePolls = 0;      // that are still refused
-    std::map<std::uint8_t, std::vector<std::uint8_t>> tubeData;
-    std::vector<std::uint8_t> urgentMessage;
-    std::map<std::string, FileChecksum> checksums;
-    std::map<std::uint16_t, std::uint8_t> updateStates;
-    RefusalLog refusals;
-    SignCounters counters;
-    std::vector<SignEvents> observers;
+    PlayerCore programs;
+    std::vector<CommandFamily*> families; // all of them; traffic before login, which has one code in common with it
 };
 
 } // namespace vxsim

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "sim/command/commandFamily.h"
 #include "sim/files/storedRecord.h"
 #include "sim/monitor/monitor.h"
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -13,24 +12,29 @@ namespace vxsim {
 
 // Major 96: boards behind the control board. Each collects measurements and has 16 inputs and outputs; the first eight
 // inputs tell of the sign, the others are wired to the first eight outputs. One Wi-Fi module serves them all.
-class ExtraBoards
+class ExtraBoards : public CommandFamily
 {
 public:
-    explicit ExtraBoards(const std::filesystem::path& keptFolder);
+    ExtraBoards(const std::filesystem::path& keptFolder, const Monitor& monitor);
 
-    Reply Execute(const Frame& request, const SignState& state);
+    std::span<const CommandRow> Commands() const override;
 
 private:
-    Reply Control(const Frame& request, std::size_t board);
-    Reply Collect(const SignState& state, std::size_t board) const;
-    Reply ReadInputs(const SignState& state, std::size_t board) const;
-    Reply Wifi(const Frame& request);
-    Reply Unlock(const Frame& request);
+    Reply SetCollection(const Call& call);
+    Reply Collect(const Call& call);
+    Reply SetOutputs(const Call& call);
+    Reply ReadInputs(const Call& call);
+    Reply UnlockWifi(const Call& call);
+    Reply SetWifi(const Call& call);
+    Reply GetWifi(const Call& call);
+    Reply ResetWifi(const Call& call);
 
+    Reply Keep(std::span<const std::uint8_t> bytes, std::size_t at);
     std::span<const std::uint8_t> Settings(std::size_t board) const;
     std::span<const std::uint8_t> Outputs(std::size_t board) const;
     std::span<const std::uint8_t> Key() const;
 
+    const Monitor& monitor;
     StoredRecord boards;
     StoredRecord wifi;
     bool unlocked = false;

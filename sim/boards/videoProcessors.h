@@ -1,15 +1,16 @@
 #pragma once
 
+#include "sim/command/commandFamily.h"
 #include "sim/files/storedRecord.h"
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <filesystem>
 #include <optional>
 #include <span>
+#include <vector>
 
 namespace vxsim {
 
@@ -33,13 +34,12 @@ struct VideoLevels
 
 // Majors 52 and 53: the VPU, which the whole picture goes through, and the MPU, which puts the picture of an input into
 // a window. Both keep what they are set to. Their inputs 1 to 8 carry a test picture, the others no signal.
-class VideoProcessors
+class VideoProcessors : public CommandFamily
 {
 public:
     VideoProcessors(const std::filesystem::path& file, int faceWidth, int faceHeight);
 
-    Reply ExecuteVpu(const Frame& request); // major 52
-    Reply ExecuteMpu(const Frame& request, std::uint64_t nowMs);
+    std::span<const CommandRow> Commands() const override;
 
     static bool HasSignal(std::uint8_t channel) { return channel >= 1 && channel <= 8; }
 
@@ -57,11 +57,25 @@ private:
         std::uint64_t startedMs = 0;
     };
 
-    Reply Keep(const Frame& request);
-    Reply SetWindow(const Frame& request, std::uint64_t nowMs);
-    Reply Progress(const Frame& request, std::uint64_t nowMs) const;
+    // What is kept, in the order of the file, with 16 bytes for each.
+    enum class Setting : std::uint8_t;
+    static constexpr std::size_t kSlot = 16;
+    static constexpr std::uint16_t PlaceOf(Setting setting)
+    {
+        return static_cast<std::uint16_t>(kSlot * static_cast<std::size_t>(setting));
+    }
+    static std::vector<std::uint8_t> InitialSettings();
+
+    Reply Keep(const Call& call, Setting setting);
+    Reply TellSignal(const Call& call);
+    Reply TellBrightness(const Call& call);
+    Reply TellOrSetMode(const Call& call);
+    Reply SetWindow(const Call& call);
+    Reply TellProgress(const Call& call);
+
+    Reply KeepBytes(Setting setting, std::span<const std::uint8_t> bytes);
+    std::span<const std::uint8_t> Kept(Setting setting) const;
     std::array<std::uint8_t, 24> Info() const;
-    std::span<const std::uint8_t> Kept(std::uint8_t major, std::uint8_t minor) const;
 
     StoredRecord settings;
     std::uint16_t width;

@@ -83,6 +83,11 @@ std::optional<fs::path> Drives::Resolve(std::string_view signPath) const
     return found;
 }
 
+fs::path Drives::SequenceFile() const
+{
+    return Resolve(kSequencePath).value_or(root / "C" / "SEQUENT.SYS");
+}
+
 std::optional<fs::path> Drives::FileIn(char drive, std::string_view folder, std::string_view name) const
 {
     if (!IsPlainName(name))

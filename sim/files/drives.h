@@ -7,6 +7,9 @@
 
 namespace vxsim {
 
+// The list that the sign plays.
+inline constexpr std::string_view kSequencePath = "C:\\SEQUENT.SYS";
+
 // The sign's drives: a folder for each letter below one root. Names compare without regard to case, as on the FAT
 // drives of a sign, and no path leaves its drive.
 class Drives
@@ -25,7 +28,10 @@ public:
     // FAT refuses, an over-long name, a link.
     std::optional<std::filesystem::path> Resolve(std::string_view signPath) const;
 
-    // The same for a bare file name in a folder of a drive; an empty `folder` is the drive itself.
+    // The file of kSequencePath; it may be missing.
+    std::filesystem::path SequenceFile() const;
+
+    // As Resolve for a bare file name in a folder of a drive; an empty `folder` is the drive itself.
     std::optional<std::filesystem::path> FileIn(char drive, std::string_view folder, std::string_view name) const;
 
 private:

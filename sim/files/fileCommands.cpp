@@ -14,27 +14,7 @@ namespace vxsim {
 namespace fs = std::filesystem;
 namespace {
 
-enum : std::uint8_t
-{
-    kFormat = 2,
-    kCreateFolder = 3,
-    kRename = 4,
-    kMove = 5,
-    kDelete = 6,
-    kDeleteTexts = 7,
-    kDeleteStrings = 8,
-    kDeletePictures = 9,
-    kDeleteArrays = 10,
-    kList = 11,
-    kListPart = 12,
-    kDriveInfo = 13,
-    kExists = 14,
-    kClearPlayFiles = 15,
-    kListLong = 16
-};
-
 constexpr std::string_view kPlayFolders = "TSPA";
-constexpr const char* kSequencePath = "C:\\SEQUENT.SYS";
 constexpr const char* kLongListingPath = "E:\\dlist.dlt";
 constexpr std::size_t kListPartPath = 4;
 constexpr std::size_t kMostListed = 40; // entries in a reply; a host takes 1536 bytes
@@ -59,54 +39,63 @@ std::uint32_t Units(std::uintmax_t bytes)
 
 } // namespace
 
-FileCommands::FileCommands(const Drives& signDrives, std::function<void()> makeFiles)
-    : drives(signDrives), makeSystemFiles(std::move(makeFiles))
+FileCommands::FileCommands(const Drives& signDrives, TransferCommands& moved, const SignObservers& tell,
+                           std::function<void()> makeFiles)
+    : drives(signDrives), transfers(moved), observers(tell), makeSystemFiles(std::move(makeFiles))
 {
 }
 
-Reply FileCommands::Execute(const Frame& request) const
+std::span<const CommandRow> FileCommands::Commands() const
 {
-    const std::string_view path = TextAt(request.payload, 0);
-    switch (request.minor) {
-    case kFormat:
-        return Format(request);
-    case kCreateFolder:
-        return CreateFolder(path);
-    case kRename:
-        return Rename(path);
-    case kMove:
-        return Move(path);
-    case kDelete:
-        return Delete(path);
-    case kDeleteTexts:
-        return DeleteKind(request, 'T');
-    case kDeleteStrings:
-        return DeleteKind(request, 'S');
-    case kDeletePictures:
-        return DeleteKind(request, 'P');
-    case kDeleteArrays:
-        return DeleteKind(request, 'A');
-    case kList:
-        return List(path, 0, kMostListed);
-    case kListPart:
-        return List(TextAt(request.payload, kListPartPath), Load16(request.payload, 2), Load16(request.payload, 0));
-    case kDriveInfo:
-        return DriveInfo(request);
-    case kExists:
-        return Exists(path);
-    case kClearPlayFiles:
-        return ClearPlayFiles(request);
-    case kListLong:
-        return ListLong(path);
-    default:
-        return Reply::WithCode(Code::kUnknownMinor);
-    }
+    static constexpr CommandRow kRows[] = {
+        {7, 2, "format", 0, 0, kLogged, Run<&FileCommands::Format>,
+         "empties the drive with this letter; drive C only with \"SYS\" behind the letter, and makes its `CONFIG.SYS` "
+         "anew"},
+        {7, 3, "create folder", 0, 0, kUnlogged, Run<&FileCommands::CreateFolder>,
+         "makes a folder and those above it; one that is there is well"},
+        {7, 4, "rename", 0, 0, kUnlogged, Run<&FileCommands::Rename>,
+         "a blank separates the paths, and since names may hold blanks, the first is the shortest one that exists. The "
+         "new name stands alone or with the same folder"},
+        {7, 5, "move", 0, 0, kUnlogged, Run<&FileCommands::Move>, "to a folder that is there, or to a new path in one"},
+        {7, 6, "delete", 0, 0, kUnlogged, Run<&FileCommands::Delete>, "deletes a file"},
+        {7, 7, "delete texts", 1, 0, kUnlogged, Run<&FileCommands::DeleteKind, 'T'>,
+         "deletes the files in the folder T of the drive with this letter or number, 1 being the first; 0 means all "
+         "drives"},
+        {7, 8, "delete strings", 1, 0, kUnlogged, Run<&FileCommands::DeleteKind, 'S'>, "likewise in S"},
+        {7, 9, "delete pictures", 1, 0, kUnlogged, Run<&FileCommands::DeleteKind, 'P'>, "likewise in P"},
+        {7, 10, "delete array pictures", 1, 0, kUnlogged, Run<&FileCommands::DeleteKind, 'A'>, "likewise in A"},
+        {7, 11, "list", 0, 0, kUnlogged, Run<&FileCommands::List>,
+         "a [listing](#listings) of 40 entries at most; the count (16 bits) is that of the whole folder. \"*.*\" or "
+         "\"*\" at the end is as without"},
+        {7, 12, "list part", 0, 0, kUnlogged, Run<&FileCommands::ListPart>,
+         "likewise; byte 0 is how many entries, byte 2 from which on (16 bits each)"},
+        {7, 13, "drive information", 0, 0, kUnlogged, Run<&FileCommands::DriveInfo>,
+         "total and free kilobytes (32 bits each, cut to that), the number 1024, 8 bytes 0"},
+        {7, 14, "file exists", 0, 0, kUnlogged, Run<&FileCommands::Exists>, "whether a file or folder exists"},
+        {7, 15, "clear play files", 1, 0, kLogged, Run<&FileCommands::ClearPlayFiles>,
+         "deletes all files in T, S, P and A and `SEQUENT.SYS`; mode 1 tells how many those were"},
+        {7, 16, "long list", 0, 0, kUnlogged, Run<&FileCommands::ListLong>,
+         "writes the long listing to `E:\\dlist.dlt`"},
+    };
+    return kRows;
+}
+
+// Whatever the command does to the list that plays, the face follows.
+Reply FileCommands::Execute(const Call& call)
+{
+    std::error_code error;
+    const bool hadSequence = fs::exists(drives.SequenceFile(), error);
+    Reply reply = CommandFamily::Execute(call);
+    transfers.Forget();
+    if (hadSequence != fs::exists(drives.SequenceFile(), error))
+        observers.Tell(&SignEvents::sequenceWritten);
+    return reply;
 }
 
 // Drive C goes only with the word SYS behind it: the sign's own files are there.
-Reply FileCommands::Format(const Frame& request) const
+Reply FileCommands::Format(const Call& call) const
 {
-    const std::string_view text = TextAt(request.payload, 0);
+    const std::string_view text = TextAt(call.payload, 0);
     const auto drive = drives.Resolve(std::string(text.substr(0, 1)) + ":");
     const bool isSystem = text.starts_with('C') || text.starts_with('c');
     std::error_code error;
@@ -123,9 +112,9 @@ Reply FileCommands::Format(const Frame& request) const
     return Reply::WithCode(error ? Code::kFormatFailed : Code::kOk);
 }
 
-Reply FileCommands::CreateFolder(std::string_view path) const
+Reply FileCommands::CreateFolder(const Call& call) const
 {
-    const auto folder = drives.Resolve(path);
+    const auto folder = drives.Resolve(TextAt(call.payload, 0));
     std::error_code error;
     if (folder)
         fs::create_directories(*folder, error);
@@ -151,9 +140,9 @@ std::pair<std::string, std::string> FileCommands::SplitPaths(std::string_view pa
 }
 
 // The new name stands alone or with the path of the same folder.
-Reply FileCommands::Rename(std::string_view paths) const
+Reply FileCommands::Rename(const Call& call) const
 {
-    auto [from, to] = SplitPaths(paths);
+    auto [from, to] = SplitPaths(TextAt(call.payload, 0));
     if (from.empty())
         return Reply::WithCode(Code::kRenameFailed);
     const fs::path source = *drives.Resolve(from);
@@ -173,9 +162,9 @@ Reply FileCommands::Rename(std::string_view paths) const
 }
 
 // The target is a folder that is there, or the new path in one.
-Reply FileCommands::Move(std::string_view paths) const
+Reply FileCommands::Move(const Call& call) const
 {
-    const auto [from, to] = SplitPaths(paths);
+    const auto [from, to] = SplitPaths(TextAt(call.payload, 0));
     if (from.empty())
         return Reply::WithCode(Code::kMoveFailed);
     const fs::path source = *drives.Resolve(from);
@@ -189,9 +178,9 @@ Reply FileCommands::Move(std::string_view paths) const
     return Reply::WithCode(error ? Code::kMoveFailed : Code::kOk);
 }
 
-Reply FileCommands::Delete(std::string_view path) const
+Reply FileCommands::Delete(const Call& call) const
 {
-    const auto file = drives.Resolve(path);
+    const auto file = drives.Resolve(TextAt(call.payload, 0));
     std::error_code error;
     if (!file)
         return Reply::WithCode(Code::kDeleteFailed);
@@ -217,11 +206,9 @@ std::size_t FileCommands::DeleteFilesIn(char drive, char folder) const
 }
 
 // The drive is named by its letter or by its number, from 1; 0 means all.
-Reply FileCommands::DeleteKind(const Frame& request, char folder) const
+Reply FileCommands::DeleteKind(const Call& call, char folder) const
 {
-    if (request.payload.empty())
-        return Reply::WithCode(Code::kBadLength);
-    const std::uint8_t selector = request.payload[0];
+    const std::uint8_t selector = call.payload[0];
     std::string chosen;
     if (selector == 0)
         chosen = drives.Letters();
@@ -236,7 +223,17 @@ Reply FileCommands::DeleteKind(const Frame& request, char folder) const
     return Reply::Done();
 }
 
-Reply FileCommands::List(std::string_view path, std::size_t start, std::size_t count) const
+Reply FileCommands::List(const Call& call) const
+{
+    return Listing(TextAt(call.payload, 0), 0, kMostListed);
+}
+
+Reply FileCommands::ListPart(const Call& call) const
+{
+    return Listing(TextAt(call.payload, kListPartPath), Load16(call.payload, 2), Load16(call.payload, 0));
+}
+
+Reply FileCommands::Listing(std::string_view path, std::size_t start, std::size_t count) const
 {
     const auto folder = drives.Resolve(WithoutWildcard(path));
     const auto entries = folder ? ReadDirectory(*folder) : std::nullopt;
@@ -249,9 +246,9 @@ Reply FileCommands::List(std::string_view path, std::size_t start, std::size_t c
     return reply;
 }
 
-Reply FileCommands::ListLong(std::string_view path) const
+Reply FileCommands::ListLong(const Call& call) const
 {
-    const auto folder = drives.Resolve(WithoutWildcard(path));
+    const auto folder = drives.Resolve(WithoutWildcard(TextAt(call.payload, 0)));
     const auto listing = drives.Resolve(kLongListingPath);
     const auto entries = folder && listing ? ReadDirectory(*folder) : std::nullopt;
     if (!entries)
@@ -260,9 +257,9 @@ Reply FileCommands::ListLong(std::string_view path) const
 }
 
 // Total and free in units of 1024 bytes, then the size of the unit.
-Reply FileCommands::DriveInfo(const Frame& request) const
+Reply FileCommands::DriveInfo(const Call& call) const
 {
-    const auto drive = drives.Resolve(std::string(TextAt(request.payload, 0).substr(0, 1)) + ":");
+    const auto drive = drives.Resolve(std::string(TextAt(call.payload, 0).substr(0, 1)) + ":");
     std::error_code error;
     const fs::space_info space = drive ? fs::space(*drive, error) : fs::space_info{};
     if (!drive || error)
@@ -274,17 +271,15 @@ Reply FileCommands::DriveInfo(const Frame& request) const
     return Reply::WithPayload(record);
 }
 
-Reply FileCommands::Exists(std::string_view path) const
+Reply FileCommands::Exists(const Call& call) const
 {
-    const auto entry = drives.Resolve(path);
+    const auto entry = drives.Resolve(TextAt(call.payload, 0));
     std::error_code error;
     return Reply::WithCode(entry && fs::exists(*entry, error) ? Code::kOk : Code::kFileGone);
 }
 
-Reply FileCommands::ClearPlayFiles(const Frame& request) const
+Reply FileCommands::ClearPlayFiles(const Call& call) const
 {
-    if (request.payload.empty())
-        return Reply::WithCode(Code::kBadLength);
     std::size_t count = 0;
     for (const char drive : drives.Letters()) {
         for (const char folder : kPlayFolders)
@@ -293,7 +288,7 @@ Reply FileCommands::ClearPlayFiles(const Frame& request) const
     std::error_code error;
     if (const auto sequence = drives.Resolve(kSequencePath); sequence && fs::remove(*sequence, error))
         ++count;
-    if (request.payload[0] != kTellCount)
+    if (call.payload[0] != kTellCount)
         return Reply::Done();
     std::array<std::uint8_t, 4> record{};
     Store16(record, 0, static_cast<std::uint16_t>(std::min<std::size_t>(count, 0xFFFF)));

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "sim/command/commandFamily.h"
+#include "sim/command/signEvents.h"
 #include "sim/files/drives.h"
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
+#include "sim/files/transferCommands.h"
 
 #include <cstdint>
 #include <functional>
@@ -14,32 +15,38 @@
 namespace vxsim {
 
 // Major 7: what a host does with the drives besides moving contents.
-class FileCommands
+class FileCommands : public CommandFamily
 {
 public:
     // `makeSystemFiles` puts onto drive C what every sign has there.
-    FileCommands(const Drives& drives, std::function<void()> makeSystemFiles);
+    FileCommands(const Drives& drives, TransferCommands& transfers, const SignObservers& observers,
+                 std::function<void()> makeSystemFiles);
 
-    Reply Execute(const Frame& request) const;
+    std::span<const CommandRow> Commands() const override;
+    Reply Execute(const Call& call) override;
 
 private:
-    Reply Format(const Frame& request) const;
-    Reply CreateFolder(std::string_view path) const;
-    Reply Rename(std::string_view paths) const;
-    Reply Move(std::string_view paths) const;
-    Reply Delete(std::string_view path) const;
-    Reply DeleteKind(const Frame& request, char folder) const;
-    Reply List(std::string_view path, std::size_t start, std::size_t count) const;
-    Reply ListLong(std::string_view path) const;
-    Reply DriveInfo(const Frame& request) const;
-    Reply Exists(std::string_view path) const;
-    Reply ClearPlayFiles(const Frame& request) const;
+    Reply Format(const Call& call) const;
+    Reply CreateFolder(const Call& call) const;
+    Reply Rename(const Call& call) const;
+    Reply Move(const Call& call) const;
+    Reply Delete(const Call& call) const;
+    Reply DeleteKind(const Call& call, char folder) const;
+    Reply List(const Call& call) const;
+    Reply ListPart(const Call& call) const;
+    Reply ListLong(const Call& call) const;
+    Reply DriveInfo(const Call& call) const;
+    Reply Exists(const Call& call) const;
+    Reply ClearPlayFiles(const Call& call) const;
 
+    Reply Listing(std::string_view path, std::size_t start, std::size_t count) const;
     std::pair<std::string, std::string> SplitPaths(std::string_view paths) const;
     bool IsEntry(std::string_view path) const;
     std::size_t DeleteFilesIn(char drive, char folder) const;
 
     const Drives& drives;
+    TransferCommands& transfers;
+    const SignObservers& observers;
     std::function<void()> makeSystemFiles;
 };
 

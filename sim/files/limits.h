@@ -10,16 +10,9 @@ inline constexpr std::uint32_t kMinChunk = 64;
 inline constexpr std::uint32_t kMaxChunk = 1280;
 // Longest file record, its path included.
 inline constexpr std::size_t kMaxRecord = 256;
-inline constexpr std::size_t kUrgentLimit = 1024;
-inline constexpr std::size_t kDisplayStyleSize = 52;
-inline constexpr std::size_t kBrightnessSize = 12;
-inline constexpr std::size_t kIdentitySize = 32;
 // The data flash: pages of 256 bytes, counted in 16 bits.
 inline constexpr std::uint32_t kFlashPage = 256;
 inline constexpr std::uint32_t kFlashLimit = kFlashPage * 65535;
-// The memory of a board that takes blocks at absolute addresses.
-inline constexpr std::uint32_t kBoardBlock = 1024;
-inline constexpr std::uint32_t kBoardLimit = 16U << 20;
 
 constexpr bool IsChunkSize(std::uint32_t size)
 {

@@ -1,14 +1,12 @@
 #pragma once
 
+#include "sim/command/signEvents.h"
 #include "sim/logs/database.h"
-#include "sim/protocol/codes.h"
-#include "sim/protocol/frame.h"
 #include "sim/state/climate.h"
 #include "sim/state/signClock.h"
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 namespace vxsim {
 
@@ -26,8 +24,8 @@ class SignLog
 public:
     explicit SignLog(SignDatabase& tables) : database(tables) {}
 
-    // SysLog: the commands that change how the sign works; others are passed over.
-    void Command(const Frame& request, Code code, const std::string& author, const ClockTime& time);
+    // SysLog: a command that changes how the sign works, and the sign's start.
+    void Command(const Exchange& exchange, const std::string& author, const ClockTime& time);
     void Started(const ClockTime& time);
 
     // EventLog: whether it came or went.

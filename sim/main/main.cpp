@@ -1,4 +1,3 @@
-#include "sim/command/commandNames.h"
 #include "sim/main/companions.h"
 #include "sim/main/conditionOptions.h"
 #include "sim/server/endpoints.h"
@@ -34,8 +33,6 @@ namespace fs = std::filesystem;
 
 constexpr int kExitFailure = 1;
 constexpr int kExitUsage = 2;
-constexpr int kPlayMajor = 6;
-constexpr int kPlaySoundFile = 26;
 constexpr int kLargestSide = 2048;
 constexpr std::chrono::milliseconds kFrame{40};
 constexpr std::chrono::milliseconds kUnseenStep{500}; // of a list that plays without a face
@@ -115,17 +112,15 @@ vxsim::Users ParseLogins(const std::vector<std::string>& texts)
 void ReportCommands(vxsim::VirtualSign& sign)
 {
     vxsim::SignEvents events;
-    events.answered = [&sign](const vxsim::Frame& request, vxsim::Code code) {
-        std::cerr << vxsim::CommandName(request) << " (" << int{request.major} << ", " << int{request.minor} << ')';
-        if (code != vxsim::Code::kOk)
-            std::cerr << " refused, code " << static_cast<int>(code);
-        else if (request.major == kPlayMajor && request.minor == kPlaySoundFile)
-            std::cerr << ' ' << sign.Play().SoundFile();
+    events.answered = [](const vxsim::Exchange& exchange) {
+        std::cerr << exchange.name << " (" << int{exchange.request.major} << ", " << int{exchange.request.minor} << ')';
+        if (exchange.code != vxsim::Code::kOk)
+            std::cerr << " refused, code " << static_cast<int>(exchange.code);
+        if (!exchange.remark.empty())
+            std::cerr << ' ' << exchange.remark;
         std::cerr << '\n';
     };
-    events.heldBack = [](const vxsim::Frame& request) {
-        std::cerr << vxsim::CommandName(request) << " without an answer, after wrong passwords\n";
-    };
+    events.heldBack = [](std::string_view name) { std::cerr << name << " without an answer, after wrong passwords\n"; };
     sign.Observe(std::move(events));
 }
 

@@ -37,36 +37,37 @@ std::uint16_t Short(std::size_t count)
 
 } // namespace
 
-Monitor::Monitor(const std::filesystem::path& signFolder, const Drives& drives, SignDatabase& tables, int faceWidth,
-                 int faceHeight)
-    : file(signFolder), database(tables), log(tables), warnings(drives, Tiles(faceWidth, faceHeight)),
-      samples(drives, signFolder / "sign" / "radar.log"), tiles(faceWidth, faceHeight), width(faceWidth),
-      height(faceHeight)
+Monitor::Monitor(const std::filesystem::path& signFolder, const Drives& drives, SignDatabase& tables,
+                 const TimeCommands& clock, const FaceLight& faceLight, int faceWidth, int faceHeight)
+    : file(signFolder), database(tables), time(clock), light(faceLight), log(tables),
+      warnings(drives, Tiles(faceWidth, faceHeight)), samples(drives, signFolder / "sign" / "radar.log"),
+      tiles(faceWidth, faceHeight), width(faceWidth), height(faceHeight)
 {
 }
 
-void Monitor::KeepUp(const SignMoment& moment)
+void Monitor::KeepUp(std::uint64_t nowMs)
 {
-    if (startedMs && moment.nowMs < nextLookMs)
+    if (startedMs && nowMs < nextLookMs)
         return;
-    nextLookMs = moment.nowMs + kLookMs;
+    nextLookMs = nowMs + kLookMs;
+    const ClockTime now = TimeAt(nowMs);
     const bool first = !startedMs;
     if (first) {
-        startedMs = moment.nowMs;
-        log.Started(moment.time);
+        startedMs = nowMs;
+        log.Started(now);
     }
     if (auto told = file.Changed()) {
         const Condition next = OnFace(std::move(*told));
         if (next != condition) {
-            NoteChanges(next, moment);
+            NoteChanges(next, now);
             condition = next;
-            const Climate climate = Measure(moment);
-            warnings.Report(condition, climate, moment.time);
-            WriteTiles(climate, moment);
+            const Climate climate = Measure(nowMs);
+            warnings.Report(condition, climate, now);
+            WriteTiles(climate, nowMs);
         }
     }
-    if (first || moment.nowMs >= nextReadingMs)
-        Read(moment);
+    if (first || nowMs >= nextReadingMs)
+        Read(nowMs);
 }
 
 // A file may tell of more than this face has.
@@ -79,11 +80,11 @@ Condition Monitor::OnFace(Condition told) const
     return told;
 }
 
-void Monitor::NoteChanges(const Condition& next, const SignMoment& moment)
+void Monitor::NoteChanges(const Condition& next, const ClockTime& now)
 {
     std::vector<Warning> fresh;
     if (next.doorOpen != condition.doorOpen)
-        log.Event(EventType::kDoor, next.doorOpen, next.doorOpen ? "Door open" : "Door closed", moment.time);
+        log.Event(EventType::kDoor, next.doorOpen, next.doorOpen ? "Door open" : "Door closed", now);
     const auto lamps = [&](const Condition& from, const Condition& to, bool came) {
         std::size_t events = 0;
         for (const auto& [place, fault] : to.badLamps) {
@@ -91,7 +92,7 @@ void Monitor::NoteChanges(const Condition& next, const SignMoment& moment)
             if ((known != from.badLamps.end() && known->second == fault) || ++events > kMostEvents)
                 continue;
             log.Event(fault == LampFault::kSignal ? EventType::kSignal : EventType::kPixel, came,
-                      LampNote(place, fault), moment.time);
+                      LampNote(place, fault), now);
             if (came)
                 fresh.push_back(Warning::BadLamp(place, fault));
         }
@@ -101,7 +102,7 @@ void Monitor::NoteChanges(const Condition& next, const SignMoment& moment)
         for (const int tile : to.hotTiles) {
             if (from.hotTiles.contains(tile) || ++events > kMostEvents)
                 continue;
-            log.Event(EventType::kTile, came, "Tile " + std::to_string(tile) + (came ? " hot" : " cool"), moment.time);
+            log.Event(EventType::kTile, came, "Tile " + std::to_string(tile) + (came ? " hot" : " cool"), now);
             if (came)
                 fresh.push_back(Warning::HotTile(tile));
         }
@@ -110,39 +111,40 @@ void Monitor::NoteChanges(const Condition& next, const SignMoment& moment)
     lamps(condition, next, true);
     heat(next, condition, false);
     heat(condition, next, true);
-    warnings.Add(fresh, moment.time);
+    warnings.Add(fresh, now);
 }
 
-void Monitor::Read(const SignMoment& moment)
+void Monitor::Read(std::uint64_t nowMs)
 {
-    nextReadingMs = moment.nowMs + kReadingMs;
-    const Climate climate = Measure(moment);
-    const bool first = span.outside.count == 0 && moment.nowMs == *startedMs;
+    const ClockTime now = TimeAt(nowMs);
+    nextReadingMs = nowMs + kReadingMs;
+    const Climate climate = Measure(nowMs);
+    const bool first = span.outside.count == 0 && nowMs == *startedMs;
     if (span.outside.count == 0)
-        spanBegin = moment.time;
+        spanBegin = now;
     span.Add(climate);
     const bool boxIsHot = climate.box > kBoxLimit;
     if (boxIsHot && !boxWasHot) {
         const Warning hot = Warning::Temperature(WarningType::kInside, climate.inside, kBoxLimit);
-        warnings.Add({&hot, 1}, moment.time);
+        warnings.Add({&hot, 1}, now);
     }
     boxWasHot = boxIsHot;
     if (!first && span.outside.count < kReadingsInSpan) // the first one tells at once what there is
         return;
-    log.Temperatures(span, spanBegin, moment.time);
+    log.Temperatures(span, spanBegin, now);
     span = {};
-    samples.Add(TakeSample(moment.time, climate.outside), moment.time);
-    warnings.Report(condition, climate, moment.time);
-    WriteTiles(climate, moment);
+    samples.Add(TakeSample(now, climate.outside), now);
+    warnings.Report(condition, climate, now);
+    WriteTiles(climate, nowMs);
 }
 
-Climate Monitor::Measure(const SignMoment& moment) const
+Climate Monitor::Measure(std::uint64_t nowMs) const
 {
-    return MeasureClimate(condition, tiles.Count(), static_cast<int>(moment.time.hour),
-                          moment.isDark ? 0 : moment.light, moment.weather);
+    return MeasureClimate(condition, tiles.Count(), static_cast<int>(TimeAt(nowMs).hour),
+                          light.IsDark(nowMs) ? 0 : light.LevelAt(nowMs), time.LastWeather());
 }
 
-void Monitor::WriteTiles(const Climate& climate, const SignMoment& moment)
+void Monitor::WriteTiles(const Climate& climate, std::uint64_t nowMs)
 {
     std::vector<std::int64_t> bad(static_cast<std::size_t>(tiles.Count()) + 1);
     std::vector<std::int64_t> signals(bad.size());
@@ -158,21 +160,22 @@ void Monitor::WriteTiles(const Climate& climate, const SignMoment& moment)
                         std::int64_t{std::min(Tiles::kSide, width - left)},
                         std::int64_t{std::min(Tiles::kSide, height - top)},
                         std::int64_t{hot ? climate.hotTile : climate.tile}, std::int64_t{kTileVoltage}, "VT16", "1.0",
-                        static_cast<std::int64_t>((moment.nowMs - *startedMs) / 1000), "RGB", bad[index],
-                        signals[index], std::int64_t{hot}, "VXTILE" + std::to_string(tile), std::int64_t{kTileLimit},
-                        hot ? "hot" : "good", std::int64_t{moment.light}});
+                        static_cast<std::int64_t>((nowMs - *startedMs) / 1000), "RGB", bad[index], signals[index],
+                        std::int64_t{hot}, "VXTILE" + std::to_string(tile), std::int64_t{kTileLimit},
+                        hot ? "hot" : "good", std::int64_t{light.LevelAt(nowMs)}});
     }
     database.Replace("TileInfo", rows);
 }
 
-SignState Monitor::State(const SignMoment& moment) const
+SignState Monitor::StateAt(std::uint64_t nowMs) const
 {
-    const Climate climate = Measure(moment);
+    const Climate climate = Measure(nowMs);
+    const bool isDark = light.IsDark(nowMs);
     SignState state;
     auto& [word, record] = state;
     word[0] = static_cast<std::uint8_t>(
         (condition.badLamps.empty() ? 0 : kBadPixels) | (condition.hotTiles.empty() ? 0 : kHotTiles) |
-        (condition.doorOpen ? kDoorOpen : 0) | (moment.isOn ? 0 : kNoPower) | (moment.isDark ? kFaceDark : 0));
+        (condition.doorOpen ? kDoorOpen : 0) | (light.IsOn() ? 0 : kNoPower) | (isDark ? kFaceDark : 0));
     word[1] = static_cast<std::uint8_t>(climate.inside);
     word[2] = static_cast<std::uint8_t>(climate.outside);
     word[4] = static_cast<std::uint8_t>(climate.hottest);
@@ -184,21 +187,21 @@ SignState Monitor::State(const SignMoment& moment) const
     Store16(record, 8, Short(condition.hotTiles.size()));
     Store16(record, 10, Short(static_cast<std::size_t>(tiles.Count())));
     record[12] = condition.doorOpen ? 1 : 0;
-    record[13] = moment.isOn ? 1 : 0;
-    record[14] = moment.isDark ? 1 : 0;
-    record[15] = moment.light;
-    Store32(record, 80, RunSeconds(moment));
+    record[13] = light.IsOn() ? 1 : 0;
+    record[14] = isDark ? 1 : 0;
+    record[15] = light.LevelAt(nowMs);
+    Store32(record, 80, RunSeconds(nowMs));
     return state;
 }
 
-std::uint32_t Monitor::RunSeconds(const SignMoment& moment) const
+std::uint32_t Monitor::RunSeconds(std::uint64_t nowMs) const
 {
-    return static_cast<std::uint32_t>((moment.nowMs - startedMs.value_or(moment.nowMs)) / 1000);
+    return static_cast<std::uint32_t>((nowMs - startedMs.value_or(nowMs)) / 1000);
 }
 
-TileMoment Monitor::TilesAt(const SignMoment& moment) const
+TileMoment Monitor::TilesAt(std::uint64_t nowMs) const
 {
-    return {moment.nowMs, condition, Measure(moment), RunSeconds(moment)};
+    return {nowMs, condition, Measure(nowMs), RunSeconds(nowMs)};
 }
 
 } // namespace vxsim

@@ -8,8 +8,10 @@
 #include "sim/monitor/tileMoment.h"
 #include "sim/state/climate.h"
 #include "sim/state/condition.h"
+#include "sim/state/faceLight.h"
 #include "sim/state/signClock.h"
 #include "sim/state/tiles.h"
+#include "sim/state/timeCommands.h"
 
 #include <array>
 #include <cstddef>
@@ -21,17 +23,6 @@ namespace vxsim {
 
 inline constexpr std::size_t kStateWordSize = 8;
 inline constexpr std::size_t kStateRecordSize = 96;
-
-// What the monitor has to know of the rest of the sign at the time of a call.
-struct SignMoment
-{
-    std::uint64_t nowMs = 0;
-    ClockTime time;
-    std::uint8_t light = 8; // eighths
-    bool isOn = true;
-    bool isDark = false;
-    std::optional<Weather> weather;
-};
 
 struct SignState
 {
@@ -53,30 +44,34 @@ public:
         kFaceDark = 16
     };
 
-    Monitor(const std::filesystem::path& signFolder, const Drives& drives, SignDatabase& database, int width,
-            int height);
+    // Measures what `light` and the weather of `time` make of the face.
+    Monitor(const std::filesystem::path& signFolder, const Drives& drives, SignDatabase& database,
+            const TimeCommands& time, const FaceLight& light, int width, int height);
 
     // Looks for changes of the condition, a few times a second, and measures when it is time.
-    void KeepUp(const SignMoment& moment);
+    void KeepUp(std::uint64_t nowMs);
 
     const Condition& Now() const { return condition; }
     const Tiles& FaceTiles() const { return tiles; }
-    SignState State(const SignMoment& moment) const;
-    TileMoment TilesAt(const SignMoment& moment) const;
+    SignState StateAt(std::uint64_t nowMs) const;
+    TileMoment TilesAt(std::uint64_t nowMs) const;
 
     // Whether the sign wants service at once; the condition alone may have many a lamp dark.
     bool IsAlarmed() const { return !condition.hotTiles.empty(); }
 
 private:
-    Climate Measure(const SignMoment& moment) const;
-    std::uint32_t RunSeconds(const SignMoment& moment) const;
+    ClockTime TimeAt(std::uint64_t nowMs) const { return time.Clock().At(nowMs); }
+    Climate Measure(std::uint64_t nowMs) const;
+    std::uint32_t RunSeconds(std::uint64_t nowMs) const;
     Condition OnFace(Condition told) const;
-    void NoteChanges(const Condition& next, const SignMoment& moment);
-    void Read(const SignMoment& moment);
-    void WriteTiles(const Climate& climate, const SignMoment& moment);
+    void NoteChanges(const Condition& next, const ClockTime& now);
+    void Read(std::uint64_t nowMs);
+    void WriteTiles(const Climate& climate, std::uint64_t nowMs);
 
     ConditionFile file;
     SignDatabase& database;
+    const TimeCommands& time;
+    const FaceLight& light;
     SignLog log;
     WarningFiles warnings;
     SampleFiles samples;

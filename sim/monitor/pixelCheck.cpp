@@ -8,38 +8,47 @@
 namespace vxsim {
 namespace {
 
-enum : std::uint8_t
-{
-    kBegin = 1,
-    kProgress = 3
-};
-
 // Of the lamps; beyond it the summary names no boards any more.
 constexpr std::size_t kTooManyPart = 10;
 
 } // namespace
 
-PixelCheck::PixelCheck(const Drives& signDrives, SignDatabase& tables, int width, int height)
-    : drives(signDrives), database(tables), tiles(width, height),
+PixelCheck::PixelCheck(const Drives& signDrives, SignDatabase& tables, const Monitor& watch, const SignClock& signClock,
+                       int width, int height)
+    : drives(signDrives), database(tables), monitor(watch), clock(signClock), tiles(width, height),
       lamps(3 * static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
 {
 }
 
-Reply PixelCheck::Execute(const Frame& request, const Condition& condition, const SignClock& clock, std::uint64_t nowMs)
+std::span<const CommandRow> PixelCheck::Commands() const
 {
-    KeepUp(condition, clock, nowMs);
-    switch (request.minor) {
-    case kBegin:
-        if (!startedMs) // the request may come twice
-            startedMs = nowMs;
-        return Reply::Done();
-    case kProgress: {
-        const std::uint8_t percent = Percent(nowMs);
-        return Reply::WithPayload({&percent, 1});
-    }
-    default:
-        return Reply::WithCode(Code::kUnknownMinor);
-    }
+    static constexpr CommandRow kRows[] = {
+        {16, 1, "begin pixel check", 0, 0, kLogged, Run<&PixelCheck::Begin>,
+         "begins the [pixel check](#pixel-check), if none runs"},
+        {16, 3, "pixel check progress", 0, 0, kUnlogged, Run<&PixelCheck::TellProgress>,
+         "its progress in percent, 100 when none runs"},
+    };
+    return kRows;
+}
+
+Reply PixelCheck::Execute(const Call& call)
+{
+    KeepUp(call.nowMs);
+    return CommandFamily::Execute(call);
+}
+
+// The request may come twice.
+Reply PixelCheck::Begin(const Call& call)
+{
+    if (!startedMs)
+        startedMs = call.nowMs;
+    return Reply::Done();
+}
+
+Reply PixelCheck::TellProgress(const Call& call)
+{
+    const std::uint8_t percent = Percent(call.nowMs);
+    return Reply::WithPayload({&percent, 1});
 }
 
 std::uint8_t PixelCheck::Percent(std::uint64_t nowMs) const
@@ -48,12 +57,12 @@ std::uint8_t PixelCheck::Percent(std::uint64_t nowMs) const
     return static_cast<std::uint8_t>(std::min(elapsed, kDurationMs) * 100 / kDurationMs);
 }
 
-void PixelCheck::KeepUp(const Condition& condition, const SignClock& clock, std::uint64_t nowMs)
+void PixelCheck::KeepUp(std::uint64_t nowMs)
 {
     if (!startedMs || Percent(nowMs) < 100)
         return;
     startedMs.reset();
-    WriteResults(condition, TimeText(clock.At(nowMs)));
+    WriteResults(monitor.Now(), TimeText(clock.At(nowMs)));
 }
 
 void PixelCheck::WriteResults(const Condition& condition, const std::string& time)

@@ -1,10 +1,9 @@
 #pragma once
 
+#include "sim/command/commandFamily.h"
 #include "sim/files/drives.h"
 #include "sim/logs/database.h"
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
-#include "sim/state/condition.h"
+#include "sim/monitor/monitor.h"
 #include "sim/state/signClock.h"
 #include "sim/state/tiles.h"
 
@@ -17,22 +16,26 @@ namespace vxsim {
 
 // Major 16: the check of all pixels. It lasts a few seconds and ends with its results in the files D:\PXL.CSV,
 // D:\SIGNAL.CSV and C:\PIXEL.SYS and in the tables PixelStatus and PixelSignalErr.
-class PixelCheck
+class PixelCheck : public CommandFamily
 {
 public:
     static constexpr std::uint64_t kDurationMs = 4000;
 
-    PixelCheck(const Drives& drives, SignDatabase& database, int width, int height);
+    PixelCheck(const Drives& drives, SignDatabase& database, const Monitor& monitor, const SignClock& clock, int width,
+               int height);
 
-    Reply Execute(const Frame& request, const Condition& condition, const SignClock& clock, std::uint64_t nowMs);
+    std::span<const CommandRow> Commands() const override;
+    Reply Execute(const Call& call) override;
 
     // Ends the check when its time is over, with what is bad then.
-    void KeepUp(const Condition& condition, const SignClock& clock, std::uint64_t nowMs);
+    void KeepUp(std::uint64_t nowMs) override;
 
-    // A restart ends it without results.
-    void Stop() { startedMs.reset(); }
+    // Ends it without results.
+    void Restart(std::uint64_t, bool) override { startedMs.reset(); }
 
 private:
+    Reply Begin(const Call& call);
+    Reply TellProgress(const Call& call);
     std::uint8_t Percent(std::uint64_t nowMs) const;
     void WriteResults(const Condition& condition, const std::string& time);
     void WriteFile(const char* signPath, const std::string& text) const;
@@ -40,6 +43,8 @@ private:
 
     const Drives& drives;
     SignDatabase& database;
+    const Monitor& monitor;
+    const SignClock& clock;
     Tiles tiles;
     std::size_t lamps;
     std::optional<std::uint64_t> startedMs;

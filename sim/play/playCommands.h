@@ -1,9 +1,8 @@
 #pragma once
 
+#include "sim/command/commandFamily.h"
 #include "sim/files/drives.h"
 #include "sim/play/playback.h"
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
 
 #include <array>
 #include <cstdint>
@@ -22,7 +21,7 @@ enum class TimingRun
 };
 
 // Major 6: steers what plays, and keeps what it is told of sound and timing.
-class PlayCommands
+class PlayCommands : public CommandFamily
 {
 public:
     static constexpr std::uint8_t kMainList = 255;
@@ -33,10 +32,11 @@ public:
     // Without a playback the sign plays nothing and refuses to be steered.
     void Attach(Playback& attached) { playback = &attached; }
 
-    Reply Execute(const Frame& request, std::uint64_t nowMs);
+    std::span<const CommandRow> Commands() const override;
 
     // The sign's own list plays again.
     void ReturnToMainList() { listIndex = kMainList; }
+    void Restart(std::uint64_t, bool) override { ReturnToMainList(); }
 
     // "SEQUENT", with the number of another list behind it.
     std::string ListName() const { return listIndex == kMainList ? "SEQUENT" : "SEQUENT" + std::to_string(listIndex); }
@@ -47,12 +47,20 @@ public:
     TimingRun Timing() const { return timing; }
 
 private:
-    Reply Steer(PlayStep step, std::uint64_t nowMs) const;
-    Reply PlayPriority(const Frame& request, std::uint64_t nowMs) const;
-    Reply PlayListByIndex(const Frame& request, std::uint64_t nowMs);
-    Reply TellFile(bool next, std::uint64_t nowMs) const;
-    Reply TakeScreenshot(std::uint64_t nowMs) const;
-    Reply ReadRadarLog(const Frame& request) const;
+    Reply Steer(const Call& call, PlayStep step) const;
+    Reply PlayPriority(const Call& call) const;
+    Reply PlayListByIndex(const Call& call);
+    Reply TellList(const Call& call) const;
+    Reply TellFile(const Call& call, bool next) const;
+    Reply TakeScreenshot(const Call& call) const;
+    Reply SetSound(const Call& call);
+    Reply PlaySoundFile(const Call& call);
+    Reply SetVolume(const Call& call);
+    Reply TellVolume(const Call& call) const;
+    Reply SetTiming(const Call& call, TimingRun wanted);
+    Reply HoldTiming(const Call& call, bool paused);
+    Reply ClearRadarLog(const Call& call) const;
+    Reply ReadRadarLog(const Call& call) const;
     std::vector<std::string> CandidatePaths(std::uint8_t drive, std::uint8_t folder, std::string_view name) const;
 
     const Drives& drives;

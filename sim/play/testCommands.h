@@ -1,7 +1,6 @@
 #pragma once
 
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
+#include "sim/command/commandFamily.h"
 
 #include <cstdint>
 #include <span>
@@ -41,15 +40,15 @@ struct LocationTest // numbered modules, `columns` of them in a row
 using FaceTest = std::variant<std::monostate, PatternTest, ColourTest, AreaTest, LocationTest>;
 
 // Major 3: tests of the face, which last until they are stopped, and of the connection.
-class TestCommands
+class TestCommands : public CommandFamily
 {
 public:
     // The size of the face, which the connect test tells.
     TestCommands(int width, int height) : faceWidth(width), faceHeight(height) {}
 
-    Reply Execute(const Frame& request, std::uint64_t nowMs);
+    std::span<const CommandRow> Commands() const override;
+    void Restart(std::uint64_t, bool) override { running = {}; }
 
-    void Stop() { running = {}; }
     const FaceTest& Running() const { return running; }
     std::uint64_t StartedMs() const { return startedMs; }
 
@@ -59,7 +58,14 @@ public:
 
 private:
     Reply Start(FaceTest test, std::uint64_t nowMs);
-    Reply ConnectTest();
+    Reply Stop(const Call& call);
+    Reply ShowPattern(const Call& call);
+    Reply ShowColour(const Call& call);
+    Reply ShowArea(const Call& call);
+    Reply ShowLocation(const Call& call);
+    Reply ConnectTest(const Call& call);
+    Reply KeepCrayonState(const Call& call);
+    Reply KeepDebugSettings(const Call& call);
 
     int faceWidth;
     int faceHeight;

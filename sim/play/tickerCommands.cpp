@@ -8,14 +8,6 @@
 namespace vxsim {
 namespace {
 
-enum : std::uint8_t
-{
-    kStart = 1,
-    kStop = 2,
-    kBufferStatus = 3,
-    kUpload = 4
-};
-
 constexpr std::uint64_t kSpeedStep = 10; // pixels a second
 constexpr std::uint8_t kOwnSpeed = 6;
 constexpr unsigned kByteWidth = 8;
@@ -25,45 +17,29 @@ constexpr std::size_t kOnTheWay = 2; // buffers that show; the third receives
 
 } // namespace
 
-Reply TickerCommands::Execute(const Frame& request, std::uint64_t nowMs)
+std::span<const CommandRow> TickerCommands::Commands() const
 {
-    switch (request.minor) {
-    case kStart:
-        return Start(request, Mode::kOnline, nowMs);
-    case kStop:
-        Stop();
-        return Reply::Done();
-    case kBufferStatus:
-        return Status(nowMs);
-    case kUpload:
-        return Upload(request, nowMs);
-    default:
-        return Reply::WithCode(Code::kUnknownMinor);
-    }
-}
-
-Reply TickerCommands::ExecuteOffline(const Frame& request, std::uint64_t nowMs)
-{
-    switch (request.minor) {
-    case kStart:
-        return Start(request, Mode::kOffline, nowMs);
-    case kStop:
-        Stop();
-        return Reply::Done();
-    default:
-        return Reply::WithCode(Code::kUnknownMinor);
-    }
+    static constexpr CommandRow kRows[] = {
+        {8, 1, "start ticker", 4, 0, kLogged, Run<&TickerCommands::Start, Mode::kOnline>,
+         "shows what is uploaded from now on, see [tickers](#tickers)"},
+        {8, 2, "stop ticker", 0, 0, kLogged, Run<&TickerCommands::Stop>, "ends the ticker"},
+        {8, 3, "ticker status", 0, 0, kUnlogged, Run<&TickerCommands::TellStatus>,
+         "the buffer that is ready, as a code"},
+        {8, 4, "upload to ticker", 0, 0, kUnlogged, Run<&TickerCommands::Upload>, "takes a chunk of a text"},
+        {9, 1, "start offline ticker", 4, 0, kLogged, Run<&TickerCommands::Start, Mode::kOffline>,
+         "repeats the last three texts. Byte 3 is the number of rounds, 0 for no end"},
+        {9, 2, "stop offline ticker", 0, 0, kLogged, Run<&TickerCommands::Stop>, "ends the ticker"},
+    };
+    return kRows;
 }
 
 // Speed, font, colour, and for the offline ticker the number of rounds.
-Reply TickerCommands::Start(const Frame& request, Mode wanted, std::uint64_t nowMs)
+Reply TickerCommands::Start(const Call& call, Mode wanted)
 {
-    if (request.payload.size() < 4)
-        return Reply::WithCode(Code::kBadLength);
     mode = wanted;
-    pixelsPerSecond = kSpeedStep * (request.payload[0] != 0 ? request.payload[0] : kOwnSpeed);
-    style = {request.payload[1], request.payload[2]};
-    startedMs = nowMs;
+    pixelsPerSecond = kSpeedStep * (call.payload[0] != 0 ? call.payload[0] : kOwnSpeed);
+    style = {call.payload[1], call.payload[2]};
+    startedMs = call.nowMs;
     band.clear();
     receiving.clear();
     received = 0;
@@ -71,9 +47,15 @@ Reply TickerCommands::Start(const Frame& request, Mode wanted, std::uint64_t now
         uploads = 0;
         return Reply::Done();
     }
-    rounds = request.payload[3];
+    rounds = call.payload[3];
     for (std::size_t i = 0; i < buffers.size(); ++i)
         Append(buffers[(uploads + 2 + i) % buffers.size()], 0); // the oldest first
+    return Reply::Done();
+}
+
+Reply TickerCommands::Stop(const Call&)
+{
+    mode = Mode::kStopped;
     return Reply::Done();
 }
 
@@ -123,40 +105,40 @@ std::size_t TickerCommands::Pending(std::uint64_t nowMs)
 }
 
 // The buffers receive in turn, the third first.
-Reply TickerCommands::Status(std::uint64_t nowMs)
+Reply TickerCommands::TellStatus(const Call& call)
 {
     constexpr Code kReady[] = {Code::kBuffer3Ready, Code::kBuffer1Ready, Code::kBuffer2Ready};
     if (mode != Mode::kOnline)
         return Reply::WithCode(Code::kNoTicker);
-    if (Pending(nowMs) > kOnTheWay)
+    if (Pending(call.nowMs) > kOnTheWay)
         return Reply::WithCode(Code::kBufferFull);
     return Reply::WithCode(kReady[uploads % buffers.size()]);
 }
 
-Reply TickerCommands::Upload(const Frame& request, std::uint64_t nowMs)
+Reply TickerCommands::Upload(const Call& call)
 {
     if (mode != Mode::kOnline)
         return Reply::WithCode(Code::kNoTicker);
-    if (request.payload.size() < kUploadSize)
+    if (call.payload.size() < kUploadSize)
         return Reply::WithCode(Code::kBadTickerData);
-    const std::uint32_t size = Load16(request.payload, 0);
-    const std::uint32_t count = Load16(request.payload, 2);
-    const std::uint32_t number = Load16(request.payload, 4);
-    const std::size_t got = request.extended.size();
+    const std::uint32_t size = Load16(call.payload, 0);
+    const std::uint32_t count = Load16(call.payload, 2);
+    const std::uint32_t number = Load16(call.payload, 4);
+    const std::size_t got = call.extended.size();
     if (!IsChunkSize(size) || number == 0 || number > count || got == 0 || got > size || (number < count && got < size))
         return Reply::WithCode(Code::kBadTickerData);
     // The answer to a chunk was lost, and it has come again.
     if (number > 1 && number == received)
         return Reply::Done();
     if (number == 1) {
-        if (Pending(nowMs) > kOnTheWay)
+        if (Pending(call.nowMs) > kOnTheWay)
             return Reply::WithCode(Code::kBufferFull);
         receiving.clear();
         received = 0;
     }
     if (number != received + 1 || receiving.size() + got > kMostText)
         return Reply::WithCode(Code::kBadTickerData);
-    receiving.insert(receiving.end(), request.extended.begin(), request.extended.end());
+    receiving.insert(receiving.end(), call.extended.begin(), call.extended.end());
     received = number;
     if (number < count)
         return Reply::Done();
@@ -164,7 +146,7 @@ Reply TickerCommands::Upload(const Frame& request, std::uint64_t nowMs)
     receiving.clear();
     buffers[(uploads + 2) % buffers.size()] = text;
     ++uploads;
-    Append(std::move(text), Moved(nowMs));
+    Append(std::move(text), Moved(call.nowMs));
     return Reply::Done();
 }
 

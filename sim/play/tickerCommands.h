@@ -1,7 +1,6 @@
 #pragma once
 
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
+#include "sim/command/commandFamily.h"
 
 #include <array>
 #include <cstddef>
@@ -31,7 +30,7 @@ struct TickerText
 // Majors 8 and 9: texts that run over the face from right to left. The ticker shows the texts that a host uploads, one
 // behind the other, each once; two buffers are on their way, and a third receives. The offline ticker shows what the
 // buffers hold, again and again.
-class TickerCommands
+class TickerCommands : public CommandFamily
 {
 public:
     // Width of a text in this style, in pixels.
@@ -42,10 +41,8 @@ public:
     // Without a measure a byte takes eight pixels.
     void MeasureWith(Measure by) { measure = std::move(by); }
 
-    Reply Execute(const Frame& request, std::uint64_t nowMs);        // major 8
-    Reply ExecuteOffline(const Frame& request, std::uint64_t nowMs); // major 9
-
-    void Stop() { mode = Mode::kStopped; }
+    std::span<const CommandRow> Commands() const override;
+    void Restart(std::uint64_t, bool) override { mode = Mode::kStopped; }
 
     // Whether the face belongs to a ticker at that time, even between two texts.
     bool IsRunning(std::uint64_t nowMs) const;
@@ -69,9 +66,10 @@ private:
         std::uint64_t end = 0;
     };
 
-    Reply Start(const Frame& request, Mode wanted, std::uint64_t nowMs);
-    Reply Status(std::uint64_t nowMs);
-    Reply Upload(const Frame& request, std::uint64_t nowMs);
+    Reply Start(const Call& call, Mode wanted);
+    Reply Stop(const Call& call);
+    Reply TellStatus(const Call& call);
+    Reply Upload(const Call& call);
     void Append(std::string text, std::uint64_t from);
     std::uint64_t Moved(std::uint64_t nowMs) const;
     std::uint64_t BandLength() const;

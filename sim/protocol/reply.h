@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace vxsim {
@@ -15,6 +16,7 @@ struct Reply
     std::uint8_t status = 0; // 0 done, 1 a code stands in front of the payload
     std::vector<std::uint8_t> payload;
     std::vector<std::uint8_t> extended;
+    std::string remark = {}; // for whoever looks on; does not travel
 
     static Reply Done() { return {}; }
     static Reply WithCode(Code code);

@@ -45,7 +45,7 @@ Stage::Stage(VirtualSign& shownSign)
       programs([this](std::string_view path) { return sign.Resolve(path); }),
       face(sign.Settings().width, sign.Settings().height)
 {
-    player.SetDefaults(sign.DisplayStyle());
+    player.SetDefaults(sign.Records().DisplayStyle());
     SignEvents events;
     events.sequenceWritten = [this] {
         numberedList.clear();
@@ -74,7 +74,7 @@ Stage::Stage(VirtualSign& shownSign)
 const Canvas& Stage::Draw(std::uint64_t nowMs)
 {
     KeepUp(nowMs);
-    const bool isDark = sign.IsDark(nowMs); // the sign plays on in the dark
+    const bool isDark = sign.Light().IsDark(nowMs); // the sign plays on in the dark
     const TileWall& tiles = sign.Tiles(nowMs);
     if (isDark)
         face.Clear();
@@ -86,9 +86,9 @@ const Canvas& Stage::Draw(std::uint64_t nowMs)
     if (!isDark)
         DrawTiles(tiles, nowMs, font, face);
     CalibrateFace(tiles, face);
-    const std::uint8_t light = kValues.at(sign.Light(nowMs));
+    const std::uint8_t light = kValues.at(sign.Light().LevelAt(nowMs));
     Tint({light, light, light}, face);
-    DrawFaults(sign.Faults(), sign.Control().IsOn(), face);
+    DrawFaults(sign.Faults(), sign.Light().IsOn(), face);
     return face;
 }
 

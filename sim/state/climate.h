@@ -2,7 +2,6 @@
 
 #include "sim/state/condition.h"
 #include "sim/state/tiles.h"
-#include "sim/state/timeCommands.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -12,6 +11,13 @@ namespace vxsim {
 
 inline constexpr int kTileLimit = 70; // degrees, above which a tile is too hot
 inline constexpr int kBoxLimit = 60;  // likewise for the inside of the sign
+
+// What a host has measured for the sign.
+struct Weather
+{
+    std::uint8_t humidity = 0;
+    int temperature16 = 0; // sixteenths of a degree
+};
 
 // Temperatures in degrees, humidity in percent.
 struct Climate

@@ -1,20 +1,13 @@
 #pragma once
 
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
+#include "sim/command/commandFamily.h"
+#include "sim/state/climate.h"
 #include "sim/state/signClock.h"
 
 #include <cstdint>
 #include <optional>
 
 namespace vxsim {
-
-// What a host has measured for the sign.
-struct Weather
-{
-    std::uint8_t humidity = 0;
-    int temperature16 = 0; // sixteenths of a degree
-};
 
 struct SpeedLimit
 {
@@ -23,24 +16,28 @@ struct SpeedLimit
 };
 
 // Major 5: the sign's clock, and what hosts tell it for its messages.
-class TimeCommands
+class TimeCommands : public CommandFamily
 {
 public:
-    // A traffic signal controller tells its seconds too, and has a command of its own to set the clock.
+    // A traffic signal controller tells its seconds too.
     TimeCommands(std::int64_t localSecondsAtZero, bool isController)
         : controller(isController), clock(localSecondsAtZero)
     {
     }
 
-    Reply Execute(const Frame& request, std::uint64_t nowMs);
+    std::span<const CommandRow> Commands() const override;
+
+    // Sets the clock as the call tells.
+    Reply Adjust(const Call& call);
 
     const SignClock& Clock() const { return clock; }
     const std::optional<Weather>& LastWeather() const { return weather; }
     const std::optional<SpeedLimit>& LastSpeedLimit() const { return speedLimit; }
 
 private:
-    Reply Read(std::uint64_t nowMs) const;
-    Reply Adjust(const Frame& request, std::uint64_t nowMs);
+    Reply Read(const Call& call) const;
+    Reply KeepWeather(const Call& call);
+    Reply KeepSpeedLimit(const Call& call);
 
     bool controller;
     SignClock clock;

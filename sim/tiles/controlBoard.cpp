@@ -20,8 +20,9 @@ Reply TaskStarted(std::optional<std::uint32_t> id)
 
 } // namespace
 
-Reply ControlBoard::Start(TileJob job, const TileMoment& moment)
+Reply ControlBoard::Start(TileJob job, std::uint64_t nowMs)
 {
+    const TileMoment moment = MomentAt(nowMs);
     const TaskState trouble = TileWall::OnEach(job.tiles, moment.condition, [](int) { return TaskState::kDone; });
     if (trouble == TaskState::kQueueFull)
         return TaskStarted({});
@@ -35,18 +36,30 @@ Reply ControlBoard::Start(TileJob job, const TileMoment& moment)
         });
         return end;
     };
-    return TaskStarted(tasks.Add(std::move(work), duration, job.units, moment.nowMs));
+    return TaskStarted(tasks.Add(std::move(work), duration, job.units, nowMs));
 }
 
-Reply ControlBoard::Fail(TaskState state, const TileMoment& moment)
+Reply ControlBoard::Fail(TaskState state, std::uint64_t nowMs)
 {
-    return TaskStarted(tasks.Add([state](const TileMoment&) { return TaskEnd{state, {}}; }, 0, 1, moment.nowMs));
+    return TaskStarted(tasks.Add([state](const TileMoment&) { return TaskEnd{state, {}}; }, 0, 1, nowMs));
 }
 
-TileTasks::Report ControlBoard::Ask(std::uint32_t id, const TileMoment& moment)
+TileTasks::Report ControlBoard::Ask(std::uint32_t id, std::uint64_t nowMs)
 {
-    tasks.KeepUp(moment);
-    return tasks.Ask(id, moment.nowMs);
+    tasks.KeepUp(MomentAt(nowMs));
+    return tasks.Ask(id, nowMs);
+}
+
+void ControlBoard::KeepUp(std::uint64_t nowMs)
+{
+    tasks.KeepUp(MomentAt(nowMs));
+    wall.KeepUp(nowMs);
+}
+
+void ControlBoard::Stop()
+{
+    tasks.Clear();
+    wall.Stop();
 }
 
 std::uint64_t ControlBoard::FileMs(std::size_t size)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sim/monitor/monitor.h"
 #include "sim/protocol/reply.h"
 #include "sim/tiles/tileTasks.h"
 #include "sim/tiles/tileWall.h"
@@ -26,23 +27,29 @@ struct TileJob
 class ControlBoard
 {
 public:
-    explicit ControlBoard(TileWall& tiles) : wall(tiles) {}
+    ControlBoard(TileWall& tiles, const Monitor& watch) : wall(tiles), monitor(watch) {}
 
     // Answers with the id of the task. What is clear from the start fails at once.
-    Reply Start(TileJob job, const TileMoment& moment);
-    Reply Fail(TaskState state, const TileMoment& moment);
+    Reply Start(TileJob job, std::uint64_t nowMs);
+    Reply Fail(TaskState state, std::uint64_t nowMs);
 
-    TileTasks::Report Ask(std::uint32_t id, const TileMoment& moment);
-    void KeepUp(const TileMoment& moment) { tasks.KeepUp(moment); }
-    void Stop() { tasks.Clear(); }
+    TileTasks::Report Ask(std::uint32_t id, std::uint64_t nowMs);
+
+    // Lets the tiles do what they have to until then.
+    void KeepUp(std::uint64_t nowMs);
+
+    // A restart of the sign: tasks and tests end.
+    void Stop();
 
     TileWall& Wall() { return wall; }
+    TileMoment MomentAt(std::uint64_t nowMs) const { return monitor.TilesAt(nowMs); }
 
     // How long a file of this size is on its way between the sign's disk and a tile.
     static std::uint64_t FileMs(std::size_t size);
 
 private:
     TileWall& wall;
+    const Monitor& monitor;
     TileTasks tasks;
 };
 

@@ -1,26 +1,26 @@
+// Commands for one tile itself, or for all of a port.
 #pragma once
 
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
-#include "sim/tiles/tileWall.h"
+#include "sim/tiles/tileCommands.h"
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace vxsim {
 
 // Major 124, in packets with a sync of their own: one tile, named by the destination and a port. It answers at once,
 // and files come and go in pieces.
-class DirectTiles
+class DirectTiles : public TileCommands
 {
 public:
-    explicit DirectTiles(TileWall& tiles) : wall(tiles) {}
+    using TileCommands::TileCommands;
 
-    Reply Execute(const Frame& request, const TileMoment& moment);
+    std::span<const CommandRow> Commands() const override;
 
     // Forgets files that have not come in full.
-    void Stop() { uploads.clear(); }
+    void Restart(std::uint64_t nowMs, bool isCold) override;
 
 private:
     // A file on its way to a tile or to all of a port.
@@ -34,12 +34,15 @@ private:
         std::optional<Code> end;         // what the last piece was answered with
     };
 
-    Reply ReadPiece(const Frame& request, const TileMoment& moment) const;
-    Reply WritePiece(const Frame& request, const TileMoment& moment);
-    Code BeginUpload(const Frame& request, const TileMoment& moment);
-    std::vector<int> TilesOf(const Frame& request) const;
+    Reply ReadPiece(const Call& call);
+    Reply WritePiece(const Call& call);
+    Reply Command(const Call& call);
+    Reply Test(const Call& call);
 
-    TileWall& wall;
+    Code BeginUpload(const Call& call);
+    template <typename Act>
+    TaskState OnEach(const Call& call, Act act) const;
+
     std::vector<Upload> uploads; // the latest last
 };
 

@@ -13,18 +13,6 @@
 namespace vxsim {
 namespace {
 
-enum : std::uint8_t
-{
-    kRead = 1,
-    kWrite = 2,
-    kState = 3,
-    kTest = 4,
-    kCommand = 5,
-    kBoardCommand = 7,
-    kPicture = 8,
-    kBrightnessMode = 9
-};
-
 // Arguments of a task.
 constexpr std::size_t kArgsSize = 8;
 constexpr std::size_t kPortAt = 2;
@@ -36,17 +24,17 @@ constexpr std::size_t kPathSize = 64; // what may stand behind it is a descripto
 constexpr std::uint64_t kPictureSeconds = 5; // where the host gives none
 constexpr std::uint64_t kMostPictureSeconds = 60;
 
-std::uint8_t TypeIn(const Frame& request)
+std::uint8_t TypeIn(const Call& call)
 {
-    return TileFileTypeOf(request.payload[kThirdAt]);
+    return TileFileTypeOf(call.payload[kThirdAt]);
 }
 
-std::string PathOf(const Frame& request)
+std::string PathOf(const Call& call)
 {
     std::array<char, kPathSize> path{};
-    const std::string_view extension = kTileFileExtensions[TypeIn(request)];
-    std::snprintf(path.data(), path.size(), "C:\\port%d\\%04x%.*s", request.payload[kPortAt],
-                  Load16(request.payload, 0), static_cast<int>(extension.size()), extension.data());
+    const std::string_view extension = kTileFileExtensions[TypeIn(call)];
+    std::snprintf(path.data(), path.size(), "C:\\port%d\\%04x%.*s", call.payload[kPortAt], Load16(call.payload, 0),
+                  static_cast<int>(extension.size()), extension.data());
     return path.data();
 }
 
@@ -69,93 +57,91 @@ std::uint8_t StateByte(TaskState state)
 
 } // namespace
 
-Reply PortTiles::Execute(const Frame& request, const TileMoment& moment)
+std::span<const CommandRow> PortTiles::Commands() const
 {
-    if (request.payload.size() < kArgsSize)
-        return Reply::WithCode(Code::kBadLength);
-    switch (request.minor) {
-    case kRead:
-    case kWrite:
-    case kTest:
-    case kCommand:
-        return StartJob(request, moment);
-    case kState:
-        return State(request, moment);
-    case kPicture:
-        return ShowPicture(request, moment);
-    case kBoardCommand: // nothing to be seen
-    case kBrightnessMode:
-        return Reply::Done();
-    default:
-        return Reply::WithCode(Code::kUnknownMinor);
-    }
+    static constexpr CommandRow kRows[] = {
+        {28, 1, "read file of a tile", kArgsSize, 0, kUnlogged, Run<&PortTiles::ReadFile>,
+         "a task: the tile's file goes to `C:\\port1\\0003.bri`"},
+        {28, 2, "write file of a tile", kArgsSize, 0, kLogged, Run<&PortTiles::WriteFile>,
+         "a task: a file comes from the path in the request, of a descriptor its first 64 bytes"},
+        {28, 3, "state of a tile task", kArgsSize, 0, kUnlogged, Run<&PortTiles::TellState>,
+         "percent at 0, state at 1, of a failure its word at 2"},
+        {28, 4, "test a tile", kArgsSize, 0, kUnlogged, Run<&PortTiles::Test>, "as 12, 9; the code is in byte 3"},
+        {28, 5, "command to a tile", kArgsSize, 0, kLogged, Run<&PortTiles::Command>,
+         "as 12, 11; the command is in byte 3"},
+        {28, 7, "command to the tile board", kArgsSize, 0, kUnlogged, Run<&PortTiles::Done>,
+         "is done whatever the bytes"},
+        {28, 8, "calibration picture", kArgsSize, 0, kUnlogged, Run<&PortTiles::ShowPicture>,
+         "a task: red, green, blue (0 to 255, 16 bits each) on the whole face, and for how many seconds: 0 is 5, 60 at "
+         "most"},
+        {28, 9, "brightness of tiles", kArgsSize, 0, kUnlogged, Run<&PortTiles::Done>, "is done whatever the bytes"},
+    };
+    return kRows;
 }
 
-Reply PortTiles::StartJob(const Frame& request, const TileMoment& moment)
+// A task for the tile that is addressed, or for all of its port.
+Reply PortTiles::Start(const Call& call, TileJob job)
 {
-    const std::uint16_t address = Load16(request.payload, 0);
-    const std::uint8_t port = request.payload[kPortAt];
-    const bool all = address == kEveryTile;
-    if (all && request.minor == kRead) // as one file
-        return board.Fail(TaskState::kBroadcastError, moment);
-    TileWall& wall = board.Wall();
-    TileJob job;
-    switch (request.minor) {
-    case kRead:
-        job = ReadJob(request);
-        break;
-    case kWrite:
-        job = WriteJob(request);
-        break;
-    case kTest:
-        job.act = [&wall, code = request.payload[kThirdAt]](int tile, const TileMoment& then) {
-            return TaskEnd{wall.Test(tile, code, then), {}};
-        };
-        break;
-    default:
-        job.act = [&wall, command = request.payload[kThirdAt],
-                   data = std::vector(request.extended.begin(), request.extended.end())](int tile,
-                                                                                         const TileMoment& then) {
-            return TaskEnd{wall.Command(tile, command, data, then), {}};
-        };
-    }
-    const TilePlan& plan = wall.Plan();
-    job.tiles = all ? plan.AllOnPort(port) : std::vector<int>{plan.OnPort(port, address)};
-    return board.Start(std::move(job), moment);
+    const TilePlan& plan = board.Wall().Plan();
+    const std::uint8_t port = call.payload[kPortAt];
+    const std::uint16_t address = Load16(call.payload, 0);
+    job.tiles = address == kEveryTile ? plan.AllOnPort(port) : std::vector{plan.OnPort(port, address)};
+    return board.Start(std::move(job), call.nowMs);
 }
 
-TileJob PortTiles::ReadJob(const Frame& request) const
+Reply PortTiles::ReadFile(const Call& call)
 {
+    if (Load16(call.payload, 0) == kEveryTile) // as one file
+        return board.Fail(TaskState::kBroadcastError, call.nowMs);
     TileJob job;
-    job.act = [&wall = board.Wall(), &disk = drives, path = PathOf(request),
-               type = TypeIn(request)](int tile, const TileMoment& then) {
+    job.act = [&wall = board.Wall(), &disk = drives, path = PathOf(call), type = TypeIn(call)](int tile,
+                                                                                               const TileMoment& then) {
         const auto file = wall.ReadFile(tile, type, 0, TileFiles::kMostFile, then);
         return TaskEnd{file && WriteStaged(disk, path, file->bytes) ? TaskState::kDone : TaskState::kFailed, {}};
     };
-    return job;
+    return Start(call, std::move(job));
 }
 
-TileJob PortTiles::WriteJob(const Frame& request) const
+Reply PortTiles::WriteFile(const Call& call)
 {
-    std::string path(TextAt(request.extended.first(std::min(request.extended.size(), kPathSize)), 0));
+    std::string path(TextAt(call.extended.first(std::min(call.extended.size(), kPathSize)), 0));
     const std::size_t size = StagedSize(drives, path);
     TileJob job;
     job.durationMs = ControlBoard::FileMs(size);
     job.act = [&wall = board.Wall(), &disk = drives, path = std::move(path),
-               type = TypeIn(request)](int tile, const TileMoment& then) {
+               type = TypeIn(call)](int tile, const TileMoment& then) {
         const auto file = ReadStaged(disk, path);
         return TaskEnd{file.empty() ? TaskState::kFailed : wall.WriteFile(tile, type, file, then), {}};
     };
-    return job;
+    return Start(call, std::move(job));
+}
+
+Reply PortTiles::Test(const Call& call)
+{
+    TileJob job;
+    job.act = [&wall = board.Wall(), code = call.payload[kThirdAt]](int tile, const TileMoment& then) {
+        return TaskEnd{wall.Test(tile, code, then), {}};
+    };
+    return Start(call, std::move(job));
+}
+
+Reply PortTiles::Command(const Call& call)
+{
+    TileJob job;
+    job.act = [&wall = board.Wall(), command = call.payload[kThirdAt],
+               data = std::vector(call.extended.begin(), call.extended.end())](int tile, const TileMoment& then) {
+        return TaskEnd{wall.Command(tile, command, data, then), {}};
+    };
+    return Start(call, std::move(job));
 }
 
 // Red, green and blue for the whole face, and for how many seconds.
-Reply PortTiles::ShowPicture(const Frame& request, const TileMoment& moment)
+Reply PortTiles::ShowPicture(const Call& call)
 {
     std::array<std::uint8_t, 3> light{};
     for (std::size_t i = 0; i < light.size(); ++i)
-        light[i] = static_cast<std::uint8_t>(std::min<std::uint16_t>(Load16(request.payload, 2 * i), 255));
-    const std::uint64_t wanted = Load16(request.payload, 6);
+        light[i] = static_cast<std::uint8_t>(std::min<std::uint16_t>(Load16(call.payload, 2 * i), 255));
+    const std::uint64_t wanted = Load16(call.payload, 6);
     const std::uint64_t seconds = wanted != 0 ? std::min(wanted, kMostPictureSeconds) : kPictureSeconds;
     TileJob job;
     job.tiles = board.Wall().Plan().All();
@@ -163,13 +149,13 @@ Reply PortTiles::ShowPicture(const Frame& request, const TileMoment& moment)
         wall.Show({light[0], light[1], light[2], then.nowMs + seconds * 1000});
         return TaskEnd{};
     };
-    return board.Start(std::move(job), moment);
+    return board.Start(std::move(job), call.nowMs);
 }
 
 // Progress in percent, state, and for a failure the word that tells of it.
-Reply PortTiles::State(const Frame& request, const TileMoment& moment)
+Reply PortTiles::TellState(const Call& call)
 {
-    const auto report = board.Ask(Load32(request.payload, 0), moment);
+    const auto report = board.Ask(Load32(call.payload, 0), call.nowMs);
     std::array<std::uint8_t, 4> record{};
     record[0] = static_cast<std::uint8_t>(std::uint64_t{report.done} * 100 / std::max(report.total, 1U));
     record[1] = StateByte(report.state);

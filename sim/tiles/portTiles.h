@@ -1,30 +1,32 @@
+// Commands for tiles by port and address.
 #pragma once
 
 #include "sim/files/drives.h"
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
-#include "sim/tiles/controlBoard.h"
+#include "sim/tiles/tileCommands.h"
+
+#include <span>
 
 namespace vxsim {
 
-// Major 28: tiles by port and address. Files go by way of the sign's drive C. A host starts a task and asks for its
-// state.
-class PortTiles
+// Major 28. Files go by way of the sign's drive C. A host starts a task and asks for its state.
+class PortTiles : public TileCommands
 {
 public:
-    PortTiles(const Drives& signDrives, ControlBoard& controlBoard) : drives(signDrives), board(controlBoard) {}
+    PortTiles(const Drives& signDrives, ControlBoard& controlBoard) : TileCommands(controlBoard), drives(signDrives) {}
 
-    Reply Execute(const Frame& request, const TileMoment& moment);
+    std::span<const CommandRow> Commands() const override;
 
 private:
-    Reply State(const Frame& request, const TileMoment& moment);
-    Reply ShowPicture(const Frame& request, const TileMoment& moment);
-    Reply StartJob(const Frame& request, const TileMoment& moment);
-    TileJob ReadJob(const Frame& request) const;
-    TileJob WriteJob(const Frame& request) const;
+    Reply ReadFile(const Call& call);
+    Reply WriteFile(const Call& call);
+    Reply Test(const Call& call);
+    Reply Command(const Call& call);
+    Reply ShowPicture(const Call& call);
+    Reply TellState(const Call& call);
+
+    Reply Start(const Call& call, TileJob job);
 
     const Drives& drives;
-    ControlBoard& board;
 };
 
 } // namespace vxsim

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
-#include "sim/state/signClock.h"
+#include "sim/command/commandFamily.h"
+#include "sim/monitor/monitor.h"
+#include "sim/state/timeCommands.h"
 #include "sim/traffic/signalProgram.h"
 #include "sim/traffic/trafficBlocks.h"
 #include "sim/traffic/trafficFiles.h"
@@ -12,33 +12,38 @@
 
 namespace vxsim {
 
-// Major 10 of a sign that is a traffic signal controller: an intersection whose signals change by the sign's clock.
-class TrafficCommands
+// The orders to a sign that is a traffic signal controller: an intersection whose signals change by the sign's clock.
+// Any other sign refuses them.
+class TrafficCommands : public CommandFamily
 {
 public:
-    TrafficCommands(const Drives& drives, const SignClock& signClock)
-        : clock(signClock), program(signClock), files(drives)
-    {
-    }
+    TrafficCommands(const Drives& drives, TimeCommands& time, const Monitor& monitor, bool isController);
 
-    // Whether a request of major 10 is one for the controller, and none of those that have to do with logins.
-    static bool Takes(const Frame& request);
+    std::span<const CommandRow> Commands() const override;
+    Reply Execute(const Call& call) override;
 
-    Reply Execute(const Frame& request, std::uint64_t nowMs);
-
-    // What the controller does of itself: writes its logs. `isHot`: something of the sign is too hot.
-    void KeepUp(const TrafficClimate& measured, bool isHot, std::uint64_t nowMs);
+    // Writes the logs.
+    void KeepUp(std::uint64_t nowMs) override;
 
     // The signals begin anew.
-    void Restart(std::uint64_t nowMs);
+    void Restart(std::uint64_t nowMs, bool isCold) override;
 
     SignalSituation SignalsAt(std::uint64_t nowMs) const { return program.At(nowMs); }
 
 private:
     TrafficMoment MomentAt(std::uint64_t nowMs) const;
-    Reply TestLamps(const Frame& request, std::uint64_t nowMs);
-    Reply RunPhase(const Frame& request, std::uint64_t nowMs);
+    Reply SetClock(const Call& call);
+    Reply SetMode(const Call& call);
+    Reply TellMonitor(const Call& call);
+    Reply TellStatus(const Call& call);
+    Reply TellRealStatus(const Call& call);
+    Reply TellFlow(const Call& call);
+    Reply TestLamps(const Call& call, bool byKind);
+    Reply RunPhase(const Call& call);
 
+    TimeCommands& time;
+    const Monitor& monitor;
+    bool controller;
     const SignClock& clock;
     SignalProgram program;
     TrafficFiles files;

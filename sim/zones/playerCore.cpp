@@ -12,53 +12,12 @@
 namespace vxsim {
 namespace {
 
-enum : std::uint8_t
-{
-    kTellProperty = 1,
-    kPlay = 2,
-    kStop = 5,
-    kSetWindows = 6,
-    kKeepProject = 7,
-    kTellProgress = 8,
-    kTellPlaying = 9,
-    kSwitchProgram = 10,
-    kSwitchMode = 11,
-    kPlayEmergency = 12,
-    kStopEmergency = 13,
-    kKeepProjectWithExtra = 16
-};
-
 constexpr std::uint8_t kLastFollow = 2;
 constexpr std::uint8_t kLastWindowMode = 2;
 constexpr std::size_t kLastField = 6; // of minor 2: a flag, or the length of the fourth text
 
 constexpr std::string_view kWindowNames = "1234";
 static_assert(kWindowNames.size() == kProgramWindows);
-
-// The shortest payload of each minor; nothing for an unknown one.
-std::optional<std::size_t> PayloadSize(std::uint8_t minor)
-{
-    switch (minor) {
-    case kPlay:
-    case kStop:
-    case kSetWindows:
-    case kKeepProject:
-    case kSwitchProgram:
-    case kPlayEmergency:
-        return 8;
-    case kSwitchMode:
-        return 4;
-    case kKeepProjectWithExtra:
-        return 28;
-    case kTellProperty:
-    case kTellProgress:
-    case kTellPlaying:
-    case kStopEmergency:
-        return 0;
-    default:
-        return std::nullopt;
-    }
-}
 
 // The texts of these lengths, one behind the other. Nothing if they are not the whole block.
 std::optional<std::vector<std::string>> TextsIn(std::span<const std::uint8_t> block,
@@ -98,45 +57,50 @@ PlayerCore::PlayerCore(const Drives& drives, const std::filesystem::path& folder
 {
 }
 
-Reply PlayerCore::Execute(const Frame& request, std::uint64_t nowMs)
+std::span<const CommandRow> PlayerCore::Commands() const
 {
-    const auto size = PayloadSize(request.minor);
-    if (!size)
-        return Reply::WithCode(Code::kUnknownMinor);
-    if (request.payload.size() < *size)
-        return Reply::WithCode(Code::kBadLength);
-    if (display == nullptr)
-        return Reply::WithCode(Code::kNotSupported);
-    Settle(nowMs);
-    switch (request.minor) {
-    case kTellProperty:
-        return TellProperty(request);
-    case kPlay:
-        return Play(request, nowMs);
-    case kStop:
-        return Stop(request);
-    case kSetWindows:
-        return SetWindows(request, nowMs);
-    case kKeepProject:
-    case kKeepProjectWithExtra:
-        return KeepProject(request);
-    case kTellProgress:
-        return TellProgress();
-    case kTellPlaying:
-        return TellPlaying(nowMs);
-    case kSwitchProgram:
-        return SwitchProgram(request, nowMs);
-    case kSwitchMode:
-        return SwitchMode(request, nowMs);
-    case kPlayEmergency:
-        return PlayEmergency(request, nowMs);
-    default:
-        End(ProgramPlace::kEmergency);
-        return Reply::Done();
-    }
+    static constexpr CommandRow kRows[] = {
+        {122, 1, "read program property", 0, 0, kUnlogged, Run<&PlayerCore::TellProperty>,
+         "properties of the player (empty name), of `PROJECT` or `PROJECT\\PROGRAM`"},
+        {122, 2, "play program", 8, 0, kLogged, Run<&PlayerCore::Play>,
+         "with three texts: plays over the whole face. Byte 6 is what follows: 0 the same again, 1 the next program of "
+         "the project by name, 2 the list. With four texts: plays, again and again, in the window that the fourth text "
+         "names, `1` to `4`; without it as with three texts and 0"},
+        {122, 5, "stop program", 8, 0, kLogged, Run<&PlayerCore::Stop>,
+         "stops the program of that name, in windows too; without a name all but an emergency"},
+        {122, 6, "set windows", 8, 0, kUnlogged, Run<&PlayerCore::SetWindows>,
+         "byte 0: windows are shown over the rest (0), alone on an unlit face (1), not at all (2). Data: left, top, "
+         "width, height (16 bits each) of window 1, 2 and so on"},
+        {122, 7, "project information", 8, 0, kUnlogged, Run<&PlayerCore::KeepProject>,
+         "tells of a project: number of its programs, a version"},
+        {122, 8, "project progress", 0, 0, kUnlogged, Run<&PlayerCore::TellProgress>,
+         "of the project told of last: percent of its programs that are there with all files; 0 none was told, 1 some "
+         "are missing, 2 complete"},
+        {122, 9, "read playing programs", 0, 0, kUnlogged, Run<&PlayerCore::TellPlaying>,
+         "a word: 1 a program on the face, 2 an emergency; what follows; windows that play; their mode. Then a line "
+         "for each that plays: `face`, `emergency` or window, project, program, file, with tabs between"},
+        {122, 10, "switch program", 8, 0, kUnlogged, Run<&PlayerCore::SwitchProgram>,
+         "plays another program of the project on the face; byte 0 is what follows"},
+        {122, 11, "switch program mode", 4, 0, kUnlogged, Run<&PlayerCore::SwitchMode>,
+         "what follows, for the program on the face, which begins anew"},
+        {122, 12, "play emergency program", 8, 0, kLogged, Run<&PlayerCore::PlayEmergency>,
+         "plays over everything else, tests and tickers too, but not over a dark face"},
+        {122, 13, "stop emergency program", 0, 0, kLogged, Run<&PlayerCore::StopEmergency>, "ends that"},
+        {122, 16, "project information", 28, 0, kUnlogged, Run<&PlayerCore::KeepProject>,
+         "as 122, 7, and its start program (20 bytes, zero padded), which 7 leaves"},
+    };
+    return kRows;
 }
 
-void PlayerCore::StopAll()
+Reply PlayerCore::Execute(const Call& call)
+{
+    if (display == nullptr)
+        return Reply::WithCode(Code::kNotSupported);
+    Settle(call.nowMs);
+    return CommandFamily::Execute(call);
+}
+
+void PlayerCore::Restart(std::uint64_t, bool)
 {
     for (std::size_t i = 0; i < running.size(); ++i)
         End(static_cast<ProgramPlace>(i));
@@ -159,32 +123,38 @@ void PlayerCore::Settle(std::uint64_t nowMs)
 
 // Two forms: project, program and first file with what follows; or these three with a window, where the last field is
 // the length of its name. The length of all texts tells them apart. A window without a name is the face.
-Reply PlayerCore::Play(const Frame& request, std::uint64_t nowMs)
+Reply PlayerCore::Play(const Call& call)
 {
-    const auto length = [&request](std::size_t at) -> std::size_t { return Load16(request.payload, at); };
+    const auto length = [&call](std::size_t at) -> std::size_t { return Load16(call.payload, at); };
     const std::size_t last = length(kLastField);
-    if (const auto names = TextsIn(request.extended, {length(0), length(2), length(4)})) {
+    if (const auto names = TextsIn(call.extended, {length(0), length(2), length(4)})) {
         if (last > kLastFollow)
             return Reply::WithCode(Code::kNotSupported);
-        return Begin(ProgramPlace::kFace, *names, static_cast<Follow>(last), nowMs);
+        return Begin(ProgramPlace::kFace, *names, static_cast<Follow>(last), call.nowMs);
     }
-    const auto names = TextsIn(request.extended, {length(0), length(2), length(4), last});
+    const auto names = TextsIn(call.extended, {length(0), length(2), length(4), last});
     if (!names)
         return Reply::WithCode(Code::kBadLength);
     const std::string& window = names->back();
     const std::size_t index = window.size() == 1 ? kWindowNames.find(window) : std::string_view::npos;
     if (index == std::string_view::npos)
         return Reply::WithCode(Code::kNotSupported);
-    return Begin(WindowPlace(index), *names, Follow::kItself, nowMs);
+    return Begin(WindowPlace(index), *names, Follow::kItself, call.nowMs);
 }
 
-Reply PlayerCore::PlayEmergency(const Frame& request, std::uint64_t nowMs)
+Reply PlayerCore::PlayEmergency(const Call& call)
 {
-    const auto length = [&request](std::size_t at) -> std::size_t { return Load16(request.payload, at); };
-    const auto names = TextsIn(request.extended, {length(0), length(2), length(4)});
+    const auto length = [&call](std::size_t at) -> std::size_t { return Load16(call.payload, at); };
+    const auto names = TextsIn(call.extended, {length(0), length(2), length(4)});
     if (!names)
         return Reply::WithCode(Code::kBadLength);
-    return Begin(ProgramPlace::kEmergency, *names, Follow::kItself, nowMs);
+    return Begin(ProgramPlace::kEmergency, *names, Follow::kItself, call.nowMs);
+}
+
+Reply PlayerCore::StopEmergency(const Call&)
+{
+    End(ProgramPlace::kEmergency);
+    return Reply::Done();
 }
 
 // An empty project is the current one, an empty program the one that its project starts with, or the first of it.
@@ -244,9 +214,9 @@ FaceArea PlayerCore::AreaOf(ProgramPlace place) const
 }
 
 // The program of that name wherever it plays, or without a name all of them; an emergency has a command of its own.
-Reply PlayerCore::Stop(const Frame& request)
+Reply PlayerCore::Stop(const Call& call)
 {
-    const auto names = TextsIn(request.extended, {request.payload[0]});
+    const auto names = TextsIn(call.extended, {call.payload[0]});
     if (!names)
         return Reply::WithCode(Code::kBadLength);
     const std::string& name = names->front();
@@ -267,10 +237,10 @@ WindowMode PlayerCore::Windows() const
 }
 
 // The mode, and new areas of the first windows, as many as there are.
-Reply PlayerCore::SetWindows(const Frame& request, std::uint64_t nowMs)
+Reply PlayerCore::SetWindows(const Call& call)
 {
-    const std::uint8_t mode = request.payload[0];
-    const auto areas = request.extended;
+    const std::uint8_t mode = call.payload[0];
+    const auto areas = call.extended;
     if (mode > kLastWindowMode)
         return Reply::WithCode(Code::kNotSupported);
     if (areas.size() % kFaceAreaSize != 0 || areas.size() > kProgramWindows * kFaceAreaSize)
@@ -286,16 +256,16 @@ Reply PlayerCore::SetWindows(const Frame& request, std::uint64_t nowMs)
         return Reply::WithCode(Code::kWriteFailed);
     for (std::size_t i = 0; i < areas.size() / kFaceAreaSize; ++i) {
         const ProgramPlace place = WindowPlace(i);
-        if (At(place) && !Start(place, Running(*At(place)), nowMs)) // its program is gone
+        if (At(place) && !Start(place, Running(*At(place)), call.nowMs)) // its program is gone
             End(place);
     }
     return Reply::Done();
 }
 
-Reply PlayerCore::SwitchProgram(const Frame& request, std::uint64_t nowMs)
+Reply PlayerCore::SwitchProgram(const Call& call)
 {
-    const std::uint8_t mode = request.payload[0];
-    const auto names = TextsIn(request.extended, {Load16(request.payload, 1)});
+    const std::uint8_t mode = call.payload[0];
+    const auto names = TextsIn(call.extended, {Load16(call.payload, 1)});
     if (!names)
         return Reply::WithCode(Code::kBadLength);
     if (mode > kLastFollow)
@@ -303,19 +273,19 @@ Reply PlayerCore::SwitchProgram(const Frame& request, std::uint64_t nowMs)
     if (CurrentProject().empty())
         return Reply::WithCode(Code::kNothingPlays);
     return Begin(ProgramPlace::kFace, std::array<std::string, 3>{"", names->front(), ""}, static_cast<Follow>(mode),
-                 nowMs);
+                 call.nowMs);
 }
 
 // Begins the program on the face anew.
-Reply PlayerCore::SwitchMode(const Frame& request, std::uint64_t nowMs)
+Reply PlayerCore::SwitchMode(const Call& call)
 {
-    if (request.payload[0] > kLastFollow)
+    if (call.payload[0] > kLastFollow)
         return Reply::WithCode(Code::kNotSupported);
     if (!At(ProgramPlace::kFace))
         return Reply::WithCode(Code::kNothingPlays);
     Running wanted = *At(ProgramPlace::kFace);
-    wanted.follow = static_cast<Follow>(request.payload[0]);
-    return Reply::WithCode(Start(ProgramPlace::kFace, std::move(wanted), nowMs) ? Code::kOk : Code::kFileMissing);
+    wanted.follow = static_cast<Follow>(call.payload[0]);
+    return Reply::WithCode(Start(ProgramPlace::kFace, std::move(wanted), call.nowMs) ? Code::kOk : Code::kFileMissing);
 }
 
 } // namespace vxsim

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "sim/command/commandFamily.h"
 #include "sim/files/drives.h"
 #include "sim/files/storedRecord.h"
-#include "sim/protocol/frame.h"
-#include "sim/protocol/reply.h"
 #include "sim/zones/programDisplay.h"
 #include "sim/zones/programStore.h"
 
@@ -28,7 +27,7 @@ enum class WindowMode : std::uint8_t
 
 // Major 122: named programs in named projects, which play on the face, in windows and for an emergency. What hosts tell
 // of projects and windows is kept over a restart; what plays is not.
-class PlayerCore
+class PlayerCore : public CommandFamily
 {
 public:
     // Keeps its file in the folder.
@@ -37,10 +36,11 @@ public:
     // What shows the programs. Stays attached as long as the sign lives.
     void Attach(ProgramDisplay& shownOn) { display = &shownOn; }
 
-    Reply Execute(const Frame& request, std::uint64_t nowMs);
+    std::span<const CommandRow> Commands() const override;
+    Reply Execute(const Call& call) override;
 
     // Ends all programs.
-    void StopAll();
+    void Restart(std::uint64_t nowMs, bool isCold) override;
 
     WindowMode Windows() const;
 
@@ -60,25 +60,27 @@ private:
         Follow follow = Follow::kItself;
     };
 
-    Reply Play(const Frame& request, std::uint64_t nowMs);
-    Reply PlayEmergency(const Frame& request, std::uint64_t nowMs);
+    Reply Play(const Call& call);
+    Reply PlayEmergency(const Call& call);
+    Reply StopEmergency(const Call& call);
+    Reply Stop(const Call& call);
+    Reply SetWindows(const Call& call);
+    Reply SwitchProgram(const Call& call);
+    Reply SwitchMode(const Call& call);
+    Reply KeepProject(const Call& call);
+    Reply TellProperty(const Call& call);
+    Reply TellProgress(const Call& call);
+    Reply TellPlaying(const Call& call);
+
     Reply Begin(ProgramPlace place, std::span<const std::string> names, Follow follow, std::uint64_t nowMs);
-    Reply Stop(const Frame& request);
-    Reply SetWindows(const Frame& request, std::uint64_t nowMs);
-    Reply SwitchProgram(const Frame& request, std::uint64_t nowMs);
-    Reply SwitchMode(const Frame& request, std::uint64_t nowMs);
     bool Start(ProgramPlace place, Running wanted, std::uint64_t nowMs);
     void End(ProgramPlace place);
     void Settle(std::uint64_t nowMs);
     FaceArea AreaOf(ProgramPlace place) const;
     std::optional<Running>& At(ProgramPlace place) { return running[static_cast<std::size_t>(place)]; }
 
-    Reply KeepProject(const Frame& request);
-    Reply TellProperty(const Frame& request) const;
     Reply TellPlayer() const;
     Reply TellProject(const std::string& name) const;
-    Reply TellProgress() const;
-    Reply TellPlaying(std::uint64_t nowMs) const;
     std::span<const std::uint8_t> RecordOf(std::string_view project) const;
     std::string CurrentProject() const;
     bool Plays(std::string_view project, std::string_view program) const;

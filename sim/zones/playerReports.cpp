@@ -92,12 +92,12 @@ std::string PlayerCore::CurrentProject() const
 }
 
 // The latest record goes to the front; the oldest one falls off the end.
-Reply PlayerCore::KeepProject(const Frame& request)
+Reply PlayerCore::KeepProject(const Call& call)
 {
-    const std::size_t length = Load16(request.payload, 0);
-    if (length != request.extended.size() || length > kLongestProject)
+    const std::size_t length = Load16(call.payload, 0);
+    if (length != call.extended.size() || length > kLongestProject)
         return Reply::WithCode(Code::kBadLength);
-    std::string name(request.extended.begin(), request.extended.end());
+    std::string name(call.extended.begin(), call.extended.end());
     if (name.empty())
         name = CurrentProject();
     if (name.empty())
@@ -109,8 +109,8 @@ Reply PlayerCore::KeepProject(const Frame& request)
     record.resize(kProjectRecordSize);
     std::fill_n(record.begin(), kLongestProject, std::uint8_t{0});
     std::ranges::copy(name, record.begin());
-    std::copy_n(request.payload.begin() + 2, 4, record.begin() + kProjectProgramsAt);
-    if (const auto extra = request.payload.subspan(8); extra.size() >= kLongestProgram)
+    std::copy_n(call.payload.begin() + 2, 4, record.begin() + kProjectProgramsAt);
+    if (const auto extra = call.payload.subspan(8); extra.size() >= kLongestProgram)
         std::copy_n(extra.begin(), kLongestProgram, record.begin() + kProjectStartAt);
     for (auto rest = projects.Bytes(); !rest.empty(); rest = rest.subspan(kProjectRecordSize)) {
         const auto other = rest.first(kProjectRecordSize);
@@ -122,7 +122,7 @@ Reply PlayerCore::KeepProject(const Frame& request)
 }
 
 // How many of the programs that a host told of are there, all their files included.
-Reply PlayerCore::TellProgress() const
+Reply PlayerCore::TellProgress(const Call&)
 {
     const std::string name = ProjectName(projects.Bytes());
     if (name.empty())
@@ -146,9 +146,9 @@ bool PlayerCore::Plays(std::string_view project, std::string_view program) const
 }
 
 // "" is the player, "PROJECT" a project, "PROJECT\PROGRAM" a program.
-Reply PlayerCore::TellProperty(const Frame& request) const
+Reply PlayerCore::TellProperty(const Call& call)
 {
-    const std::string name(request.extended.begin(), request.extended.end());
+    const std::string name(call.extended.begin(), call.extended.end());
     const std::size_t between = std::min(name.find_first_of("\\/"), name.size());
     const std::string project = name.substr(0, between);
     if (name.empty())
@@ -210,7 +210,7 @@ Reply PlayerCore::TellProject(const std::string& name) const
 }
 
 // A word and a line for each program that plays: the place, its names, and the file that is to be seen.
-Reply PlayerCore::TellPlaying(std::uint64_t nowMs) const
+Reply PlayerCore::TellPlaying(const Call& call)
 {
     enum : std::uint8_t
     {
@@ -238,7 +238,7 @@ Reply PlayerCore::TellPlaying(std::uint64_t nowMs) const
             line = std::to_string(i - static_cast<std::size_t>(ProgramPlace::kFirstWindow) + 1);
         }
         line.append("\t").append(running[i]->project).append("\t").append(running[i]->program);
-        line.append("\t").append(display->CurrentFile(place, nowMs).value_or(""));
+        line.append("\t").append(display->CurrentFile(place, call.nowMs).value_or(""));
         AddLine(reply.extended, line);
     }
     return reply;

@@ -14,18 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-enum : std::uint8_t
-{
-    kDivide = 1,
-    kTellDivision = 2,
-    kSetDisplay = 3,
-    kSetContent = 4,
-    kEnable = 5,
-    kSetPageCount = 6,
-    kDivideSpecially = 7,
-    kTellSettings = 8
-};
-
 constexpr std::size_t kZoneHeadSize = 8;
 constexpr std::size_t kZoneCountAt = 3;
 constexpr std::size_t kEntrySize = 12;
@@ -77,51 +65,44 @@ fs::path ZoneCommands::PageFile(std::size_t index) const
     return folder / ("zones-" + std::to_string(index + 1) + ".bin");
 }
 
-Reply ZoneCommands::Execute(const Frame& request, std::uint64_t nowMs)
+std::span<const CommandRow> ZoneCommands::Commands() const
 {
-    const bool asks = request.minor == kTellDivision || request.minor == kTellSettings;
-    if (!asks && request.payload.size() < 4)
-        return Reply::WithCode(request.minor >= kDivide && request.minor <= kTellSettings ? Code::kBadLength
-                                                                                          : Code::kUnknownMinor);
-    switch (request.minor) {
-    case kDivide:
-        return Divide(request);
-    case kTellDivision:
-        return TellDivision(request);
-    case kSetDisplay:
-        return SetDisplay(request);
-    case kSetContent:
-        return SetContent(request);
-    case kEnable:
-        return KeepSettings(request.payload[0] != 0 ? 1 : 0, settings.Bytes()[1], nowMs);
-    case kSetPageCount:
-        return SetPageCount(request, nowMs);
-    case kDivideSpecially:
-        return DivideSpecially(request);
-    case kTellSettings:
-        return Reply::WithPayload(settings.Bytes());
-    default:
-        return Reply::WithCode(Code::kUnknownMinor);
-    }
+    static constexpr CommandRow kRows[] = {
+        {54, 1, "divide zone", 4, kZoneHeadSize, kLogged, Run<&ZoneCommands::Divide>,
+         "divides a page, or a zone of it: the first part takes the place of the zone"},
+        {54, 2, "read division", 0, 0, kUnlogged, Run<&ZoneCommands::TellDivision>,
+         "head and zones of a page; without a page the heads of all pages that are divided"},
+        {54, 3, "set zone display", 4, kDisplayHeadSize, kUnlogged, Run<&ZoneCommands::SetDisplay>,
+         "the style of a zone, or for zone 0 of all zones of the page; with an option its content too"},
+        {54, 4, "set zone content", 4, kContentHeadSize, kLogged, Run<&ZoneCommands::SetContent>,
+         "likewise the content alone"},
+        {54, 5, "enable zones", 4, 0, kLogged, Run<&ZoneCommands::Enable>, "zones on (1) or off (0)"},
+        {54, 6, "set page count", 4, 0, kUnlogged, Run<&ZoneCommands::SetPageCount>,
+         "how many pages take turns, up to 12"},
+        {54, 7, "divide special zones", 4, kSpecialHeadSize, kUnlogged, Run<&ZoneCommands::DivideSpecially>,
+         "divides a page in steps of some pixels"},
+        {54, 8, "read zone settings", 0, 0, kUnlogged, Run<&ZoneCommands::TellSettings>,
+         "whether zones are on, and the page count"},
+    };
+    return kRows;
 }
 
-Reply ZoneCommands::Divide(const Frame& request)
+Reply ZoneCommands::Divide(const Call& call)
 {
-    const auto data = request.extended;
-    if (data.size() < kZoneHeadSize || data.size() != kZoneHeadSize + kEntrySize * data[kZoneCountAt])
+    const auto data = call.extended;
+    if (data.size() != kZoneHeadSize + kEntrySize * data[kZoneCountAt])
         return Reply::WithCode(Code::kBadLength);
     ZonePage page{Load16(data, 0), {}};
     for (std::size_t at = kZoneHeadSize; at < data.size(); at += kEntrySize)
         page.zones.push_back({LoadArea(data, at)});
-    return SetZones(request.payload[0], request.payload[1], std::move(page));
+    return SetZones(call.payload[0], call.payload[1], std::move(page));
 }
 
 // A special zone is left, top, width and height in steps, a byte each.
-Reply ZoneCommands::DivideSpecially(const Frame& request)
+Reply ZoneCommands::DivideSpecially(const Call& call)
 {
-    const auto data = request.extended;
-    if (data.size() < kSpecialHeadSize ||
-        data.size() != kSpecialHeadSize + kSpecialZoneSize * Load16(data, kSpecialCountAt))
+    const auto data = call.extended;
+    if (data.size() != kSpecialHeadSize + kSpecialZoneSize * Load16(data, kSpecialCountAt))
         return Reply::WithCode(Code::kBadLength);
     const std::uint16_t step = data[2] != 0 ? data[2] : kOwnStep;
     ZonePage page{Load16(data, 0), {}};
@@ -129,7 +110,7 @@ Reply ZoneCommands::DivideSpecially(const Frame& request)
         const auto pixels = [&](std::size_t field) { return static_cast<std::uint16_t>(data[at + field] * step); };
         page.zones.push_back({{pixels(0), pixels(1), pixels(2), pixels(3)}});
     }
-    return SetZones(request.payload[0], 0, std::move(page));
+    return SetZones(call.payload[0], 0, std::move(page));
 }
 
 // Divides the page, or for a zone number that zone of it: the first part takes the place of the zone, and the others
@@ -176,10 +157,10 @@ Code ZoneCommands::FindPage(std::uint8_t number) const
 }
 
 // The division of a page, or without a page the heads of all pages.
-Reply ZoneCommands::TellDivision(const Frame& request) const
+Reply ZoneCommands::TellDivision(const Call& call)
 {
     Reply reply;
-    if (request.payload.empty()) {
+    if (call.payload.empty()) {
         for (std::size_t i = 0; i < pages.size(); ++i) {
             if (!pages[i])
                 continue;
@@ -188,7 +169,7 @@ Reply ZoneCommands::TellDivision(const Frame& request) const
         }
         return reply;
     }
-    const std::uint8_t number = request.payload[0];
+    const std::uint8_t number = call.payload[0];
     if (const Code code = FindPage(number); code != Code::kOk)
         return Reply::WithCode(code);
     const ZonePage& page = *pages[number - 1U];
@@ -205,32 +186,32 @@ Reply ZoneCommands::TellDivision(const Frame& request) const
 }
 
 // The option tells what the data is: nothing, or content as in SetContent.
-Reply ZoneCommands::SetDisplay(const Frame& request)
+Reply ZoneCommands::SetDisplay(const Call& call)
 {
-    const auto data = request.extended;
-    const std::uint8_t option = request.payload[2];
-    if (data.size() < kDisplayHeadSize || data.size() != kDisplayHeadSize + Load16(data, kDisplayLengthAt) ||
+    const auto data = call.extended;
+    const std::uint8_t option = call.payload[2];
+    if (data.size() != kDisplayHeadSize + Load16(data, kDisplayLengthAt) ||
         (option == 0 && data.size() != kDisplayHeadSize))
         return Reply::WithCode(Code::kBadLength);
-    return ChangeZones(request, LoadStyle(data, 0), option != 0, option, data.subspan(kDisplayHeadSize));
+    return ChangeZones(call, LoadStyle(data, 0), option != 0, option, data.subspan(kDisplayHeadSize));
 }
 
-Reply ZoneCommands::SetContent(const Frame& request)
+Reply ZoneCommands::SetContent(const Call& call)
 {
-    const auto data = request.extended;
-    if (data.size() < kContentHeadSize || data.size() != kContentHeadSize + Load16(data, kContentLengthAt))
+    const auto data = call.extended;
+    if (data.size() != kContentHeadSize + Load16(data, kContentLengthAt))
         return Reply::WithCode(Code::kBadLength);
-    return ChangeZones(request, std::nullopt, true, data[0], data.subspan(kContentHeadSize));
+    return ChangeZones(call, std::nullopt, true, data[0], data.subspan(kContentHeadSize));
 }
 
 // Of one zone, or for zone 0 of all zones of the page.
-Reply ZoneCommands::ChangeZones(const Frame& request, std::optional<ZoneStyle> style, bool takesContent,
-                                std::uint8_t kind, std::span<const std::uint8_t> data)
+Reply ZoneCommands::ChangeZones(const Call& call, std::optional<ZoneStyle> style, bool takesContent, std::uint8_t kind,
+                                std::span<const std::uint8_t> data)
 {
-    const std::uint8_t zoneNumber = request.payload[1];
-    if (const Code code = FindPage(request.payload[0]); code != Code::kOk)
+    const std::uint8_t zoneNumber = call.payload[1];
+    if (const Code code = FindPage(call.payload[0]); code != Code::kOk)
         return Reply::WithCode(code);
-    const std::size_t index = request.payload[0] - 1U;
+    const std::size_t index = call.payload[0] - 1U;
     if (zoneNumber > kMostZones)
         return Reply::WithCode(Code::kBadZone);
     if (zoneNumber > pages[index]->zones.size())
@@ -263,14 +244,24 @@ Reply ZoneCommands::ChangeZones(const Frame& request, std::optional<ZoneStyle> s
     return KeepPage(index, std::move(changed));
 }
 
-Reply ZoneCommands::SetPageCount(const Frame& request, std::uint64_t nowMs)
+Reply ZoneCommands::Enable(const Call& call)
 {
-    const std::uint8_t count = request.payload[0];
+    return KeepSettings(call.payload[0] != 0 ? 1 : 0, settings.Bytes()[1], call.nowMs);
+}
+
+Reply ZoneCommands::TellSettings(const Call&)
+{
+    return Reply::WithPayload(settings.Bytes());
+}
+
+Reply ZoneCommands::SetPageCount(const Call& call)
+{
+    const std::uint8_t count = call.payload[0];
     if (count == 0 || count > kMostPagesOfAny)
         return Reply::WithCode(Code::kWrongPageCount);
     if (count > kMostZonePages)
         return Reply::WithCode(Code::kTooManyPages);
-    return KeepSettings(settings.Bytes()[0], count, nowMs);
+    return KeepSettings(settings.Bytes()[0], count, call.nowMs);
 }
 
 // Nothing takes the page away.

@@ -225,7 +225,7 @@ TEST_F(QuickShow, ListsOfFiles)
     std::string list = FlatList('F', 'P', "PIC.BMP") + FlatList('F', 'T', "TEXT.NMG").substr(8);
     list[4] = 2;
     EXPECT_EQ(OnSign("C/SEQUENT.SYS"), list);
-    const auto style = sign->DisplayStyle();
+    const auto style = sign->Records().DisplayStyle();
     EXPECT_EQ(style[11], '4');
     EXPECT_EQ(style[12], '4');
     EXPECT_EQ(style[14], 255);
@@ -312,11 +312,11 @@ TEST_F(QuickShow, TubesAndEasyFiles)
     const auto* const data = reinterpret_cast<const std::uint8_t*>("tube");
     EXPECT_EQ(OnFreshThread([&] { return vxTubeCtrl(5, data, 4, kHost, Port()); }), 0u);
     EXPECT_EQ(Road(), "14.5");
-    EXPECT_EQ(sign->TubeData().at(5), FromText("tube"));
+    EXPECT_EQ(sign->Records().TubeData().at(5), FromText("tube"));
     EXPECT_EQ(OnFreshThread([&] { return vxTubeCtrlEx(6, data, 4, kHost, Port(), VX_CHANNEL_UDP, nullptr, 0, 0); }),
               0u);
     EXPECT_EQ(Road(), "14.6");
-    EXPECT_EQ(sign->TubeData().count(6), 1u);
+    EXPECT_EQ(sign->Records().TubeData().count(6), 1u);
     EXPECT_EQ(OnFreshThread([&] { return vxTubeCtrl(7, nullptr, 0, kHost, Port()); }), 0u);
     EXPECT_EQ(Road(), "14.7");
 

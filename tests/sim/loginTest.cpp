@@ -46,7 +46,7 @@ TEST_F(Login, NothingButTheLoginIsAnsweredWithoutOne)
     EXPECT_EQ(LogIn(kOneHost, 0, "admin", "12345"), 36913U);
     EXPECT_EQ(From(kOneHost, 0, 10, 1, Bytes(16, 0)), 36870U);
     EXPECT_EQ(From(kOneHost, 0, 4, 1), 36912U);
-    EXPECT_FALSE(sign->IsBlack());
+    EXPECT_FALSE(sign->Light().IsBlack());
     EXPECT_EQ(LogIn(kOneHost, 0, "admin", "123456"), 0U);
     EXPECT_EQ(From(kOneHost, 0, 4, 1), 0U);
     EXPECT_EQ(From(kOtherHost, 0, 4, 1), 36912U);

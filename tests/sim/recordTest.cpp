@@ -55,20 +55,20 @@ TEST_F(Records, BlackScreenAndTubeData)
     for (const unsigned minor : {1U, 1U, 2U})
         EXPECT_EQ(CodeOf(Ask(4, minor)), 0U);
     EXPECT_EQ(changes, (std::vector<bool>{true, false}));
-    EXPECT_FALSE(sign->IsBlack());
+    EXPECT_FALSE(sign->Light().IsBlack());
     EXPECT_EQ(CodeOf(Ask(14, 200, {1, 2, 3, 4})), 0U);
     EXPECT_EQ(CodeOf(Ask(14, 200, {5})), 0U);
-    EXPECT_EQ(sign->TubeData().at(200), (Bytes{5, 0, 0, 0}));
+    EXPECT_EQ(sign->Records().TubeData().at(200), (Bytes{5, 0, 0, 0}));
 }
 
 TEST_F(Records, UrgentMessageChecksumAndUpdateState)
 {
     EXPECT_EQ(CodeOf(Ask(2, 9, {1, 0, 2, 0}, Bytes(1024, 'u'))), 0U);
     EXPECT_EQ(CodeOf(Ask(2, 9, {1, 0, 2, 0}, Bytes(1025, 'v'))), 10497U);
-    EXPECT_EQ(sign->UrgentMessage().size(), 1024U);
+    EXPECT_EQ(sign->Records().UrgentMessage().size(), 1024U);
     EXPECT_EQ(CodeOf(Ask(2, 14, Text("A.NMG") + Bytes(27, 0) + Bytes{1, 2, 0, 0, 0x34, 0x12, 0, 0})), 0U);
-    EXPECT_EQ(sign->Checksums().at("A.NMG").size, 513U);
-    EXPECT_EQ(sign->Checksums().at("A.NMG").crc, 0x1234);
+    EXPECT_EQ(sign->Records().Checksums().at("A.NMG").size, 513U);
+    EXPECT_EQ(sign->Records().Checksums().at("A.NMG").crc, 0x1234);
     EXPECT_EQ(CodeOf(Ask(2, 48, {}, {2, 0, 0, 0}, 3)), 0U);
     EXPECT_EQ(PayloadOf(Ask(1, 48, {0, 0, 0, 0}, {}, 3)), (Bytes{2, 0, 0, 0}));
     EXPECT_EQ(PayloadOf(Ask(1, 48, {1, 0, 0, 0}, {}, 3)), (Bytes{1, 0, 0, 0}));
@@ -113,6 +113,31 @@ TEST_F(Records, UnknownCommandsGetTheirCodes)
     for (int i = 0; i < 100; ++i)
         Ask(255, 255);
     EXPECT_LE(Ask(1, 19).size(), 1536U);
+}
+
+// A row that another one stands in the way of is a command that nobody can give.
+TEST_F(Records, EveryRowIsReachedWithItsLeastBytes)
+{
+    settings.controller = true;
+    Restart("CDEF");
+    std::string name;
+    sign->Observe({.answered = [&](const vxsim::Exchange& exchange) { name = exchange.name; }});
+    const auto rows = sign->Commands();
+    EXPECT_GT(rows.size(), 200U);
+    for (const vxsim::CommandRow& row : rows) {
+        const Bytes payload(row.leastPayload);
+        const Bytes data(row.leastData);
+        for (const std::uint8_t minor : {row.minors.first, row.minors.last}) {
+            vxsim::Frame request;
+            request.tile = row.major.direct;
+            request.major = row.major.number;
+            request.minor = minor;
+            request.payload = payload;
+            request.extended = data;
+            sign->Answer(request);
+            EXPECT_EQ(name, row.name) << int{request.major} << ' ' << int{minor};
+        }
+    }
 }
 
 // Every command with payloads and extended parts of all small sizes: no crash, and always one whole reply.

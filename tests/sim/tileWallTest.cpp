@@ -204,7 +204,7 @@ TEST_F(TileWall, PacketsForATileHaveTheirOwnSync)
     other[2] = 0x4C;
     other[3] = 0xC5;
     EXPECT_EQ(CodeOf(sign->Answer(other)), 36868U);
-    EXPECT_FALSE(sign->IsBlack());
+    EXPECT_FALSE(sign->Light().IsBlack());
 }
 
 TEST_F(TileWall, TilesHaveANumberOnBusesAndPorts)
