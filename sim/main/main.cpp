@@ -1,3 +1,5 @@
+// The program: options, and a sign that is served until a signal ends it.
+#include "sim/main/commandTable.h"
 #include "sim/main/companions.h"
 #include "sim/main/conditionOptions.h"
 #include "sim/server/endpoints.h"
@@ -47,6 +49,7 @@ struct Options
     std::string png;
     std::vector<std::string> logins;
     bool verbose = false;
+    bool commands = false;
     bool controller = false;
     unsigned delay = 0;
     vxsim::ListenSettings listen;
@@ -185,6 +188,16 @@ void Announce(const vxsim::Endpoints& endpoints, const fs::path& folder)
     std::cout.flush();
 }
 
+// A controller has those of any other sign too.
+void PrintCommands()
+{
+    const SignFolder folder("");
+    vxsim::SignSettings settings;
+    settings.folder = folder.Path();
+    settings.controller = true;
+    std::cout << vxsim::CommandTable(vxsim::VirtualSign(settings).Commands());
+}
+
 void Serve(const Options& options)
 {
     const auto [width, height] = ParseSize(options.size);
@@ -259,6 +272,7 @@ int Run(int argc, char** argv)
         ->expected(1)
         ->take_all();
     app.add_flag("--controller", options.controller, "is a traffic signal controller; the face shows its signals");
+    app.add_flag("--commands", options.commands, "prints the table of the commands, and nothing else");
     app.add_flag("--verbose", options.verbose, "names each command on standard error");
     app.add_option("--delay", options.delay, "milliseconds from a request to its reply")
         ->capture_default_str()
@@ -273,7 +287,9 @@ int Run(int argc, char** argv)
     }
     options.listen.serial = options.listen.serial || options.companions.bootLoader;
     try {
-        if (app.get_subcommands().empty())
+        if (options.commands)
+            PrintCommands();
+        else if (app.get_subcommands().empty())
             Serve(options);
         else
             options.condition.ApplyToTarget();
