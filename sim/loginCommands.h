@@ -1,3 +1,4 @@
+// Commands to log in, and who may use the sign.
 #pragma once
 
 #include "sim/command/commandFamily.h"

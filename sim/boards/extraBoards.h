@@ -1,3 +1,4 @@
+// Commands of the extra boards behind the control board.
 #pragma once
 
 #include "sim/command/commandFamily.h"

@@ -1,3 +1,4 @@
+// Commands of the two video processors, and what they do to the face.
 #pragma once
 
 #include "sim/command/commandFamily.h"

@@ -1,10 +1,10 @@
+// When a request came, and from where.
 #pragma once
 
 #include <cstdint>
 
 namespace vxsim {
 
-// When a request came, and from where.
 struct Arrival
 {
     std::uint64_t nowMs = 0; // of any steady clock

@@ -1,3 +1,4 @@
+// Firmware by XMODEM, on the serial line.
 #pragma once
 
 #include <cstddef>

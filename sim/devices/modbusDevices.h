@@ -1,3 +1,4 @@
+// The registers of Modbus devices.
 #pragma once
 
 #include <cstddef>

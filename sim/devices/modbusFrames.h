@@ -1,3 +1,4 @@
+// Requests for Modbus devices in the bytes of a line.
 #pragma once
 
 #include "sim/devices/modbusDevices.h"

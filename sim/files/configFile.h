@@ -1,3 +1,4 @@
+// C:\CONFIG.SYS.
 #pragma once
 
 #include <cstdint>

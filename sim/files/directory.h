@@ -1,3 +1,4 @@
+// What is in a folder, and the two records that tell of it.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// The drives of the sign, and the files behind its paths.
 #pragma once
 
 #include <filesystem>

@@ -1,3 +1,4 @@
+// Commands for folders and files, besides what moves their content.
 #pragma once
 
 #include "sim/command/commandFamily.h"

@@ -1,3 +1,4 @@
+// Files that come in, packet by packet.
 #pragma once
 
 #include "sim/files/fileRecord.h"

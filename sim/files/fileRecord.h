@@ -1,3 +1,4 @@
+// The record that every packet of a file begins with.
 #pragma once
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// Files that go out, packet by packet.
 #pragma once
 
 #include "sim/files/fileRecord.h"

@@ -1,3 +1,4 @@
+// How large pieces, records and the data flash may be.
 #pragma once
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// Names of eight and three characters for long ones.
 #pragma once
 
 #include <string>

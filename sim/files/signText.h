@@ -1,3 +1,4 @@
+// Texts, names and addresses as the sign reads and writes them.
 #pragma once
 
 #include <algorithm>

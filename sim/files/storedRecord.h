@@ -1,3 +1,4 @@
+// Small files of the sign itself.
 #pragma once
 
 #include <cstddef>

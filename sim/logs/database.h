@@ -1,3 +1,4 @@
+// The tables of the logs.
 #pragma once
 
 #include "sim/protocol/codes.h"

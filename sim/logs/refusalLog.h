@@ -1,3 +1,4 @@
+// The commands that were refused last.
 #pragma once
 
 #include "sim/protocol/codes.h"

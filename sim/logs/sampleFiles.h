@@ -1,3 +1,4 @@
+// The log files of radar and batteries.
 #pragma once
 
 #include "sim/files/drives.h"

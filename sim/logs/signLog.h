@@ -1,3 +1,4 @@
+// What becomes a row of the logs.
 #pragma once
 
 #include "sim/command/signEvents.h"

@@ -1,3 +1,4 @@
+// The files that warn of what is wrong.
 #pragma once
 
 #include "sim/files/drives.h"

@@ -1,3 +1,4 @@
+// What stands beside the sign on its lines, and the options for it.
 #pragma once
 
 #include "sim/devices/bootLoader.h"

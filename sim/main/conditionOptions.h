@@ -1,3 +1,4 @@
+// The options and commands of the program that put faults into a sign.
 #pragma once
 
 #include <CLI/CLI.hpp>

@@ -1,3 +1,4 @@
+// Who watches over the sign, and measures.
 #pragma once
 
 #include "sim/files/drives.h"

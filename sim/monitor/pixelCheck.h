@@ -1,3 +1,4 @@
+// Commands for the check of all pixels.
 #pragma once
 
 #include "sim/command/commandFamily.h"

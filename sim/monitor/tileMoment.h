@@ -1,3 +1,4 @@
+// The sign around the tiles.
 #pragma once
 
 #include "sim/state/climate.h"

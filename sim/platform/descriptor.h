@@ -1,3 +1,4 @@
+// File descriptors that close themselves.
 #pragma once
 
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// Commands that steer what plays.
 #pragma once
 
 #include "sim/command/commandFamily.h"

@@ -1,3 +1,4 @@
+// What the commands that steer need of whatever plays.
 #pragma once
 
 #include <cstdint>

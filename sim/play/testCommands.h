@@ -1,3 +1,4 @@
+// Commands for test patterns and the connection.
 #pragma once
 
 #include "sim/command/commandFamily.h"

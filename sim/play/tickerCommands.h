@@ -1,3 +1,4 @@
+// Commands for texts that run over the face.
 #pragma once
 
 #include "sim/command/commandFamily.h"

@@ -1,3 +1,4 @@
+// Numbers in packets and files.
 #pragma once
 
 #include <cstddef>

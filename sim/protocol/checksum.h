@@ -1,3 +1,4 @@
+// The two checks of a packet.
 #pragma once
 
 #include <cstdint>

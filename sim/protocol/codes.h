@@ -1,3 +1,4 @@
+// Codes of refusals, and the answers that travel as codes.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// Packets of a host, taken apart.
 #pragma once
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// Packets of a host in a stream.
 #pragma once
 
 #include "sim/protocol/frame.h"

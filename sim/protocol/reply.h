@@ -1,3 +1,4 @@
+// Packets of the sign, put together.
 #pragma once
 
 #include "sim/protocol/codes.h"

@@ -1,3 +1,4 @@
+// From what came in to what goes out.
 #pragma once
 
 #include "sim/devices/bootLoader.h"

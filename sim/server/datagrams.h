@@ -1,3 +1,4 @@
+// Many datagrams in one call.
 #pragma once
 
 #include <array>

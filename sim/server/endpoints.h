@@ -1,3 +1,4 @@
+// The sockets and the pseudo-terminal of the sign.
 #pragma once
 
 #include "sim/platform/descriptor.h"

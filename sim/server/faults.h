@@ -1,3 +1,4 @@
+// Faults of the line.
 #pragma once
 
 #include <cstddef>

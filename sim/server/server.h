@@ -1,3 +1,4 @@
+// The loop that serves all lines of the sign.
 #pragma once
 
 #include "sim/devices/bootLoader.h"

@@ -1,3 +1,4 @@
+// One stream: what has come, and what waits to go.
 #pragma once
 
 #include "sim/platform/descriptor.h"

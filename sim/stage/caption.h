@@ -1,3 +1,4 @@
+// Text that something beside the sign writes on the face.
 #pragma once
 
 #include "sim/face/canvas.h"

@@ -1,3 +1,4 @@
+// Brings the face to whoever looks.
 #pragma once
 
 #include "sim/face/canvas.h"

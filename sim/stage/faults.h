@@ -1,3 +1,4 @@
+// Bad lamps and hot tiles on the face.
 #pragma once
 
 #include "sim/face/canvas.h"

@@ -1,3 +1,4 @@
+// Programs of the player core on the face.
 #pragma once
 
 #include "sim/content/player.h"

@@ -1,3 +1,4 @@
+// The signals of a traffic signal controller on the face.
 #pragma once
 
 #include "sim/face/canvas.h"

@@ -1,3 +1,4 @@
+// Who is seen over whom.
 #pragma once
 
 #include "sim/content/player.h"

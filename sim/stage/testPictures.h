@@ -1,3 +1,4 @@
+// Tests on the face.
 #pragma once
 
 #include "sim/face/canvas.h"

@@ -1,3 +1,4 @@
+// Tickers on the face.
 #pragma once
 
 #include "sim/face/canvas.h"

@@ -1,3 +1,4 @@
+// Tests and calibration of tiles on the face.
 #pragma once
 
 #include "sim/face/canvas.h"

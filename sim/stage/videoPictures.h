@@ -1,3 +1,4 @@
+// Pictures of the video processors on the face.
 #pragma once
 
 #include "sim/boards/videoProcessors.h"

@@ -1,3 +1,4 @@
+// Zones on the face.
 #pragma once
 
 #include "sim/content/player.h"

@@ -1,3 +1,4 @@
+// How warm it is in the sign and around it.
 #pragma once
 
 #include "sim/state/condition.h"

@@ -1,3 +1,4 @@
+// What is wrong with the sign, and the file that says so.
 #pragma once
 
 #include "sim/state/taskState.h"

@@ -1,3 +1,4 @@
+// The light of the face.
 #pragma once
 
 #include "sim/files/storedRecord.h"

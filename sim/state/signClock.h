@@ -1,3 +1,4 @@
+// The clock of the sign, and its dates in packets and files.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// The states of a task for tiles.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// The grid of tiles.
 #pragma once
 
 namespace vxsim {

@@ -1,3 +1,4 @@
+// Commands for the clock, and what hosts tell the sign for its messages.
 #pragma once
 
 #include "sim/command/commandFamily.h"

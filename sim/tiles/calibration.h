@@ -1,3 +1,4 @@
+// Calibrations of tiles, and the files that they come in.
 #pragma once
 
 #include "sim/tiles/tilePlan.h"

@@ -1,3 +1,4 @@
+// What stands between the commands and the tiles.
 #pragma once
 
 #include "sim/monitor/monitor.h"

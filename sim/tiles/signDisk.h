@@ -1,3 +1,4 @@
+// Files of tiles on the sign's drives.
 #pragma once
 
 #include "sim/files/drives.h"

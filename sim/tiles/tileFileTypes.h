@@ -1,3 +1,4 @@
+// The types of files that a tile holds.
 #pragma once
 
 #include <cstddef>

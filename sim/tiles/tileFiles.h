@@ -1,3 +1,4 @@
+// The flash of the tiles.
 #pragma once
 
 #include "sim/state/taskState.h"

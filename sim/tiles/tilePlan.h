@@ -1,3 +1,4 @@
+// Where each tile hangs.
 #pragma once
 
 #include "sim/state/tiles.h"

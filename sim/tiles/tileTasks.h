@@ -1,3 +1,4 @@
+// The queue of the control board.
 #pragma once
 
 #include "sim/monitor/tileMoment.h"

@@ -1,3 +1,4 @@
+// All tiles, and what they do.
 #pragma once
 
 #include "sim/monitor/tileMoment.h"

@@ -1,3 +1,4 @@
+// Phases of an intersection.
 #pragma once
 
 #include "sim/state/signClock.h"

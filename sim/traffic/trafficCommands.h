@@ -1,3 +1,4 @@
+// Commands for a sign that is a traffic signal controller.
 #pragma once
 
 #include "sim/command/commandFamily.h"

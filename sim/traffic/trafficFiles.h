@@ -1,3 +1,4 @@
+// Log files of a traffic signal controller.
 #pragma once
 
 #include "sim/files/drives.h"

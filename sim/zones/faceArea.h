@@ -1,3 +1,4 @@
+// A rectangle on the face.
 #pragma once
 
 #include "sim/protocol/bytes.h"

@@ -1,3 +1,4 @@
+// Commands for programs, and what plays of them.
 #pragma once
 
 #include "sim/command/commandFamily.h"

@@ -1,3 +1,4 @@
+// What the player core needs of whatever shows its programs.
 #pragma once
 
 #include "sim/zones/faceArea.h"

@@ -1,3 +1,4 @@
+// Programs on drive C.
 #pragma once
 
 #include "sim/files/drives.h"

@@ -1,3 +1,4 @@
+// The record that is kept of a project.
 #pragma once
 
 #include "sim/files/signText.h"

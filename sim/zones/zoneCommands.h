@@ -1,3 +1,4 @@
+// Commands for zones.
 #pragma once
 
 #include "sim/command/commandFamily.h"

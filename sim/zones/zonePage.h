@@ -1,3 +1,4 @@
+// A page of zones, and its file.
 #pragma once
 
 #include "sim/zones/faceArea.h"
