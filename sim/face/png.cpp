@@ -33,6 +33,7 @@ constexpr float kBezel = 0.014F;
 constexpr float kBezelEdge = 0.045F;
 constexpr float kGlow = 0.10F;
 constexpr float kCore = 0.45F;
+constexpr float kWhitening = 0.5F; // of what is too bright
 
 struct Light
 {
@@ -132,11 +133,11 @@ public:
         std::vector<std::uint8_t> bytes;
         bytes.reserve(pixels.size() * kChannels);
         for (const Light& light : pixels) {
-            // What is brighter than a channel can show spills into the others: strong colours turn whitish.
-            const float spill = std::max(0.0F, std::max({light.red, light.green, light.blue}) - 1.0F) * 0.5F;
-            bytes.push_back(byteOf(light.red + spill));
-            bytes.push_back(byteOf(light.green + spill));
-            bytes.push_back(byteOf(light.blue + spill));
+            // What is brighter than a channel can show turns whitish, and keeps its hue.
+            const float peak = std::max({1.0F, light.red, light.green, light.blue});
+            const float white = std::min(1.0F, (peak - 1.0F) * kWhitening);
+            for (const float channel : {light.red, light.green, light.blue})
+                bytes.push_back(byteOf(channel / peak + (1.0F - channel / peak) * white));
         }
         return bytes;
     }
