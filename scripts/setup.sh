@@ -5,7 +5,8 @@ set -euo pipefail
 packages=(
     g++ cmake ninja-build pkg-config                              # building
     libtinyxml2-dev libpcre2-dev                                  # the library
-    libsqlite3-dev libfreetype-dev fonts-unifont libstb-dev       # the virtual sign
+    libsqlite3-dev libfreetype-dev libraqm-dev libstb-dev         # the virtual sign
+    fonts-liberation fonts-unifont                                # its lettering
     libcli11-dev nlohmann-json3-dev libgif-dev                    # the command line
     libgtest-dev libgmock-dev libbenchmark-dev libmodbus-dev lrzsz # tests and measurements
     mbpoll python3-pymodbus python3-serial-asyncio                # hosts of the Modbus devices

@@ -24,9 +24,10 @@ constexpr ColourRow kColours[] = {
 
 } // namespace
 
-int ScaleOfFontCode(std::uint8_t code)
+int RowsOfFontCode(std::uint8_t code)
 {
-    return code >= '0' && code <= '9' ? code - '0' : 1;
+    constexpr int kRows = 16;
+    return code >= '0' && code <= '9' ? kRows * (code - '0') : kRows;
 }
 
 Rgb ColourOfCode(std::uint8_t code)

@@ -10,12 +10,9 @@ namespace vxsim {
 inline constexpr std::uint8_t kDefaultFontCode = '1';
 inline constexpr std::uint8_t kDefaultColourCode = '1';
 
-// The largest enlargement that a font code can ask for.
-inline constexpr int kLargestScale = 9;
-
-// '1' to '9' ask for that many times the size of the font. 0 stands for font code '0': as large as the text's one
-// page allows. Every other code gives 1.
-int ScaleOfFontCode(std::uint8_t code);
+// '1' to '9' ask for lines of that many times 16 rows, every other code for 16. 0 stands for font code '0': as large as
+// the text's one page allows.
+int RowsOfFontCode(std::uint8_t code);
 
 // The light of a colour code; a code that isn't in the table gives that of kDefaultColourCode.
 Rgb ColourOfCode(std::uint8_t code);

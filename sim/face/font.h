@@ -1,47 +1,99 @@
-// The sign's one font: Unifont, drawn without grey in its own 16 pixel cells.
+// The sign's fonts: road lettering from 12 rows on, dots below, and Unifont for what they lack.
 #pragma once
 
-#include <array>
+#include "sim/face/glyph.h"
+
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <map>
 #include <memory>
-#include <unordered_map>
+#include <span>
+#include <tuple>
+#include <vector>
+
+struct _raqm; // a line at work in libraqm
 
 namespace vxsim {
 
-inline constexpr int kGlyphHeight = 16;
-
-// A character in its cell of 16 rows, from the top.
-struct Glyph
+enum class Typeface : std::uint8_t
 {
-    int advance = 0; // columns to the next character: 8 or 16, and 0 for marks that stand over the one before
-    int left = 0;    // the column of the first bit, seen from the pen; marks reach to its left
-    std::array<std::uint16_t, kGlyphHeight> rows{}; // the highest bit is the leftmost column
+    kDots5x7,
+    kDots7x9,
+    kRoad,
+    kUnifont
+};
+
+// One glyph at one size. The index is the character in a font of dots, else the glyph's number in the font's file.
+struct GlyphKey
+{
+    Typeface typeface = Typeface::kRoad;
+    int pixels = 0;
+    std::uint32_t index = 0;
+
+    bool operator==(const GlyphKey&) const = default;
+    bool operator<(const GlyphKey& other) const
+    {
+        return std::tie(typeface, pixels, index) < std::tie(other.typeface, other.pixels, other.index);
+    }
+};
+
+// A character that is wanted at a size: the rows of a line of capitals and tails.
+struct Letter
+{
+    char32_t character = 0;
+    int pixels = 0;
+};
+
+// A glyph of a line in its place: left to right, whatever the direction of the script.
+struct ShapedGlyph
+{
+    GlyphKey key;
+    std::size_t letter = 0; // the first of the letters that it stands for
+    int x = 0;
+    int y = 0;       // rows below the foot of the line, for marks that are moved
+    int advance = 0; // columns that it takes
 };
 
 class Font
 {
 public:
-    // Throws std::runtime_error, naming the file and the ways out, when the font can't be opened.
-    explicit Font(const std::filesystem::path& path = DefaultPath());
+    static constexpr int kSmallest = 7;
+    static constexpr int kLargest = 1024;
+
+    // Throws std::runtime_error, naming the file and the ways out, when a font can't be opened.
+    explicit Font(const std::filesystem::path& unifont = DefaultPath());
+    ~Font();
+
+    Font(const Font&) = delete;
+    Font& operator=(const Font&) = delete;
 
     // The environment's VXSIM_FONT, or else the path found when this was built.
     static std::filesystem::path DefaultPath();
 
-    // The character's glyph, or that of U+FFFD where the font has none. Valid until the next call.
-    const Glyph& GlyphOf(char32_t character);
+    // Puts the letters of a line in their order and gives each its shape beside its neighbours: joined Arabic letters,
+    // text from right to left, marks over and under.
+    std::vector<ShapedGlyph> Shape(std::span<const Letter> line);
+
+    // The glyph of a character that stands alone; that of U+FFFD where no font has it.
+    GlyphKey KeyOf(Letter letter);
+
+    // Valid until the next call.
+    const Glyph& GlyphOf(const GlyphKey& key);
 
 private:
-    struct Source;
-    struct CloseSource
-    {
-        void operator()(Source* source) const;
-    };
+    class File;
 
-    Glyph Render(char32_t character) const;
+    const File& FileOf(char32_t character) const;
+    GlyphKey KeyOf(Letter letter, const File& file, std::uint32_t index) const;
+    bool Lay(_raqm* raqm, std::span<const std::uint32_t> characters) const;
+    std::vector<ShapedGlyph> Unshaped(std::span<const Letter> line);
+    Glyph Render(const GlyphKey& key) const;
 
-    std::unique_ptr<Source, CloseSource> source;
-    std::unordered_map<char32_t, Glyph> cache;
+    std::unique_ptr<File> road;
+    std::unique_ptr<File> unifont;
+    std::map<GlyphKey, Glyph> cache;
+    std::size_t cachedLamps = 0;
 };
 
 } // namespace vxsim

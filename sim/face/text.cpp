@@ -1,244 +1,237 @@
+// Sets text: decodes, measures, breaks into lines, puts the lines into their places and draws them.
 #include "sim/face/text.h"
 
-#include "sim/face/utf8.h"
+#include "sim/face/lineSetter.h"
+#include "sim/face/textDecoder.h"
 
 #include <algorithm>
+#include <array>
+#include <climits>
 #include <cstddef>
-#include <iterator>
-#include <string_view>
+#include <optional>
 
 namespace vxsim {
-
 namespace {
 
-struct Character
-{
-    char32_t code = 0;
-    int advance = 0; // unscaled
-    int scale = 1;   // 0: as large as possible
-    Rgb colour;
-};
+constexpr std::size_t kOpen = 0; // the size that is as large as the page allows
+constexpr std::size_t kSizes = 10;
+using Sizes = std::array<TextSize, kSizes>;
 
-struct Line
-{
-    std::vector<Character> characters;
-    int width = 0;
-    int height = 0;
-};
+constexpr int kNarrowest = 2; // columns of a character and its gap
+constexpr int kLeading = 8;   // large letters' lines lie the eighth part of their size apart
 
-// The text in lines and pages, before the lines have their places.
-struct Setting
+std::vector<char32_t> CodesOf(std::span<const Character> characters, std::size_t size)
 {
-    std::vector<std::vector<Line>> pages;
-    bool brokenWord = false;
-};
-
-std::vector<Character> Decode(std::span<const TextRun> runs, int largestScale, Font& font)
-{
-    std::vector<Character> characters;
-    for (const TextRun& run : runs) {
-        const int scale = std::min(ScaleOfFontCode(run.font), largestScale);
-        for (std::string_view rest = run.text; !rest.empty() && characters.size() < kMostCharacters;) {
-            const char32_t code = TakeCharacter(rest);
-            const int advance = code < U' ' ? 0 : font.GlyphOf(code).advance;
-            characters.push_back({code, advance, scale, run.colour});
-        }
+    std::vector<char32_t> codes;
+    for (const Character& character : characters) {
+        if (character.size == size && character.code > U' ')
+            codes.push_back(character.code);
     }
-    // A line or page feed that closes the text opens no further line.
-    if (!characters.empty() && (characters.back().code == U'\n' || characters.back().code == U'\f'))
-        characters.pop_back();
-    return characters;
+    std::ranges::sort(codes);
+    codes.erase(std::unique(codes.begin(), codes.end()), codes.end());
+    return codes;
 }
 
-// Wide characters are those of scripts that write no spaces: a line may end beside any of them.
-bool IsWide(const Character& character)
+std::vector<Letter> LettersOf(std::span<const Character> characters, const Sizes& sizes)
 {
-    return character.advance > kGlyphHeight / 2;
+    std::vector<Letter> letters;
+    for (const Character& character : characters)
+        letters.push_back({character.code, sizes[character.size].pixels});
+    return letters;
 }
 
-// Collects characters into lines and lines into pages.
-class Setter
+// Finds the advances of the characters up to the next feed, as they are beside each other.
+void MeasureLine(std::span<Character> line, const Sizes& sizes, Font& font)
+{
+    for (Character& character : line)
+        character.advance = character.gap = 0;
+    for (const ShapedGlyph& shaped : font.Shape(LettersOf(line, sizes))) {
+        const Glyph& glyph = font.GlyphOf(shaped.key);
+        Character& character = line[shaped.letter];
+        character.advance += shaped.advance;
+        character.gap = std::max(0, shaped.advance - glyph.left - glyph.width);
+    }
+}
+
+void Measure(std::span<Character> characters, const Sizes& sizes, Font& font)
+{
+    const auto isFeed = [](const Character& character) { return character.code < U' '; };
+    for (auto begin = characters.begin(); begin != characters.end();) {
+        const auto end = std::find_if(begin, characters.end(), isFeed);
+        MeasureLine({begin, end}, sizes, font);
+        begin = end == characters.end() ? end : end + 1;
+    }
+}
+
+// A text on its way to lines, with the sizes that its letters have on this face.
+class Composition
 {
 public:
-    Setter(int faceWidth, int faceHeight, int scale) : width(faceWidth), height(faceHeight), openScale(scale) {}
-
-    Setting Set(std::span<const Character> characters)
+    Composition(std::span<const TextRun> runs, int faceWidth, int faceHeight, Font& faceFont)
+        : width(faceWidth), height(faceHeight), font(faceFont), characters(Decode(runs))
     {
-        for (const Character& character : characters) {
-            if (setting.pages.size() >= kMostPages)
-                break;
-            Add(character);
-        }
-        if (!characters.empty())
-            EndPage();
-        return std::move(setting);
+        for (std::size_t i = kOpen + 1; i < kSizes; ++i)
+            SetRows(i, RowsOfFontCode(static_cast<std::uint8_t>('0' + i)));
+        openCodes = CodesOf(characters, kOpen);
+        onlyOpen = std::ranges::all_of(characters, [](const Character& c) { return c.size == kOpen; });
     }
+
+    Setting Set()
+    {
+        if (const auto open = openCodes.empty() ? std::nullopt : Largest())
+            return *open;
+        SetRows(kOpen, RowsOfFontCode('1'));
+        return SetAs(0);
+    }
+
+    Page Place(const std::vector<Line>& lines) const;
 
 private:
-    int ScaleOf(const Character& character) const { return character.scale == 0 ? openScale : character.scale; }
-    int WidthOf(const Character& character) const { return character.advance * ScaleOf(character); }
-
-    void Add(Character character)
+    void SetRows(std::size_t size, int rows)
     {
-        character.scale = ScaleOf(character);
-        lineHeight = std::max(lineHeight, character.scale * kGlyphHeight);
-        if (character.code == U'\f')
-            return EndPage();
-        // Spaces at which a line breaks are not shown, and a line feed behind them breaks no further line.
-        const bool justWrapped = atWrap;
-        atWrap = justWrapped && character.code == U' ';
-        if (atWrap || (justWrapped && character.code == U'\n'))
-            return;
-        if (character.code == U'\n')
-            return EndLine();
-        while (character.advance > 0 && lineWidth + WidthOf(character) > width && !line.empty()) {
-            if (character.code == U' ') {
-                EndLine();
-                atWrap = true;
-                return;
-            }
-            Wrap(character);
-        }
-        if (!line.empty() && character.advance > 0 &&
-            (line.back().code == U' ' || IsWide(line.back()) || IsWide(character)))
-            breakAt = line.size();
-        line.push_back(character);
-        lineWidth += WidthOf(character);
-        lineHeight = std::max(lineHeight, character.scale * kGlyphHeight);
+        if (const std::vector<char32_t> codes = CodesOf(characters, size); !codes.empty() || size == kOpen)
+            sizes[size] =
+                SizeForRows(codes, std::clamp(rows, Font::kSmallest, std::max(height, Font::kSmallest)), font);
+        else
+            sizes[size] = {rows, std::min(rows, height), std::min(rows, height)};
     }
 
-    // Ends the line at its last break, or in front of the next character if there is none.
-    void Wrap(const Character& next)
+    Setting SetAs(int leading)
     {
-        const bool breakHere = line.back().code == U' ' || IsWide(line.back()) || IsWide(next);
-        std::vector<Character> carried;
-        if (!breakHere && breakAt > 0) {
-            const auto first = line.begin() + static_cast<std::ptrdiff_t>(breakAt);
-            carried.assign(first, line.end());
-            line.erase(first, line.end());
-        } else if (!breakHere) {
-            setting.brokenWord = true;
-        }
-        while (!line.empty() && line.back().code == U' ')
-            line.pop_back();
-        EndLine();
-        for (const Character& character : carried) {
-            line.push_back(character);
-            lineWidth += WidthOf(character);
-        }
+        Measure(characters, sizes, font);
+        return SetLines(characters, sizes, width, height + leading);
     }
 
-    void EndLine()
+    // The text on one page with its open letters so large, unless they do not fit.
+    std::optional<Setting> OnOnePage(int pixels)
     {
-        Line ended{std::move(line), 0, 0};
-        for (const Character& character : ended.characters) {
-            ended.width += WidthOf(character);
-            ended.height = std::max(ended.height, character.scale * kGlyphHeight);
+        TextSize& open = sizes[kOpen] = SizeForPixels(openCodes, pixels, font);
+        if (open.rows > height)
+            return std::nullopt;
+        const int leading = onlyOpen ? std::max(1, pixels / kLeading) : 0;
+        open.rows += leading;
+        Setting setting = SetAs(leading);
+        return setting.pages.size() == 1 && !setting.brokenWord ? std::optional(std::move(setting)) : std::nullopt;
+    }
+
+    std::optional<Setting> Largest()
+    {
+        if (characters.size() > static_cast<std::size_t>(width) * static_cast<std::size_t>(height) / kNarrowest)
+            return std::nullopt;
+        int tooLarge = std::min(2 * height, Font::kLargest) + 1;
+        int fits = Font::kSmallest - 1;
+        while (fits + 1 < tooLarge) {
+            const int middle = (fits + tooLarge) / 2;
+            (OnOnePage(middle) ? fits : tooLarge) = middle;
         }
-        if (ended.characters.empty())
-            ended.height = lineHeight;
-        if (!page.empty() && pageHeight + ended.height > height)
-            TurnPage();
-        pageHeight += ended.height;
-        page.push_back(std::move(ended));
-        line.clear();
-        lineWidth = 0;
-        lineHeight = 0;
-        breakAt = 0;
-    }
-
-    void EndPage()
-    {
-        EndLine();
-        TurnPage();
-    }
-
-    void TurnPage()
-    {
-        setting.pages.push_back(std::move(page));
-        page.clear();
-        pageHeight = 0;
+        return fits >= Font::kSmallest ? OnOnePage(fits) : std::nullopt;
     }
 
     int width;
     int height;
-    int openScale; // what stands for scale 0
-    Setting setting;
-    std::vector<Line> page;
-    int pageHeight = 0;
-    std::vector<Character> line;
-    int lineWidth = 0;
-    int lineHeight = 0;
-    std::size_t breakAt = 0; // the line may end in front of this character; 0: nowhere
-    bool atWrap = false;     // the line just began at a space that broke the last one
+    Font& font;
+    std::vector<Character> characters;
+    Sizes sizes;
+    std::vector<char32_t> openCodes;
+    bool onlyOpen = false;
 };
 
-Page Place(const std::vector<Line>& lines, int width, int height)
+// What is lit, from the first to behind the last, in one direction.
+struct Extent
 {
-    int total = 0;
-    for (const Line& line : lines)
-        total += line.height;
+    int begin = INT_MAX;
+    int end = INT_MIN;
 
-    Page page;
-    int y = std::max(0, (height - total) / 2);
-    for (const Line& line : lines) {
-        int x = std::max(0, (width - line.width) / 2);
-        for (const Character& character : line.characters) {
-            // Characters of different sizes stand on the line's foot.
-            const int top = y + line.height - character.scale * kGlyphHeight;
-            page.push_back({character.code, x, top, character.scale, character.colour});
-            x += character.advance * character.scale;
-        }
-        y += line.height;
+    void Add(int first, int size)
+    {
+        begin = std::min(begin, first);
+        end = std::max(end, first + size);
     }
-    return page;
+
+    // How far what is lit moves to stand in the middle; what is larger than the face begins at its edge.
+    int ToMiddle(int size) const { return begin < end ? std::max(0, (size - (end - begin)) / 2) - begin : 0; }
+};
+
+// Puts a line's glyphs on a row, the first at column 0.
+void Append(const Line& line, int foot, const Sizes& sizes, Font& font, Page& page)
+{
+    for (const ShapedGlyph& shaped : font.Shape(LettersOf(line.characters, sizes))) {
+        const Character& character = line.characters[shaped.letter];
+        page.push_back({character.code, shaped.key, shaped.x, foot + shaped.y, character.colour});
+    }
 }
 
-void DrawGlyph(const PlacedGlyph& placed, const Glyph& glyph, Canvas& face)
+Page Composition::Place(const std::vector<Line>& lines) const
 {
-    for (int row = 0; row < kGlyphHeight; ++row) {
-        const unsigned bits = glyph.rows[static_cast<std::size_t>(row)];
-        for (int column = 0; column < 16; ++column) {
-            if ((bits & (0x8000U >> column)) == 0)
+    Page page;
+    Extent rows;
+    int top = 0;
+    for (const Line& line : lines) {
+        const std::size_t first = page.size();
+        Append(line, top + line.foot, sizes, font, page);
+        Extent columns;
+        for (const PlacedGlyph& placed : std::span(page).subspan(first)) {
+            const Glyph& glyph = font.GlyphOf(placed.glyph);
+            if (glyph.lamps.empty())
                 continue;
-            const int left = placed.x + (glyph.left + column) * placed.scale;
-            const int top = placed.y + row * placed.scale;
-            for (int y = 0; y < placed.scale; ++y) {
-                for (int x = 0; x < placed.scale; ++x)
-                    face.Set(left + x, top + y, placed.colour);
-            }
+            columns.Add(placed.x + glyph.left, glyph.width);
+            rows.Add(placed.y + glyph.top, glyph.Height());
         }
+        if (line.characters.empty())
+            rows.Add(top, line.rows);
+        for (PlacedGlyph& placed : std::span(page).subspan(first))
+            placed.x += columns.ToMiddle(width);
+        top += line.rows;
     }
+    for (PlacedGlyph& placed : page)
+        placed.y += rows.ToMiddle(height);
+    return page;
 }
 
 } // namespace
 
 std::vector<Page> SetText(std::span<const TextRun> runs, int width, int height, Font& font)
 {
-    const int largestScale = std::clamp(height / kGlyphHeight, 1, kLargestScale);
-    const std::vector<Character> characters = Decode(runs, largestScale, font);
-    const bool open = std::any_of(characters.begin(), characters.end(), [](const auto& c) { return c.scale == 0; });
-
-    Setting setting;
-    for (int scale = open ? largestScale : 1; scale >= 1; --scale) {
-        setting = Setter(width, height, scale).Set(characters);
-        if (setting.pages.size() == 1 && !setting.brokenWord)
-            break;
-    }
-
+    Composition composition(runs, width, height, font);
+    const Setting setting = composition.Set();
     std::vector<Page> pages;
     for (const std::vector<Line>& lines : setting.pages) {
         if (pages.size() < kMostPages)
-            pages.push_back(Place(lines, width, height));
+            pages.push_back(composition.Place(lines));
     }
     return pages;
 }
 
-void DrawPage(const Page& page, Font& font, Canvas& face)
+TextLine SetLine(std::string_view text, int rows, Rgb colour, Font& font)
+{
+    std::string plain(text.substr(0, kMostCharacters * 4));
+    std::ranges::replace_if(
+        plain, [](char c) { return c >= '\0' && c < ' '; }, ' ');
+    const TextRun run{std::move(plain), '0', colour};
+    Line line{Decode({&run, 1}), 0, 0};
+    Sizes sizes;
+    sizes[kOpen] = SizeForRows(CodesOf(line.characters, kOpen), std::max(rows, Font::kSmallest), font);
+    TextLine set;
+    Append(line, 0, sizes, font, set.glyphs);
+    set.top = -sizes[kOpen].foot;
+    set.height = sizes[kOpen].rows;
+    for (const PlacedGlyph& placed : set.glyphs)
+        set.width = std::max(set.width, placed.x + font.GlyphOf(placed.glyph).advance);
+    return set;
+}
+
+void DrawPage(const Page& page, Font& font, Canvas& face, int right, int down)
 {
     for (const PlacedGlyph& placed : page) {
-        if (placed.character > U' ')
-            DrawGlyph(placed, font.GlyphOf(placed.character), face);
+        const Glyph& glyph = font.GlyphOf(placed.glyph);
+        const int left = placed.x + glyph.left + right;
+        const int top = placed.y + glyph.top + down;
+        for (int y = 0; y < glyph.Height(); ++y) {
+            for (int x = 0; x < glyph.width; ++x) {
+                if (glyph.IsLit(x, y))
+                    face.Set(left + x, top + y, placed.colour);
+            }
+        }
     }
 }
 

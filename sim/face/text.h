@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vxsim {
@@ -20,13 +21,13 @@ struct TextRun
     Rgb colour;
 };
 
-// A character in its place on the face.
+// A character in its place on the face: the pen's column and the row of the line's foot.
 struct PlacedGlyph
 {
-    char32_t character = 0;
+    char32_t character = 0; // the first of those that the glyph stands for
+    GlyphKey glyph;
     int x = 0;
     int y = 0;
-    int scale = 1;
     Rgb colour;
 };
 
@@ -37,11 +38,24 @@ inline constexpr std::size_t kMostCharacters = 16384;
 inline constexpr std::size_t kMostPages = 256;
 
 // Breaks the text into lines between words, and between letters where a word is wider than the face; puts the lines
-// on as many pages as they need, each in the middle of the face. Enlarged text shrinks until a line fits the face's
-// height. A text without characters gives no page.
+// on as many pages as they need, each in the middle of the face by what is lit of it. A font higher than the face
+// shrinks to its height, and letters that reach above or below their line shrink into it. A text without characters
+// gives no page.
 std::vector<Page> SetText(std::span<const TextRun> runs, int width, int height, Font& font);
 
-// Draws the page over what the face shows.
-void DrawPage(const Page& page, Font& font, Canvas& face);
+// A text in one line, from column 0 and with its foot on row 0, whatever its width.
+struct TextLine
+{
+    Page glyphs;
+    int width = 0;
+    int top = 0;    // the first of its rows: 0 or negative
+    int height = 0; // rows
+};
+
+// Sets the text in a line of so many rows. What breaks lines elsewhere is a space here.
+TextLine SetLine(std::string_view text, int rows, Rgb colour, Font& font);
+
+// Draws the page over what the face shows, so far to the right and down.
+void DrawPage(const Page& page, Font& font, Canvas& face, int right = 0, int down = 0);
 
 } // namespace vxsim

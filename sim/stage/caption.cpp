@@ -1,18 +1,15 @@
 #include "sim/stage/caption.h"
 
 #include "sim/face/text.h"
-#include "sim/face/utf8.h"
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
-#include <string_view>
 
 namespace vxsim {
 namespace {
 
 constexpr Rgb kAmber{255, 160, 0};
-constexpr std::size_t kLongestLine = 256;
+constexpr int kRows = 16;
 
 } // namespace
 
@@ -28,21 +25,13 @@ void DrawCaption(const Caption& caption, Font& font, Canvas& face)
             DrawPage(pages.front(), font, face);
         return;
     }
-    const int top = face.Height() - kGlyphHeight;
+    const TextLine line = SetLine(caption.text, std::min(kRows, face.Height()), kAmber, font);
+    const int top = face.Height() - line.height;
     for (int y = top; y < face.Height(); ++y)
         for (int x = 0; x < face.Width(); ++x)
             face.Set(x, y, {});
-    int x = 0;
-    Page line;
-    for (std::string_view rest = caption.text; !rest.empty() && line.size() < kLongestLine;) {
-        const char32_t character = TakeCharacter(rest);
-        line.push_back({character, x, top, 1, kAmber});
-        x += font.GlyphOf(character).advance;
-    }
-    const int beyond = std::max(x - face.Width(), 0); // the end of a long line is what has changed
-    for (PlacedGlyph& glyph : line)
-        glyph.x -= beyond;
-    DrawPage(line, font, face);
+    const int beyond = std::max(line.width - face.Width(), 0); // the end of a long line is what has changed
+    DrawPage(line.glyphs, font, face, -beyond, top - line.top);
 }
 
 } // namespace vxsim

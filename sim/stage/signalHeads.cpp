@@ -12,11 +12,12 @@ namespace {
 constexpr Rgb kFrame{90, 90, 90};
 constexpr Rgb kLetters{255, 255, 255};
 constexpr int kLetterWidth = 8;
+constexpr int kLetterRows = 9;
 constexpr int kGap = 1;   // around each lamp
 constexpr int kUnlit = 8; // part of a colour that a lamp shows when it is not lit
 
-constexpr std::array<char32_t, kSignalGroups> kNames{U'N', U'E', U'S', U'W', U'1', U'2'};
-constexpr std::array<char32_t, 4> kRuns{U'A', U'M', U'T', U'L'};
+constexpr std::array<char, kSignalGroups> kNames{'N', 'E', 'S', 'W', '1', '2'};
+constexpr std::array<char, 4> kRuns{'A', 'M', 'T', 'L'};
 
 struct HeadLamp
 {
@@ -71,9 +72,10 @@ void DrawHead(int left, int diameter, std::span<const HeadLamp> lamps, std::uint
     }
 }
 
-void DrawLetter(char32_t letter, int left, int top, Font& font, Canvas& face)
+void DrawLetter(char letter, int left, int top, Font& font, Canvas& face)
 {
-    DrawPage({{letter, left, top, 1, kLetters}}, font, face);
+    const TextLine line = SetLine({&letter, 1}, kLetterRows, kLetters, font);
+    DrawPage(line.glyphs, font, face, left, top - line.top);
 }
 
 } // namespace
@@ -92,12 +94,12 @@ void DrawSignalHeads(const SignalSituation& signals, Font& font, Canvas& face)
     const int diameter = std::max(1, std::min(cell - beside, (face.Height() - 2) / 3 - kGap));
     if (letters) {
         const int middle = face.Height() / 2;
-        DrawLetter(kRuns[static_cast<std::size_t>(signals.run)], 0, middle - kGlyphHeight, font, face);
-        DrawLetter(signals.phase != 0 ? U'0' + signals.phase : U'-', 0, middle, font, face);
+        DrawLetter(kRuns[static_cast<std::size_t>(signals.run)], 0, middle - kLetterRows - 1, font, face);
+        DrawLetter(signals.phase != 0 ? static_cast<char>('0' + signals.phase) : '-', 0, middle + 1, font, face);
     }
     for (std::size_t i = 0; i < kSignalGroups; ++i, left += cell) {
         if (letters)
-            DrawLetter(kNames[i], left, (face.Height() - kGlyphHeight) / 2, font, face);
+            DrawLetter(kNames[i], left, (face.Height() - kLetterRows) / 2, font, face);
         const auto lamps = i < kVehicleGroups ? std::span<const HeadLamp>(kVehicleLamps) : kCrossingLamps;
         DrawHead(left + (letters ? kLetterWidth : 0), diameter, lamps, signals.lamps[i], face);
     }

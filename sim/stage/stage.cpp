@@ -66,9 +66,8 @@ Stage::Stage(VirtualSign& shownSign)
     sign.Observe(std::move(events));
     sign.Attach(static_cast<Playback&>(*this));
     sign.Attach(programs);
-    sign.MeasureTickerWith([this](std::string_view text, const TickerStyle& style) {
-        return TickerWidth(text, style, face.Height(), font);
-    });
+    sign.MeasureTickerWith(
+        [this](std::string_view text, const TickerStyle& style) { return ticker.Width(text, style, face.Height()); });
 }
 
 const Canvas& Stage::Draw(std::uint64_t nowMs)
@@ -100,7 +99,7 @@ void Stage::DrawContent(std::uint64_t nowMs)
     if (!std::holds_alternative<std::monostate>(tests.Running()))
         return DrawTest(tests.Running(), nowMs - std::min(nowMs, tests.StartedMs()), font, face);
     if (sign.Ticker().IsRunning(nowMs))
-        return DrawTicker(sign.Ticker(), nowMs, font, face);
+        return ticker.Draw(sign.Ticker(), nowMs, face);
     if (sign.Traffic())
         return DrawSignalHeads(sign.Traffic()->SignalsAt(nowMs), font, face);
     const WindowMode windows = sign.Programs().Windows();

@@ -7,6 +7,7 @@
 #include "sim/play/playback.h"
 #include "sim/stage/caption.h"
 #include "sim/stage/programScreen.h"
+#include "sim/stage/tickerPicture.h"
 #include "sim/stage/zoneScreen.h"
 #include "sim/virtualSign.h"
 
@@ -54,6 +55,7 @@ private:
     VirtualSign& sign;
     Player player;
     Font font;
+    TickerPicture ticker{font};
     ZoneScreen zones;
     ProgramScreen programs;
     Canvas face;

@@ -30,6 +30,7 @@ protected:
 };
 
 const Bytes kBlock = Text("\u2588"); // eight columns, all lit
+const Bytes kBlank = Text("  ");     // eight columns, none lit
 
 TEST_F(Ticker, TextRunsOverTheFaceFromTheRight)
 {
@@ -56,7 +57,7 @@ TEST_F(Ticker, TextsFollowEachOtherInThreeBuffers)
     EXPECT_EQ(Status(0), 33537U);
     EXPECT_EQ(Upload(0, kBlock), 0U);
     EXPECT_EQ(Status(0), 33538U);
-    EXPECT_EQ(Upload(0, Text(" ")), 0U);
+    EXPECT_EQ(Upload(0, kBlank), 0U);
     EXPECT_EQ(Status(0), 33539U);
     EXPECT_EQ(Upload(0, kBlock), 0U);
     EXPECT_EQ(Status(0), 33542U);
@@ -85,8 +86,8 @@ TEST_F(Ticker, UploadsComeInChunksInTheirOrder)
     EXPECT_EQ(Upload(0, kBlock, 3, 3), 0U);
     EXPECT_EQ(Upload(0, kBlock, 3, 3), 0U) << "once more";
     EXPECT_EQ(Status(0), 33538U);
-    EXPECT_EQ(Columns(102400), "................"); // 128 blanks of 8 pixels
-    EXPECT_EQ(Columns(103600), "....########....");
+    EXPECT_EQ(Columns(51200), "................"); // 128 blanks of 4 pixels
+    EXPECT_EQ(Columns(52400), "....########....");
     EXPECT_EQ(Upload(0, {}, 1, 1), 33543U);
     EXPECT_EQ(Upload(0, chunk, 2, 1), 33543U);
     EXPECT_EQ(CodeOf(Ask(8, 4, {63, 0, 1, 0, 1, 0, 0, 0}, {'a'})), 33543U);
@@ -101,7 +102,7 @@ TEST_F(Ticker, TheOfflineTickerRepeatsWhatTheBuffersHold)
     EXPECT_EQ(Columns(500), "................") << "nothing to show";
     AskAt(0, 8, 1, {1, 0, 0, 0});
     Upload(0, kBlock);
-    Upload(0, Text(" "));
+    Upload(0, kBlank);
     AskAt(0, 8, 2);
     EXPECT_EQ(CodeOf(AskAt(10000, 9, 1, {1, 0, 0, 2})), 0U); // two rounds of 32 pixels
     EXPECT_EQ(Columns(11000), "......########..");

@@ -96,7 +96,7 @@ TEST_F(Zones, ShowTextInTheirStyle)
     EXPECT_EQ(At(1000, 7, 15), kGreen);
     EXPECT_EQ(At(1000, 8, 0), kBlue);
     EXPECT_EQ(At(5000, 8, 0), kDark) << "its second page";
-    EXPECT_EQ(At(5000, 8, 15), kBlue);
+    EXPECT_EQ(At(5000, 8, 7), kBlue);
     EXPECT_EQ(At(9000, 8, 0), kBlue) << "again from its start";
     EXPECT_EQ(CodeOf(Ask(54, 3, {1, 0, 0, 0}, Bytes(32, 0))), 0U);
     EXPECT_EQ(At(9000, 0, 0), kRed) << "the sign's own style, in all zones";

@@ -1,5 +1,6 @@
 #include "faceSamples.h"
 
+#include "sim/face/dotFont.h"
 #include "sim/face/text.h"
 #include "sim/face/utf8.h"
 
@@ -57,37 +58,62 @@ protected:
         return lines;
     }
 
+    std::string Face(std::string text, int width, int height, char fontCode = '1')
+    {
+        Canvas face(width, height);
+        for (const Page& page : Set(std::move(text), width, height, fontCode))
+            DrawPage(page, font, face);
+        return Drawing(face);
+    }
+
+    int Width(std::string_view text) { return SetLine(text, 16, kRed, font).width; }
+
     Font font;
 };
 
-TEST_F(Text, DrawsTheFontsOwnPixels)
+TEST_F(Text, DrawsBoldLettersFromTwelveRowsOnAndDotsBelow)
 {
-    Canvas face(8, 16);
-    const std::vector<Page> pages = Set("A", 8, 16);
-    ASSERT_EQ(pages.size(), 1U);
-    DrawPage(pages[0], font, face);
-    EXPECT_EQ(Drawing(face), "........\n........\n........\n........\n"
-                             "...##...\n..#..#..\n..#..#..\n.#....#.\n.#....#.\n.######.\n"
-                             ".#....#.\n.#....#.\n.#....#.\n.#....#.\n........\n........\n");
+    EXPECT_EQ(Face("7g", 24, 16), "...#######..............\n...#######..............\n"
+                                  "........##....###.##....\n.......##....#######....\n"
+                                  ".......##...###..###....\n......##....##....##....\n"
+                                  "......##....##....##....\n.....##.....##....##....\n"
+                                  ".....##.....###..###....\n.....##......#######....\n"
+                                  ".....##......####.##....\n..................##....\n"
+                                  "............##...###....\n............#######.....\n"
+                                  "..............####......\n........................\n");
+    EXPECT_EQ(Face("7g\xC3\x84", 24, 7), "...#####........#.#.....\n.......#................\n"
+                                         "......#...####..###.....\n.....#...#...#.#...#....\n"
+                                         ".....#....####.#####....\n....#........#.#...#....\n"
+                                         "....#.....###..#...#....\n");
+}
 
-    Canvas large(16, 32);
-    DrawPage(Set("A", 16, 32, '2')[0], font, large);
-    for (int y = 0; y < 32; ++y) {
-        for (int x = 0; x < 16; ++x)
-            ASSERT_EQ(large.At(x, y), face.At(x / 2, y / 2)) << x << ' ' << y;
+// Every letter that a font of dots or the lettering can set: what is lit of it stays whole on its line.
+TEST_F(Text, CutsNoLetterAtAnyHeight)
+{
+    const std::string letters = "Ag\xC3\x85j\xC3\x87";
+    for (int height = 7; height <= 40; ++height) {
+        const std::vector<Page> pages = Set(letters, 400, height, '9');
+        ASSERT_EQ(pages.size(), 1U);
+        Canvas face(400, height);
+        Canvas roomy(400, 3 * height);
+        DrawPage(pages[0], font, face);
+        DrawPage(pages[0], font, roomy, 0, height);
+        EXPECT_EQ(CountLit(face), CountLit(roomy)) << height;
+        EXPECT_GT(CountLit(face), 0) << height;
     }
 }
 
 TEST_F(Text, WrapsBetweenWordsAndBreaksWhatIsTooWide)
 {
-    EXPECT_EQ(Lines("ab cd ef", 40, 32), "ab cd|ef");
-    EXPECT_EQ(Lines("abcd ef", 32, 32), "abcd|ef") << "the line is full at the space";
-    EXPECT_EQ(Lines("abcd   ef", 32, 32), "abcd|ef");
-    EXPECT_EQ(Lines("abcd \nef", 32, 32), "abcd|ef") << "no empty line behind the space";
-    EXPECT_EQ(Lines("abcdef", 32, 32), "abcd|ef");
-    EXPECT_EQ(Lines("a bcdefg", 32, 48), "a|bcde|fg");
+    EXPECT_EQ(Lines("ab cd ef", Width("ab cd"), 32), "ab cd|ef");
+    EXPECT_EQ(Lines("abcd ef", Width("abcd"), 32), "abcd|ef") << "the line is full at the space";
+    EXPECT_EQ(Lines("abcd   ef", Width("abcd"), 32), "abcd|ef");
+    EXPECT_EQ(Lines("abcd \nef", Width("abcd"), 32), "abcd|ef") << "no empty line behind the space";
+    EXPECT_EQ(Lines("abcdef", Width("abcd"), 32), "abcd|ef");
+    EXPECT_EQ(Lines("a bcdefg", Width("bcde"), 48), "a|bcde|fg");
     EXPECT_EQ(Lines("中中中", 40, 32), "**|*") << "wide characters need no space between them";
     EXPECT_EQ(Lines("ab", 1, 16), "a/b") << "a face narrower than a letter";
+    EXPECT_EQ(Lines("EE", 11, 7), "EE") << "the gap behind the last letter may lie beyond the face";
 }
 
 TEST_F(Text, FeedsLinesAndPages)
@@ -99,42 +125,54 @@ TEST_F(Text, FeedsLinesAndPages)
     const std::vector<Page> pages = Set("a\n\nb", 64, 48);
     ASSERT_EQ(pages.size(), 1U);
     EXPECT_EQ(pages[0][1].y - pages[0][0].y, 32) << "an empty line has its height";
+    EXPECT_GT(Set("\na", 64, 32)[0][0].y, Set("a", 64, 32)[0][0].y) << "at the top too";
     EXPECT_TRUE(Set("", 64, 32).empty());
 }
 
-TEST_F(Text, StandsInTheMiddleAndMixesSizesOnOneFoot)
+TEST_F(Text, StandsInTheMiddleByItsInkAndMixesSizesOnOneFoot)
 {
-    const std::vector<Page> one = Set("ab", 64, 32);
-    EXPECT_EQ(one[0][0].x, 24);
-    EXPECT_EQ(one[0][0].y, 8);
+    EXPECT_EQ(Face("H", 13, 14), Face("H\xC2\xA0", 13, 14)) << "spaces weigh nothing";
+    EXPECT_EQ(Face("-", 7, 9), ".......\n.......\n.......\n.####..\n.####..\n.......\n.......\n.......\n.......\n");
 
     const TextRun runs[] = {{"a", '2', kRed}, {"b", '1', kGreen}};
     const Page mixed = SetText(runs, 64, 32, font)[0];
-    EXPECT_EQ(mixed[0].y, 0);
-    EXPECT_EQ(mixed[1].y, 16);
-    EXPECT_EQ(mixed[1].x, mixed[0].x + 16);
+    EXPECT_EQ(mixed[0].y, mixed[1].y);
+    EXPECT_EQ(mixed[0].glyph.pixels, 32);
+    EXPECT_EQ(mixed[1].glyph.pixels, 16);
     EXPECT_EQ(mixed[1].colour, kGreen);
 }
 
 TEST_F(Text, EnlargesNoFurtherThanTheFaceAllows)
 {
-    EXPECT_EQ(Set("a", 128, 32, '9')[0][0].scale, 2);
-    EXPECT_EQ(Set("a", 128, 8, '3')[0][0].scale, 1);
-    EXPECT_EQ(Set("a", 128, 32, 'A')[0][0].scale, 1) << "not in the table";
-    EXPECT_EQ(Set("HELLO 42", 128, 32, '0')[0][0].scale, 2) << "as large as it goes";
-    EXPECT_EQ(Set("HELLO 421", 128, 32, '0')[0][0].scale, 1);
-    EXPECT_EQ(Set("longword", 64, 64, '0')[0][0].scale, 1) << "breaks no word to be larger";
+    const auto pixels = [&](std::string text, int width, int height, char fontCode) {
+        return Set(std::move(text), width, height, fontCode)[0][0].glyph.pixels;
+    };
+    EXPECT_EQ(pixels("a", 128, 32, '9'), 32);
+    EXPECT_EQ(pixels("a", 128, 24, '3'), 24);
+    EXPECT_EQ(pixels("a", 128, 32, 'A'), 16) << "not in the table";
+    EXPECT_EQ(Lines("HELLO 42", 64, 32, '0'), "HELLO|42");
+    EXPECT_EQ(pixels("HELLO 42", 64, 32, '0'), 19) << "two lines of 13 rows and the space between them";
+    EXPECT_LT(pixels("HELLO 421 HELLO", 64, 32, '0'), 19);
+    EXPECT_EQ(Lines("longword", 64, 64, '0'), "longword") << "breaks no word to be larger";
+    EXPECT_EQ(pixels("H", 128, 32, '0'), 46) << "a capital fills the face";
+    EXPECT_EQ(pixels(std::string(200, 'x'), 64, 16, '0'), 16) << "what fits at no size has that of '1'";
 }
 
-TEST_F(Text, DrawsMarksOverTheLetterBefore)
+TEST_F(Text, SetsOtherScriptsAsTheyAreWritten)
 {
-    const Page page = Set("e\xCC\x81x", 64, 16)[0];
-    EXPECT_EQ(page[2].x, page[0].x + 8);
-    Canvas plain(64, 16);
-    Canvas marked(64, 16);
-    DrawPage(Set("ex", 64, 16)[0], font, plain);
-    DrawPage(page, font, marked);
-    EXPECT_GT(CountLit(marked), CountLit(plain));
+    EXPECT_EQ(Face("e\xCC\x81", 16, 16), Face("\xC3\xA9", 16, 16)) << "a letter and its accent are one";
+    EXPECT_EQ(Lines("ab \u05D0\u05D1", 128, 16), "ab **");
+    const Page hebrew = Set("\u05D0\u05D1", 64, 16)[0];
+    EXPECT_EQ(hebrew[0].character, U'\u05D1') << "from right to left";
+    const auto ink = [&](std::string text) {
+        Canvas face(64, 16);
+        DrawPage(Set(std::move(text), 64, 16)[0], font, face);
+        return CountLit(face);
+    };
+    EXPECT_NE(ink("\u0628\u0628"), 2 * ink("\u0628")) << "Arabic letters join";
+    EXPECT_GT(ink("\u0E01\u0E34"), ink("\u0E01")) << "a Thai vowel over its consonant";
+    EXPECT_EQ(Set("\u0E01\u0E34x", 64, 16)[0].back().x - Set("\u0E01x", 64, 16)[0].back().x, 0);
+    EXPECT_EQ(Set("\u0939\u093F", 64, 16)[0][0].character, U'\u093F') << "stands in front of its consonant";
 }
 
 TEST_F(Text, IsBoundedWhateverItsLength)
@@ -164,11 +202,21 @@ TEST(Font, NamesTheFileThatItCannotOpen)
 TEST(Font, ShowsUnknownCharactersAsReplacements)
 {
     Font font;
-    const Glyph unknown = font.GlyphOf(U'\U0010FFFD');
-    EXPECT_EQ(unknown.rows, font.GlyphOf(kReplacementCharacter).rows);
-    EXPECT_EQ(unknown.advance, 8);
+    EXPECT_EQ(font.KeyOf({U'\U0010FFFD', 16}), font.KeyOf({kReplacementCharacter, 16}));
     for (char32_t character = 0x4E00; character < 0x4E00 + 6000; ++character)
-        ASSERT_EQ(font.GlyphOf(character).advance, 16) << "the store of glyphs turns over";
+        ASSERT_EQ(font.GlyphOf(font.KeyOf({character, 16})).advance, 16) << "the store of glyphs turns over";
+}
+
+// The drawings hold what a road sign says, and put the accents of Latin letters together.
+TEST(DotFont, HasLettersAndAccents)
+{
+    for (const DotFont* dots : {&DotFont::Of5x7(), &DotFont::Of7x9()}) {
+        for (char32_t character = U' '; character <= U'~'; ++character)
+            ASSERT_NE(dots->Find(character), nullptr) << static_cast<char>(character);
+        for (const char32_t character : U"ÄÖÜäöüßÅÉèñçŁőŞşčřžėąįĐøæ€°→")
+            ASSERT_TRUE(character == 0 || dots->Find(character) != nullptr) << static_cast<unsigned>(character);
+        ASSERT_EQ(dots->Find(U'中'), nullptr);
+    }
 }
 
 } // namespace
