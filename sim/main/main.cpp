@@ -2,6 +2,7 @@
 #include "sim/main/commandTable.h"
 #include "sim/main/companions.h"
 #include "sim/main/conditionOptions.h"
+#include "sim/platform/terminal.h"
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
 #include "sim/server/server.h"
@@ -234,7 +235,7 @@ void Serve(const Options& options)
     companions.Announce();
     std::optional<vxsim::FacePainter> painter;
     if (options.face == "ansi" || !options.png.empty()) {
-        painter.emplace(stage, options.face == "ansi" ? &std::cout : nullptr, options.png);
+        painter.emplace(stage, options.face == "ansi" ? &std::cout : nullptr, vxsim::TerminalColumns, options.png);
         server.OnTick(kFrame, [&sign, &painter] {
             sign.KeepUp(vxsim::NowMs());
             painter->Paint(vxsim::NowMs());

@@ -3,6 +3,7 @@
 #include "sim/face/ansi.h"
 #include "sim/face/png.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -13,31 +14,47 @@ namespace {
 // A PNG costs far more than a frame in the terminal, and nobody looks at it as often.
 constexpr std::uint64_t kPngEveryMs = 250;
 
+constexpr const char* kHideCursor = "\x1b[?25l";
+constexpr const char* kShowCursor = "\x1b[?25h";
+constexpr const char* kClearBelow = "\x1b[J";
+
 } // namespace
 
-FacePainter::FacePainter(Stage& shownStage, std::ostream* out, std::filesystem::path pngFile)
-    : stage(shownStage), terminal(out), png(std::move(pngFile))
+FacePainter::FacePainter(Stage& shownStage, std::ostream* out, std::function<int()> outColumns,
+                         std::filesystem::path pngFile)
+    : stage(shownStage), terminal(out), columns(std::move(outColumns)), png(std::move(pngFile))
 {
     if (!png.empty() && !WritePngFace(stage.Face(), png))
         throw std::runtime_error("cannot write " + png.string());
 }
 
+FacePainter::~FacePainter()
+{
+    if (cursorHidden)
+        *terminal << kShowCursor << std::flush;
+}
+
 void FacePainter::Paint(std::uint64_t nowMs)
 {
     const Canvas& face = stage.Draw(nowMs);
-    if (terminal != nullptr && shown != face)
-        WriteTerminal(face);
+    if (const int width = terminal != nullptr ? columns() : 0;
+        terminal != nullptr && (shown != face || shownColumns != width))
+        WriteTerminal(face, width);
     if (!png.empty() && written != face && (!written || nowMs - writtenMs >= kPngEveryMs))
         WritePng(face, nowMs);
 }
 
-void FacePainter::WriteTerminal(const Canvas& face)
+void FacePainter::WriteTerminal(const Canvas& face, int width)
 {
-    // Two rows of pixels are one line: the next face is drawn over the former one.
-    if (shown)
-        *terminal << "\x1b[" << (face.Height() + 1) / 2 << 'A';
-    *terminal << AnsiFace(face) << std::flush;
+    if (width > 0 && !std::exchange(cursorHidden, true))
+        *terminal << kHideCursor;
+    if (shown) // drawn over
+        *terminal << "\x1b[" << shownLines << 'A' << (width != shownColumns ? kClearBelow : "");
+    const std::string lines = AnsiFace(face, width);
+    *terminal << lines << std::flush;
     shown = face;
+    shownColumns = width;
+    shownLines = std::ranges::count(lines, '\n');
 }
 
 void FacePainter::WritePng(const Canvas& face, std::uint64_t nowMs)

@@ -42,6 +42,19 @@ TEST(AnsiFace, PutsTwoRowsInALineAndRepeatsNoColour)
                               "\x1b[38;2;1;2;3m\u2580\x1b[38;2;24;24;26m\u2580\x1b[0m\n");
 }
 
+TEST(AnsiFace, FitsTheTerminalOrSaysHowWideItMustBe)
+{
+    Canvas face(4, 2);
+    face.Set(0, 0, kRed);
+    face.Set(3, 0, kGreen);
+    face.Set(3, 1, kGreen);
+    EXPECT_EQ(AnsiFace(face, 4), AnsiFace(face));
+    EXPECT_EQ(AnsiFace(face, 2), "\x1b[38;2;255;0;0m\x1b[48;2;24;24;26m\u2598"
+                                 "\x1b[38;2;24;24;26m\x1b[48;2;0;255;0m\u258C\x1b[0m\n");
+    EXPECT_EQ(AnsiFace(Canvas(100, 2), 49), "This face needs a terminal of 50 columns.\n");
+    EXPECT_EQ(AnsiFace(Canvas(100, 2), 4), "This\n");
+}
+
 struct Decoded
 {
     int width = 0;
