@@ -1,4 +1,4 @@
-#include "vxctl/clockTime.h"
+#include "vxctl/cli/clockTime.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "vxctl/failure.h"
-#include "vxctl/jsonText.h"
-#include "vxctl/numbers.h"
-#include "vxctl/progressBar.h"
-#include "vxctl/showCodes.h"
+#include "vxctl/cli/failure.h"
+#include "vxctl/cli/jsonText.h"
+#include "vxctl/cli/numbers.h"
+#include "vxctl/cli/progressBar.h"
+#include "vxctl/show/showCodes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "support/udpPeer.h"
-#include "vxctl/command.h"
+#include "vxctl/cli/command.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -20,12 +20,12 @@ struct Failure
 Failure Fail(const std::string& command, const char* answer)
 {
     const vxsign::test::UdpPeer device([answer](const Bytes&) { return Hex(answer); });
-    Context context;
-    context.options.url = "udp://127.0.0.1:" + std::to_string(device.Port());
-    context.options.timeoutMs = 50;
-    context.options.retries = 1;
+    Session session;
+    session.options.url = "udp://127.0.0.1:" + std::to_string(device.Port());
+    session.options.timeoutMs = 50;
+    session.options.retries = 1;
     CLI::App app;
-    AddModbusCommand(app, context);
+    AddModbusCommand(app, session);
     Failure printed;
     try {
         app.parse(command);
@@ -33,11 +33,11 @@ Failure Fail(const std::string& command, const char* answer)
     } catch (const SignFailure& failure) {
         EXPECT_EQ(failure.code, std::uint32_t{VX_COMMUNICATION});
         testing::internal::CaptureStderr();
-        context.report.Finish(failure.code, failure.reason);
+        session.report.Finish(failure.code, failure.reason);
         printed.text = testing::internal::GetCapturedStderr();
-        context.report.UseJson(true);
+        session.report.UseJson(true);
         testing::internal::CaptureStdout();
-        context.report.Finish(failure.code, failure.reason);
+        session.report.Finish(failure.code, failure.reason);
         printed.json = testing::internal::GetCapturedStdout();
     }
     return printed;

@@ -1,4 +1,4 @@
-#include "vxctl/packetDump.h"
+#include "vxctl/sign/packetDump.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "vxctl/playList.h"
+#include "vxctl/playlist/playList.h"
 #include "support/fullDisk.h"
 #include "support/tempFolder.h"
-#include "vxctl/failure.h"
+#include "vxctl/cli/failure.h"
 
 #include <gtest/gtest.h>
 #include <limits>

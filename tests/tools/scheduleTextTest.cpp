@@ -1,5 +1,5 @@
-#include "vxctl/scheduleText.h"
-#include "vxctl/failure.h"
+#include "vxctl/playlist/scheduleText.h"
+#include "vxctl/cli/failure.h"
 
 #include <cstring>
 #include <gtest/gtest.h>

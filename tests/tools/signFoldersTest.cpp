@@ -1,7 +1,7 @@
-#include "vxctl/directoryEntry.h"
-#include "vxctl/failure.h"
-#include "vxctl/shown.h"
-#include "vxctl/signPaths.h"
+#include "vxctl/cli/failure.h"
+#include "vxctl/cli/shown.h"
+#include "vxctl/files/directoryEntry.h"
+#include "vxctl/files/signPaths.h"
 
 #include <algorithm>
 #include <array>

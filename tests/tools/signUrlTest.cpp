@@ -1,5 +1,5 @@
-#include "vxctl/signUrl.h"
-#include "vxctl/failure.h"
+#include "vxctl/cli/signUrl.h"
+#include "vxctl/cli/failure.h"
 
 #include <vxsign/api.h>
 

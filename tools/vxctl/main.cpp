@@ -1,6 +1,6 @@
-#include "vxctl/command.h"
-#include "vxctl/interrupt.h"
-#include "vxctl/terminal.h"
+#include "vxctl/cli/command.h"
+#include "vxctl/cli/interrupt.h"
+#include "vxctl/cli/terminal.h"
 
 #include <cstdlib>
 #include <exception>
@@ -23,60 +23,60 @@ Examples:
   vxctl -s serial:/dev/ttyUSB0@115200 info
   vxctl get --help)";
 
-void AddOptions(CLI::App& app, Context& context)
+void AddOptions(CLI::App& app, Session& session)
 {
-    Options& options = context.options;
+    Options& options = session.options;
     app.add_option("-s,--sign", options.url, "the sign")->envname("VXSIGN")->type_name("URL")->capture_default_str();
     AddNumber(app, "--timeout", options.timeoutMs, 50, 60000, "milliseconds for each try")->default_str("3000");
     AddNumber(app, "--retries", options.retries, 1, 100, "tries for each packet")->default_str("3");
     AddNumber(app, "--chunk", options.chunk, 64, 1280, "bytes of a file in each packet")->default_str("768");
     AddNumber(app, "--destination", options.destination, 0, 65535, "address in each packet")->default_str("0");
     app.add_flag_function(
-        "--json", [&context](std::int64_t) { context.report.UseJson(true); }, "one JSON object in place of text");
+        "--json", [&session](std::int64_t) { session.report.UseJson(true); }, "one JSON object in place of text");
     app.set_version_flag("--version", std::string("vxctl, with libvxsign ") + vxAPIVersion());
 }
 
 int Run(int argc, char** argv)
 {
-    Context context;
+    Session session;
     CLI::App app{"vxctl, the command line for LED variable-message signs", "vxctl"};
     app.footer(kFooter);
     app.require_subcommand(1);
     app.fallthrough(); // the options above may stand behind the command too
-    AddOptions(app, context);
-    AddShowCommands(app, context);
-    AddFileCommands(app, context);
-    AddFolderCommands(app, context);
-    AddDriveCommands(app, context);
-    AddPlayCommands(app, context);
-    AddPlayListCommands(app, context);
-    AddControlCommands(app, context);
-    AddSignCommands(app, context);
-    AddAccessCommands(app, context);
-    AddTestCommands(app, context);
-    AddZoneCommands(app, context);
-    AddPlayerCommands(app, context);
-    AddVideoCommands(app, context);
-    AddExtraCommands(app, context);
-    AddTileCommands(app, context);
-    AddTrafficCommands(app, context);
-    AddInfoCommands(app, context);
-    AddConditionCommands(app, context);
-    AddPixelCommands(app, context);
-    AddDoctorCommand(app, context);
-    AddLogCommands(app, context);
-    AddModbusCommand(app, context);
-    AddUpgradeCommand(app, context);
-    AddLocalCommands(app, context);
-    AddRawCommand(app, context);
-    AddPingCommand(app, context);
+    AddOptions(app, session);
+    AddShowCommands(app, session);
+    AddFileCommands(app, session);
+    AddFolderCommands(app, session);
+    AddDriveCommands(app, session);
+    AddPlayCommands(app, session);
+    AddPlayListCommands(app, session);
+    AddControlCommands(app, session);
+    AddSignCommands(app, session);
+    AddAccessCommands(app, session);
+    AddTestCommands(app, session);
+    AddZoneCommands(app, session);
+    AddPlayerCommands(app, session);
+    AddVideoCommands(app, session);
+    AddExtraCommands(app, session);
+    AddTileCommands(app, session);
+    AddTrafficCommands(app, session);
+    AddInfoCommands(app, session);
+    AddConditionCommands(app, session);
+    AddPixelCommands(app, session);
+    AddDoctorCommand(app, session);
+    AddLogCommands(app, session);
+    AddModbusCommand(app, session);
+    AddUpgradeCommand(app, session);
+    AddLocalCommands(app, session);
+    AddRawCommand(app, session);
+    AddPingCommand(app, session);
 
     AbortOnInterrupt();
     try {
         app.parse(argc, argv);
-        return context.report.Finish(VX_OK) ? EXIT_SUCCESS : kExitFailure;
+        return session.report.Finish(VX_OK) ? EXIT_SUCCESS : kExitFailure;
     } catch (const SignFailure& failure) {
-        context.report.Finish(failure.code, failure.reason);
+        session.report.Finish(failure.code, failure.reason);
         return kExitFailure;
     } catch (const UsageError& error) {
         PrintLine(Stream::kError, std::string("vxctl: ") + error.what());

@@ -1,0 +1,96 @@
+#include "vxctl/cli/localFiles.h"
+
+#include "vxctl/cli/failure.h"
+
+#include <vxsign/local.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <system_error>
+
+namespace vxctl {
+
+namespace fs = std::filesystem;
+
+std::vector<std::uint8_t> ReadWhole(const std::string& path)
+{
+    std::vector<std::uint8_t> bytes;
+    const std::unique_ptr<FILE, int (*)(FILE*)> file(vxFOpen(path.c_str(), "rb"), std::fclose);
+    if (!file)
+        throw SignFailure(VX_OPEN_FILE);
+    std::array<std::uint8_t, 65536> block{};
+    while (const std::size_t count = std::fread(block.data(), 1, block.size(), file.get()))
+        bytes.insert(bytes.end(), block.data(), block.data() + count);
+    if (std::ferror(file.get()) != 0)
+        throw SignFailure(VX_OPEN_FILE);
+    if (bytes.empty())
+        throw SignFailure(VX_EMPTY_FILE);
+    return bytes;
+}
+
+LocalTarget::LocalTarget(const std::string& local, const std::string& nameInFolder) : final(local), temporary(local)
+{
+    std::error_code error;
+    if (fs::is_directory(final, error)) {
+        final /= nameInFolder;
+        temporary = final;
+    }
+    const fs::file_status status = fs::status(final, error);
+    if (!fs::exists(status) || fs::is_regular_file(status))
+        temporary += ".part";
+}
+
+LocalTarget::~LocalTarget()
+{
+    std::error_code error;
+    if (temporary != final)
+        fs::remove(temporary, error);
+}
+
+std::optional<std::uint64_t> LocalTarget::Size() const
+{
+    std::error_code error;
+    const std::uint64_t size = fs::is_regular_file(temporary, error) ? fs::file_size(temporary, error) : 0;
+    return temporary == final || error ? std::nullopt : std::optional(size);
+}
+
+std::string LocalTarget::WhyFull() const
+{
+    static constexpr std::array<char, 65536> kMore{};
+    if (!Size())
+        return "it takes no more";
+    const std::unique_ptr<FILE, int (*)(FILE*)> file(vxFOpen(temporary.c_str(), "ab"), std::fclose);
+    errno = 0;
+    const bool isWritten =
+        file && std::fwrite(kMore.data(), 1, kMore.size(), file.get()) == kMore.size() && std::fflush(file.get()) == 0;
+    return isWritten ? "it took no more" : std::generic_category().message(errno);
+}
+
+void LocalTarget::Keep() const
+{
+    std::error_code error;
+    if (temporary != final)
+        fs::rename(temporary, final, error);
+    if (error)
+        throw SignFailure(VX_OPEN_FILE);
+}
+
+TemporaryFolder::TemporaryFolder()
+{
+    std::error_code error;
+    path = (fs::temp_directory_path(error) / "vxctl-XXXXXX").string();
+    if (error || ::mkdtemp(path.data()) == nullptr)
+        throw SignFailure(VX_OPEN_FILE);
+    path += '/';
+}
+
+TemporaryFolder::~TemporaryFolder()
+{
+    std::error_code error;
+    fs::remove_all(path, error);
+}
+
+} // namespace vxctl

@@ -1,0 +1,83 @@
+#include "vxctl/cli/report.h"
+
+#include "vxctl/cli/jsonText.h"
+#include "vxctl/cli/numbers.h"
+#include "vxctl/cli/terminal.h"
+
+#include <vxsign/result.h>
+
+#include <algorithm>
+
+namespace vxctl {
+
+namespace {
+
+struct Advice
+{
+    std::uint32_t code;
+    std::string_view text;
+};
+
+constexpr Advice kAdvice[] = {
+#define VX_WORD(name, text, advice) {name, advice},
+#include "words/resultWords.def"
+};
+
+// How far the values of a list stand from its left edge.
+constexpr std::size_t kNameWidth = 20;
+
+} // namespace
+
+std::string_view AdviceFor(std::uint32_t code)
+{
+    const auto* const found =
+        std::find_if(std::begin(kAdvice), std::end(kAdvice), [code](const Advice& row) { return row.code == code; });
+    return found == std::end(kAdvice) ? std::string_view() : found->text;
+}
+
+void Report::Line(const Shown& line) const
+{
+    if (!json)
+        PrintLine(Stream::kOut, line);
+}
+
+void Report::Lines(std::string_view lines) const
+{
+    if (!json)
+        PrintLines(Stream::kOut, lines);
+}
+
+void Report::Value(const std::string& name, const std::string& key, Json value, const Shown& text)
+{
+    const std::size_t gap = name.size() < kNameWidth ? kNameWidth - name.size() : 1;
+    const std::string front = name + std::string(gap, ' ');
+    if (!text.IsEmpty())
+        Line(front + text);
+    else
+        Line(front + (value.is_string() ? value.get<std::string>() : value.dump()));
+    Put(key, std::move(value));
+}
+
+bool Report::Finish(std::uint32_t result, std::string_view reason) const
+{
+    const std::string_view advice = reason.empty() ? AdviceFor(result) : reason;
+    if (json) {
+        Json object = {{"result", result}, {"text", vxErrorDesc(result)}};
+        if (!advice.empty())
+            object[reason.empty() ? "advice" : "reason"] = advice;
+        object.update(values);
+        PrintLine(Stream::kOut, JsonText(object));
+    }
+    const bool isTaken = Flush();
+    if (!isTaken)
+        PrintLine(Stream::kError, "vxctl: standard output takes no more");
+    if (json || result == VX_OK)
+        return isTaken;
+    PrintLine(Stream::kError,
+              "vxctl: error " + std::to_string(result) + " (" + FormatWord(result) + "): " + vxErrorDesc(result));
+    if (!advice.empty())
+        PrintLine(Stream::kError, "  " + std::string(advice));
+    return isTaken;
+}
+
+} // namespace vxctl

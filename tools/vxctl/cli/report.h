@@ -1,0 +1,44 @@
+// What a command found: lines of text as it goes, or with --json one object at its end.
+#pragma once
+
+#include "vxctl/cli/shown.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace vxctl {
+
+// What to try after a failure with this code; empty when there is nothing to say beyond its text.
+std::string_view AdviceFor(std::uint32_t code);
+
+class Report
+{
+public:
+    using Json = nlohmann::ordered_json;
+
+    void UseJson(bool wanted) { json = wanted; }
+    bool IsJson() const { return json; }
+
+    // For people alone: a line, or several with their ends.
+    void Line(const Shown& line) const;
+    void Lines(std::string_view lines) const;
+
+    // A value for programs alone.
+    void Put(const std::string& key, Json value) { values[key] = std::move(value); }
+
+    // A value for both: the line has its name and, where the value itself does not read well, the text for it.
+    void Value(const std::string& name, const std::string& key, Json value, const Shown& text = {});
+
+    // The end of the command: JSON gets the result word, its text and all values. In text a failure goes to standard
+    // error, with its reason or else with what to try next. False when standard output did not take it all.
+    bool Finish(std::uint32_t result, std::string_view reason = {}) const;
+
+private:
+    bool json = false;
+    Json values = Json::object();
+};
+
+} // namespace vxctl

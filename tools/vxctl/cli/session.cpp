@@ -1,0 +1,26 @@
+#include "vxctl/cli/session.h"
+
+#include "vxctl/cli/failure.h"
+
+namespace vxctl {
+
+void Session::Connect(vxOnProgress onProgress, vxOnLog onLog) const
+{
+    const SignUrl sign = Sign();
+    vxApiConfig config{};
+    config.kind = sign.kind;
+    // Both fit with their ends: a dotted address has 15 characters, and Resolve looks at the serial name.
+    sign.host.copy(config.host, sizeof config.host - 1);
+    sign.serialName.copy(config.serialName, sizeof config.serialName - 1);
+    config.port = sign.port;
+    config.baudRate = sign.baudRate;
+    config.destinationAddress = options.Destination();
+    config.retries = options.retries;
+    config.timeoutMs = options.timeoutMs;
+    config.dataSize = static_cast<std::uint16_t>(options.chunk);
+    config.onProgress = onProgress;
+    config.onLog = onLog;
+    Check(vxInitAPI(&config));
+}
+
+} // namespace vxctl

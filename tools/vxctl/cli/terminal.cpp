@@ -1,0 +1,51 @@
+#include "vxctl/cli/terminal.h"
+
+#include <iostream>
+
+namespace vxctl {
+
+namespace {
+
+std::ostream& Of(Stream stream)
+{
+    return stream == Stream::kOut ? std::cout : std::cerr;
+}
+
+} // namespace
+
+void PrintLine(Stream stream, const Shown& line)
+{
+    Of(stream) << line.Text() << '\n';
+}
+
+void PrintLines(Stream stream, std::string_view lines)
+{
+    while (!lines.empty()) {
+        const std::string_view line = lines.substr(0, lines.find('\n'));
+        PrintLine(stream, line);
+        lines.remove_prefix(std::min(line.size() + 1, lines.size()));
+    }
+}
+
+void PrintQuestion(const Shown& question)
+{
+    std::cerr << question.Text() << std::flush;
+}
+
+void DrawLine(const Shown& line)
+{
+    std::cerr << '\r' << line.Text() << std::flush;
+}
+
+void EraseLine()
+{
+    std::cerr << "\r\x1b[K" << std::flush;
+}
+
+bool Flush()
+{
+    std::cout.flush();
+    return static_cast<bool>(std::cout);
+}
+
+} // namespace vxctl

@@ -1,0 +1,180 @@
+// upgrade: firmware for a boot loader, by XMODEM.
+#include "vxctl/cli/command.h"
+#include "vxctl/cli/interrupt.h"
+#include "vxctl/cli/libraryOutput.h"
+#include "vxctl/cli/progressBar.h"
+
+#include <vxsign/local.h>
+#include <vxsign/xmodem.h>
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+namespace vxctl {
+
+namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+
+// What the library takes for another ACK: no answer at all to any try. It shows in the time since the last block that
+// was confirmed; a thread looks at that, and has the rest of the transfer left out.
+class SilenceWatch
+{
+public:
+    explicit SilenceWatch(const Options& options)
+        : longest(options.retries * std::max<std::uint32_t>(100, options.timeoutMs / 100 * 100)),
+          thread([this](const std::stop_token& stop) { Run(stop); })
+    {
+        current = this;
+    }
+    ~SilenceWatch() { current = nullptr; }
+    SilenceWatch(const SilenceWatch&) = delete;
+    SilenceWatch& operator=(const SilenceWatch&) = delete;
+
+    static void OnProgress(vxApiConfig* config, std::uint32_t reserved, std::uint32_t percent)
+    {
+        ProgressBar::OnProgress(config, reserved, percent);
+        if (current != nullptr)
+            current->TakeAnswer();
+    }
+
+    bool IsSilent()
+    {
+        const std::lock_guard lock(mutex);
+        return Look();
+    }
+    std::uint32_t Answered() // blocks
+    {
+        const std::lock_guard lock(mutex);
+        return answered;
+    }
+
+private:
+    // Since when it is silence: after as long as a block can wait, which is one step, since silence passes for the
+    // former answer. Ahead of the first answer it takes twenty steps, twice those that the receiver has to ask.
+    SteadyClock::time_point End() const
+    {
+        constexpr int kFirstSteps = 20;
+        return last + (answered > 0 ? longest : longest * kFirstSteps);
+    }
+
+    // Once silent, always silent.
+    bool Look()
+    {
+        if (!silent && SteadyClock::now() >= End()) {
+            silent = true;
+            Abort();
+        }
+        return silent;
+    }
+
+    void TakeAnswer()
+    {
+        const std::lock_guard lock(mutex);
+        if (Look())
+            return;
+        ++answered;
+        last = SteadyClock::now();
+    }
+
+    void Run(const std::stop_token& stop)
+    {
+        std::unique_lock lock(mutex);
+        while (!stop.stop_requested() && !Look())
+            ended.wait_until(lock, stop, End(), [] { return false; });
+    }
+
+    static inline SilenceWatch* current = nullptr; // the callback brings nothing along that could name it
+
+    const std::chrono::milliseconds longest;
+    SteadyClock::time_point last = SteadyClock::now();
+    std::uint32_t answered = 0;
+    bool silent = false;
+    std::mutex mutex;
+    std::condition_variable_any ended;
+    std::jthread thread;
+};
+
+struct Outcome
+{
+    std::uint32_t code = VX_OK;
+    std::string reason;
+};
+
+// The library's result alone does not tell: some transfers that failed give 0.
+Outcome Judge(std::uint32_t result, const std::string& steps, bool silent, bool aborted, std::uint32_t answered)
+{
+    const auto told = [&steps](const char* words) { return steps.find(words) != std::string::npos; };
+    const std::string behind = " behind block " + std::to_string(answered);
+    if (result != VX_OK && result != VX_UPGRADE_FAILED)
+        return {result, ""};
+    if (silent)
+        return {VX_COMMUNICATION, "the receiver does not answer any more" + behind};
+    if (aborted)
+        return {VX_ABORTED, "stopped" + behind};
+    if (told("is not ready"))
+        return {VX_COMMUNICATION, "the receiver does not ask for blocks"};
+    if (result != VX_OK)
+        return {VX_FAILED_OPERATION, "the receiver refuses a block"};
+    if (told("Fatal Error!"))
+        return {VX_FAILED_OPERATION, "the receiver broke off"};
+    if (told("sedn EOT"))
+        return {VX_COMMUNICATION, "the receiver has all blocks, but did not confirm the end"};
+    return {};
+}
+
+void Upgrade(Session& session, const std::string& file)
+{
+    std::uint32_t result = VX_OK;
+    double seconds = 0;
+    std::string steps;
+    bool silent = false;
+    std::uint32_t answered = 0;
+    {
+        session.Connect(SilenceWatch::OnProgress);
+        const ProgressBar bar("upgrade", session.report.IsJson());
+        SilenceWatch watch(session.options);
+        LibraryOutput output;
+        result = vxXModem_Upgrade(file.c_str());
+        steps = output.Take();
+        silent = watch.IsSilent();
+        answered = watch.Answered();
+        seconds = bar.Seconds();
+    }
+    const auto* const config = static_cast<const vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION));
+    const Outcome outcome = Judge(result, steps, silent, config != nullptr && config->abortFlag != 0, answered);
+    const double bytes = vxOSGetFileSize(file.c_str());
+    const double rate = seconds > 0 ? bytes / seconds : 0;
+    session.report.Put("bytes", static_cast<std::uint32_t>(bytes));
+    session.report.Put("blocks", answered);
+    session.report.Put("seconds", seconds);
+    session.report.Put("steps", steps);
+    if (outcome.code == VX_OK)
+        return session.report.Line("upgrade: " + std::to_string(answered) + " blocks, " + FormatSize(bytes) + ", " +
+                                   FormatSize(rate) + "/s");
+    throw SignFailure(outcome.code, outcome.reason);
+}
+
+} // namespace
+
+void AddUpgradeCommand(CLI::App& app, Session& session)
+{
+    CLI::App* const command = AddCommand(
+        app,
+        {"Field devices", "upgrade", "Send firmware to a boot loader by XMODEM",
+         R"(The boot loader asks for the file, normally on a serial line. --timeout and --retries hold for each step; a
+receiver that does not ask is given ten steps.
+
+Examples:
+  vxctl -s serial:/dev/ttyUSB0@115200 upgrade firmware.bin
+  vxctl -s serial:/dev/ttyUSB0@115200 --timeout 500 upgrade firmware.bin)"});
+    const auto file = std::make_shared<std::string>();
+    command->add_option("FILE", *file, "the firmware on this PC")->type_name("FILE")->required()->check(ReadableFile());
+    command->callback([&session, file] { Upgrade(session, *file); });
+}
+
+} // namespace vxctl

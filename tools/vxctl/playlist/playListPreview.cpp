@@ -1,0 +1,231 @@
+#include "vxctl/cli/clockTime.h"
+#include "vxctl/cli/command.h"
+#include "vxctl/cli/faceSize.h"
+#include "vxctl/cli/localFiles.h"
+#include "vxctl/cli/numbers.h"
+#include "vxctl/playlist/gif.h"
+#include "vxctl/playlist/playList.h"
+#include "vxctl/playlist/playListCommands.h"
+
+#include "sim/content/nmg.h"
+#include "sim/content/player.h"
+#include "sim/content/show.h"
+#include "sim/face/png.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace vxctl {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::uint64_t kFrameMs = 100;
+
+struct Wanted
+{
+    std::string picture;
+    FaceSize size{128, 32};
+    std::uint32_t seconds = 20;
+    std::optional<ClockTime> moment;
+};
+
+vxsim::Moment ToMoment(const ClockTime& time)
+{
+    const std::uint32_t year = std::uint32_t{ToBcd(time.year / 100U)} << 8 | ToBcd(time.year % 100U);
+    return {year << 16 | std::uint32_t{ToBcd(time.month)} << 8 | ToBcd(time.day),
+            static_cast<std::uint16_t>(ToBcd(time.hour) << 8 | ToBcd(time.minute)), Weekday(time)};
+}
+
+vxsim::FileEntry ToEntry(const VXPLAYLIST_FILE_INFO& info)
+{
+    vxsim::FileEntry entry{info.fileName, info.playTimes, info.PicStaySec, info.PicInMode, info.PicOutMode, {}};
+    for (std::size_t i = 0; i < info.schCount; ++i) {
+        const SCH& at = info.SCH[i];
+        entry.schedules.push_back(
+            {at.bweek_rep,
+             {at.b_year, at.b_month, at.b_day, at.b_hour, at.b_minute, at.b_date_valid == 1, at.b_time_valid == 1},
+             {at.e_year, at.e_month, at.e_day, at.e_hour, at.e_minute, at.e_date_valid == 1, at.e_time_valid == 1}});
+    }
+    return entry;
+}
+
+// The files below a level in the order of the list.
+void Collect(const PlayList& list, const std::string& level, std::vector<vxsim::FileEntry>& files)
+{
+    for (const PlayListEntry& entry : list.Level(level).value_or(std::vector<PlayListEntry>())) {
+        if (entry.isGroup)
+            Collect(list, level + entry.name + '/', files);
+        else if (const auto info = list.Get(level, entry.name))
+            files.push_back(ToEntry(*info));
+    }
+}
+
+// How many faces the text of a message fills; nothing for a file that has no text.
+std::size_t PagesOf(const std::vector<std::uint8_t>& bytes, const Wanted& wanted, vxsim::Font& font)
+{
+    const auto message = vxsim::ParseNmg(bytes);
+    return message ? vxsim::SetText(message->runs, wanted.size.width, wanted.size.height, font).size() : 0;
+}
+
+// What is wrong with the files of the list; the rest of them stays in `files`.
+Report::Json Examine(const PlayList& list, const Wanted& wanted, std::vector<vxsim::FileEntry>& files,
+                     const Report& report)
+{
+    Report::Json warnings = Report::Json::array();
+    vxsim::Font font;
+    const auto warn = [&](const std::string& name, const std::string& what) {
+        warnings.push_back({{"file", name}, {"warning", what}});
+        report.Line(name + ": " + what);
+    };
+    std::erase_if(files, [&](const vxsim::FileEntry& file) {
+        const fs::path path = list.Folder() / file.path;
+        std::error_code error;
+        if (!fs::is_regular_file(path, error)) {
+            warn(file.path, "missing");
+            return true;
+        }
+        const auto bytes = ReadWhole(path.string());
+        if (!vxsim::Show::Load(bytes, {}, wanted.size.width, wanted.size.height, font)) {
+            warn(file.path, "nothing that can be shown");
+            return true;
+        }
+        const std::size_t pages = PagesOf(bytes, wanted, font);
+        if (pages > 1)
+            warn(file.path, "its text does not fit, and needs " + std::to_string(pages) + " pages");
+        return false;
+    });
+    return warnings;
+}
+
+vxsim::Player MakePlayer(const PlayList& list, const Wanted& wanted)
+{
+    vxsim::MomentClock clock;
+    if (wanted.moment)
+        clock = [moment = ToMoment(*wanted.moment)](std::uint64_t) { return moment; };
+    return {wanted.size.width,
+            wanted.size.height,
+            [folder = list.Folder()](std::string_view name) { return std::optional(folder / name); },
+            {},
+            clock};
+}
+
+vxsim::Sequence ToSequence(const std::vector<vxsim::FileEntry>& files)
+{
+    vxsim::Sequence sequence{6, {}};
+    for (const vxsim::FileEntry& file : files)
+        sequence.items.push_back({file});
+    return sequence;
+}
+
+void WriteAnimation(const PlayList& list, const Wanted& wanted, const std::vector<vxsim::FileEntry>& files)
+{
+    const LocalTarget target(wanted.picture, "preview.gif");
+    vxsim::Player player = MakePlayer(list, wanted);
+    player.Play(ToSequence(files), 0);
+    Gif gif(target.Temporary().string(), wanted.size.width, wanted.size.height);
+    vxsim::Canvas shown(wanted.size.width, wanted.size.height);
+    player.Draw(0, shown);
+    std::uint64_t since = 0;
+    const std::uint64_t endMs = std::uint64_t{wanted.seconds} * 1000;
+    for (std::uint64_t ms = kFrameMs; ms <= endMs; ms += kFrameMs) {
+        vxsim::Canvas face(wanted.size.width, wanted.size.height);
+        player.Draw(ms, face);
+        if (face == shown && ms != endMs)
+            continue;
+        gif.Add(shown, static_cast<std::uint32_t>(ms - since));
+        shown = face;
+        since = ms;
+    }
+    gif.Close();
+    target.Keep();
+}
+
+// Each file in the middle of its first page, in columns.
+void WriteSheet(const PlayList& list, const Wanted& wanted, const std::vector<vxsim::FileEntry>& files,
+                const Report& report)
+{
+    constexpr int kGap = 4;
+    constexpr int kMostRows = 12;
+    const int stepX = wanted.size.width + kGap;
+    const int stepY = wanted.size.height + kGap;
+    const int count = static_cast<int>(files.size());
+    const int rows = std::clamp(count, 1, std::min(kMostRows, vxsim::Canvas::kMostPixelsPerSide / stepY));
+    const int columns = std::min((count + rows - 1) / rows, vxsim::Canvas::kMostPixelsPerSide / stepX);
+    vxsim::Canvas sheet(std::max(1, columns) * stepX - kGap, rows * stepY - kGap);
+    constexpr vxsim::Rgb kFrame{48, 48, 48};
+    for (int y = 0; y < sheet.Height(); ++y)
+        for (int x = 0; x < sheet.Width(); ++x)
+            if (x % stepX == wanted.size.width + 1 || y % stepY == wanted.size.height + 1)
+                sheet.Set(x, y, kFrame);
+    vxsim::Font font;
+    for (int i = 0; i < std::min(count, rows * columns); ++i) {
+        const vxsim::FileEntry& file = files[static_cast<std::size_t>(i)];
+        const auto show = vxsim::Show::Load(ReadWhole((list.Folder() / file.path).string()), {}, wanted.size.width,
+                                            wanted.size.height, font);
+        vxsim::Canvas face(wanted.size.width, wanted.size.height);
+        if (show)
+            show->Draw(show->NextPageMs(0) / 2, font, face);
+        const int column = i / rows;
+        const int row = i % rows;
+        for (int y = 0; y < wanted.size.height; ++y)
+            for (int x = 0; x < wanted.size.width; ++x)
+                sheet.Set(column * stepX + x, row * stepY + y, face.At(x, y));
+        report.Line("column " + std::to_string(column + 1) + ", row " + std::to_string(row + 1) + ": " + file.path);
+    }
+    const LocalTarget target(wanted.picture, "preview.png");
+    if (!vxsim::WritePngFace(sheet, target.Temporary()))
+        throw SignFailure(VX_OPEN_FILE);
+    target.Keep();
+}
+
+void Preview(Session& session, const Wanted& wanted)
+{
+    const std::string extension = fs::path(wanted.picture).extension().string();
+    if (extension != ".gif" && extension != ".png")
+        throw UsageError("a preview is a .gif or a .png file");
+    const PlayList list = PlayList::Open(session.options.playList);
+    std::vector<vxsim::FileEntry> files;
+    Collect(list, "/", files);
+    session.report.Put("warnings", Examine(list, wanted, files, session.report));
+    session.report.Put("files", files.size());
+    session.report.Put("picture", wanted.picture);
+    if (extension == ".gif")
+        WriteAnimation(list, wanted, files);
+    else
+        WriteSheet(list, wanted, files, session.report);
+}
+
+} // namespace
+
+void AddPlayListPreview(CLI::App& app, Session& session)
+{
+    CLI::App* const command = AddCommand(
+        app,
+        {"Look", "preview", "Draw what the list shows, without a sign",
+         R"(As a .gif its first seconds, as a .png every file once, in columns. It is drawn as vxsim draws it, groups in the
+order of the list. Warns of files that are missing or cannot be shown, and of text that needs more than one page.
+
+Examples:
+  vxctl playlist preview shop.gif
+  vxctl playlist preview --size 192x64 shop.png
+  vxctl playlist preview --at "2026-12-24 18:00" --seconds 60 christmas.gif)"});
+    const auto wanted = std::make_shared<Wanted>();
+    command->add_option("FILE", wanted->picture, "the picture, .gif or .png")->type_name("FILE")->required();
+    AddFaceSize(*command, wanted->size)->default_str("128x32");
+    AddNumber(*command, "--seconds", wanted->seconds, 1, 600, "length of a .gif")->default_str("20");
+    command
+        ->add_option_function<std::string>(
+            "--at",
+            [wanted](const std::string& text) {
+                wanted->moment = ParseClockTime(text);
+                if (!wanted->moment)
+                    throw UsageError("--at is a time such as 2026-11-21 14:05");
+            },
+            "as of that time, by the schedules; otherwise every file plays (.gif)")
+        ->type_name("TIME");
+    command->callback([&session, wanted] { Preview(session, *wanted); });
+}
+
+} // namespace vxctl

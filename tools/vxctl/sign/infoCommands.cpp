@@ -1,0 +1,175 @@
+#include "vxctl/cli/command.h"
+#include "vxctl/cli/fieldText.h"
+#include "vxctl/cli/numbers.h"
+
+#include <vxsign/properties.h>
+#include <vxsign/read.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <string_view>
+
+namespace vxctl {
+
+namespace {
+
+constexpr const char* kGroup = "State";
+
+// One part of what a sign tells of itself. show is called after read gave 0.
+struct Part
+{
+    std::string name; // in text
+    std::string key;  // in JSON
+    std::function<std::uint32_t()> read;
+    std::function<void()> show;
+};
+
+// Reads all parts. One that the sign refuses is named with the reason. Throws SignFailure when none could be read; a
+// sign that answers nothing at all is asked once only.
+void ReadParts(Report& report, const std::vector<Part>& parts)
+{
+    std::uint32_t firstFailure = VX_OK;
+    bool any = false;
+    for (const Part& part : parts) {
+        const std::uint32_t result = part.read();
+        if (result == VX_OK) {
+            any = true;
+            part.show();
+            continue;
+        }
+        firstFailure = firstFailure == VX_OK ? result : firstFailure;
+        if (result == VX_ABORTED || (result == VX_COMMUNICATION && !any))
+            throw SignFailure(result);
+        report.Value(part.name, part.key, Report::Json{{"error", result}, {"text", vxErrorDesc(result)}},
+                     "refused: " + std::to_string(result) + " " + vxErrorDesc(result));
+    }
+    if (!any)
+        throw SignFailure(firstFailure);
+}
+
+// The properties that the library works out, and the default display style behind them.
+class Properties
+{
+public:
+    static void Show(Report& report)
+    {
+        const bool hasDriveF = Get<std::uint32_t>(VX_PROPERTY_HAS_DRIVE_F) != 0;
+        report.Value("drive F", "hasDriveF", hasDriveF, hasDriveF ? "yes" : "no");
+        report.Value("content from", "contentSource", Letter(Get<std::uint8_t>(VX_PROPERTY_CONTENT_SOURCE)));
+        report.Value("sequence form", "sequenceForm", Get<std::uint8_t>(VX_PROPERTY_SEQUENCE_FORM));
+        const auto style = Get<std::array<std::uint8_t, 52>>(VX_PROPERTY_DISPLAY_STYLE);
+        report.Value("entry mode", "entryMode", Letter(style[11]));
+        report.Value("exit mode", "exitMode", Letter(style[12]));
+        report.Value("stay seconds", "staySeconds", StaySeconds(style));
+    }
+
+private:
+    template <class Value>
+    static Value Get(vxPropertyKind kind)
+    {
+        std::array<std::uint8_t, sizeof(Value)> bytes{};
+        Check(vxGetProperty(bytes.data(), static_cast<std::uint32_t>(bytes.size()), kind));
+        Value value{};
+        std::memcpy(&value, bytes.data(), sizeof value);
+        return value;
+    }
+
+    // A code that is a printable character in most signs.
+    static std::string Letter(std::uint8_t code)
+    {
+        return code > ' ' && code <= '~' ? std::string(1, static_cast<char>(code)) : FormatWord(code, 2);
+    }
+
+    // A short stay time of 255 stands for the long one.
+    static std::uint32_t StaySeconds(const std::array<std::uint8_t, 52>& style)
+    {
+        if (style[14] != 255)
+            return style[14];
+        return style[16] | static_cast<std::uint32_t>(style[17]) << 8U | static_cast<std::uint32_t>(style[18]) << 16U |
+               static_cast<std::uint32_t>(style[19]) << 24U;
+    }
+};
+
+// Everything that the parts read into.
+struct SignRecords
+{
+    std::array<std::uint8_t, 12> serialNumber{};
+    std::array<std::uint8_t, 6> hardwareAddress{};
+    std::uint32_t board = 0;
+    std::uint8_t ports = 0;
+    std::array<std::uint8_t, 3> brightness{};
+    vxCommunicationSet communication{};
+};
+
+void ShowCommunication(Report& report, const vxCommunicationSet& set)
+{
+    // The members of the packed record are copied, never referred to.
+    const std::uint16_t port = set.port;
+    const std::array<std::uint8_t, 2> settings = {set.firstSetting, set.secondSetting};
+    const std::string address = FieldText(set.address);
+    const std::string second = FieldText(set.secondAddress);
+    const std::string third = FieldText(set.thirdAddress);
+    report.Value("network address", "communication",
+                 Report::Json{{"address", address},
+                              {"port", port},
+                              {"settings", settings},
+                              {"secondAddress", second},
+                              {"thirdAddress", third}},
+                 address + ":" + std::to_string(port));
+    report.Line("further addresses   " + second + ", " + third);
+    report.Line("settings            " + FormatHex(settings.data(), settings.size()));
+}
+
+void Info(Session& session)
+{
+    session.Connect();
+    Report& report = session.report;
+    SignRecords sign;
+    const auto showIdentity = [&] {
+        const auto* const number = reinterpret_cast<const char*>(sign.serialNumber.data());
+        report.Value("serial number", "serialNumber", std::string(number, ::strnlen(number, sign.serialNumber.size())));
+        report.Value("hardware address", "hardwareAddress",
+                     FormatHex(sign.hardwareAddress.data(), sign.hardwareAddress.size(), ":"));
+    };
+    const auto showBoard = [&] {
+        report.Value("board", "board", sign.board, std::to_string(sign.board) + " (" + FormatWord(sign.board) + ")");
+        report.Value("board ports", "boardPorts", sign.ports);
+    };
+    ReadParts(report,
+              {{"properties", "properties", vxInitProperty, [&] { Properties::Show(report); }},
+               {"identity", "identity",
+                [&] {
+                    return vxGetSNMAC(sign.serialNumber.data(), static_cast<std::uint32_t>(sign.serialNumber.size()),
+                                      sign.hardwareAddress.data(),
+                                      static_cast<std::uint32_t>(sign.hardwareAddress.size()));
+                },
+                showIdentity},
+               {"board", "board", [&] { return vxReadPCBIDAndPort(&sign.board, &sign.ports); }, showBoard},
+               {"brightness", "brightness",
+                [&] { return vxReadBrightInfo(sign.brightness.data(), &sign.brightness[1], &sign.brightness[2]); },
+                [&] {
+                    report.Value("brightness", "brightness", sign.brightness,
+                                 FormatHex(sign.brightness.data(), sign.brightness.size()));
+                }},
+               {"communication", "communication", [&] { return vxReadCommunicationSet(&sign.communication); },
+                [&] { ShowCommunication(report, sign.communication); }}});
+}
+
+} // namespace
+
+void AddInfoCommands(CLI::App& app, Session& session)
+{
+    AddCommand(
+        app,
+        {kGroup, "info", "Tell what the sign says of itself",
+         R"(Properties, serial number, board, brightness and communication settings. A part that the sign refuses is shown as
+refused; the exit status is 0 when anything could be read.
+
+Examples:
+  vxctl info
+  vxctl --json info | jq .serialNumber)"})
+        ->callback([&session] { Info(session); });
+}
+
+} // namespace vxctl

@@ -1,0 +1,93 @@
+#include "vxctl/state/condition.h"
+
+#include "vxctl/cli/collected.h"
+#include "vxctl/cli/failure.h"
+
+#include <vxsign/filesystem.h>
+#include <vxsign/status.h>
+#include <vxsign/test.h>
+
+#include <chrono>
+#include <cstring>
+#include <limits>
+
+namespace vxctl {
+
+namespace {
+
+constexpr std::uint32_t kUsualUnit = 1024;
+
+std::string PlaceOf(const vxWaringReportRow& row)
+{
+    switch (row.Kind) {
+    case VX_WARING_TILE:
+        return row.X == VX_WARING_NO_POSITION && row.Y == VX_WARING_NO_POSITION
+                   ? "tile"
+                   : "tile " + std::to_string(row.X) + "," + std::to_string(row.Y);
+    case VX_WARING_PIXELS:
+        return "pixels";
+    case VX_WARING_SIGNALS:
+        return "signals";
+    default:
+        return "main board";
+    }
+}
+
+} // namespace
+
+std::uint32_t ReadWarnings(std::vector<Warning>& warnings)
+{
+    const std::uint32_t result = vxReadWaringReport(Collect<vxWaringReportRow>);
+    for (const vxWaringReportRow& row : TakeCollected<vxWaringReportRow>())
+        warnings.push_back({PlaceOf(row), row.Name, row.Value, row.Time});
+    return result == VX_FILE_NOT_EXISTS ? static_cast<std::uint32_t>(VX_OK) : result;
+}
+
+std::uint64_t DriveSpace::Unit() const
+{
+    const std::uint32_t unit = further[0] | static_cast<std::uint32_t>(further[1]) << 8U |
+                               static_cast<std::uint32_t>(further[2]) << 16U |
+                               static_cast<std::uint32_t>(further[3]) << 24U;
+    return unit != 0 ? unit : kUsualUnit;
+}
+
+std::uint32_t ReadSpace(char drive, DriveSpace& space)
+{
+    space.drive = drive;
+    return vxGetDriveInfo(static_cast<std::uint8_t>(drive), &space.total, &space.free, space.further.data());
+}
+
+std::vector<DriveSpace> ReadSpaces()
+{
+    std::vector<DriveSpace> spaces;
+    for (const char drive : std::string(kDrives)) {
+        DriveSpace space;
+        const std::uint32_t result = ReadSpace(drive, space);
+        if (result == VX_ABORTED || result == VX_COMMUNICATION)
+            throw SignFailure(result);
+        if (result == VX_OK)
+            spaces.push_back(space);
+    }
+    return spaces;
+}
+
+std::uint32_t ReadClock(ClockTime& time)
+{
+    std::uint8_t unused = 0;
+    std::uint8_t weekday = 0;
+    std::uint8_t mark = 0;
+    return vxReadLEDTime(&time.year, &time.month, &time.day, &time.hour, &time.minute, &unused, &weekday, &mark);
+}
+
+std::int64_t MinutesAhead(const ClockTime& first, const ClockTime& second)
+{
+    using namespace std::chrono;
+    const auto minutesOf = [](const ClockTime& time) {
+        const year_month_day date{year(time.year), month(time.month), day(time.day)};
+        return date.ok() ? (sys_days(date).time_since_epoch() + hours(time.hour) + minutes(time.minute)) / minutes(1)
+                         : std::numeric_limits<std::int32_t>::min();
+    };
+    return std::int64_t{minutesOf(first)} - minutesOf(second);
+}
+
+} // namespace vxctl

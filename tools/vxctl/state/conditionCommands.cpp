@@ -1,0 +1,211 @@
+#include "vxctl/cli/collected.h"
+#include "vxctl/cli/command.h"
+#include "vxctl/cli/fieldText.h"
+#include "vxctl/cli/numbers.h"
+#include "vxctl/cli/progressBar.h"
+#include "vxctl/cli/shown.h"
+#include "vxctl/cli/textTable.h"
+#include "vxctl/state/condition.h"
+
+#include <vxsign/control.h>
+#include <vxsign/status.h>
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+namespace vxctl {
+
+namespace {
+
+constexpr const char* kGroup = "State";
+
+// What vxReadStatusInfo hands over.
+struct Status
+{
+    vxStatusRecord record{};
+    std::array<std::uint8_t, 8> beacon{};
+    std::string message;
+};
+
+thread_local Status* status = nullptr;
+
+std::uint32_t TakeStatus(std::uint32_t /*user*/, const vxStatusRecord* record, const std::uint8_t* beacon,
+                         const char* message)
+{
+    status->record = *record;
+    std::memcpy(status->beacon.data(), beacon, status->beacon.size());
+    status->message = message;
+    return 0;
+}
+
+// The state as vxsim counts it.
+std::string StateWords(std::uint8_t mode)
+{
+    static constexpr std::array kWords = {"bad pixels", "hot tiles", "door open", "no power", "dark face"};
+    if (mode == 0)
+        return "all well";
+    if (mode == VX_MODE_BY_STATISTICS)
+        return "overheated (241)";
+    std::string words;
+    for (std::size_t i = 0; i < kWords.size(); ++i)
+        if ((mode >> i & 1) != 0)
+            words += (words.empty() ? "" : ", ") + std::string(kWords[i]);
+    return words + " (" + std::to_string(mode) + ")";
+}
+
+void ShowRecord(Report& report, const Status& found)
+{
+    const vxStatusRecord& record = found.record;
+    const auto degrees = [](std::uint8_t value) { return static_cast<int>(static_cast<std::int8_t>(value)); };
+    report.Value("state", "state", record.Mode,
+                 Toned(StateWords(record.Mode), record.Mode == 0 ? Tone::kFine : Tone::kWrong));
+    const int inside = degrees(record.Value0);
+    const int outside = degrees(record.Value1);
+    report.Value("measured", "values", {record.Value0, record.Value1, record.Value2, record.Value3},
+                 std::to_string(inside) + " C inside, " + std::to_string(outside) + " C outside, hottest tile " +
+                     std::to_string(record.Value2) + " C, " + std::to_string(record.Value3) + " % humidity");
+    report.Value("beacons", "beacon", FormatHex(found.beacon.data(), found.beacon.size(), ""),
+                 FormatHex(found.beacon.data(), found.beacon.size()));
+    report.Value("playing", "playing", found.message, found.message.empty() ? "nothing" : found.message);
+}
+
+void ShowPower(Report& report)
+{
+    std::uint8_t ordered = 0;
+    std::uint8_t present = 0;
+    const std::uint32_t result = vxGetPowerState(&ordered, &present);
+    if (result != VX_OK)
+        return report.Line(std::string("power               ") + vxErrorDesc(result));
+    report.Value("power", "power", present != 0,
+                 Toned(present != 0 ? "on" : "off", present != 0 ? Tone::kFine : Tone::kWrong));
+}
+
+void ShowClock(Report& report)
+{
+    ClockTime time;
+    const std::uint32_t result = ReadClock(time);
+    if (result != VX_OK)
+        return report.Line(std::string("clock               ") + vxErrorDesc(result));
+    const bool right = std::abs(MinutesAhead(time, LocalTime())) <= kClockTolerance;
+    report.Value("clock", "clock", FormatTime(time, 'T', false),
+                 Toned(FormatTime(time, ' ', false) + (right ? "" : " (not the time of this PC)"),
+                       right ? Tone::kFine : Tone::kDoubtful));
+}
+
+void ShowDrives(Report& report)
+{
+    Report::Json drives = Report::Json::array();
+    for (const DriveSpace& space : ReadSpaces()) {
+        drives.push_back({{"drive", std::string(1, space.drive)},
+                          {"totalBytes", space.TotalBytes()},
+                          {"freeBytes", space.FreeBytes()}});
+        const std::string text = FormatSize(static_cast<double>(space.FreeBytes())) + " free of " +
+                                 FormatSize(static_cast<double>(space.TotalBytes()));
+        report.Line(std::string("drive ") + space.drive + "             " +
+                    Toned(text, space.IsScarce() ? Tone::kWrong : Tone::kPlain));
+    }
+    report.Put("drives", std::move(drives));
+}
+
+TextTable TableOf(const std::vector<Warning>& warnings)
+{
+    TextTable table({{"where"}, {"what"}, {"value"}, {"time"}});
+    for (const Warning& warning : warnings)
+        table.Add({warning.where, warning.what, warning.value, warning.time});
+    return table;
+}
+
+void ShowStatus(Session& session)
+{
+    session.Connect();
+    Report& report = session.report;
+    Status found;
+    status = &found;
+    const std::uint32_t result = vxReadStatusInfo("", 0, 0, TakeStatus, 0, 0, 0);
+    status = nullptr;
+    Check(result);
+    report.Value("sign", "sign", session.options.url);
+    ShowRecord(report, found);
+    ShowPower(report);
+    ShowClock(report);
+    ShowDrives(report);
+    std::vector<Warning> warnings;
+    const std::uint32_t read = ReadWarnings(warnings);
+    if (read != VX_OK)
+        return report.Line(std::string("warnings            ") + vxErrorDesc(read));
+    if (report.IsJson())
+        return TableOf(warnings).Show(report, "warnings");
+    report.Line("warnings            " +
+                (warnings.empty() ? Toned("none", Tone::kFine) : Toned(std::to_string(warnings.size()), Tone::kWrong)));
+    for (const Warning& warning : warnings)
+        report.Line("  " + Toned(warning.where + ": " + warning.what + " " + warning.value, Tone::kWrong));
+}
+
+// The ring goes to a new file, since the sign deletes its own.
+void ShowRing(Report& report, const std::string& local)
+{
+    const std::array<std::uint8_t, 100> noName{};
+    const std::uint32_t result = vxReadSignWaringLog(local.c_str(), noName.data(), Collect<vxWaringLogRow>);
+    TextTable table({{"time"}, {"level", true}, {"warning"}});
+    for (const vxWaringLogRow& row : TakeCollected<vxWaringLogRow>())
+        table.Add({FieldText(row.Time), std::to_string(+row.Level), FieldText(row.Text)});
+    std::error_code error;
+    if (std::filesystem::file_size(local, error) == 0 && !error)
+        std::filesystem::remove(local, error); // a sign without a ring
+    Check(result);
+    report.Line("");
+    if (table.Size() == 0)
+        report.Line("the sign's ring has no warnings");
+    if (table.Size() != 0 || report.IsJson())
+        table.Show(report, "ring");
+}
+
+void ShowWarnings(Session& session, const std::string& ring)
+{
+    std::error_code error;
+    if (!ring.empty() && std::filesystem::exists(ring, error))
+        throw UsageError(ring + " is there already: what the sign gives away wants a new file");
+    session.Connect();
+    std::vector<Warning> warnings;
+    Check(ReadWarnings(warnings));
+    if (warnings.empty())
+        session.report.Line(Toned("no warnings", Tone::kFine));
+    if (!warnings.empty() || session.report.IsJson())
+        TableOf(warnings).Show(session.report, "warnings");
+    if (!ring.empty())
+        ShowRing(session.report, ring);
+}
+
+} // namespace
+
+void AddConditionCommands(CLI::App& app, Session& session)
+{
+    AddCommand(
+        app,
+        {kGroup, "status", "Tell on one screen how the sign is",
+         R"(What is wrong is red on a terminal; NO_COLOR in the environment turns colours off. State and measurements are read as
+vxsim means them; a sign may mean something else. The JSON has the four values as they are.
+
+Examples:
+  vxctl status
+  vxctl --json status | jq .warnings)"})
+        ->callback([&session] { ShowStatus(session); });
+    CLI::App* const command = AddCommand(
+        app,
+        {kGroup, "warnings", "Tell what the sign warns of",
+         R"(What its report says now. --ring shows the sign's ring of former warnings too; the sign deletes it when it is read, so
+that it goes to a new file of this PC.
+
+Examples:
+  vxctl warnings
+  vxctl warnings --ring warnings.ring --json)"});
+    const auto ring = std::make_shared<std::string>();
+    command->add_option("--ring", *ring, "take the ring off the sign, into this new file")->type_name("FILE");
+    command->callback([&session, ring] { ShowWarnings(session, *ring); });
+}
+
+} // namespace vxctl

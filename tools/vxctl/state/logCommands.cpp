@@ -1,0 +1,203 @@
+#include "vxctl/cli/collected.h"
+#include "vxctl/cli/command.h"
+#include "vxctl/cli/fieldText.h"
+#include "vxctl/cli/localFiles.h"
+#include "vxctl/cli/progressBar.h"
+#include "vxctl/state/signTable.h"
+
+#include <vxsign/log.h>
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+
+namespace vxctl {
+
+namespace {
+
+struct Wanted
+{
+    std::string log;
+    std::string from;
+    bool csv = false;
+    std::uint32_t limit = std::numeric_limits<std::uint32_t>::max();
+};
+
+// A log that is a table of the sign's database.
+struct TableLog
+{
+    std::string log;
+    std::string table;
+    std::string selection;
+    std::vector<TextColumn> columns;
+};
+
+std::vector<TextColumn> NumberedColumns(const std::string& name, std::uint32_t count)
+{
+    std::vector<TextColumn> columns;
+    for (std::uint32_t i = 1; i <= count; ++i)
+        columns.push_back({name + std::to_string(i), true});
+    return columns;
+}
+
+std::vector<TableLog> TableLogs()
+{
+    return {
+        {"play",
+         "PlayLog",
+         "Time,FileName,GroupName,WinID,PlayTimes,TotalSeconds",
+         {{"time"}, {"file"}, {"group"}, {"window", true}, {"times", true}, {"seconds", true}}},
+        {"system",
+         "SysLog",
+         "DateTime,Type,Operate,Author,Result",
+         {{"time"}, {"type", true}, {"operation"}, {"user"}, {"outcome"}}},
+        {"temperature",
+         "TempLog",
+         "BeginTime,EndTime,OutHightTemp,OutLowTemp,OutAvgTemp,InHightTemp,InLowTemp,InAvgTemp,BoxHightTemp,BoxLowTemp,"
+         "BoxAvgTemp",
+         {{"from"},
+          {"to"},
+          {"outHigh", true},
+          {"outLow", true},
+          {"outAvg", true},
+          {"inHigh", true},
+          {"inLow", true},
+          {"inAvg", true},
+          {"boxHigh", true},
+          {"boxLow", true},
+          {"boxAvg", true}}},
+        {"tile", "TileInfo", "*", NumberedColumns("c", 18)}, // only the sign names them
+        {"event", "EventLog", "DateTime,EventType,Status,Note", {{"time"}, {"type", true}, {"status", true}, {"note"}}},
+    };
+}
+
+// The latest rows of a log file, oldest first.
+template <class Record, class ToRow>
+void AddLatest(TextTable& table, std::uint32_t limit, const ToRow& toRow)
+{
+    const std::vector<Record> records = TakeCollected<Record>();
+    for (std::size_t i = records.size() - std::min<std::size_t>(limit, records.size()); i < records.size(); ++i)
+        table.Add(toRow(records[i]));
+}
+
+TextTable ReadRadar(const Wanted& wanted, const std::string& folder)
+{
+    if (wanted.from == "lanes") {
+        Check(vxReadTJRadarLog(folder.c_str(), 0, 0, CollectForUser<TJRadarLogRecord>));
+        std::vector<TextColumn> columns{{"time"}, {"lane", true}};
+        for (int i = 0; i < 8; ++i)
+            columns.push_back({"byte" + std::to_string(i), true});
+        TextTable table(std::move(columns));
+        AddLatest<TJRadarLogRecord>(table, wanted.limit, [](const TJRadarLogRecord& record) {
+            TextRow row{FieldText(record.Time), std::to_string(record.Lane)};
+            for (const std::int32_t value : {record.Byte0, record.Byte1, record.Byte2, record.Byte3, record.Byte4,
+                                             record.Byte5, record.Byte6, record.Byte7})
+                row.push_back(std::to_string(value));
+            return row;
+        });
+        return table;
+    }
+    const auto read = wanted.from == "new" ? vxReadNewRadarLog : vxReadRadarLog;
+    Check(read(folder.c_str(), 0, 0, CollectForUser<RadarLogRecord>));
+    TextTable table({{"time"}, {"first", true}, {"second", true}});
+    AddLatest<RadarLogRecord>(table, wanted.limit, [](const RadarLogRecord& record) {
+        return TextRow{FieldText(record.Time), std::to_string(record.First), std::to_string(record.Second)};
+    });
+    return table;
+}
+
+TextTable ReadBattery(const Wanted& wanted, const std::string& folder)
+{
+    const auto kind = static_cast<std::int8_t>(wanted.from == "second" ? VX_BATTERY_SECOND_LOG : 0);
+    Check(vxReadBatInfoLog(folder.c_str(), 0, 0, kind, CollectForUser<BatInfoLogRecord>));
+    std::vector<TextColumn> columns = NumberedColumns("value", 12);
+    columns.insert(columns.begin(), {"time"});
+    TextTable table(std::move(columns));
+    AddLatest<BatInfoLogRecord>(table, wanted.limit, [](const BatInfoLogRecord& record) {
+        TextRow row{FieldText(record.Time)};
+        for (const std::uint32_t value :
+             {+record.Value1, +record.Value2, std::uint32_t{record.Value3}, std::uint32_t{record.Value4},
+              std::uint32_t{record.Value5}, std::uint32_t{record.Value6}})
+            row.push_back(std::to_string(value));
+        // The members of the packed record are copied, never referred to.
+        for (std::size_t i = 0; i < std::size(record.Value7To12); ++i)
+            row.push_back(std::to_string(+record.Value7To12[i]));
+        return row;
+    });
+    return table;
+}
+
+TextTable ReadDatabase(const TableLog& log, const Wanted& wanted)
+{
+    TextTable table(log.columns);
+    const auto progress = [](std::uint32_t percent) { ProgressBar::OnProgress(nullptr, 0, percent); };
+    for (TextRow& row : ReadRows({log.table, log.selection, log.columns.size()}, wanted.limit, progress))
+        table.Add(std::move(row));
+    return table;
+}
+
+// Which sources a log has besides its first.
+void CheckSource(const Wanted& wanted)
+{
+    const bool radar =
+        wanted.log == "radar" && (wanted.from == "old" || wanted.from == "new" || wanted.from == "lanes");
+    const bool battery = wanted.log == "battery" && (wanted.from == "first" || wanted.from == "second");
+    if (!wanted.from.empty() && !radar && !battery)
+        throw UsageError("--from is old, new or lanes for radar, first or second for battery");
+}
+
+void ShowLog(Session& session, const Wanted& wanted)
+{
+    CheckSource(wanted);
+    if (wanted.csv && session.report.IsJson())
+        throw UsageError("--csv and --json exclude each other");
+    const auto read = [&wanted] {
+        const std::vector<TableLog> logs = TableLogs();
+        const auto log =
+            std::find_if(logs.begin(), logs.end(), [&](const TableLog& row) { return row.log == wanted.log; });
+        if (log != logs.end())
+            return ReadDatabase(*log, wanted);
+        const TemporaryFolder folder;
+        return wanted.log == "radar" ? ReadRadar(wanted, folder.Path()) : ReadBattery(wanted, folder.Path());
+    };
+    const auto readWithBar = [&] {
+        const ProgressBar bar(wanted.log, session.report.IsJson());
+        const bool isFile = wanted.log == "radar" || wanted.log == "battery";
+        session.Connect(isFile ? ProgressBar::OnProgress : nullptr);
+        return read();
+    };
+    const TextTable table = readWithBar();
+    if (table.Size() == 0 && !wanted.csv)
+        session.report.Line("the log has no rows");
+    if (table.Size() != 0 || wanted.csv || session.report.IsJson())
+        table.Show(session.report, "rows", wanted.csv ? TableForm::kCsv : TableForm::kColumns);
+}
+
+} // namespace
+
+void AddLogCommands(CLI::App& app, Session& session)
+{
+    CLI::App* const command = AddCommand(
+        app,
+        {"State", "log", "Read a log of the sign",
+         R"(play, system, temperature, tile and event are tables of the sign's database, radar and battery are files. The sign
+keeps them all, except for the radar logs new and lanes, which it deletes as soon as they are read. The columns of the
+tile table, the radar and the battery mean what the sign means by them.
+
+Examples:
+  vxctl log play --limit 20
+  vxctl log temperature --csv >temperatures.csv
+  vxctl log event --json | jq '.rows[] | select(.status == 1)'
+  vxctl log radar --from lanes --csv >>lanes.csv)"});
+    const auto wanted = std::make_shared<Wanted>();
+    command->add_option("LOG", wanted->log, "play, system, temperature, tile, event, radar or battery")
+        ->required()
+        ->check(CLI::IsMember({"play", "system", "temperature", "tile", "event", "radar", "battery"}));
+    command->add_flag("--csv", wanted->csv, "comma-separated values, with a first line that names them");
+    AddNumber(*command, "--limit", wanted->limit, 1, std::numeric_limits<std::uint32_t>::max(), "the latest rows only")
+        ->default_str("all");
+    command->add_option("--from", wanted->from, "radar: old, new or lanes; battery: first or second");
+    command->callback([&session, wanted] { ShowLog(session, *wanted); });
+}
+
+} // namespace vxctl
