@@ -1,8 +1,11 @@
 #include "support/udpPeer.h"
-#include "vxctl/cli/command.h"
+#include "vxctl/cli/failure.h"
+#include "vxctl/cli/runner.h"
 
 #include <gtest/gtest.h>
+#include <sstream>
 #include <string>
+#include <vector>
 
 namespace vxctl::test {
 namespace {
@@ -21,14 +24,14 @@ Failure Fail(const std::string& command, const char* answer)
 {
     const vxsign::test::UdpPeer device([answer](const Bytes&) { return Hex(answer); });
     Session session;
-    session.options.url = "udp://127.0.0.1:" + std::to_string(device.Port());
-    session.options.timeoutMs = 50;
-    session.options.retries = 1;
-    CLI::App app;
-    AddModbusCommand(app, session);
+    std::vector<std::string> words{
+        "-s", "udp://127.0.0.1:" + std::to_string(device.Port()), "--timeout", "50", "--retries", "1"};
+    std::istringstream more(command);
+    for (std::string word; more >> word;)
+        words.push_back(word);
     Failure printed;
     try {
-        app.parse(command);
+        Execute(session, words);
         ADD_FAILURE() << "no failure";
     } catch (const SignFailure& failure) {
         EXPECT_EQ(failure.code, std::uint32_t{VX_COMMUNICATION});

@@ -37,7 +37,7 @@ for numbers in 1 "1 2 3 4 5"; do
 done
 expect 0 modbus --help
 says out "Usage: vxctl modbus [OPTIONS] CLASS ACTION NUMBERS..."
-says out "NUMBERS NUMBER ... REQUIRED"
+says out "NUMBERS NUMBER (0 to 65535) ... REQUIRED"
 says out "2 to 4: DEVICE [SECTION] REGISTER, and the VALUE to set"
 expect 2 modbus XYZ get 1 2
 expect 1 -s "udp://$place" --timeout 100 --retries 1 modbus LC get 9 5

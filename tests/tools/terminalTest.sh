@@ -161,6 +161,8 @@ line 2 bright $hostile
 . 0 error 0x5100
 . 0 raw 1 12
 . 0 ping -n 1
+. 0 help ls
+. 0 completion bash
 . 0 reset
 "
 

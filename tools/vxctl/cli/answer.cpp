@@ -1,3 +1,4 @@
+// Asks at the keyboard.
 #include "vxctl/cli/answer.h"
 
 #include "vxctl/cli/failure.h"

@@ -1,4 +1,7 @@
+// Reads and writes times.
 #include "vxctl/cli/clockTime.h"
+
+#include "vxctl/cli/failure.h"
 
 #include <algorithm>
 #include <array>
@@ -98,6 +101,14 @@ std::string FormatTime(const ClockTime& time, char between, bool seconds)
         std::snprintf(text.data() + length, text.size() - static_cast<std::size_t>(length), ":%02u",
                       unsigned{time.second});
     return text.data();
+}
+
+ClockTime ReadTime(const std::string& text)
+{
+    const auto time = text == "now" ? LocalTime() : ParseClockTime(text);
+    if (!time)
+        throw UsageError("'" + text + "' is no time: now, or such as \"2026-11-21 14:05:30\", from 1970 on");
+    return *time;
 }
 
 } // namespace vxctl

@@ -1,6 +1,8 @@
 // Times as people write them, and as the sign's clock and folders have them.
 #pragma once
 
+#include "vxctl/cli/argument.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -36,5 +38,10 @@ std::uint8_t Weekday(const ClockTime& time);
 
 // "2026-11-21", then the given character, then "14:05:30" or without the seconds "14:05".
 std::string FormatTime(const ClockTime& time, char between, bool seconds = true);
+
+// A time of the command line, or "now". Throws UsageError for anything else.
+ClockTime ReadTime(const std::string& text);
+
+inline constexpr ArgumentType kTimeOrNow{"TIME", Checked<ReadTime>};
 
 } // namespace vxctl

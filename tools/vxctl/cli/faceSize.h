@@ -1,8 +1,10 @@
 // Sizes in pixels.
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include "vxctl/cli/argument.h"
+
 #include <string>
+#include <string_view>
 
 namespace vxctl {
 
@@ -14,8 +16,9 @@ struct FaceSize
     int height = 0;
 };
 
-// WIDTHxHEIGHT, each side from 1 to kMostPictureSide.
-CLI::Option* AddFaceSize(CLI::App& app, FaceSize& size, const std::string& name = "--size",
-                         const std::string& description = "pixels of the face");
+// WIDTHxHEIGHT, each side from 1 to kMostPictureSide. Throws UsageError for anything else.
+FaceSize ParseFaceSize(std::string_view text);
+
+inline constexpr ArgumentType kFaceSize{"WxH", Checked<ParseFaceSize>};
 
 } // namespace vxctl

@@ -1,3 +1,4 @@
+// Ctrl-C: ends a transfer, then the program.
 #include "vxctl/cli/interrupt.h"
 
 #include <vxsign/api.h>

@@ -1,3 +1,4 @@
+// JSON in ASCII, with the bytes of texts that are no UTF-8.
 #include "vxctl/cli/jsonText.h"
 
 #include "vxctl/cli/numbers.h"

@@ -1,3 +1,4 @@
+// Keeps what the library prints.
 #include "vxctl/cli/libraryOutput.h"
 
 #include "vxctl/cli/failure.h"

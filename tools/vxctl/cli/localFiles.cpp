@@ -1,3 +1,4 @@
+// Files and folders of this PC.
 #include "vxctl/cli/localFiles.h"
 
 #include "vxctl/cli/failure.h"

@@ -1,3 +1,4 @@
+// Reads and writes numbers and bytes.
 #include "vxctl/cli/numbers.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// Draws the bar.
 #include "vxctl/cli/progressBar.h"
 
 #include "vxctl/cli/terminal.h"

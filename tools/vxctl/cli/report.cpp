@@ -1,3 +1,4 @@
+// Prints what a command found, and what to try after a failure.
 #include "vxctl/cli/report.h"
 
 #include "vxctl/cli/jsonText.h"

@@ -1,3 +1,4 @@
+// The connection from the options of the command line.
 #include "vxctl/cli/session.h"
 
 #include "vxctl/cli/failure.h"
@@ -14,7 +15,7 @@ void Session::Connect(vxOnProgress onProgress, vxOnLog onLog) const
     sign.serialName.copy(config.serialName, sizeof config.serialName - 1);
     config.port = sign.port;
     config.baudRate = sign.baudRate;
-    config.destinationAddress = options.Destination();
+    config.destinationAddress = options.destination;
     config.retries = options.retries;
     config.timeoutMs = options.timeoutMs;
     config.dataSize = static_cast<std::uint16_t>(options.chunk);

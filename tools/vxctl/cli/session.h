@@ -1,6 +1,7 @@
-// The options that hold for every command, and the connection made from them.
+// What a command works with: the options that hold for every command, the sign, and the report.
 #pragma once
 
+#include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/report.h"
 #include "vxctl/cli/signUrl.h"
 
@@ -11,20 +12,15 @@
 
 namespace vxctl {
 
-// What the command line says ahead of its command. Numbers that were not given stay those of the library.
 struct Options
 {
-    std::string url = kDefaultUrl;
-    std::uint32_t timeoutMs = 3000;
-    std::uint32_t retries = 3;
-    std::uint32_t chunk = 768;
-    std::uint32_t destination = 0;
-    std::string playList = "playlist.xml"; // of the commands for play lists
-
-    std::uint16_t Destination() const { return static_cast<std::uint16_t>(destination); }
+    std::string url;
+    std::uint32_t timeoutMs = 0;
+    std::uint32_t retries = 0;
+    std::uint32_t chunk = 0;
+    std::uint16_t destination = 0;
 };
 
-// What every command works with.
 struct Session
 {
     Options options;
@@ -34,7 +30,7 @@ struct Session
     SignUrl Sign() const { return Resolve(ParseSignUrl(options.url)); }
 
     // Makes the sign that of this thread, for functions that use the thread's configuration. Throws UsageError.
-    void Connect(vxOnProgress onProgress = nullptr, vxOnLog onLog = nullptr) const;
+    void Connect(vxOnProgress onProgress = ProgressBar::OnProgress, vxOnLog onLog = nullptr) const;
 };
 
 } // namespace vxctl

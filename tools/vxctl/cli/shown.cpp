@@ -1,3 +1,4 @@
+// Takes out of texts what gives a terminal orders.
 #include "vxctl/cli/shown.h"
 
 #include "sim/face/utf8.h"

@@ -1,3 +1,4 @@
+// Takes URLs apart and finds hosts.
 #include "vxctl/cli/signUrl.h"
 
 #include "vxctl/cli/failure.h"

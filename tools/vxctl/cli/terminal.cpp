@@ -1,3 +1,4 @@
+// The one place that writes to standard output and standard error.
 #include "vxctl/cli/terminal.h"
 
 #include <iostream>

@@ -1,3 +1,4 @@
+// Tables in columns, as CSV and as JSON.
 #include "vxctl/cli/textTable.h"
 
 #include <algorithm>

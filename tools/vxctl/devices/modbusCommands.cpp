@@ -1,12 +1,11 @@
 // modbus: registers of roadside devices.
-#include "vxctl/cli/command.h"
 #include "vxctl/cli/numbers.h"
+#include "vxctl/cli/tables.h"
 
 #include <vxsign/modbus.h>
 
 #include <algorithm>
 #include <cctype>
-#include <memory>
 #include <vector>
 
 namespace vxctl {
@@ -56,20 +55,13 @@ constexpr DeviceClass kClasses[] = {
 
 // What the device said when it refused, in the words of the library's log. The callback brings nothing along that could
 // name a place for it.
-std::string refusal;
+thread_local std::string refusal;
 
 void TakeRefusal(vxApiConfig* /*config*/, const char* /*source*/, std::uint32_t /*line*/, std::uint32_t /*level*/,
                  const char* message)
 {
     refusal = message;
 }
-
-struct Request
-{
-    std::string className;
-    std::string action;
-    std::vector<std::string> numbers;
-};
 
 const DeviceClass& FindClass(std::string name)
 {
@@ -82,72 +74,101 @@ const DeviceClass& FindClass(std::string name)
     return *found;
 }
 
-std::uint32_t Number(const std::string& text, const char* what, std::uint32_t most)
+std::string ReadClass(const Argument& /*argument*/, const std::string& text)
 {
-    const auto number = ParseNumber(text);
-    if (!number || *number > most)
-        throw UsageError("the " + std::string(what) + " is a number from 0 to " + std::to_string(most) + ", not '" +
-                         text + "'");
-    return *number;
+    return FindClass(text).name;
 }
 
-void Run(Session& session, const Request& request)
-{
-    const DeviceClass& of = FindClass(request.className);
-    const bool set = request.action == "set";
-    // Without its section a class that has them is meant as a whole.
-    const std::size_t least = set ? 3 : 2;
-    const std::size_t count = request.numbers.size();
-    if (count != least && (count != least + 1 || !of.sections))
-        throw UsageError(std::string("modbus ") + of.name + " " + request.action + " takes DEVICE " +
-                         (of.sections ? "[SECTION] " : "") + "REGISTER" + (set ? " VALUE" : ""));
-    auto next = request.numbers.begin();
-    const auto device = static_cast<std::uint8_t>(Number(*next++, "device", 255));
-    const auto section = count > least ? static_cast<std::uint8_t>(Number(*next++, "section", 255)) : kWholeDevice;
-    const auto number = static_cast<std::uint16_t>(Number(*next++, "register", 65535));
-    std::uint16_t value = set ? static_cast<std::uint16_t>(Number(*next, "value", 65535)) : std::uint16_t{0};
+constexpr ArgumentType kClass{"CLASS", ReadClass};
 
+// A register, as the numbers of the command line name it.
+struct Register
+{
+    std::uint8_t device;
+    std::uint8_t section;
+    std::uint16_t number;
+    std::uint16_t value; // to be set
+};
+
+std::uint8_t Byte(const std::string& text, const char* what)
+{
+    const std::uint32_t number = ParseNumber(text).value_or(0);
+    if (number > 255)
+        throw UsageError("the " + std::string(what) + " is a number from 0 to 255, not '" + text + "'");
+    return static_cast<std::uint8_t>(number);
+}
+
+std::uint16_t Word(const std::string& text)
+{
+    return static_cast<std::uint16_t>(ParseNumber(text).value_or(0));
+}
+
+// Without its section a class that has them is meant as a whole.
+Register RegisterOf(const DeviceClass& of, const std::vector<std::string>& numbers, bool set)
+{
+    const std::size_t least = set ? 3 : 2;
+    const std::size_t count = numbers.size();
+    if (count != least && (count != least + 1 || !of.sections))
+        throw UsageError(std::string("modbus ") + of.name + (set ? " set" : " get") + " takes DEVICE " +
+                         (of.sections ? "[SECTION] " : "") + "REGISTER" + (set ? " VALUE" : ""));
+    const std::size_t at = count > least ? 2 : 1;
+    return {Byte(numbers[0], "device"), count > least ? Byte(numbers[1], "section") : kWholeDevice, Word(numbers[at]),
+            set ? Word(numbers.back()) : std::uint16_t{0}};
+}
+
+void ShowRegister(Report& report, const DeviceClass& of, const Register& found)
+{
+    const bool hasSection = found.section != kWholeDevice;
+    std::string name = std::string(of.name) + " " + std::to_string(found.device);
+    report.Put("class", of.name);
+    report.Put("device", found.device);
+    if (hasSection) {
+        name += "/" + std::to_string(found.section);
+        report.Put("section", found.section);
+    }
+    report.Put("register", found.number);
+    report.Value(name + " r" + std::to_string(found.number), "value", found.value,
+                 std::to_string(found.value) + " (" + FormatWord(found.value) + ")");
+}
+
+std::uint32_t Modbus(Session& session, const Args& args)
+{
+    const DeviceClass& of = FindClass(args.Text("CLASS"));
+    const bool set = args.Text("ACTION") == "set";
+    Register at = RegisterOf(of, args.List("NUMBERS"), set);
     session.Connect(nullptr, TakeRefusal);
     refusal.clear();
-    const std::uint32_t result = set ? of.set(device, section, number, value) : of.get(device, section, number, &value);
+    const std::uint32_t result =
+        set ? of.set(at.device, at.section, at.number, at.value) : of.get(at.device, at.section, at.number, &at.value);
     if (result == VX_ARGUMENTS)
-        throw UsageError(std::string(of.name) + " has no register " + std::to_string(number) +
+        throw UsageError(std::string(of.name) + " has no register " + std::to_string(at.number) +
                          (set ? ", or it cannot be written" : ""));
     if (result != VX_OK)
         throw SignFailure(result, refusal);
-    std::string name = std::string(of.name) + " " + std::to_string(device);
-    if (section != kWholeDevice)
-        name += "/" + std::to_string(section);
-    session.report.Put("class", of.name);
-    session.report.Put("device", device);
-    if (section != kWholeDevice)
-        session.report.Put("section", section);
-    session.report.Put("register", number);
-    session.report.Value(name + " r" + std::to_string(number), "value", value,
-                         std::to_string(value) + " (" + FormatWord(value) + ")");
+    ShowRegister(session.report, of, at);
+    return VX_OK;
 }
+
+const Command kCommands[] = {
+    {
+        .name = "modbus",
+        .help = "Read or write a register of a roadside device",
+        .details =
+            R"(CLASS is LC, TLS, ALCS, MLCS, VSLS, TOR, VMS or PVMS. Without SECTION the register is one of the whole device;
+LC and PVMS have no sections. So get takes 2 numbers, or 3 with SECTION; set takes one more, the VALUE. What a register
+means is the device's.)",
+        .examples = R"(vxctl -s serial:/dev/ttyUSB0@9600 modbus LC get 1 5
+vxctl -s serial:/dev/ttyUSB0@9600 modbus VSLS set 5 1 3 80      device 5, section 1, register 3)",
+        .arguments =
+            {Of(kClass, "CLASS", "the class of the device"), Choice("ACTION", "get|set", "read it, or write it"),
+             Number("NUMBERS", 0, 65535, "2 to 4: DEVICE [SECTION] REGISTER, and the VALUE to set").Repeated()},
+        .line = Line::kOwn,
+        .run = Modbus,
+    },
+};
 
 } // namespace
 
-void AddModbusCommand(CLI::App& app, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        app,
-        {"Field devices", "modbus", "Read or write a register of a roadside device",
-         R"(CLASS is LC, TLS, ALCS, MLCS, VSLS, TOR, VMS or PVMS. Without SECTION the register is one of the whole device;
-LC and PVMS have no sections. So get takes 2 numbers, or 3 with SECTION; set takes one more, the VALUE. What a register
-means is the device's.
-
-Examples:
-  vxctl -s serial:/dev/ttyUSB0@9600 modbus LC get 1 5
-  vxctl -s serial:/dev/ttyUSB0@9600 modbus VSLS set 5 1 3 80      device 5, section 1, register 3)"});
-    const auto request = std::make_shared<Request>();
-    command->add_option("CLASS", request->className, "the class of the device")->type_name("CLASS")->required();
-    command->add_option("ACTION", request->action, "get or set")->required()->check(CLI::IsMember({"get", "set"}));
-    command->add_option("NUMBERS", request->numbers, "2 to 4: DEVICE [SECTION] REGISTER, and the VALUE to set")
-        ->type_name("NUMBER")
-        ->required();
-    command->callback([&session, request] { Run(session, *request); });
-}
+const CommandTable kModbusCommands{"Field devices", kCommands};
 
 } // namespace vxctl

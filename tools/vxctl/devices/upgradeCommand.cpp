@@ -1,8 +1,8 @@
 // upgrade: firmware for a boot loader, by XMODEM.
-#include "vxctl/cli/command.h"
 #include "vxctl/cli/interrupt.h"
 #include "vxctl/cli/libraryOutput.h"
 #include "vxctl/cli/progressBar.h"
+#include "vxctl/cli/tables.h"
 
 #include <vxsign/local.h>
 #include <vxsign/xmodem.h>
@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
-#include <memory>
 #include <mutex>
 #include <thread>
 
@@ -127,8 +126,9 @@ Outcome Judge(std::uint32_t result, const std::string& steps, bool silent, bool 
     return {};
 }
 
-void Upgrade(Session& session, const std::string& file)
+std::uint32_t Upgrade(Session& session, const Args& args)
 {
+    const std::string& file = args.Text("FILE");
     std::uint32_t result = VX_OK;
     double seconds = 0;
     std::string steps;
@@ -153,28 +153,30 @@ void Upgrade(Session& session, const std::string& file)
     session.report.Put("blocks", answered);
     session.report.Put("seconds", seconds);
     session.report.Put("steps", steps);
-    if (outcome.code == VX_OK)
-        return session.report.Line("upgrade: " + std::to_string(answered) + " blocks, " + FormatSize(bytes) + ", " +
-                                   FormatSize(rate) + "/s");
-    throw SignFailure(outcome.code, outcome.reason);
+    if (outcome.code != VX_OK)
+        throw SignFailure(outcome.code, outcome.reason);
+    session.report.Line("upgrade: " + std::to_string(answered) + " blocks, " + FormatSize(bytes) + ", " +
+                        FormatSize(rate) + "/s");
+    return VX_OK;
 }
+
+const Command kCommands[] = {
+    {
+        .name = "upgrade",
+        .help = "Send firmware to a boot loader by XMODEM",
+        .details =
+            R"(The boot loader asks for the file, normally on a serial line. --timeout and --retries hold for each step; a
+receiver that does not ask is given ten steps.)",
+        .examples = R"(vxctl -s serial:/dev/ttyUSB0@115200 upgrade firmware.bin
+vxctl -s serial:/dev/ttyUSB0@115200 --timeout 500 upgrade firmware.bin)",
+        .arguments = {ReadFile("FILE", "the firmware on this PC")},
+        .line = Line::kOwn,
+        .run = Upgrade,
+    },
+};
 
 } // namespace
 
-void AddUpgradeCommand(CLI::App& app, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        app,
-        {"Field devices", "upgrade", "Send firmware to a boot loader by XMODEM",
-         R"(The boot loader asks for the file, normally on a serial line. --timeout and --retries hold for each step; a
-receiver that does not ask is given ten steps.
-
-Examples:
-  vxctl -s serial:/dev/ttyUSB0@115200 upgrade firmware.bin
-  vxctl -s serial:/dev/ttyUSB0@115200 --timeout 500 upgrade firmware.bin)"});
-    const auto file = std::make_shared<std::string>();
-    command->add_option("FILE", *file, "the firmware on this PC")->type_name("FILE")->required()->check(ReadableFile());
-    command->callback([&session, file] { Upgrade(session, *file); });
-}
+const CommandTable kUpgradeCommands{"Field devices", kCommands};
 
 } // namespace vxctl

@@ -1,5 +1,7 @@
+// Asks for the first packet of a file.
 #include "vxctl/files/announcedSize.h"
 
+#include "vxctl/cli/bytes.h"
 #include "vxctl/sign/packetDump.h"
 
 #include <vxsign/result.h>
@@ -41,11 +43,7 @@ std::uint32_t SizeIn(const std::vector<std::uint8_t>& reply)
     const std::size_t words = reply[14];
     if (words == 0)
         return 0;
-    std::size_t at = words == 2 ? 24 : 18;
-    std::uint32_t size = 0;
-    for (int count = words == 2 ? 4 : 2; count > 0; --count)
-        size = size << 8U | reply.at(--at);
-    return size;
+    return words == 2 ? Load32(reply, 20) : Load16(reply, 16);
 }
 
 } // namespace

@@ -1,4 +1,7 @@
+// Reads the records of folders.
 #include "vxctl/files/directoryEntry.h"
+
+#include "vxctl/cli/bytes.h"
 
 #include <algorithm>
 
@@ -34,16 +37,6 @@ constexpr std::size_t kLongTimeAt = 266;
 constexpr std::size_t kLongAttributeAt = 268;
 
 using Bytes = std::span<const std::uint8_t>;
-
-std::uint16_t Load16(Bytes bytes, std::size_t at)
-{
-    return static_cast<std::uint16_t>(bytes[at] | bytes[at + 1] << 8);
-}
-
-std::uint32_t Load32(Bytes bytes, std::size_t at)
-{
-    return Load16(bytes, at) | static_cast<std::uint32_t>(Load16(bytes, at + 2)) << 16;
-}
 
 // The text up to its padding.
 std::string Padded(Bytes bytes)

@@ -1,6 +1,7 @@
-#include "vxctl/cli/command.h"
+// put, get, rm: files to and from the sign.
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/progressBar.h"
+#include "vxctl/cli/tables.h"
 #include "vxctl/files/announcedSize.h"
 
 #include <vxsign/filesystem.h>
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <functional>
-#include <memory>
 #include <system_error>
 
 namespace vxctl {
@@ -20,32 +20,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kGroup = "Files";
 constexpr std::size_t kLongestSystemName = 12;
 
-struct Transfer
+void CheckSystemName(const Args& args)
 {
-    std::string local;
-    std::string path; // on the sign
-    bool system = false;
-    bool window = false;
-};
-
-void CheckSystemName(const Transfer& transfer)
-{
-    if (transfer.system && transfer.path.size() > kLongestSystemName)
+    if (args.Has("--system") && args.Text("PATH").size() > kLongestSystemName)
         throw UsageError("the name of a system file has " + std::to_string(kLongestSystemName) + " characters at most");
 }
 
 // Runs a transfer under a progress bar, and then tells how large the local file is and how long that took.
-void Run(Session& session, const Transfer& transfer, const std::string& title,
-         const std::function<std::uint32_t()>& move, const std::string& measured)
+void Transfer(Session& session, const std::string& title, bool silent, const std::function<std::uint32_t()>& move,
+              const std::string& measured)
 {
     double seconds = 0;
     {
-        // The windowed transfer reports its start alone: a bar would stand at 0 until the end.
-        const ProgressBar bar(title, session.report.IsJson() || transfer.window);
-        session.Connect(ProgressBar::OnProgress);
+        const ProgressBar bar(title, silent || session.report.IsJson());
         const std::uint32_t result = move();
         seconds = bar.Seconds();
         Check(result);
@@ -64,10 +53,10 @@ void Run(Session& session, const Transfer& transfer, const std::string& title,
 
 // A window that packet id 0 falls into fails, and goes through at the second try, unless the file is so long that every
 // window of it meets the id: then it takes the plain way.
-bool FitsWindow(const Transfer& put, std::uint32_t chunkSize)
+bool FitsWindow(const std::string& local, std::uint32_t chunkSize)
 {
     constexpr std::uint32_t kMostPackets = 65000;
-    return vxOSGetFileSize(put.local.c_str()) / chunkSize < kMostPackets;
+    return vxOSGetFileSize(local.c_str()) / chunkSize < kMostPackets;
 }
 
 std::uint32_t SendThroughWindow(const char* path, const char* local)
@@ -76,32 +65,36 @@ std::uint32_t SendThroughWindow(const char* path, const char* local)
     return result == VX_COMMUNICATION ? vxWriteFileOptimize(path, local) : result;
 }
 
-void Put(Session& session, const Transfer& put)
+std::uint32_t Put(Session& session, const Args& args)
 {
-    CheckSystemName(put);
-    const bool window = put.window && FitsWindow(put, session.options.chunk);
-    const auto send = [&put, window] {
-        const char* const path = put.path.c_str();
-        const char* const local = put.local.c_str();
-        if (put.system)
-            return vxWriteSystemFile(path, local);
-        return window ? SendThroughWindow(path, local) : vxWriteSpecFileEx(path, local);
+    CheckSystemName(args);
+    const std::string& path = args.Text("PATH");
+    const std::string& local = args.Text("LOCAL");
+    const bool window = args.Has("--window") && FitsWindow(local, session.options.chunk);
+    const auto send = [&] {
+        if (args.Has("--system"))
+            return vxWriteSystemFile(path.c_str(), local.c_str());
+        return window ? SendThroughWindow(path.c_str(), local.c_str()) : vxWriteSpecFileEx(path.c_str(), local.c_str());
     };
-    Run(session, put, "put " + put.path, send, put.local);
+    // The windowed transfer reports its start alone: a bar would stand at 0 until the end.
+    Transfer(session, "put " + path, args.Has("--window"), send, local);
+    return VX_OK;
 }
 
 // The library takes a file for whole that is not as long as the sign has announced. One that grows meanwhile, as a log
 // does, is whole with any length between two announcements.
-std::uint32_t Receive(Session& session, const Transfer& get, const LocalTarget& target)
+std::uint32_t Receive(const Session& session, const Args& args, const LocalTarget& target)
 {
-    const auto ask = [&](std::uint32_t& size) { return AskSize(get.path, get.system, session.options.chunk, size); };
+    const std::string& path = args.Text("PATH");
+    const bool system = args.Has("--system");
+    const auto ask = [&](std::uint32_t& size) { return AskSize(path, system, session.options.chunk, size); };
     std::uint32_t before = 0;
     const std::uint32_t asked = ask(before);
     if (asked == VX_COMMUNICATION || asked == VX_ABORTED)
         return asked;
     const std::string local = target.Temporary().string();
-    const std::uint32_t result = get.system ? vxReadSysFile(get.path.c_str(), local.c_str())
-                                            : vxReadSpecPathFileEx(get.path.c_str(), local.c_str());
+    const std::uint32_t result =
+        system ? vxReadSysFile(path.c_str(), local.c_str()) : vxReadSpecPathFileEx(path.c_str(), local.c_str());
     if (result == VX_CALL)
         throw SignFailure(result, "cannot write " + local + ": " + target.WhyFull());
     const auto got = target.Size();
@@ -114,79 +107,61 @@ std::uint32_t Receive(Session& session, const Transfer& get, const LocalTarget& 
                       "the sign announces " + std::to_string(after) + " bytes, but " + std::to_string(*got) + " came");
 }
 
-void Get(Session& session, const Transfer& get)
+std::uint32_t Get(Session& session, const Args& args)
 {
-    CheckSystemName(get);
-    const LocalTarget target(get.local, get.path.substr(get.path.find_last_of("\\/:") + 1));
-    const auto receive = [&] { return Receive(session, get, target); };
-    Run(session, get, "get " + get.path, receive, target.Temporary().string());
+    CheckSystemName(args);
+    const std::string& path = args.Text("PATH");
+    const LocalTarget target(args.Text("LOCAL"), path.substr(path.find_last_of("\\/:") + 1));
+    const auto receive = [&] { return Receive(session, args, target); };
+    Transfer(session, "get " + path, false, receive, target.Temporary().string());
     target.Keep();
     session.report.Put("local", target.Final().string());
+    return VX_OK;
 }
 
-void AddPut(CLI::App& app, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        app,
-        {kGroup, "put", "Send a file to the sign",
-         R"(A file that begins with "NG" holds a wrapped message: it is unwrapped into LOCAL.tmp, which stays, and that is sent.
+constexpr Argument kPath = SignPath("PATH", "the path on the sign, or the name of a system file");
+constexpr Argument kSystem = Flag("--system", "PATH is the name of a system file, such as CONFIG.SYS");
 
-Examples:
-  vxctl put hello.nmg D:/T/HELLO.NMG
-  vxctl --chunk 1280 put --window firmware.bin C:/FW.BIN    eight packets at a time
-  vxctl put --system list.sys SEQUENT.SYS)"});
-    const auto put = std::make_shared<Transfer>();
-    command->add_option("LOCAL", put->local, "the file on this PC")
-        ->type_name("FILE")
-        ->required()
-        ->check(ReadableFile());
-    AddSignPath(*command, "PATH", put->path, "the path on the sign, or the name of a system file")->required();
-    CLI::Option* const system =
-        command->add_flag("--system", put->system, "PATH is the name of a system file, such as CONFIG.SYS");
-    command->add_flag("--window", put->window, "up to 8 packets on their way at a time; once more if that fails")
-        ->excludes(system);
-    command->callback([&session, put] { Put(session, *put); });
-}
-
-void AddGet(CLI::App& app, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        app,
-        {kGroup, "get", "Read a file from the sign",
-         R"(LOCAL may be a folder. What arrives goes into LOCAL.part first, so that a failure leaves LOCAL as it was. A
+const Command kCommands[] = {
+    {
+        .name = "put",
+        .help = "Send a file to the sign",
+        .details =
+            R"(A file that begins with "NG" holds a wrapped message: it is unwrapped into LOCAL.tmp, which stays, and that is sent.)",
+        .examples = R"(vxctl put hello.nmg D:/T/HELLO.NMG
+vxctl --chunk 1280 put --window firmware.bin C:/FW.BIN    eight packets at a time
+vxctl put --system list.sys SEQUENT.SYS)",
+        .arguments =
+            {ReadFile("LOCAL", "the file on this PC"), kPath, kSystem,
+             Flag("--window", "up to 8 packets on their way at a time; once more if that fails").Excludes("--system")},
+        .signs = Signs::kMany,
+        .run = Put,
+    },
+    {
+        .name = "get",
+        .help = "Read a file from the sign",
+        .details =
+            R"(LOCAL may be a folder. What arrives goes into LOCAL.part first, so that a failure leaves LOCAL as it was. A
 file that is not as long as the sign announces is a failure too, unless it grows meanwhile. A pipe is written straight,
-and is not measured.
-
-Examples:
-  vxctl get D:/T/HELLO.NMG hello.nmg
-  vxctl get D:/T/HELLO.NMG .
-  vxctl get --system CONFIG.SYS config.sys)"});
-    const auto get = std::make_shared<Transfer>();
-    AddSignPath(*command, "PATH", get->path, "the path on the sign, or the name of a system file")->required();
-    command->add_option("LOCAL", get->local, "the file on this PC, or a folder")->type_name("FILE")->required();
-    command->add_flag("--system", get->system, "PATH is the name of a system file, such as CONFIG.SYS");
-    command->callback([&session, get] { Get(session, *get); });
-}
-
-void AddRemove(CLI::App& app, Session& session)
-{
-    CLI::App* const command =
-        AddCommand(app, {kGroup, "rm", "Delete a file on the sign", "Example:\n  vxctl rm D:/T/HELLO.NMG"});
-    const auto path = std::make_shared<std::string>();
-    AddSignPath(*command, "PATH", *path, "the path on the sign")->required();
-    command->callback([&session, path] {
-        session.Connect();
-        Check(vxDelete(path->c_str()));
-    });
-}
+and is not measured.)",
+        .examples = R"(vxctl get D:/T/HELLO.NMG hello.nmg
+vxctl get D:/T/HELLO.NMG .
+vxctl get --system CONFIG.SYS config.sys)",
+        .arguments = {kPath, WriteFile("LOCAL", "the file on this PC, or a folder"), kSystem},
+        .run = Get,
+    },
+    {
+        .name = "rm",
+        .help = "Delete a file on the sign",
+        .examples = "vxctl rm D:/T/HELLO.NMG",
+        .arguments = {SignPath("PATH", "the path on the sign")},
+        .signs = Signs::kMany,
+        .run = [](Session&, const Args& args) { return vxDelete(args.Text("PATH").c_str()); },
+    },
+};
 
 } // namespace
 
-void AddFileCommands(CLI::App& app, Session& session)
-{
-    AddPut(app, session);
-    AddGet(app, session);
-    AddRemove(app, session);
-}
+const CommandTable kFileCommands{"Files", kCommands};
 
 } // namespace vxctl

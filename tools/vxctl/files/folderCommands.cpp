@@ -1,4 +1,5 @@
-#include "vxctl/cli/command.h"
+// ls, mkdir, mv: folders on the sign.
+#include "vxctl/cli/tables.h"
 #include "vxctl/files/directoryEntry.h"
 #include "vxctl/files/signPaths.h"
 
@@ -6,14 +7,12 @@
 
 #include <array>
 #include <cstdio>
-#include <memory>
 #include <vector>
 
 namespace vxctl {
 
 namespace {
 
-constexpr const char* kGroup = "Files";
 constexpr std::uint16_t kPageEntries = 20;
 constexpr std::size_t kLongestPaths = 254; // from and to
 
@@ -56,9 +55,9 @@ std::uint32_t ReadPages(const std::string& path, Entries& entries)
     return VX_OK;
 }
 
-void List(Session& session, const std::string& path, bool details)
+std::uint32_t List(Session& session, const Args& args)
 {
-    session.Connect();
+    const std::string& path = args.Text("PATH");
     Report& report = session.report;
     Entries entries;
     std::uint32_t result = ReadLong(path, entries);
@@ -74,80 +73,64 @@ void List(Session& session, const std::string& path, bool details)
         const std::string changed = entry.changed ? FormatTime(*entry.changed, 'T') : "";
         list.push_back({{"name", entry.name}, {"folder", entry.isFolder}, {"size", entry.size}, {"changed", changed}});
         std::array<char, 64> front{};
-        if (details)
+        if (args.Has("-l"))
             std::snprintf(front.data(), front.size(), "%10u  %-19s  ", static_cast<unsigned>(entry.size),
                           entry.changed ? FormatTime(*entry.changed, ' ').c_str() : "-");
         report.Line(front.data() + entry.name + (entry.isFolder ? "/" : ""));
     }
     report.Put("shortNames", isShort);
     report.Put("entries", std::move(list));
+    return VX_OK;
 }
 
-void AddList(CLI::App& app, Session& session)
+std::uint32_t Move(Session& /*session*/, const Args& args)
 {
-    CLI::App* const command = AddCommand(
-        app, {kGroup, "ls", "List a folder on the sign",
-              R"(Folders end in a slash. A sign without long listings tells short names, such as LONGNA~1.TXT.
-
-Examples:
-  vxctl ls D:/
-  vxctl ls -l D:/T
-  vxctl --json ls D:/T | jq -r '.entries[].name')"});
-    const auto path = std::make_shared<std::string>();
-    const auto details = std::make_shared<bool>(false);
-    AddSignPath(*command, "PATH", *path, "the folder")->required();
-    command->add_flag("-l", *details, "with size and time of the last change");
-    command->callback([&session, path, details] { List(session, *path, *details); });
-}
-
-void AddMakeFolder(CLI::App& app, Session& session)
-{
-    CLI::App* const command =
-        AddCommand(app, {kGroup, "mkdir", "Make a folder on the sign", "Example:\n  vxctl mkdir D:/T/NEW"});
-    const auto path = std::make_shared<std::string>();
-    AddSignPath(*command, "PATH", *path, "the folder")->required();
-    command->callback([&session, path] {
-        session.Connect();
-        Check(vxCreateDir(path->c_str()));
-    });
-}
-
-void Move(const Session& session, const std::string& from, std::string to)
-{
+    const std::string& from = args.Text("FROM");
+    std::string to = args.Text("TO");
     if (from.size() + to.size() > kLongestPaths)
         throw UsageError("both paths together have " + std::to_string(kLongestPaths) + " characters at most");
     const bool intoFolder = to.ends_with('\\') || to.ends_with('/');
     if (intoFolder && !to.ends_with(":\\"))
         to.pop_back();
-    session.Connect();
-    Check(!intoFolder && IsSameFolder(from, to) ? vxRename(from.c_str(), to.c_str())
-                                                : vxMove(from.c_str(), to.c_str()));
+    return !intoFolder && IsSameFolder(from, to) ? vxRename(from.c_str(), to.c_str())
+                                                 : vxMove(from.c_str(), to.c_str());
 }
 
-void AddMove(CLI::App& app, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        app, {kGroup, "mv", "Rename or move a file on the sign",
-              R"(Within one folder the file is renamed, otherwise moved. With a slash at its end TO is a folder.
-
-Examples:
-  vxctl mv D:/T/A.NMG B.NMG
-  vxctl mv D:/T/A.NMG E:/T/A.NMG
-  vxctl mv D:/T/A.NMG D:/T/OLD/)"});
-    const auto from = std::make_shared<std::string>();
-    const auto to = std::make_shared<std::string>();
-    AddSignPath(*command, "FROM", *from, "the file")->required();
-    AddSignPath(*command, "TO", *to, "its new name, path or folder")->required();
-    command->callback([&session, from, to] { Move(session, *from, *to); });
-}
+const Command kCommands[] = {
+    {
+        .name = "ls",
+        .help = "List a folder on the sign",
+        .details = "Folders end in a slash. A sign without long listings has short names, such as LONGNA~1.TXT.",
+        .examples = R"(vxctl ls D:/
+vxctl ls -l D:/T
+vxctl --json ls D:/T | jq -r '.entries[].name')",
+        .arguments = {SignPath("PATH", "the folder"), Flag("-l", "with size and time of the last change")},
+        .signs = Signs::kMany,
+        .run = List,
+    },
+    {
+        .name = "mkdir",
+        .help = "Make a folder on the sign",
+        .examples = "vxctl mkdir D:/T/NEW",
+        .arguments = {SignPath("PATH", "the folder")},
+        .signs = Signs::kMany,
+        .run = [](Session&, const Args& args) { return vxCreateDir(args.Text("PATH").c_str()); },
+    },
+    {
+        .name = "mv",
+        .help = "Rename or move a file on the sign",
+        .details = "Within one folder the file is renamed, otherwise moved. With a slash at its end TO is a folder.",
+        .examples = R"(vxctl mv D:/T/A.NMG B.NMG
+vxctl mv D:/T/A.NMG E:/T/A.NMG
+vxctl mv D:/T/A.NMG D:/T/OLD/)",
+        .arguments = {SignPath("FROM", "the file"), SignPath("TO", "its new name, path or folder")},
+        .signs = Signs::kMany,
+        .run = Move,
+    },
+};
 
 } // namespace
 
-void AddFolderCommands(CLI::App& app, Session& session)
-{
-    AddList(app, session);
-    AddMakeFolder(app, session);
-    AddMove(app, session);
-}
+const CommandTable kFolderCommands{"Files", kCommands};
 
 } // namespace vxctl

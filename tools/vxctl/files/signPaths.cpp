@@ -1,3 +1,4 @@
+// Takes paths on the sign apart.
 #include "vxctl/files/signPaths.h"
 
 #include "vxctl/cli/failure.h"

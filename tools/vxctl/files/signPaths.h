@@ -1,6 +1,8 @@
 // What a path on the sign says.
 #pragma once
 
+#include "vxctl/cli/argument.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -9,6 +11,9 @@ namespace vxctl {
 
 // The letter of "D", "d:" or "D:\", in upper case. Throws UsageError for anything else.
 char ParseDrive(std::string_view text);
+
+inline constexpr ArgumentType kDriveLetter{
+    "LETTER", [](const Argument&, const std::string& text) { return std::string(1, ParseDrive(text)); }};
 
 // Whether both name the same folder ahead of their last name, in whatever case. A name alone is in every folder.
 bool IsSameFolder(std::string_view from, std::string_view to);

@@ -1,3 +1,4 @@
+// Writes an animation.
 #include "vxctl/playlist/gif.h"
 
 #include "vxctl/cli/failure.h"

@@ -1,3 +1,4 @@
+// A play list by way of the library.
 #include "vxctl/playlist/playList.h"
 
 #include "vxctl/cli/failure.h"

@@ -1,6 +1,8 @@
 // The play list of a file, and its places.
 #pragma once
 
+#include "vxctl/cli/argument.h"
+
 #include <vxsign/playlist.h>
 
 #include <filesystem>
@@ -32,6 +34,8 @@ struct PlayListPlace
 // A path of the command line; the first slash may be missing. Throws UsageError for one with too many names, an empty
 // one, or with more bytes than the library looks at.
 PlayListPlace ParsePlace(std::string_view path);
+
+inline constexpr ArgumentType kListPlace{"PATH", Checked<ParsePlace>};
 
 // The play list of this thread, bound to a file. Its content files lie in the folder of that file.
 //

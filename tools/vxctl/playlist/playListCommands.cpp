@@ -1,6 +1,6 @@
-#include "vxctl/playlist/playListCommands.h"
-#include "vxctl/cli/command.h"
+// playlist: editing a list.
 #include "vxctl/cli/localFiles.h"
+#include "vxctl/cli/tables.h"
 #include "vxctl/playlist/playList.h"
 #include "vxctl/playlist/scheduleText.h"
 #include "vxctl/show/showCodes.h"
@@ -11,7 +11,6 @@
 #include <array>
 #include <filesystem>
 #include <limits>
-#include <memory>
 
 namespace vxctl {
 
@@ -21,27 +20,16 @@ namespace fs = std::filesystem;
 
 constexpr std::uint16_t kAtEnd = std::numeric_limits<std::uint16_t>::max();
 
-CLI::Option* AddPlace(CLI::App& app, PlayListPlace& place, const std::string& description)
+// The list as the command finds it: it is saved when the change is made.
+PlayList ListOf(const Args& args)
 {
-    return app
-        .add_option_function<std::string>(
-            "PATH", [&place](const std::string& path) { place = ParsePlace(path); }, description)
-        ->required()
-        ->type_name("PATH");
+    return PlayList::Open(args.Text("--list"));
 }
 
-CLI::Option* AddIndex(CLI::App& app, std::uint32_t& index)
+std::uint32_t Save(PlayList& list)
 {
-    return AddNumber(app, "--at", index, 0, 254, "position from 0 on; otherwise the end");
-}
-
-// What every command here does: opens the list, changes it, saves it.
-template <class Change>
-void Edit(const Session& session, Change change)
-{
-    PlayList list = PlayList::Open(session.options.playList);
-    change(list);
     list.Save();
+    return VX_OK;
 }
 
 // A file whose place in the list's folder is taken by another one is not overwritten.
@@ -58,236 +46,212 @@ void CopyInto(const fs::path& folder, const std::string& local, const std::strin
         throw UsageError("cannot copy " + local + " to " + folder.string() + ": " + error.message());
 }
 
-struct NewFiles
-{
-    std::vector<std::string> files;
-    PlayListPlace place;
-    std::uint32_t index = kAtEnd;
-    std::uint32_t times = 1;
-    std::uint32_t staySec = 0;
-    std::string entryMode;
-    std::string exitMode;
-};
-
 std::uint8_t ModeByte(const std::string& text)
 {
     return text.empty() ? std::uint8_t{0} : static_cast<std::uint8_t>(ParseMode(text));
 }
 
-void Add(PlayList& list, const NewFiles& wanted)
+// What --times, --stay, --in and --out say of every new file.
+VXPLAYLIST_FILE_INFO CommonOf(const Args& args)
 {
-    if (!wanted.place.file.empty())
-        throw UsageError("--to names a group: /GROUP/ or /GROUP/SUB/");
     VXPLAYLIST_FILE_INFO common{};
-    common.playTimes = static_cast<std::uint8_t>(wanted.times);
+    common.playTimes = args.Number<std::uint8_t>("--times");
     common.Drive = 'D';
-    common.PicStaySec = static_cast<std::uint16_t>(wanted.staySec);
-    common.PicInMode = ModeByte(wanted.entryMode);
-    common.PicOutMode = ModeByte(wanted.exitMode);
-    std::uint32_t index = wanted.index;
-    for (const std::string& local : wanted.files) {
-        const std::string name = fs::path(local).filename().string();
-        const std::string source = fs::absolute(local).lexically_normal().string();
-        VXPLAYLIST_FILE_INFO info = common;
-        if (name.size() >= sizeof info.fileName || source.size() >= sizeof info.pcFileName)
-            throw UsageError("the name of " + local + " is too long for a play list");
-        name.copy(info.fileName, name.size());
-        source.copy(info.pcFileName, source.size());
-        std::array<char, 64> path{};
-        std::array<char, 12> shortName{};
-        std::uint8_t folder = 0;
-        Check(vxMakeSignPath(local.c_str(), path.data(), path.size(), static_cast<std::uint8_t>(info.Drive), &folder,
-                             shortName.data()));
-        info.Type = static_cast<char>(folder);
-        list.AddFile(wanted.place, info, static_cast<std::uint16_t>(index));
-        index += index == kAtEnd ? 0 : 1;
-        CopyInto(list.Folder(), local, name);
+    common.PicStaySec = args.Number<std::uint16_t>("--stay");
+    common.PicInMode = ModeByte(args.Text("--in"));
+    common.PicOutMode = ModeByte(args.Text("--out"));
+    return common;
+}
+
+// With the names of a file on this PC, and the sign's folder for it.
+VXPLAYLIST_FILE_INFO InfoOf(VXPLAYLIST_FILE_INFO info, const std::string& local)
+{
+    const std::string name = fs::path(local).filename().string();
+    const std::string source = fs::absolute(local).lexically_normal().string();
+    if (name.size() >= sizeof info.fileName || source.size() >= sizeof info.pcFileName)
+        throw UsageError("the name of " + local + " is too long for a play list");
+    name.copy(info.fileName, name.size());
+    source.copy(info.pcFileName, source.size());
+    std::array<char, 64> path{};
+    std::array<char, 12> shortName{};
+    std::uint8_t folder = 0;
+    Check(vxMakeSignPath(local.c_str(), path.data(), path.size(), static_cast<std::uint8_t>(info.Drive), &folder,
+                         shortName.data()));
+    info.Type = static_cast<char>(folder);
+    return info;
+}
+
+std::uint32_t Add(Session& /*session*/, const Args& args)
+{
+    const PlayListPlace place = args.Has("--to") ? ParsePlace(args.Text("--to")) : PlayListPlace();
+    PlayList list = ListOf(args);
+    if (!place.file.empty())
+        throw UsageError("--to names a group: /GROUP/ or /GROUP/SUB/");
+    auto index = args.Number<std::uint16_t>("--at", kAtEnd);
+    for (const std::string& local : args.List("FILE")) {
+        list.AddFile(place, InfoOf(CommonOf(args), local), index);
+        index = static_cast<std::uint16_t>(index + (index == kAtEnd ? 0 : 1));
+        CopyInto(list.Folder(), local, fs::path(local).filename().string());
     }
+    return Save(list);
 }
 
-void AddAdd(CLI::App& app, const Session& session)
+std::uint32_t AddGroup(Session& /*session*/, const Args& args)
 {
-    CLI::App* const command = AddCommand(
-        app,
-        {"Edit", "add", "Add files",
-         R"(The files are copied beside the list. In the root new files always go to the end. Pictures take --stay, --in
-and --out; other files say these things themselves.
-
-Examples:
-  vxctl playlist add hello.nmg logo.bmp
-  vxctl playlist add --to /winter/ --stay 5 --in 3 snow.bmp)"});
-    const auto wanted = std::make_shared<NewFiles>();
-    command->add_option("FILE", wanted->files, "files on this PC")
-        ->type_name("FILE")
-        ->required()
-        ->check(ReadableFile());
-    command
-        ->add_option_function<std::string>(
-            "--to", [wanted](const std::string& path) { wanted->place = ParsePlace(path); },
-            "the group, /GROUP/ or /GROUP/SUB/; otherwise the root")
-        ->type_name("PATH");
-    AddIndex(*command, wanted->index);
-    AddNumber(*command, "--times", wanted->times, 1, 255, "plays in each turn")->default_str("1");
-    AddNumber(*command, "--stay", wanted->staySec, 0, 65535, "seconds that a picture stays")->default_str("0");
-    command->add_option("--in", wanted->entryMode, "how a picture enters: a character or its code")->type_name("MODE");
-    command->add_option("--out", wanted->exitMode, "how a picture leaves")->type_name("MODE");
-    command->callback([&session, wanted] { Edit(session, [&](PlayList& list) { Add(list, *wanted); }); });
+    PlayList list = ListOf(args);
+    list.AddGroup(ParsePlace(args.Text("PATH")), args.Number<std::uint8_t>("--type"),
+                  args.Number<std::uint16_t>("--at", kAtEnd));
+    return Save(list);
 }
 
-void AddGroup(CLI::App& app, const Session& session)
+std::uint32_t Remove(Session& /*session*/, const Args& args)
 {
-    CLI::App* const command = AddCommand(
-        app, {"Edit", "group", "Make a group, or a sub-group in one",
-              R"(The play type is the sign's own; for vxsim 1 is at random, anything else in the order of the list.
-
-Examples:
-  vxctl playlist group /winter/
-  vxctl playlist group /winter/night/ --type 1)"});
-    struct Wanted
-    {
-        PlayListPlace place;
-        std::uint32_t playType = 0;
-        std::uint32_t index = kAtEnd;
-    };
-    const auto wanted = std::make_shared<Wanted>();
-    AddPlace(*command, wanted->place, "/GROUP/ or /GROUP/SUB/");
-    AddNumber(*command, "--type", wanted->playType, 0, 255, "play type")->default_str("0");
-    AddIndex(*command, wanted->index);
-    command->callback([&session, wanted] {
-        Edit(session, [&](PlayList& list) {
-            list.AddGroup(wanted->place, static_cast<std::uint8_t>(wanted->playType),
-                          static_cast<std::uint16_t>(wanted->index));
-        });
-    });
+    PlayList list = ListOf(args);
+    list.Remove(ParsePlace(args.Text("PATH")));
+    return Save(list);
 }
 
-void AddRemove(CLI::App& app, const Session& session)
+std::uint32_t Move(Session& /*session*/, const Args& args)
 {
-    CLI::App* const command = AddCommand(app, {"Edit", "rm", "Take a file or a whole group out of the list",
-                                               "The files beside the list stay.\n\nExamples:\n"
-                                               "  vxctl playlist rm /hello.nmg\n  vxctl playlist rm /winter/"});
-    const auto place = std::make_shared<PlayListPlace>();
-    AddPlace(*command, *place, "a file, a group or a sub-group");
-    command->callback([&session, place] { Edit(session, [&](PlayList& list) { list.Remove(*place); }); });
+    PlayList list = ListOf(args);
+    const int steps = args.Number<int>("--by");
+    list.Move(ParsePlace(args.Text("PATH")), args.Text("DIRECTION") == "up" ? -steps : steps);
+    return Save(list);
 }
 
-void AddMove(CLI::App& app, const Session& session)
-{
-    CLI::App* const command =
-        AddCommand(app, {"Edit", "mv", "Move a file or group among its neighbours",
-                         "Examples:\n  vxctl playlist mv /logo.bmp up\n  vxctl playlist mv /winter/ down --by 3"});
-    struct Wanted
-    {
-        PlayListPlace place;
-        std::string direction;
-        std::uint32_t steps = 1;
-    };
-    const auto wanted = std::make_shared<Wanted>();
-    AddPlace(*command, wanted->place, "a file, a group or a sub-group");
-    command->add_option("DIRECTION", wanted->direction, "up or down")
-        ->type_name("")
-        ->required()
-        ->check(CLI::IsMember({"up", "down"}));
-    AddNumber(*command, "--by", wanted->steps, 1, 255, "places")->default_str("1");
-    command->callback([&session, wanted] {
-        const int steps = static_cast<int>(wanted->steps);
-        Edit(session, [&](PlayList& list) { list.Move(wanted->place, wanted->direction == "up" ? -steps : steps); });
-    });
-}
-
-struct NewSchedule
-{
-    PlayListPlace place;
-    std::string days;
-    std::string dates;
-    std::string hours;
-    bool clear = false;
-};
-
-void Schedule(PlayList& list, const NewSchedule& wanted)
+void AddSchedule(VXPLAYLIST_FILE_INFO& info, const Args& args)
 {
     constexpr std::size_t kMostSchedules = 255; // their count is one byte
-    const bool limited = !wanted.days.empty() || !wanted.dates.empty() || !wanted.hours.empty();
-    if (wanted.place.file.empty())
+    if (info.schCount >= kMostSchedules)
+        throw UsageError("a file has " + std::to_string(kMostSchedules) + " schedules at most");
+    info.SCH[info.schCount++] = MakeSchedule(args.Text("--days"), args.Text("--dates"), args.Text("--hours"));
+}
+
+std::uint32_t Schedule(Session& /*session*/, const Args& args)
+{
+    const PlayListPlace place = ParsePlace(args.Text("PATH"));
+    PlayList list = ListOf(args);
+    const bool limited = !args.Text("--days").empty() || !args.Text("--dates").empty() || !args.Text("--hours").empty();
+    if (place.file.empty())
         throw UsageError("schedules belong to files");
-    if (!limited && !wanted.clear)
+    if (!limited && !args.Has("--clear"))
         throw UsageError("give --days, --dates or --hours; or --clear");
-    list.Find(wanted.place);
-    auto info = list.Get(list.FilesOf(wanted.place), wanted.place.file);
+    list.Find(place);
+    auto info = list.Get(list.FilesOf(place), place.file);
     if (!info)
         throw UsageError("another sub-group has a file of that name, so this one is out of reach");
-    if (wanted.clear) {
+    if (args.Has("--clear")) {
         info->schCount = 0;
         std::fill(std::begin(info->SCH), std::end(info->SCH), SCH{});
     }
-    if (limited) {
-        if (info->schCount >= kMostSchedules)
-            throw UsageError("a file has " + std::to_string(kMostSchedules) + " schedules at most");
-        info->SCH[info->schCount++] = MakeSchedule(wanted.days, wanted.dates, wanted.hours);
-    }
-    list.Modify(wanted.place, *info);
+    if (limited)
+        AddSchedule(*info, args);
+    list.Modify(place, *info);
+    return Save(list);
 }
 
-void AddSchedule(CLI::App& app, const Session& session)
+std::uint32_t Make(Session& /*session*/, const Args& args)
 {
-    CLI::App* const command = AddCommand(
-        app,
-        {"Edit", "schedule", "Say when a file may play",
-         R"(Each call adds one schedule; the file plays whenever one of them holds, and always if it has none. What is
-left out is no limit. A sign that takes flat lists alone gets the first schedule alone.
-
-Examples:
-  vxctl playlist schedule /hello.nmg --days mon-fri --hours 07:00..19:30
-  vxctl playlist schedule /winter/snow.bmp --dates 2026-12-01..2027-02-28
-  vxctl playlist schedule /hello.nmg --clear)"});
-    const auto wanted = std::make_shared<NewSchedule>();
-    AddPlace(*command, wanted->place, "the file");
-    command->add_option("--days", wanted->days, "such as mon-fri or sat,sun")->type_name("DAYS");
-    command->add_option("--dates", wanted->dates, "such as 2026-12-01..2026-12-24")->type_name("SPAN");
-    command->add_option("--hours", wanted->hours, "such as 07:00..19:30 or 22:00..06:00")->type_name("SPAN");
-    command->add_flag("--clear", wanted->clear, "without the schedules it has");
-    command->callback([&session, wanted] { Edit(session, [&](PlayList& list) { Schedule(list, *wanted); }); });
+    const std::string& file = args.Text("--list");
+    std::error_code error;
+    if (fs::exists(file, error))
+        throw UsageError(file + " is there already");
+    PlayList::OpenOrMake(file);
+    return VX_OK;
 }
+
+constexpr Argument kAt = Number("--at", 0, 254, "position from 0 on; otherwise the end").In("N");
+
+const Command kCommands[] = {
+    {
+        .name = "playlist",
+        .help = "Edit, send and fetch play lists",
+        .details =
+            R"(A play list is a file on this PC, with the files that it plays beside it. A path in it is /FILE, /GROUP/,
+/GROUP/FILE, /GROUP/SUB/ or /GROUP/SUB/FILE.)",
+        .examples = R"(vxctl playlist -l shop/list.xml new
+vxctl playlist -l shop/list.xml add hello.nmg logo.bmp
+vxctl playlist -l shop/list.xml schedule /logo.bmp --days mon-fri --hours 07:00..19:30
+vxctl playlist -l shop/list.xml preview shop.gif
+vxctl playlist -l shop/list.xml send)",
+        .arguments = {WriteFile("-l,--list", "the list").Default("playlist.xml").From("VXLIST")},
+    },
+    {
+        .name = "playlist new",
+        .help = "Make an empty list",
+        .examples = "vxctl playlist -l shop/list.xml new",
+        .line = Line::kNone,
+        .run = Make,
+    },
+    {
+        .name = "playlist add",
+        .help = "Add files",
+        .details =
+            R"(The files are copied beside the list. In the root new files always go to the end. Pictures take --stay, --in
+and --out; other files say these things themselves.)",
+        .examples = R"(vxctl playlist add hello.nmg logo.bmp
+vxctl playlist add --to /winter/ --stay 5 --in 3 snow.bmp)",
+        .arguments = {ReadFile("FILE", "files on this PC").Repeated(),
+                      Of(kListPlace, "--to", "the group, /GROUP/ or /GROUP/SUB/; otherwise the root"), kAt,
+                      Number("--times", 1, 255, "plays in each turn").In("N").Default("1"),
+                      Number("--stay", 0, 65535, "seconds that a picture stays").In("SECONDS").Default("0"),
+                      Of(kModeCode, "--in", "how a picture enters: a character or its code"),
+                      Of(kModeCode, "--out", "how a picture leaves")},
+        .line = Line::kNone,
+        .run = Add,
+    },
+    {
+        .name = "playlist group",
+        .help = "Make a group, or a sub-group in one",
+        .details = "The play type is the sign's own; often 1 is at random, anything else in the order of the list.",
+        .examples = R"(vxctl playlist group /winter/
+vxctl playlist group /winter/night/ --type 1)",
+        .arguments = {Of(kListPlace, "PATH", "/GROUP/ or /GROUP/SUB/"),
+                      Number("--type", 0, 255, "play type").In("N").Default("0"), kAt},
+        .line = Line::kNone,
+        .run = AddGroup,
+    },
+    {
+        .name = "playlist schedule",
+        .help = "Say when a file may play",
+        .details =
+            R"(Each call adds one schedule; the file plays whenever one of them holds, and always if it has none. What is
+left out is no limit. A sign that takes flat lists alone gets the first schedule alone.)",
+        .examples = R"(vxctl playlist schedule /hello.nmg --days mon-fri --hours 07:00..19:30
+vxctl playlist schedule /winter/snow.bmp --dates 2026-12-01..2027-02-28
+vxctl playlist schedule /hello.nmg --clear)",
+        .arguments = {Of(kListPlace, "PATH", "the file"), Text("--days", "such as mon-fri or sat,sun").In("DAYS"),
+                      Text("--dates", "such as 2026-12-01..2026-12-24").In("SPAN"),
+                      Text("--hours", "such as 07:00..19:30 or 22:00..06:00").In("SPAN"),
+                      Flag("--clear", "without the schedules it has")},
+        .line = Line::kNone,
+        .run = Schedule,
+    },
+    {
+        .name = "playlist mv",
+        .help = "Move a file or group among its neighbours",
+        .examples = R"(vxctl playlist mv /logo.bmp up
+vxctl playlist mv /winter/ down --by 3)",
+        .arguments = {Of(kListPlace, "PATH", "a file, a group or a sub-group"),
+                      Choice("DIRECTION", "up|down", "towards the start, or the end"),
+                      Number("--by", 1, 255, "places").In("N").Default("1")},
+        .line = Line::kNone,
+        .run = Move,
+    },
+    {
+        .name = "playlist rm",
+        .help = "Take a file or a whole group out of the list",
+        .details = "The files beside the list stay.",
+        .examples = R"(vxctl playlist rm /hello.nmg
+vxctl playlist rm /winter/)",
+        .arguments = {Of(kListPlace, "PATH", "a file, a group or a sub-group")},
+        .line = Line::kNone,
+        .run = Remove,
+    },
+};
 
 } // namespace
 
-void AddPlayListCommands(CLI::App& app, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        app,
-        {"Play", "playlist", "Edit, send and fetch play lists",
-         R"(A play list is a file on this PC, with the files that it plays beside it. A path in it is /FILE, /GROUP/,
-/GROUP/FILE, /GROUP/SUB/ or /GROUP/SUB/FILE.
-
-Example:
-  vxctl playlist -l shop/list.xml new
-  vxctl playlist -l shop/list.xml add hello.nmg logo.bmp
-  vxctl playlist -l shop/list.xml schedule /logo.bmp --days mon-fri --hours 07:00..19:30
-  vxctl playlist -l shop/list.xml preview shop.gif
-  vxctl playlist -l shop/list.xml send)"});
-    command->require_subcommand(1);
-    command->add_option("-l,--list", session.options.playList, "the list")
-        ->envname("VXLIST")
-        ->type_name("FILE")
-        ->capture_default_str();
-    AddCommand(*command, {"Edit", "new", "Make an empty list", "Example:\n  vxctl playlist -l shop/list.xml new"})
-        ->callback([&session] {
-            const std::string& file = session.options.playList;
-            std::error_code error;
-            if (fs::exists(file, error))
-                throw UsageError(file + " is there already");
-            PlayList::OpenOrMake(file);
-        });
-    AddAdd(*command, session);
-    AddGroup(*command, session);
-    AddSchedule(*command, session);
-    AddMove(*command, session);
-    AddRemove(*command, session);
-    AddPlayListTree(*command, session);
-#ifdef VXCTL_HAS_PREVIEW
-    AddPlayListPreview(*command, session);
-#endif
-    AddPlayListTransfer(*command, session);
-}
+const CommandTable kPlayListCommands{"Play lists", kCommands};
 
 } // namespace vxctl

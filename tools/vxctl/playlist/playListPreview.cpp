@@ -1,11 +1,12 @@
+// playlist preview: what the list shows, without a sign.
 #include "vxctl/cli/clockTime.h"
 #include "vxctl/cli/command.h"
 #include "vxctl/cli/faceSize.h"
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/numbers.h"
+#include "vxctl/cli/tables.h"
 #include "vxctl/playlist/gif.h"
 #include "vxctl/playlist/playList.h"
-#include "vxctl/playlist/playListCommands.h"
 
 #include "sim/content/nmg.h"
 #include "sim/content/player.h"
@@ -13,7 +14,6 @@
 #include "sim/face/png.h"
 
 #include <algorithm>
-#include <memory>
 
 namespace vxctl {
 
@@ -26,8 +26,8 @@ constexpr std::uint64_t kFrameMs = 100;
 struct Wanted
 {
     std::string picture;
-    FaceSize size{128, 32};
-    std::uint32_t seconds = 20;
+    FaceSize size;
+    std::uint32_t seconds;
     std::optional<ClockTime> moment;
 };
 
@@ -180,52 +180,54 @@ void WriteSheet(const PlayList& list, const Wanted& wanted, const std::vector<vx
     target.Keep();
 }
 
-void Preview(Session& session, const Wanted& wanted)
+Wanted WantedBy(const Args& args)
 {
+    Wanted wanted{args.Text("FILE"), ParseFaceSize(args.Text("--size")), args.Number("--seconds"), {}};
+    if (args.Has("--at"))
+        wanted.moment = ReadTime(args.Text("--at"));
     const std::string extension = fs::path(wanted.picture).extension().string();
     if (extension != ".gif" && extension != ".png")
         throw UsageError("a preview is a .gif or a .png file");
-    const PlayList list = PlayList::Open(session.options.playList);
+    return wanted;
+}
+
+std::uint32_t Preview(Session& session, const Args& args)
+{
+    const Wanted wanted = WantedBy(args);
+    const PlayList list = PlayList::Open(args.Text("--list"));
     std::vector<vxsim::FileEntry> files;
     Collect(list, "/", files);
     session.report.Put("warnings", Examine(list, wanted, files, session.report));
     session.report.Put("files", files.size());
     session.report.Put("picture", wanted.picture);
-    if (extension == ".gif")
+    if (wanted.picture.ends_with(".gif"))
         WriteAnimation(list, wanted, files);
     else
         WriteSheet(list, wanted, files, session.report);
+    return VX_OK;
 }
+
+const Command kCommands[] = {
+    {
+        .name = "playlist preview",
+        .help = "Draw what the list shows, without a sign",
+        .details =
+            R"(As a .gif its first seconds, as a .png every file once, in columns. Groups play in the order of the list. Warns of
+files that are missing or cannot be shown, and of text that needs more than one page.)",
+        .examples = R"(vxctl playlist preview shop.gif
+vxctl playlist preview --size 192x64 shop.png
+vxctl playlist preview --at "2026-12-24 18:00" --seconds 60 christmas.gif)",
+        .arguments = {WriteFile("FILE", "the picture, .gif or .png"),
+                      Of(kFaceSize, "--size", "pixels of the face").Default("128x32"),
+                      Number("--seconds", 1, 600, "length of a .gif").In("SECONDS").Default("20"),
+                      Of(kTimeOrNow, "--at", "as of that time, by the schedules; otherwise every file plays (.gif)")},
+        .line = Line::kNone,
+        .run = Preview,
+    },
+};
 
 } // namespace
 
-void AddPlayListPreview(CLI::App& app, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        app,
-        {"Look", "preview", "Draw what the list shows, without a sign",
-         R"(As a .gif its first seconds, as a .png every file once, in columns. It is drawn as vxsim draws it, groups in the
-order of the list. Warns of files that are missing or cannot be shown, and of text that needs more than one page.
-
-Examples:
-  vxctl playlist preview shop.gif
-  vxctl playlist preview --size 192x64 shop.png
-  vxctl playlist preview --at "2026-12-24 18:00" --seconds 60 christmas.gif)"});
-    const auto wanted = std::make_shared<Wanted>();
-    command->add_option("FILE", wanted->picture, "the picture, .gif or .png")->type_name("FILE")->required();
-    AddFaceSize(*command, wanted->size)->default_str("128x32");
-    AddNumber(*command, "--seconds", wanted->seconds, 1, 600, "length of a .gif")->default_str("20");
-    command
-        ->add_option_function<std::string>(
-            "--at",
-            [wanted](const std::string& text) {
-                wanted->moment = ParseClockTime(text);
-                if (!wanted->moment)
-                    throw UsageError("--at is a time such as 2026-11-21 14:05");
-            },
-            "as of that time, by the schedules; otherwise every file plays (.gif)")
-        ->type_name("TIME");
-    command->callback([&session, wanted] { Preview(session, *wanted); });
-}
+const CommandTable kPlayListPreviewCommands{"Play lists", kCommands};
 
 } // namespace vxctl

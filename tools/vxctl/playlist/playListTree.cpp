@@ -1,6 +1,6 @@
-#include "vxctl/cli/command.h"
+// playlist ls: the list as a tree.
+#include "vxctl/cli/tables.h"
 #include "vxctl/playlist/playList.h"
-#include "vxctl/playlist/playListCommands.h"
 #include "vxctl/playlist/scheduleText.h"
 
 #include <algorithm>
@@ -98,17 +98,27 @@ private:
     const Report& report;
 };
 
+std::uint32_t ShowTree(Session& session, const Args& args)
+{
+    const PlayList list = PlayList::Open(args.Text("--list"));
+    session.report.Line(args.Text("--list"));
+    session.report.Put("entries", Tree(list, session.report).Show());
+    return VX_OK;
+}
+
+const Command kCommands[] = {
+    {
+        .name = "playlist ls",
+        .help = "Show the list as a tree, with its schedules in words",
+        .examples = R"(vxctl playlist ls
+vxctl --json playlist ls | jq '.entries[].file')",
+        .line = Line::kNone,
+        .run = ShowTree,
+    },
+};
+
 } // namespace
 
-void AddPlayListTree(CLI::App& app, Session& session)
-{
-    AddCommand(app, {"Look", "ls", "Show the list as a tree, with its schedules in words",
-                     "Examples:\n  vxctl playlist ls\n  vxctl --json playlist ls | jq '.entries[].file'"})
-        ->callback([&session] {
-            const PlayList list = PlayList::Open(session.options.playList);
-            session.report.Line(session.options.playList);
-            session.report.Put("entries", Tree(list, session.report).Show());
-        });
-}
+const CommandTable kPlayListTreeCommands{"Play lists", kCommands};
 
 } // namespace vxctl

@@ -1,3 +1,4 @@
+// Schedules from words and in words.
 #include "vxctl/playlist/scheduleText.h"
 
 #include "vxctl/cli/clockTime.h"

@@ -1,5 +1,6 @@
-#include "vxctl/cli/command.h"
+// play, playing, screenshot, volume: what the sign plays.
 #include "vxctl/cli/localFiles.h"
+#include "vxctl/cli/tables.h"
 #include "vxctl/files/signPaths.h"
 
 #include <vxsign/play.h>
@@ -7,14 +8,12 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <memory>
 #include <string_view>
 
 namespace vxctl {
 
 namespace {
 
-constexpr const char* kGroup = "Play";
 constexpr std::size_t kNameRoom = 256;
 
 struct Step
@@ -28,36 +27,13 @@ constexpr Step kSteps[] = {
     {"continue", vxPlayContinue}, {"replay", vxReplayList},
 };
 
-void Play(const Session& session, const std::string& what)
+std::uint32_t Play(Session& /*session*/, const Args& args)
 {
-    const auto* const step =
-        std::find_if(std::begin(kSteps), std::end(kSteps), [&what](const Step& row) { return row.name == what; });
-    if (step != std::end(kSteps)) {
-        session.Connect();
-        return Check(step->take());
-    }
-    const PlayFile file = ParsePlayFile(what);
-    session.Connect();
-    Check(vxPlayPriority(file.drive, file.folder, file.name.c_str()));
-}
-
-void AddPlay(CLI::App& app, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        app,
-        {kGroup, "play", "Steer what the sign plays",
-         R"(next, previous, pause, continue, replay (the play list from its start), or the file that is to play at once, ahead of
-all others: a name of up to 12 characters, or with its drive and folder D:/T/NAME.NMG.
-
-Examples:
-  vxctl play next
-  vxctl play HELLO.NMG
-  vxctl play E:/P/LOGO.BMP)"});
-    const auto what = std::make_shared<std::string>();
-    AddSignPath(*command, "WHAT", *what, "next, previous, pause, continue, replay, or a file on the sign")
-        ->required()
-        ->type_name("");
-    command->callback([&session, what] { Play(session, *what); });
+    const auto* const step = std::ranges::find(kSteps, args.Text("WHAT"), &Step::name);
+    if (step != std::end(kSteps))
+        return step->take();
+    const PlayFile file = ParsePlayFile(args.Text("WHAT"));
+    return vxPlayPriority(file.drive, file.folder, file.name.c_str());
 }
 
 // The name that the sign gives; "" when there is none.
@@ -72,61 +48,77 @@ std::string AskName(std::uint32_t (*ask)(char*, std::uint32_t))
     return {name.data(), ::strnlen(name.data(), name.size())};
 }
 
-void AddPlaying(CLI::App& app, Session& session)
+std::uint32_t ShowPlaying(Session& session, const Args& /*args*/)
 {
-    AddCommand(app, {kGroup, "playing", "Tell which file plays, and which one is next",
-                     "Examples:\n  vxctl playing\n  vxctl --json playing | jq -r .playing"})
-        ->callback([&session] {
-            session.Connect();
-            const std::string current = AskName(vxGetPlayingFileName);
-            const std::string next = AskName(vxGetNextPlayFileName);
-            session.report.Value("playing", "playing", current, current.empty() ? "nothing" : current);
-            session.report.Value("next", "next", next, next.empty() ? "nothing" : next);
-        });
+    const std::string current = AskName(vxGetPlayingFileName);
+    const std::string next = AskName(vxGetNextPlayFileName);
+    session.report.Value("playing", "playing", current, current.empty() ? "nothing" : current);
+    session.report.Value("next", "next", next, next.empty() ? "nothing" : next);
+    return VX_OK;
 }
 
-void AddScreenshot(CLI::App& app, Session& session)
+std::uint32_t TakeScreenshot(Session& session, const Args& args)
 {
-    CLI::App* const command = AddCommand(app, {kGroup, "screenshot", "Read a picture of the face",
-                                               R"(A JPEG of what the face shows now. FILE may be a folder.
-
-Example:
-  vxctl screenshot face.jpeg)"});
-    const auto local = std::make_shared<std::string>();
-    command->add_option("FILE", *local, "the file on this PC, or a folder")->type_name("FILE")->required();
-    command->callback([&session, local] {
-        const LocalTarget target(*local, "screenshot.jpeg");
-        session.Connect();
-        Check(vxReadCurScreenshot(target.Temporary().c_str()));
-        target.Keep();
-        session.report.Value("screenshot", "local", target.Final().string());
-    });
+    const LocalTarget target(args.Text("FILE"), "screenshot.jpeg");
+    Check(vxReadCurScreenshot(target.Temporary().c_str()));
+    target.Keep();
+    session.report.Value("screenshot", "local", target.Final().string());
+    return VX_OK;
 }
 
-void AddVolume(CLI::App& app, Session& session)
+std::uint32_t Volume(Session& session, const Args& args)
 {
-    CLI::App* const command = AddCommand(
-        app, {kGroup, "volume", "Set the volume, or tell it", "Examples:\n  vxctl volume\n  vxctl volume 30"});
-    const auto volume = std::make_shared<std::uint32_t>(0);
-    CLI::Option* const set = AddNumber(*command, "N", *volume, 0, 255, "the volume");
-    command->callback([&session, volume, set] {
-        session.Connect();
-        if (set->count() != 0)
-            return Check(vxAdjustVolume(static_cast<std::uint8_t>(*volume)));
-        std::uint8_t found = 0;
-        Check(vxReadCurVolume(&found));
-        session.report.Value("volume", "volume", found);
-    });
+    if (args.Has("N"))
+        return vxAdjustVolume(args.Number<std::uint8_t>("N"));
+    std::uint8_t found = 0;
+    Check(vxReadCurVolume(&found));
+    session.report.Value("volume", "volume", found);
+    return VX_OK;
 }
+
+const Command kCommands[] = {
+    {
+        .name = "play",
+        .help = "Play the next or previous file, pause, continue, replay, or play a file at once",
+        .details =
+            R"(next, previous, pause, continue, replay (the play list from its start), or the file that is to play at once, ahead of
+all others: a name of up to 12 characters, or with its drive and folder D:/T/NAME.NMG.)",
+        .examples = R"(vxctl play next
+vxctl play HELLO.NMG
+vxctl play E:/P/LOGO.BMP)",
+        .arguments = {SignPath("WHAT", "next, previous, pause, continue, replay, or a file on the sign").In("WHAT")},
+        .signs = Signs::kMany,
+        .run = Play,
+    },
+    {
+        .name = "playing",
+        .help = "Show which file plays, and which one is next",
+        .examples = R"(vxctl playing
+vxctl --json playing | jq -r .playing)",
+        .signs = Signs::kMany,
+        .run = ShowPlaying,
+    },
+    {
+        .name = "screenshot",
+        .help = "Read a picture of the face",
+        .details = "A JPEG of what the face shows now. FILE may be a folder.",
+        .examples = "vxctl screenshot face.jpeg",
+        .arguments = {WriteFile("FILE", "the file on this PC, or a folder")},
+        .run = TakeScreenshot,
+    },
+    {
+        .name = "volume",
+        .help = "Set the volume, or show it",
+        .examples = R"(vxctl volume
+vxctl volume 30)",
+        .arguments = {Number("N", 0, 255, "the volume").Optional()},
+        .signs = Signs::kMany,
+        .run = Volume,
+    },
+};
 
 } // namespace
 
-void AddPlayCommands(CLI::App& app, Session& session)
-{
-    AddPlay(app, session);
-    AddPlaying(app, session);
-    AddScreenshot(app, session);
-    AddVolume(app, session);
-}
+const CommandTable kPlayCommands{"Play", kCommands};
 
 } // namespace vxctl

@@ -1,3 +1,4 @@
+// Reads fonts, modes and colours.
 #include "vxctl/show/showCodes.h"
 
 #include "vxctl/cli/failure.h"

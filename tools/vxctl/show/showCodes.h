@@ -1,6 +1,8 @@
 // The codes in a message, as people write them.
 #pragma once
 
+#include "vxctl/cli/argument.h"
+
 #include <cstdint>
 #include <string_view>
 
@@ -16,6 +18,9 @@ std::uint32_t ParseMode(std::string_view text);
 // of the sign's own.
 std::uint32_t ParseColour(std::string_view text);
 
-// All throw UsageError for anything else.
+// All throw UsageError for anything else. The arguments:
+inline constexpr ArgumentType kFontCode{"FONT", Checked<ParseFont>};
+inline constexpr ArgumentType kModeCode{"MODE", Checked<ParseMode>};
+inline constexpr ArgumentType kColourCode{"COLOUR", Checked<ParseColour>};
 
 } // namespace vxctl

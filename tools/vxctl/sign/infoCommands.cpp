@@ -1,6 +1,8 @@
-#include "vxctl/cli/command.h"
+// info: what the sign says of itself.
+#include "vxctl/cli/bytes.h"
 #include "vxctl/cli/fieldText.h"
 #include "vxctl/cli/numbers.h"
+#include "vxctl/cli/tables.h"
 
 #include <vxsign/properties.h>
 #include <vxsign/read.h>
@@ -13,8 +15,6 @@
 namespace vxctl {
 
 namespace {
-
-constexpr const char* kGroup = "State";
 
 // One part of what a sign tells of itself. show is called after read gave 0.
 struct Part
@@ -86,8 +86,7 @@ private:
     {
         if (style[14] != 255)
             return style[14];
-        return style[16] | static_cast<std::uint32_t>(style[17]) << 8U | static_cast<std::uint32_t>(style[18]) << 16U |
-               static_cast<std::uint32_t>(style[19]) << 24U;
+        return Load32(style, 16);
     }
 };
 
@@ -121,9 +120,8 @@ void ShowCommunication(Report& report, const vxCommunicationSet& set)
     report.Line("settings            " + FormatHex(settings.data(), settings.size()));
 }
 
-void Info(Session& session)
+std::uint32_t Info(Session& session, const Args& /*args*/)
 {
-    session.Connect();
     Report& report = session.report;
     SignRecords sign;
     const auto showIdentity = [&] {
@@ -154,22 +152,25 @@ void Info(Session& session)
                 }},
                {"communication", "communication", [&] { return vxReadCommunicationSet(&sign.communication); },
                 [&] { ShowCommunication(report, sign.communication); }}});
+    return VX_OK;
 }
+
+const Command kCommands[] = {
+    {
+        .name = "info",
+        .help = "Show what the sign says of itself",
+        .details =
+            R"(Properties, serial number, board, brightness and communication settings. A part that the sign refuses is shown as
+refused; the exit status is 0 when anything could be read.)",
+        .examples = R"(vxctl info
+vxctl --json info | jq .serialNumber)",
+        .signs = Signs::kMany,
+        .run = Info,
+    },
+};
 
 } // namespace
 
-void AddInfoCommands(CLI::App& app, Session& session)
-{
-    AddCommand(
-        app,
-        {kGroup, "info", "Tell what the sign says of itself",
-         R"(Properties, serial number, board, brightness and communication settings. A part that the sign refuses is shown as
-refused; the exit status is 0 when anything could be read.
-
-Examples:
-  vxctl info
-  vxctl --json info | jq .serialNumber)"})
-        ->callback([&session] { Info(session); });
-}
+const CommandTable kInfoCommands{"State", kCommands};
 
 } // namespace vxctl

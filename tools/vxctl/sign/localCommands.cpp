@@ -1,10 +1,9 @@
-#include "vxctl/cli/command.h"
+// ports, error: what this PC knows without a sign.
 #include "vxctl/cli/numbers.h"
+#include "vxctl/cli/tables.h"
 
 #include <vxsign/local.h>
 
-#include <algorithm>
-#include <memory>
 #include <sstream>
 #include <vector>
 
@@ -12,9 +11,7 @@ namespace vxctl {
 
 namespace {
 
-constexpr const char* kGroup = "This PC";
-
-void Ports(Session& session)
+std::uint32_t ListPorts(Session& session, const Args& /*args*/)
 {
     // One byte more than the library may fill: a list that fills its room has no end of its own.
     std::vector<char> list(16384 + 1);
@@ -28,10 +25,12 @@ void Ports(Session& session)
     for (const auto& port : ports)
         session.report.Line(port.get<std::string>());
     session.report.Put("ports", std::move(ports));
+    return VX_OK;
 }
 
-void Explain(Session& session, std::uint32_t code)
+std::uint32_t ExplainError(Session& session, const Args& args)
 {
+    const std::uint32_t code = args.Number("CODE");
     const std::string meaning = vxErrorDesc(code);
     const std::string advice(AdviceFor(code));
     session.report.Line(std::to_string(code) + " (" + FormatWord(code) + "): " + meaning);
@@ -40,21 +39,31 @@ void Explain(Session& session, std::uint32_t code)
     session.report.Put("code", code);
     session.report.Put("meaning", meaning);
     session.report.Put("try", advice);
+    return VX_OK;
 }
+
+const Command kCommands[] = {
+    {
+        .name = "ports",
+        .help = "List the serial ports of this PC",
+        .details = "Names that serial: takes, such as serial:ttyUSB0@115200.",
+        .examples = "vxctl ports",
+        .line = Line::kNone,
+        .run = ListPorts,
+    },
+    {
+        .name = "error",
+        .help = "Explain a result word, and what to try",
+        .examples = R"(vxctl error 20736
+vxctl error 0x9030)",
+        .arguments = {Number("CODE", 0, UINT32_MAX, "the result word, decimal or with 0x")},
+        .line = Line::kNone,
+        .run = ExplainError,
+    },
+};
 
 } // namespace
 
-void AddLocalCommands(CLI::App& app, Session& session)
-{
-    AddCommand(app, {kGroup, "ports", "List the serial ports of this PC",
-                     "Names that serial: takes, such as serial:ttyUSB0@115200.\n\nExample:\n  vxctl ports"})
-        ->callback([&session] { Ports(session); });
-
-    CLI::App* const error = AddCommand(
-        app, {kGroup, "error", "Explain a result word", "Examples:\n  vxctl error 20736\n  vxctl error 0x9030"});
-    const auto code = std::make_shared<std::uint32_t>(0);
-    AddNumber(*error, "CODE", *code, 0, UINT32_MAX, "the result word, decimal or with 0x")->required();
-    error->callback([&session, code] { Explain(session, *code); });
-}
+const CommandTable kLocalCommands{"This PC", kCommands};
 
 } // namespace vxctl

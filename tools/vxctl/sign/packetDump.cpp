@@ -1,5 +1,7 @@
+// Shows the fields of a packet.
 #include "vxctl/sign/packetDump.h"
 
+#include "vxctl/cli/bytes.h"
 #include "vxctl/cli/numbers.h"
 
 #include <algorithm>
@@ -37,8 +39,7 @@ constexpr Field kHeader[] = {
 
 std::uint32_t ValueOf(const std::vector<std::uint8_t>& packet, const Field& field)
 {
-    return field.size == 1 ? packet[field.offset]
-                           : packet[field.offset] | static_cast<std::uint32_t>(packet[field.offset + 1]) << 8U;
+    return LoadNumber(packet, field.offset, field.size);
 }
 
 std::size_t PayloadSize(const std::vector<std::uint8_t>& packet)

@@ -1,12 +1,12 @@
-#include "vxctl/cli/command.h"
+// ping: how long the sign takes to answer.
 #include "vxctl/cli/progressBar.h"
+#include "vxctl/cli/tables.h"
 
 #include <vxsign/test.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <memory>
 #include <numeric>
 #include <vector>
 
@@ -38,8 +38,9 @@ void ShowTimes(Report& report, const std::vector<double>& times, std::uint32_t s
     report.Line(line);
 }
 
-void Ping(Session& session, std::uint32_t count)
+std::uint32_t Ping(Session& session, const Args& args)
 {
+    const std::uint32_t count = args.Number("--count");
     session.options.retries = 1; // a second try would hide in the time of the first
     session.Connect();
     std::vector<double> times;
@@ -61,26 +62,27 @@ void Ping(Session& session, std::uint32_t count)
     }
     ShowTimes(session.report, times, sent);
     // Some answers will do, but not when the sign refuses or Ctrl-C ends it.
-    if (times.empty() || result != VX_COMMUNICATION)
-        Check(result);
+    return times.empty() || result != VX_COMMUNICATION ? result : static_cast<std::uint32_t>(VX_OK);
 }
+
+const Command kCommands[] = {
+    {
+        .name = "ping",
+        .help = "Measure how long the sign takes to answer",
+        .details =
+            R"(Each line has the time from request to answer and the three numbers of the sign's. Each is tried once: --retries does
+not apply. The exit status is 0 when anything was answered.)",
+        .examples = R"(vxctl ping
+vxctl ping -n 100 --timeout 500)",
+        .arguments = {Number("-n,--count", 1, 1000000, "how often").In("COUNT").Default("4")},
+        .line = Line::kOwn,
+        .signs = Signs::kMany,
+        .run = Ping,
+    },
+};
 
 } // namespace
 
-void AddPingCommand(CLI::App& app, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        app,
-        {"Protocol", "ping", "Measure how long the sign takes to answer",
-         R"(Each line has the time from request to answer and the three numbers of the sign's. Each is tried once: --retries does
-not apply. The exit status is 0 when anything was answered.
-
-Examples:
-  vxctl ping
-  vxctl ping -n 100 --timeout 500)"});
-    const auto count = std::make_shared<std::uint32_t>(4);
-    AddNumber(*command, "-n,--count", *count, 1, 1000000, "how often")->default_str("4");
-    command->callback([&session, count] { Ping(session, *count); });
-}
+const CommandTable kPingCommands{"Protocol", kCommands};
 
 } // namespace vxctl

@@ -1,5 +1,7 @@
+// Asks for warnings, drives and clock.
 #include "vxctl/state/condition.h"
 
+#include "vxctl/cli/bytes.h"
 #include "vxctl/cli/collected.h"
 #include "vxctl/cli/failure.h"
 
@@ -45,9 +47,7 @@ std::uint32_t ReadWarnings(std::vector<Warning>& warnings)
 
 std::uint64_t DriveSpace::Unit() const
 {
-    const std::uint32_t unit = further[0] | static_cast<std::uint32_t>(further[1]) << 8U |
-                               static_cast<std::uint32_t>(further[2]) << 16U |
-                               static_cast<std::uint32_t>(further[3]) << 24U;
+    const std::uint32_t unit = Load32(further, 0);
     return unit != 0 ? unit : kUsualUnit;
 }
 

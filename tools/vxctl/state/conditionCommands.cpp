@@ -1,9 +1,10 @@
+// status, warnings: how the sign is.
 #include "vxctl/cli/collected.h"
-#include "vxctl/cli/command.h"
 #include "vxctl/cli/fieldText.h"
 #include "vxctl/cli/numbers.h"
 #include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/shown.h"
+#include "vxctl/cli/tables.h"
 #include "vxctl/cli/textTable.h"
 #include "vxctl/state/condition.h"
 
@@ -14,14 +15,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <memory>
 #include <optional>
 
 namespace vxctl {
 
 namespace {
-
-constexpr const char* kGroup = "State";
 
 // What vxReadStatusInfo hands over.
 struct Status
@@ -42,7 +40,7 @@ std::uint32_t TakeStatus(std::uint32_t /*user*/, const vxStatusRecord* record, c
     return 0;
 }
 
-// The state as vxsim counts it.
+// The state as signs in the field count it.
 std::string StateWords(std::uint8_t mode)
 {
     static constexpr std::array kWords = {"bad pixels", "hot tiles", "door open", "no power", "dark face"};
@@ -119,9 +117,23 @@ TextTable TableOf(const std::vector<Warning>& warnings)
     return table;
 }
 
-void ShowStatus(Session& session)
+// A sign without a report is no failure.
+void ShowWarningLines(Report& report)
 {
-    session.Connect();
+    std::vector<Warning> warnings;
+    const std::uint32_t read = ReadWarnings(warnings);
+    if (read != VX_OK)
+        return report.Line(std::string("warnings            ") + vxErrorDesc(read));
+    if (report.IsJson())
+        return TableOf(warnings).Show(report, "warnings");
+    report.Line("warnings            " +
+                (warnings.empty() ? Toned("none", Tone::kFine) : Toned(std::to_string(warnings.size()), Tone::kWrong)));
+    for (const Warning& warning : warnings)
+        report.Line("  " + Toned(warning.where + ": " + warning.what + " " + warning.value, Tone::kWrong));
+}
+
+std::uint32_t ShowStatus(Session& session, const Args& /*args*/)
+{
     Report& report = session.report;
     Status found;
     status = &found;
@@ -133,16 +145,8 @@ void ShowStatus(Session& session)
     ShowPower(report);
     ShowClock(report);
     ShowDrives(report);
-    std::vector<Warning> warnings;
-    const std::uint32_t read = ReadWarnings(warnings);
-    if (read != VX_OK)
-        return report.Line(std::string("warnings            ") + vxErrorDesc(read));
-    if (report.IsJson())
-        return TableOf(warnings).Show(report, "warnings");
-    report.Line("warnings            " +
-                (warnings.empty() ? Toned("none", Tone::kFine) : Toned(std::to_string(warnings.size()), Tone::kWrong)));
-    for (const Warning& warning : warnings)
-        report.Line("  " + Toned(warning.where + ": " + warning.what + " " + warning.value, Tone::kWrong));
+    ShowWarningLines(report);
+    return VX_OK;
 }
 
 // The ring goes to a new file, since the sign deletes its own.
@@ -164,12 +168,12 @@ void ShowRing(Report& report, const std::string& local)
         table.Show(report, "ring");
 }
 
-void ShowWarnings(Session& session, const std::string& ring)
+std::uint32_t ShowWarnings(Session& session, const Args& args)
 {
+    const std::string& ring = args.Text("--ring");
     std::error_code error;
     if (!ring.empty() && std::filesystem::exists(ring, error))
         throw UsageError(ring + " is there already: what the sign gives away wants a new file");
-    session.Connect();
     std::vector<Warning> warnings;
     Check(ReadWarnings(warnings));
     if (warnings.empty())
@@ -178,34 +182,37 @@ void ShowWarnings(Session& session, const std::string& ring)
         TableOf(warnings).Show(session.report, "warnings");
     if (!ring.empty())
         ShowRing(session.report, ring);
+    return VX_OK;
 }
+
+const Command kCommands[] = {
+    {
+        .name = "status",
+        .help = "Show on one screen how the sign is",
+        .details =
+            R"(What is wrong is red on a terminal; NO_COLOR in the environment turns colours off. State and measurements are read in
+the usual way; a sign may mean something else. The JSON has the four values as they are.)",
+        .examples = R"(vxctl status
+vxctl --json status | jq .warnings)",
+        .signs = Signs::kMany,
+        .run = ShowStatus,
+    },
+    {
+        .name = "warnings",
+        .help = "Show what the sign warns of",
+        .details =
+            R"(What its report says now. --ring shows the sign's ring of former warnings too; the sign deletes it when it is read, so
+that it goes to a new file of this PC.)",
+        .examples = R"(vxctl warnings
+vxctl warnings --ring warnings.ring --json)",
+        .arguments = {WriteFile("--ring", "take the ring off the sign, into this new file")},
+        .signs = Signs::kMany,
+        .run = ShowWarnings,
+    },
+};
 
 } // namespace
 
-void AddConditionCommands(CLI::App& app, Session& session)
-{
-    AddCommand(
-        app,
-        {kGroup, "status", "Tell on one screen how the sign is",
-         R"(What is wrong is red on a terminal; NO_COLOR in the environment turns colours off. State and measurements are read as
-vxsim means them; a sign may mean something else. The JSON has the four values as they are.
-
-Examples:
-  vxctl status
-  vxctl --json status | jq .warnings)"})
-        ->callback([&session] { ShowStatus(session); });
-    CLI::App* const command = AddCommand(
-        app,
-        {kGroup, "warnings", "Tell what the sign warns of",
-         R"(What its report says now. --ring shows the sign's ring of former warnings too; the sign deletes it when it is read, so
-that it goes to a new file of this PC.
-
-Examples:
-  vxctl warnings
-  vxctl warnings --ring warnings.ring --json)"});
-    const auto ring = std::make_shared<std::string>();
-    command->add_option("--ring", *ring, "take the ring off the sign, into this new file")->type_name("FILE");
-    command->callback([&session, ring] { ShowWarnings(session, *ring); });
-}
+const CommandTable kConditionCommands{"State", kCommands};
 
 } // namespace vxctl

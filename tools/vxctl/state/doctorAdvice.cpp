@@ -1,3 +1,4 @@
+// All causes and next commands.
 #include "vxctl/state/doctorAdvice.h"
 
 #include <algorithm>

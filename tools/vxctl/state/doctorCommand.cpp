@@ -1,6 +1,7 @@
-#include "vxctl/cli/command.h"
+// doctor: what is wrong, and what to look at next.
 #include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/shown.h"
+#include "vxctl/cli/tables.h"
 #include "vxctl/state/condition.h"
 #include "vxctl/state/doctorAdvice.h"
 #include "vxctl/state/signTable.h"
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <memory>
 
 namespace vxctl {
 
@@ -221,37 +221,44 @@ private:
 };
 
 // Without a sign.
-void ListAdvice(Report& report)
+std::uint32_t ListAdvice(Report& report)
 {
     TextTable table({{"check"}, {"cause"}, {"next"}});
     for (const DoctorAdvice& advice : AllDoctorAdvice())
         table.Add({std::string(advice.check), advice.cause.empty() ? "as the sign tells" : std::string(advice.cause),
                    NextCommand(advice, advice.usual)});
     table.Show(report, "advice");
+    return VX_OK;
 }
+
+std::uint32_t Doctor(Session& session, const Args& args)
+{
+    if (args.Has("--list"))
+        return ListAdvice(session.report);
+    Examination(session).Run();
+    return VX_OK;
+}
+
+const Command kCommands[] = {
+    {
+        .name = "doctor",
+        .help = "Look for what is wrong, and say what to do",
+        .details =
+            R"(Looks at line, protocol, clock, drives, storage, pixels and warnings. Each finding has its cause and the next command.
+Neither doctor nor what it advises changes anything on the sign; where only a change helps, it names the help that tells
+how. --list shows all that it may advise, and asks no sign. The exit status is 0 when the sign could be examined,
+whatever was found.)",
+        .examples = R"(vxctl doctor
+vxctl --json doctor | jq .well)",
+        .arguments = {Flag("--list", "show all that may be advised")},
+        .line = Line::kOwn,
+        .signs = Signs::kMany,
+        .run = Doctor,
+    },
+};
 
 } // namespace
 
-void AddDoctorCommand(CLI::App& app, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        app,
-        {"State", "doctor", "Look for what is wrong, and tell what to do",
-         R"(Looks at line, protocol, clock, drives, storage, pixels and warnings. Each finding has its cause and the next command.
-Neither doctor nor what it advises changes anything on the sign; where only a change helps, it names the help that tells
-how. --list tells all that it may advise, and asks no sign. The exit status is 0 when the sign could be examined,
-whatever was found.
-
-Examples:
-  vxctl doctor
-  vxctl --json doctor | jq .well)"});
-    const auto listAlone = std::make_shared<bool>(false);
-    command->add_flag("--list", *listAlone, "tell all that may be advised");
-    command->callback([&session, listAlone] {
-        if (*listAlone)
-            return ListAdvice(session.report);
-        Examination(session).Run();
-    });
-}
+const CommandTable kDoctorCommands{"State", kCommands};
 
 } // namespace vxctl

@@ -1,15 +1,14 @@
+// log: the logs of the sign.
 #include "vxctl/cli/collected.h"
-#include "vxctl/cli/command.h"
 #include "vxctl/cli/fieldText.h"
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/progressBar.h"
+#include "vxctl/cli/tables.h"
 #include "vxctl/state/signTable.h"
 
 #include <vxsign/log.h>
 
 #include <algorithm>
-#include <limits>
-#include <memory>
 
 namespace vxctl {
 
@@ -19,8 +18,7 @@ struct Wanted
 {
     std::string log;
     std::string from;
-    bool csv = false;
-    std::uint32_t limit = std::numeric_limits<std::uint32_t>::max();
+    std::uint32_t limit;
 };
 
 // A log that is a table of the sign's database.
@@ -146,58 +144,64 @@ void CheckSource(const Wanted& wanted)
         throw UsageError("--from is old, new or lanes for radar, first or second for battery");
 }
 
-void ShowLog(Session& session, const Wanted& wanted)
+TextTable ReadLog(const Wanted& wanted)
 {
-    CheckSource(wanted);
-    if (wanted.csv && session.report.IsJson())
-        throw UsageError("--csv and --json exclude each other");
-    const auto read = [&wanted] {
-        const std::vector<TableLog> logs = TableLogs();
-        const auto log =
-            std::find_if(logs.begin(), logs.end(), [&](const TableLog& row) { return row.log == wanted.log; });
-        if (log != logs.end())
-            return ReadDatabase(*log, wanted);
-        const TemporaryFolder folder;
-        return wanted.log == "radar" ? ReadRadar(wanted, folder.Path()) : ReadBattery(wanted, folder.Path());
-    };
-    const auto readWithBar = [&] {
-        const ProgressBar bar(wanted.log, session.report.IsJson());
-        const bool isFile = wanted.log == "radar" || wanted.log == "battery";
-        session.Connect(isFile ? ProgressBar::OnProgress : nullptr);
-        return read();
-    };
-    const TextTable table = readWithBar();
-    if (table.Size() == 0 && !wanted.csv)
-        session.report.Line("the log has no rows");
-    if (table.Size() != 0 || wanted.csv || session.report.IsJson())
-        table.Show(session.report, "rows", wanted.csv ? TableForm::kCsv : TableForm::kColumns);
+    const std::vector<TableLog> logs = TableLogs();
+    const auto log = std::ranges::find(logs, wanted.log, &TableLog::log);
+    if (log != logs.end())
+        return ReadDatabase(*log, wanted);
+    const TemporaryFolder folder;
+    return wanted.log == "radar" ? ReadRadar(wanted, folder.Path()) : ReadBattery(wanted, folder.Path());
 }
+
+// Pages of a table count on the bar themselves; of a file the library tells how much of it has come.
+TextTable ReadWithBar(const Session& session, const Wanted& wanted)
+{
+    const ProgressBar bar(wanted.log, session.report.IsJson());
+    const bool isFile = wanted.log == "radar" || wanted.log == "battery";
+    session.Connect(isFile ? ProgressBar::OnProgress : nullptr);
+    return ReadLog(wanted);
+}
+
+std::uint32_t ShowLog(Session& session, const Args& args)
+{
+    const Wanted wanted{args.Text("LOG"), args.Text("--from"), args.Number("--limit", UINT32_MAX)};
+    const bool csv = args.Has("--csv");
+    CheckSource(wanted);
+    if (csv && session.report.IsJson())
+        throw UsageError("--csv and --json exclude each other");
+    const TextTable table = ReadWithBar(session, wanted);
+    if (table.Size() == 0 && !csv)
+        session.report.Line("the log has no rows");
+    if (table.Size() != 0 || csv || session.report.IsJson())
+        table.Show(session.report, "rows", csv ? TableForm::kCsv : TableForm::kColumns);
+    return VX_OK;
+}
+
+const Command kCommands[] = {
+    {
+        .name = "log",
+        .help = "Read a log of plays, system, temperatures, tiles, events, radar or batteries",
+        .details =
+            R"(play, system, temperature, tile and event are tables of the sign's database, radar and battery are files. The sign
+keeps them all, except for the radar logs new and lanes, which it deletes as soon as they are read. The columns of the
+tile table, the radar and the battery mean what the sign means by them.)",
+        .examples = R"(vxctl log play --limit 20
+vxctl log temperature --csv >temperatures.csv
+vxctl log event --json | jq '.rows[] | select(.status == 1)'
+vxctl log radar --from lanes --csv >>lanes.csv)",
+        .arguments = {Choice("LOG", "play|system|temperature|tile|event|radar|battery", "which one"),
+                      Flag("--csv", "comma-separated values, with a first line that names them"),
+                      Number("--limit", 1, UINT32_MAX, "the latest rows only, otherwise all").In("N"),
+                      Text("--from", "radar: old, new or lanes; battery: first or second").In("SOURCE")},
+        .line = Line::kOwn,
+        .signs = Signs::kMany,
+        .run = ShowLog,
+    },
+};
 
 } // namespace
 
-void AddLogCommands(CLI::App& app, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        app,
-        {"State", "log", "Read a log of the sign",
-         R"(play, system, temperature, tile and event are tables of the sign's database, radar and battery are files. The sign
-keeps them all, except for the radar logs new and lanes, which it deletes as soon as they are read. The columns of the
-tile table, the radar and the battery mean what the sign means by them.
-
-Examples:
-  vxctl log play --limit 20
-  vxctl log temperature --csv >temperatures.csv
-  vxctl log event --json | jq '.rows[] | select(.status == 1)'
-  vxctl log radar --from lanes --csv >>lanes.csv)"});
-    const auto wanted = std::make_shared<Wanted>();
-    command->add_option("LOG", wanted->log, "play, system, temperature, tile, event, radar or battery")
-        ->required()
-        ->check(CLI::IsMember({"play", "system", "temperature", "tile", "event", "radar", "battery"}));
-    command->add_flag("--csv", wanted->csv, "comma-separated values, with a first line that names them");
-    AddNumber(*command, "--limit", wanted->limit, 1, std::numeric_limits<std::uint32_t>::max(), "the latest rows only")
-        ->default_str("all");
-    command->add_option("--from", wanted->from, "radar: old, new or lanes; battery: first or second");
-    command->callback([&session, wanted] { ShowLog(session, *wanted); });
-}
+const CommandTable kLogCommands{"State", kCommands};
 
 } // namespace vxctl

@@ -1,36 +1,28 @@
+// pixels: the sign's check of its pixels.
 #include "vxctl/state/pixelMap.h"
 
 #include "vxctl/cli/collected.h"
-#include "vxctl/cli/command.h"
 #include "vxctl/cli/fieldText.h"
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/numbers.h"
 #include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/shown.h"
+#include "vxctl/cli/tables.h"
 #include "vxctl/state/signTable.h"
 
 #include <vxsign/pixel.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <memory>
 
 namespace vxctl {
 
 namespace {
 
-struct Wanted
-{
-    std::string picture;
-    FaceSize size;
-    bool last = false;
-};
-
-std::vector<BadPixel> RunCheck(Session& session)
+std::vector<BadPixel> RunCheck(const Session& session)
 {
     const TemporaryFolder folder;
     const ProgressBar bar("pixel check", session.report.IsJson());
-    session.Connect(ProgressBar::OnProgress);
     Check(vxReadPixelInfo(folder.Path().c_str(), 0, VX_PIXELS_FROM_CSV, CollectForUser<vxPixelRow>));
     std::vector<BadPixel> found;
     for (const vxPixelRow& row : TakeCollected<vxPixelRow>())
@@ -38,9 +30,8 @@ std::vector<BadPixel> RunCheck(Session& session)
     return found;
 }
 
-std::vector<BadPixel> ReadLast(const Session& session)
+std::vector<BadPixel> ReadLast()
 {
-    session.Connect();
     std::vector<BadPixel> found;
     for (const bool signal : {false, true}) {
         const SignTable table{signal ? "PixelSignalErr" : "PixelStatus", "X,Y,Status,DateTime", 4};
@@ -50,10 +41,22 @@ std::vector<BadPixel> ReadLast(const Session& session)
     return found;
 }
 
-void Pixels(Session& session, const Wanted& wanted)
+#ifdef VXCTL_HAS_PREVIEW
+void DrawPixels(Report& report, const std::vector<BadPixel>& found, const Args& args)
+{
+    const FaceSize size = args.Has("--size") ? ParseFaceSize(args.Text("--size")) : FaceSize{};
+    const std::size_t outside = WritePixelMap(found, size, args.Text("--png"));
+    report.Put("picture", args.Text("--png"));
+    report.Put("outside", outside);
+    if (outside != 0)
+        report.Line(std::to_string(outside) + " of them are outside the picture: see --size");
+}
+#endif
+
+std::uint32_t ShowPixels(Session& session, const Args& args)
 {
     Report& report = session.report;
-    const std::vector<BadPixel> found = wanted.last ? ReadLast(session) : RunCheck(session);
+    const std::vector<BadPixel> found = args.Has("--last") ? ReadLast() : RunCheck(session);
     TextTable table({{"x", true}, {"y", true}, {"kind"}, {"status"}, {"time"}});
     for (const BadPixel& pixel : found)
         table.Add({std::to_string(pixel.x), std::to_string(pixel.y), pixel.isSignal ? "signal" : "pixel", pixel.status,
@@ -63,38 +66,37 @@ void Pixels(Session& session, const Wanted& wanted)
     if (!found.empty() || report.IsJson())
         table.Show(report, "pixels");
 #ifdef VXCTL_HAS_PREVIEW
-    if (!wanted.picture.empty()) {
-        const std::size_t outside = WritePixelMap(found, wanted.size, wanted.picture);
-        report.Put("picture", wanted.picture);
-        report.Put("outside", outside);
-        if (outside != 0)
-            report.Line(std::to_string(outside) + " of them are outside the picture: see --size");
-    }
+    if (args.Has("--png"))
+        DrawPixels(report, found, args);
 #endif
+    return VX_OK;
 }
+
+const Command kCommands[] = {
+    {
+        .name = "pixels",
+        .help = "Let the sign check its pixels, and show the bad ones",
+        .details =
+            R"(Takes as long as the sign takes; --last shows at once what the last check has found. --png draws the face with its bad
+pixels lit in the colours of their bad lamps, white when the sign names none. Without --size the picture has 128x32
+pixels, and more where the bad ones need it.)",
+        .examples = R"(vxctl pixels --png bad.png
+vxctl pixels --last --json | jq '.pixels | length')",
+        .arguments =
+            {
+                Flag("--last", "what the last check has found"),
+#ifdef VXCTL_HAS_PREVIEW
+                WriteFile("--png", "a picture of the bad pixels"),
+                Of(kFaceSize, "--size", "pixels of the face").Needs("--png"),
+#endif
+            },
+        .signs = Signs::kMany,
+        .run = ShowPixels,
+    },
+};
 
 } // namespace
 
-void AddPixelCommands(CLI::App& app, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        app,
-        {"State", "pixels", "Let the sign check its pixels, and tell the bad ones",
-         R"(Takes as long as the sign takes; --last tells at once what the last check has found. --png draws the face with its bad
-pixels lit in the colours of their bad lamps, white when the sign names none. Without --size the picture has 128x32
-pixels, and more where the bad ones need it.
-
-Examples:
-  vxctl pixels --png bad.png
-  vxctl pixels --last --json | jq '.pixels | length')"});
-    const auto wanted = std::make_shared<Wanted>();
-    command->add_flag("--last", wanted->last, "what the last check has found");
-#ifdef VXCTL_HAS_PREVIEW
-    CLI::Option* const picture = command->add_option("--png", wanted->picture, "a picture of the bad pixels");
-    picture->type_name("FILE");
-    AddFaceSize(*command, wanted->size)->needs(picture);
-#endif
-    command->callback([&session, wanted] { Pixels(session, *wanted); });
-}
+const CommandTable kPixelCommands{"State", kCommands};
 
 } // namespace vxctl

@@ -1,3 +1,4 @@
+// Draws bad pixels.
 #include "vxctl/state/pixelMap.h"
 
 #include "vxctl/cli/failure.h"

@@ -1,5 +1,7 @@
+// Reads the sign's database.
 #include "vxctl/state/signTable.h"
 
+#include "vxctl/cli/bytes.h"
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/numbers.h"
 
@@ -29,7 +31,7 @@ Page Ask(const std::string& sql, std::size_t columns)
     std::array<char, kRoom> text{};
     Check(vxReadDB(kDatabase, sql.c_str(), head.data(), static_cast<int>(head.size()), text.data(), kRoom));
     const std::size_t size = ::strnlen(text.data(), text.size());
-    return {head[0] | std::uint32_t{head[1]} << 8U, ParseRows({text.data(), size}, columns)};
+    return {Load16(head, 0), ParseRows({text.data(), size}, columns)};
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+// The three ways to a tile.
 #include "vxctl/tiles/tileAccess.h"
 
 #include "vxctl/cli/libraryOutput.h"
@@ -25,7 +26,7 @@ constexpr std::uint8_t kFirstCalibration = 4; // fileType of the first family
 constexpr std::uint8_t kCalibration = VX_TILE_CALIBRATION;
 constexpr std::uint8_t kLastPlainType = 10; // of the second; the others have a command of their own
 constexpr std::uint32_t kReadMs = 300000;
-constexpr std::size_t kModuleAt = 12; // of a status, as vxsim has it
+constexpr std::size_t kModuleAt = 12; // of a status, in the usual layout
 
 // Direct access leaves files in the folder "c:" of the current one, and others beside the file that it works on: all of
 // them go with this.
@@ -86,7 +87,7 @@ std::vector<std::uint8_t> AwaitTask(std::uint32_t task)
 TileStatus ReadFirstStatus(const TileChoice& choice)
 {
     std::uint32_t task = 0;
-    Check(vxTarsisGetTileStat(choice.Tile(), &task));
+    Check(vxTarsisGetTileStat(choice.tile, &task));
     TileStatus status;
     status.record = AwaitTask(task);
     status.record.resize(32);
@@ -130,7 +131,7 @@ void ReadDirect(const TileChoice& choice, const TileFile& file, const std::strin
 {
     const std::string target = fs::absolute(local).string();
     const DirectWork work(choice);
-    Check(vxDirectTileReadFileEx(work.File().c_str(), file.TypeFor(TileWay::kDirect), choice.Port(), choice.Tile(),
+    Check(vxDirectTileReadFileEx(work.File().c_str(), file.TypeFor(TileWay::kDirect), choice.port, choice.tile,
                                  file.Extra()));
     CopyOver(work.File(), target);
 }
@@ -140,34 +141,25 @@ void WriteDirect(const TileChoice& choice, const TileFile& file, const std::stri
     const std::string source = fs::absolute(local).string();
     const DirectWork work(choice);
     CopyOver(source, work.File());
-    Check(vxDirectTileWriteFileEx(work.File().c_str(), file.TypeFor(TileWay::kDirect), choice.Port(), choice.Tile(),
+    Check(vxDirectTileWriteFileEx(work.File().c_str(), file.TypeFor(TileWay::kDirect), choice.port, choice.tile,
                                   file.Extra()));
 }
 
 } // namespace
 
-void AddTileChoice(CLI::App& command, TileChoice& choice)
+std::uint32_t ParseTile(const std::string& text)
 {
-    const auto store = [&choice](const std::string& text) {
-        const auto number = text == "all" ? kAllTiles : ParseNumber(text);
-        if (!number || *number > kAllTiles)
-            throw CLI::ValidationError("'" + text + "' is no tile: 0 to 65535, or all");
-        choice.tile = *number;
-    };
-    command.add_option_function<std::string>("TILE", store, "the tile's number, or its address on the port; or all")
-        ->type_name("NUMBER")
-        ->required();
-    const auto storePort = [&choice](const std::string& text) {
-        const auto number = ParseNumber(text);
-        if (!number || *number >= VX_NO_PORT)
-            throw CLI::ValidationError("'" + text + "' is no port: 0 to 254");
-        choice.port = *number;
-        choice.hasPort = true;
-    };
-    CLI::Option* const port =
-        command.add_option_function<std::string>("--port", storePort, "second family: the port that the tile hangs on");
-    port->type_name("NUMBER (0 to 254)");
-    command.add_flag("--direct", choice.direct, "with --port: talk to the tile itself, without tasks")->needs(port);
+    constexpr std::uint32_t kAllTiles = 65535;
+    const auto number = text == "all" ? kAllTiles : ParseNumber(text);
+    if (!number || *number > kAllTiles)
+        throw UsageError("'" + text + "' is no tile: 0 to 65535, or all");
+    return *number;
+}
+
+TileChoice::TileChoice(const Args& args)
+    : tile(args.Number<std::uint16_t>("TILE")), port(args.Number<std::uint8_t>("--port")), hasPort(args.Has("--port")),
+      direct(args.Has("--direct"))
+{
 }
 
 std::uint8_t TileFile::TypeFor(TileWay way) const
@@ -185,14 +177,14 @@ void TestTile(const TileChoice& choice, std::uint8_t testCode)
     switch (choice.Way()) {
     case TileWay::kFirst: {
         std::uint32_t task = 0;
-        Check(vxTarsisTileTest(choice.Tile(), testCode, &task));
+        Check(vxTarsisTileTest(choice.tile, testCode, &task));
         AwaitTask(task);
         return;
     }
     case TileWay::kPort:
-        return Check(vxOndraTileTest(testCode, choice.Port(), choice.Tile()));
+        return Check(vxOndraTileTest(testCode, choice.port, choice.tile));
     case TileWay::kDirect:
-        return Check(vxDirectTileTest(testCode, choice.Port(), choice.Tile()));
+        return Check(vxDirectTileTest(testCode, choice.port, choice.tile));
     }
 }
 
@@ -206,11 +198,11 @@ void CommandTile(const TileChoice& choice, std::uint8_t command, const std::vect
     case TileWay::kFirst:
         if (!data.empty())
             throw UsageError("a command takes data with --port alone");
-        return CheckEnd(vxTarsisSetTileCmd(choice.Tile(), command));
+        return CheckEnd(vxTarsisSetTileCmd(choice.tile, command));
     case TileWay::kPort:
-        return Check(vxOndraTileCMDTimeout(command, choice.Port(), choice.Tile(), bytes, size, timeoutMs));
+        return Check(vxOndraTileCMDTimeout(command, choice.port, choice.tile, bytes, size, timeoutMs));
     case TileWay::kDirect:
-        return Check(vxDirectTileCMD(command, choice.Port(), choice.Tile(), bytes, size));
+        return Check(vxDirectTileCMD(command, choice.port, choice.tile, bytes, size));
     }
 }
 
@@ -220,16 +212,16 @@ void ReadTileFile(Session& session, const TileChoice& choice, const TileFile& fi
     std::uint32_t detail = 0;
     switch (choice.Way()) {
     case TileWay::kFirst:
-        return Check(vxTarsisReadTileFile(local.c_str(), choice.Tile(), type));
+        return Check(vxTarsisReadTileFile(local.c_str(), choice.tile, type));
     case TileWay::kDirect:
         return ReadDirect(choice, file, local);
     case TileWay::kPort:
         break;
     }
     const bool plain = type <= kLastPlainType && file.extra == 0;
-    const std::uint32_t result = plain ? vxOndraReadTileFileTimeout(local.c_str(), type, choice.Port(), choice.Tile(),
+    const std::uint32_t result = plain ? vxOndraReadTileFileTimeout(local.c_str(), type, choice.port, choice.tile,
                                                                     file.staged ? 1 : 0, &detail, kReadMs)
-                                       : vxOndraReadTileFileExt(local.c_str(), type, choice.Port(), choice.Tile(),
+                                       : vxOndraReadTileFileExt(local.c_str(), type, choice.port, choice.tile,
                                                                 file.Extra(), file.staged ? 1 : 0, &detail);
     CheckDetailed(session, result, detail);
 }
@@ -240,7 +232,7 @@ void WriteTileFile(Session& session, const TileChoice& choice, const TileFile& f
     std::uint32_t detail = 0;
     switch (choice.Way()) {
     case TileWay::kFirst:
-        return CheckEnd(vxTarsisWriteTileFile(local.c_str(), choice.Tile(), type));
+        return CheckEnd(vxTarsisWriteTileFile(local.c_str(), choice.tile, type));
     case TileWay::kDirect:
         return WriteDirect(choice, file, local);
     case TileWay::kPort:
@@ -248,8 +240,8 @@ void WriteTileFile(Session& session, const TileChoice& choice, const TileFile& f
     }
     const bool plain = type <= kLastPlainType && file.extra == 0;
     const std::uint32_t result =
-        plain ? vxOndraWriteTileFile(local.c_str(), type, choice.Port(), choice.Tile(), &detail)
-              : vxOndraWriteTileFileExt(local.c_str(), type, choice.Port(), choice.Tile(), file.Extra(), &detail);
+        plain ? vxOndraWriteTileFile(local.c_str(), type, choice.port, choice.tile, &detail)
+              : vxOndraWriteTileFileExt(local.c_str(), type, choice.port, choice.tile, file.Extra(), &detail);
     CheckDetailed(session, result, detail);
 }
 
@@ -259,7 +251,7 @@ void WriteTileCalibration(Session& session, const TileChoice& choice, const std:
     if (choice.Way() != TileWay::kPort)
         return WriteTileFile(session, choice, {}, local);
     std::uint32_t detail = 0;
-    const std::uint32_t result = vxOndraWritePxlCal(local.c_str(), choice.Port(), choice.Tile(), mode, &detail,
+    const std::uint32_t result = vxOndraWritePxlCal(local.c_str(), choice.port, choice.tile, mode, &detail,
                                                     params.empty() ? nullptr : params.data());
     CheckDetailed(session, result, detail);
 }

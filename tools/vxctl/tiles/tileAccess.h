@@ -4,6 +4,8 @@
 #include "vxctl/cli/command.h"
 #include "vxctl/tiles/tilePixels.h"
 
+#include <vxsign/ondra.h>
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -11,7 +13,8 @@
 
 namespace vxctl {
 
-inline constexpr std::uint32_t kAllTiles = 65535;
+// A number, or "all". Throws UsageError for anything else.
+std::uint32_t ParseTile(const std::string& text);
 
 enum class TileWay
 {
@@ -20,21 +23,28 @@ enum class TileWay
     kDirect // by port and address, without tasks
 };
 
+inline constexpr ArgumentType kTileNumber{
+    "NUMBER", [](const Argument&, const std::string& text) { return std::to_string(ParseTile(text)); }};
+
+// How every command names its tile.
+inline constexpr Argument kTile = Of(kTileNumber, "TILE", "the tile's number, or its address on the port; or all");
+inline constexpr Argument kPort =
+    Number("--port", 0, VX_NO_PORT - 1, "second family: the port that the tile hangs on").In("P");
+inline constexpr Argument kDirect =
+    Flag("--direct", "with --port: talk to the tile itself, without tasks").Needs("--port");
+
 // Which tile the command line names, and how it is reached.
 struct TileChoice
 {
-    std::uint32_t tile = 0;
-    std::uint32_t port = 0;
-    bool hasPort = false;
-    bool direct = false;
+    explicit TileChoice(const Args& args);
 
     TileWay Way() const { return direct ? TileWay::kDirect : hasPort ? TileWay::kPort : TileWay::kFirst; }
-    std::uint16_t Tile() const { return static_cast<std::uint16_t>(tile); }
-    std::uint8_t Port() const { return static_cast<std::uint8_t>(port); }
-};
 
-// TILE, --port and --direct. The help of each command with them ends in kTileHelp.
-void AddTileChoice(CLI::App& command, TileChoice& choice);
+    std::uint16_t tile;
+    std::uint8_t port;
+    bool hasPort;
+    bool direct;
+};
 
 struct TileStatus
 {

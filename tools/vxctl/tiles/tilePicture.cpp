@@ -1,3 +1,4 @@
+// Draws a tile.
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/tiles/tilePixels.h"

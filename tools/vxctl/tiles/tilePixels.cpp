@@ -1,3 +1,4 @@
+// Reads, writes and changes calibrations.
 #include "vxctl/tiles/tilePixels.h"
 
 #include "vxctl/cli/failure.h"

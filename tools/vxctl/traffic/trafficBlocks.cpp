@@ -1,5 +1,7 @@
+// The blocks in words.
 #include "vxctl/traffic/trafficBlocks.h"
 
+#include "vxctl/cli/bytes.h"
 #include "vxctl/cli/numbers.h"
 #include "vxctl/cli/textTable.h"
 
@@ -20,14 +22,6 @@ constexpr std::uint8_t kMonitorKind = 4;
 constexpr std::size_t kFlowHead = 8;
 constexpr std::uint8_t kNoEnd = 255;
 
-std::uint32_t Number(TrafficBytes bytes, std::size_t at, std::size_t size)
-{
-    std::uint32_t number = 0;
-    for (std::size_t i = size; i > 0; --i)
-        number = number << 8U | bytes[at + i - 1];
-    return number;
-}
-
 // A word of a list; the number for what has none.
 template <std::size_t size>
 std::string WordOf(const std::array<const char*, size>& words, std::uint8_t number)
@@ -47,7 +41,7 @@ void ShowBytes(Report& report, TrafficBytes block)
     report.Value("block", "block", FormatHex(block.data(), block.size(), ""), FormatHex(block.data(), block.size()));
 }
 
-// Whether the signals of a block begin like those of vxsim, and are whole.
+// Whether the signals of a block begin like the usual ones, and are whole.
 bool HasSignals(TrafficBytes signals)
 {
     return signals.size() >= kSignalsHead && signals[kGroupsAt] > 0 &&
@@ -88,7 +82,7 @@ void ShowTrafficStatus(Report& report, TrafficBytes block)
         const int outside = degrees(block[15]);
         report.Value("measured", "degrees", {cabinet, outside},
                      std::to_string(cabinet) + " C in the cabinet, " + std::to_string(outside) + " C outside");
-        const std::uint32_t seconds = Number(block, 16, 4);
+        const std::uint32_t seconds = Load32(block, 16);
         report.Value("up", "runSeconds", seconds, std::to_string(seconds) + " s");
     }
     ShowBytes(report, block);
@@ -113,8 +107,8 @@ void ShowTrafficMonitor(Report& report, TrafficBytes block)
         return;
     TextTable table({{"group", true}, {"lamps"}, {"vehicles", true}, {"wholeHour", true}});
     for (std::size_t at = kMonitorHead; at < block.size(); at += kMonitorRecord)
-        table.Add({std::to_string(block[at]), LampText(block[at + 1]), std::to_string(Number(block, at + 2, 2)),
-                   std::to_string(Number(block, at + 4, 4))});
+        table.Add({std::to_string(block[at]), LampText(block[at + 1]), std::to_string(Load16(block, at + 2)),
+                   std::to_string(Load32(block, at + 4))});
     table.Show(report, "detectors");
 }
 
@@ -132,7 +126,7 @@ void ShowTrafficFlow(Report& report, TrafficBytes flow)
     for (unsigned hour = 0; hour < flow[5]; ++hour) {
         TextRow row{std::to_string(hour)};
         for (unsigned group = 0; group < flow[4]; ++group, at += 2)
-            row.push_back(std::to_string(Number(flow, at, 2)));
+            row.push_back(std::to_string(Load16(flow, at)));
         table.Add(std::move(row));
     }
     table.Show(report, "hours");

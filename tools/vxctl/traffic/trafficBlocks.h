@@ -1,4 +1,4 @@
-// What the blocks of a traffic signal controller say, as vxsim fills them; those of another controller show as bytes.
+// What the blocks of a traffic signal controller say, in the usual layout; those of another controller show as bytes.
 #pragma once
 
 #include "vxctl/cli/report.h"

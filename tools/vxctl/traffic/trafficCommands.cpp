@@ -1,15 +1,11 @@
+// traffic: steering a traffic signal controller.
 #include "vxctl/cli/clockTime.h"
-#include "vxctl/cli/command.h"
-#include "vxctl/cli/numbers.h"
+#include "vxctl/cli/tables.h"
 #include "vxctl/traffic/trafficBlocks.h"
-#include "vxctl/traffic/trafficLogs.h"
 
 #include <vxsign/traffic.h>
 
-#include <algorithm>
 #include <array>
-#include <memory>
-#include <optional>
 
 namespace vxctl {
 
@@ -17,104 +13,67 @@ namespace {
 
 constexpr std::size_t kRealStatusSize = 102;
 constexpr std::size_t kBlockSize = 2048;
-constexpr std::size_t kMostLamps = 255;
+constexpr std::uint32_t kMostLamps = 255;
 
-struct BlockWanted
+std::uint32_t SavedAs(Report& report, const std::string& file, std::uint32_t result)
 {
-    std::string file;
-    std::uint32_t kind = VX_TRAFFIC_MONITOR;
-    bool real = false;
-};
+    Check(result);
+    report.Value("saved as", "file", file);
+    return VX_OK;
+}
 
-void ShowStatus(Session& session, const BlockWanted& wanted)
+std::uint32_t ShowRealStatus(Report& report)
 {
-    session.Connect();
+    std::array<std::uint8_t, kRealStatusSize> block{};
+    Check(vxTCGetRealStatus(block.data(), kRealStatusSize, 0));
+    ShowTrafficRealStatus(report, block);
+    return VX_OK;
+}
+
+std::uint32_t ShowStatus(Session& session, const Args& args)
+{
+    const std::string& file = args.Text("--save");
+    const bool real = args.Has("--real");
+    if (!file.empty())
+        return SavedAs(session.report, file,
+                       real ? vxReadTrafficRealStatus(file.c_str()) : vxReadTrafficStatus(file.c_str()));
+    if (real)
+        return ShowRealStatus(session.report);
     std::array<std::uint8_t, kBlockSize> block{};
     std::uint32_t size = block.size();
-    if (!wanted.file.empty()) {
-        Check(wanted.real ? vxReadTrafficRealStatus(wanted.file.c_str()) : vxReadTrafficStatus(wanted.file.c_str()));
-        session.report.Value("saved as", "file", wanted.file);
-    } else if (wanted.real) {
-        Check(vxTCGetRealStatus(block.data(), kRealStatusSize, 0));
-        ShowTrafficRealStatus(session.report, TrafficBytes(block).first(kRealStatusSize));
-    } else {
-        Check(vxReadTCStatus(block.data(), &size));
-        ShowTrafficStatus(session.report, TrafficBytes(block).first(size));
-    }
+    Check(vxReadTCStatus(block.data(), &size));
+    ShowTrafficStatus(session.report, TrafficBytes(block).first(size));
+    return VX_OK;
 }
 
-void AddStatus(CLI::App& traffic, Session& session)
+std::uint32_t ShowMonitor(Session& session, const Args& args)
 {
-    CLI::App* const command = AddCommand(
-        traffic,
-        {kTrafficGroup, "status", "Tell what the controller does",
-         R"(What a block means is the controller's own; it shows in words as far as it is that of vxsim. --save makes a dump file:
-12 bytes of header, then the block.
-
-Examples:
-  vxctl traffic status
-  vxctl traffic status --real --json
-  vxctl traffic status --save status.bin)"});
-    const auto wanted = std::make_shared<BlockWanted>();
-    command->add_flag("--real", wanted->real, "the real-time status");
-    command->add_option("--save", wanted->file, "a dump file in place of words")->type_name("FILE");
-    command->callback([&session, wanted] { ShowStatus(session, *wanted); });
-}
-
-void ShowMonitor(Session& session, const BlockWanted& wanted)
-{
-    if (!wanted.file.empty() && wanted.kind != VX_TRAFFIC_MONITOR)
+    const std::string& file = args.Text("--save");
+    const std::uint32_t kind = args.Number("--kind");
+    if (!file.empty() && kind != VX_TRAFFIC_MONITOR)
         throw UsageError("--save takes the block of kind 4 alone");
-    session.Connect();
-    if (!wanted.file.empty()) {
-        Check(vxReadTrafficMonitor(wanted.file.c_str()));
-        return session.report.Value("saved as", "file", wanted.file);
-    }
+    if (!file.empty())
+        return SavedAs(session.report, file, vxReadTrafficMonitor(file.c_str()));
     std::array<std::uint8_t, kBlockSize> block{};
     std::uint32_t size = block.size();
-    Check(vxReadTCMonitor(wanted.kind, block.data(), &size));
+    Check(vxReadTCMonitor(kind, block.data(), &size));
     ShowTrafficMonitor(session.report, TrafficBytes(block).first(size));
+    return VX_OK;
 }
 
-void AddMonitor(CLI::App& traffic, Session& session)
+std::uint32_t SetClock(Report& report, const ClockTime& time, const Args& args)
 {
-    CLI::App* const command = AddCommand(
-        traffic,
-        {kTrafficGroup, "monitor", "Read a monitor block",
-         R"(What a kind and its block mean is the controller's own; vxsim has kind 4, with the vehicles that each group has
-counted since the hour began, and those that it expects in the whole hour.
-
-Examples:
-  vxctl traffic monitor
-  vxctl traffic monitor --save monitor.bin)"});
-    const auto wanted = std::make_shared<BlockWanted>();
-    AddNumber(*command, "--kind", wanted->kind, 0, 255, "which block")->default_str("4");
-    command->add_option("--save", wanted->file, "a dump file in place of words")->type_name("FILE");
-    command->callback([&session, wanted] { ShowMonitor(session, *wanted); });
+    Check(vxAjustTrafficTime(time.year, time.month, time.day, time.hour, time.minute, time.second,
+                             args.Number<std::uint8_t>("--field7", Weekday(time)),
+                             args.Number<std::uint8_t>("--field8")));
+    report.Value("set to", "set", FormatTime(time, 'T'), FormatTime(time, ' '));
+    return VX_OK;
 }
 
-struct ClockWanted
+std::uint32_t Clock(Session& session, const Args& args)
 {
-    std::string time;
-    std::optional<std::uint32_t> field7;
-    std::uint32_t field8 = 0;
-};
-
-void SetClock(Session& session, const ClockWanted& wanted)
-{
-    const auto time = wanted.time == "now" ? LocalTime() : ParseClockTime(wanted.time);
-    if (!time)
-        throw UsageError("'" + wanted.time + "' is no time: now, or such as \"2026-11-21 14:05:30\", from 1970 on");
-    session.Connect();
-    Check(vxAjustTrafficTime(time->year, time->month, time->day, time->hour, time->minute, time->second,
-                             static_cast<std::uint8_t>(wanted.field7.value_or(Weekday(*time))),
-                             static_cast<std::uint8_t>(wanted.field8)));
-    session.report.Value("set to", "set", FormatTime(*time, 'T'), FormatTime(*time, ' '));
-}
-
-void ShowClock(Session& session)
-{
-    session.Connect();
+    if (args.Has("--set"))
+        return SetClock(session.report, ReadTime(args.Text("--set")), args);
     ClockTime time;
     std::uint8_t field7 = 0;
     std::uint8_t field8 = 0;
@@ -123,138 +82,118 @@ void ShowClock(Session& session)
     session.report.Value("clock", "clock", FormatTime(time, 'T'), FormatTime(time, ' '));
     session.report.Value("field 7", "field7", field7);
     session.report.Value("field 8", "field8", field8);
+    return VX_OK;
 }
 
-void AddClock(CLI::App& traffic, Session& session)
+std::uint32_t TestLamps(Session& /*session*/, const Args& args)
 {
-    CLI::App* const command = AddCommand(
-        traffic, {kTrafficGroup, "clock", "Tell the controller's clock, or set it",
-                  R"(Fields 7 and 8 are the controller's own; without --field7 it is the day of the week, 0 for Sunday.
-
-Examples:
-  vxctl traffic clock
-  vxctl traffic clock --set now)"});
-    const auto wanted = std::make_shared<ClockWanted>();
-    const auto field7 = std::make_shared<std::uint32_t>(0);
-    CLI::Option* const set = command->add_option("--set", wanted->time, "now, or a time: YYYY-MM-DD HH:MM[:SS]");
-    set->type_name("TIME");
-    CLI::Option* const seventh = AddNumber(*command, "--field7", *field7, 0, 99, "sent along")->needs(set);
-    AddNumber(*command, "--field8", wanted->field8, 0, 255, "sent along")->default_str("0")->needs(set);
-    command->callback([&session, wanted, field7, set, seventh] {
-        if (set->count() == 0)
-            return ShowClock(session);
-        if (seventh->count() != 0)
-            wanted->field7 = *field7;
-        SetClock(session, *wanted);
-    });
-}
-
-void AddManual(CLI::App& traffic, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        traffic,
-        {kTrafficGroup, "manual", "Switch to manual",
-         R"(What a mode means is the controller's own. Those of vxsim: 0 automatic, 1 to 3 hold that phase, 4 all red, 5 flashing
-yellow.
-
-Examples:
-  vxctl traffic manual 2
-  vxctl traffic manual 0)"});
-    const auto mode = std::make_shared<std::uint32_t>(0);
-    AddNumber(*command, "MODE", *mode, 0, 255, "the mode")->required();
-    command->callback([&session, mode] {
-        session.Connect();
-        Check(vxTCManual(static_cast<std::uint8_t>(*mode)));
-    });
-}
-
-struct LampsWanted
-{
-    std::string test;
-    std::string first;
-    std::string second;
-};
-
-std::vector<std::uint8_t> ParseBytes(const std::string& text, std::size_t most)
-{
-    auto bytes = ParseHex(text);
-    if (!bytes || bytes->size() > most)
-        throw UsageError("'" + text + "' is not up to " + std::to_string(most) + " bytes in hexadecimal");
-    return *std::move(bytes);
-}
-
-void TestLamps(const Session& session, const LampsWanted& wanted)
-{
-    std::vector<std::uint8_t> lamps = ParseBytes(wanted.first, kMostLamps);
-    const std::vector<std::uint8_t> second = ParseBytes(wanted.second, kMostLamps);
-    if (wanted.test == "jkb" && !second.empty())
+    std::vector<std::uint8_t> lamps = args.Bytes("LAMPS");
+    const std::vector<std::uint8_t> second = args.Bytes("SECOND");
+    const bool first = args.Text("TEST") == "jkb";
+    if (first && !second.empty())
         throw UsageError("jkb takes one list of lamps");
     const auto firstCount = static_cast<std::uint8_t>(lamps.size());
     lamps.insert(lamps.end(), second.begin(), second.end());
-    session.Connect();
-    Check(wanted.test == "jkb" ? vxTCJKBLightTest(lamps.data(), firstCount)
-                               : vxTCJKCLightTest(lamps.data(), firstCount, static_cast<std::uint8_t>(second.size())));
+    return first ? vxTCJKBLightTest(lamps.data(), firstCount)
+                 : vxTCJKCLightTest(lamps.data(), firstCount, static_cast<std::uint8_t>(second.size()));
 }
 
-void AddLamps(CLI::App& traffic, Session& session)
+std::uint32_t RunPhase(Session& /*session*/, const Args& args)
 {
-    CLI::App* const command = AddCommand(
-        traffic,
-        {kTrafficGroup, "lamps", "Run a lamp test, JKB or JKC",
-         R"(What a byte means is the controller's own. vxsim takes one for each group, 1 red, 2 yellow and 4 green added up, and
-shows them for 10 seconds: jkb groups 1 to 6, jkc groups 1 to 4, then 5 and 6. Without bytes the test ends.
-
-Examples:
-  vxctl traffic lamps jkb 070707070707
-  vxctl traffic lamps jkc "01 02 04 07" "01 04"
-  vxctl traffic lamps jkb)"});
-    const auto wanted = std::make_shared<LampsWanted>();
-    command->add_option("TEST", wanted->test, "jkb or jkc")->required()->check(CLI::IsMember({"jkb", "jkc"}));
-    command->add_option("LAMPS", wanted->first, "up to 255 bytes")->type_name("HEX");
-    command->add_option("SECOND", wanted->second, "of jkc: up to 255 bytes")->type_name("HEX");
-    command->callback([&session, wanted] { TestLamps(session, *wanted); });
+    std::vector<std::uint8_t> phase = args.Bytes("BYTES");
+    phase.resize(VX_TRAFFIC_PHASE);
+    return vxTrafficTempPhaseRun(phase.data(), args.Number("--flag"));
 }
 
-void AddPhase(CLI::App& traffic, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        traffic,
-        {kTrafficGroup, "phase", "Run a temporary phase",
-         R"(31 bytes in hexadecimal; those left out are 0. What they mean is the controller's own. vxsim takes the groups that get
-green, bit 0 being group 1, and the seconds of green, 10 for 0; flag 0 ends the phase.
-
-Examples:
-  vxctl traffic phase "05 14"
-  vxctl traffic phase 00 --flag 0)"});
-    const auto text = std::make_shared<std::string>();
-    const auto flag = std::make_shared<std::uint32_t>(1);
-    command->add_option("BYTES", *text, "up to 31 bytes")->type_name("HEX")->required();
-    AddNumber(*command, "--flag", *flag, 0, 255, "sent along")->default_str("1");
-    command->callback([&session, text, flag] {
-        std::vector<std::uint8_t> phase = ParseBytes(*text, VX_TRAFFIC_PHASE);
-        phase.resize(VX_TRAFFIC_PHASE);
-        session.Connect();
-        Check(vxTrafficTempPhaseRun(phase.data(), *flag));
-    });
-}
+const Command kCommands[] = {
+    {
+        .name = "traffic",
+        .help = "Watch and steer a traffic signal controller",
+        .examples = R"(vxctl traffic status
+vxctl traffic manual 2
+vxctl traffic errors)",
+    },
+    {
+        .name = "traffic status",
+        .help = "Show what the controller does",
+        .details =
+            R"(What a block means is the controller's own; it shows in words as far as it has the usual layout. --save makes a dump
+file: 12 bytes of header, then the block.)",
+        .examples = R"(vxctl traffic status
+vxctl traffic status --real --json
+vxctl traffic status --save status.bin)",
+        .arguments = {Flag("--real", "the real-time status"), WriteFile("--save", "a dump file in place of words")},
+        .signs = Signs::kMany,
+        .run = ShowStatus,
+    },
+    {
+        .name = "traffic monitor",
+        .help = "Read a monitor block",
+        .details =
+            R"(What a kind and its block mean is the controller's own; usual is kind 4, with the vehicles that each group has
+counted since the hour began, and those that are expected in the whole hour.)",
+        .examples = R"(vxctl traffic monitor
+vxctl traffic monitor --save monitor.bin)",
+        .arguments = {Number("--kind", 0, 255, "which block").In("N").Default("4"),
+                      WriteFile("--save", "a dump file in place of words")},
+        .signs = Signs::kMany,
+        .run = ShowMonitor,
+    },
+    {
+        .name = "traffic clock",
+        .help = "Show the controller's clock, or set it",
+        .details = "Fields 7 and 8 are the controller's own; without --field7 it is the day of the week, 0 for Sunday.",
+        .examples = R"(vxctl traffic clock
+vxctl traffic clock --set now)",
+        .arguments = {Of(kTimeOrNow, "--set", "now, or a time: YYYY-MM-DD HH:MM[:SS]"),
+                      Number("--field7", 0, 99, "sent along").In("N").Needs("--set"),
+                      Number("--field8", 0, 255, "sent along").In("N").Default("0").Needs("--set")},
+        .signs = Signs::kMany,
+        .run = Clock,
+    },
+    {
+        .name = "traffic manual",
+        .help = "Switch to manual",
+        .details =
+            R"(What a mode means is the controller's own. Usual are 0 automatic, 1 to 3 hold that phase, 4 all red, 5 flashing
+yellow.)",
+        .examples = R"(vxctl traffic manual 2
+vxctl traffic manual 0)",
+        .arguments = {Number("MODE", 0, 255, "the mode")},
+        .signs = Signs::kMany,
+        .run = [](Session&, const Args& args) { return vxTCManual(args.Number<std::uint8_t>("MODE")); },
+    },
+    {
+        .name = "traffic lamps",
+        .help = "Run a lamp test, JKB or JKC",
+        .details =
+            R"(What a byte means is the controller's own. Usual is one for each group, 1 red, 2 yellow and 4 green added up, which
+shows for 10 seconds: jkb groups 1 to 6, jkc groups 1 to 4, then 5 and 6. Without bytes the test ends.)",
+        .examples = R"(vxctl traffic lamps jkb 070707070707
+vxctl traffic lamps jkc "01 02 04 07" "01 04"
+vxctl traffic lamps jkb)",
+        .arguments = {Choice("TEST", "jkb|jkc", "which one"), Hex("LAMPS", 0, kMostLamps, "up to 255 bytes").Optional(),
+                      Hex("SECOND", 0, kMostLamps, "of jkc: up to 255 bytes").Optional()},
+        .signs = Signs::kMany,
+        .run = TestLamps,
+    },
+    {
+        .name = "traffic phase",
+        .help = "Run a temporary phase",
+        .details =
+            R"(31 bytes in hexadecimal; those left out are 0. What they mean is the controller's own. Usual are the groups that get
+green, bit 0 being group 1, and the seconds of green, 10 for 0; flag 0 ends the phase.)",
+        .examples = R"(vxctl traffic phase "05 14"
+vxctl traffic phase 00 --flag 0)",
+        .arguments = {Hex("BYTES", 0, VX_TRAFFIC_PHASE, "up to 31 bytes"),
+                      Number("--flag", 0, 255, "sent along").In("N").Default("1")},
+        .signs = Signs::kMany,
+        .run = RunPhase,
+    },
+};
 
 } // namespace
 
-void AddTrafficCommands(CLI::App& app, Session& session)
-{
-    CLI::App* const traffic = AddCommand(app, {kTrafficGroup, "traffic", "Watch and steer a traffic signal controller",
-                                               R"(Examples:
-  vxctl traffic status
-  vxctl traffic manual 2
-  vxctl traffic errors)"});
-    traffic->require_subcommand(1);
-    AddStatus(*traffic, session);
-    AddMonitor(*traffic, session);
-    AddClock(*traffic, session);
-    AddManual(*traffic, session);
-    AddLamps(*traffic, session);
-    AddPhase(*traffic, session);
-    AddTrafficLogs(*traffic, session);
-}
+const CommandTable kTrafficCommands{"Traffic controllers", kCommands};
 
 } // namespace vxctl

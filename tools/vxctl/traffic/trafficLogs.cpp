@@ -1,12 +1,11 @@
 // What a traffic signal controller has counted and recorded.
-#include "vxctl/traffic/trafficLogs.h"
-
 #include "vxctl/cli/clockTime.h"
 #include "vxctl/cli/collected.h"
 #include "vxctl/cli/fieldText.h"
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/numbers.h"
 #include "vxctl/cli/progressBar.h"
+#include "vxctl/cli/tables.h"
 #include "vxctl/cli/textTable.h"
 #include "vxctl/traffic/trafficBlocks.h"
 
@@ -14,8 +13,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
-#include <memory>
 
 namespace vxctl {
 
@@ -23,68 +20,34 @@ namespace {
 
 using Query = std::array<std::uint8_t, VX_TRAFFIC_FLOW_QUERY>;
 
-struct FlowWanted
-{
-    std::string date;
-    std::string query;
-    std::string file;
-};
-
-Query QueryOf(const FlowWanted& wanted)
+Query QueryOf(const Args& args)
 {
     Query query{};
-    if (!wanted.date.empty()) {
-        const auto day = ParseClockTime(wanted.date + " 00:00");
+    const std::string& date = args.Text("--date");
+    if (!date.empty()) {
+        const auto day = ParseClockTime(date + " 00:00");
         if (!day)
-            throw UsageError("'" + wanted.date + "' is no date such as 2026-11-21");
+            throw UsageError("'" + date + "' is no date such as 2026-11-21");
         query = {ToBcd(day->year % 100U), ToBcd(day->year / 100U), ToBcd(day->month), ToBcd(day->day)};
     }
-    const auto bytes = ParseHex(wanted.query);
-    if (!bytes || bytes->size() > query.size())
-        throw UsageError("'" + wanted.query + "' is not up to 8 bytes in hexadecimal");
-    std::copy(bytes->begin(), bytes->end(), query.begin());
+    std::ranges::copy(args.Bytes("--query"), query.begin());
     return query;
 }
 
-void ShowFlow(Session& session, const FlowWanted& wanted)
+std::uint32_t ShowFlow(Session& session, const Args& args)
 {
-    const Query query = QueryOf(wanted);
+    const Query query = QueryOf(args);
+    const std::string& file = args.Text("--save");
     const TemporaryFolder folder;
-    const std::string path = wanted.file.empty() ? folder.Path() + "flow" : wanted.file;
-    session.Connect();
+    const std::string path = file.empty() ? folder.Path() + "flow" : file;
     // Without a channel the library says that it is not initialised.
     const std::uint32_t result = vxTrafficRFlow(query.data(), path.c_str());
     Check(result == VX_NOT_INITIALISED ? static_cast<std::uint32_t>(VX_COMMUNICATION) : result);
     ShowTrafficFlow(session.report, ReadWhole(path));
-    if (!wanted.file.empty())
-        session.report.Value("saved as", "file", wanted.file);
+    if (!file.empty())
+        session.report.Value("saved as", "file", file);
+    return VX_OK;
 }
-
-void AddFlow(CLI::App& traffic, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        traffic,
-        {kTrafficGroup, "flow", "Read the flow counters",
-         R"(The 8 bytes of a query are the controller's own. Those of vxsim begin with a date, which --date fills in; without it
-they ask for today.
-
-Examples:
-  vxctl traffic flow
-  vxctl traffic flow --date 2026-11-20 --json
-  vxctl traffic flow --query "01 00 00 00 00 00 00 00" --save flow.bin)"});
-    const auto wanted = std::make_shared<FlowWanted>();
-    CLI::Option* const date = command->add_option("--date", wanted->date, "the day: YYYY-MM-DD")->type_name("DATE");
-    command->add_option("--query", wanted->query, "up to 8 bytes in hexadecimal")->type_name("HEX")->excludes(date);
-    command->add_option("--save", wanted->file, "keep what the controller sends")->type_name("FILE");
-    command->callback([&session, wanted] { ShowFlow(session, *wanted); });
-}
-
-struct LogWanted
-{
-    bool csv = false;
-    bool hours = false;
-    std::uint32_t limit = std::numeric_limits<std::uint32_t>::max();
-};
 
 // An address is one byte and no digit: it is printed as its number.
 std::string WithAddress(const std::string& text)
@@ -97,97 +60,105 @@ std::string WithAddress(const std::string& text)
     return readable;
 }
 
-void Show(Session& session, const TextTable& table, const LogWanted& wanted)
+std::uint32_t Show(Report& report, const TextTable& table, const Args& args)
 {
-    if (table.Size() == 0 && !wanted.csv)
-        session.report.Line("the log has no rows");
-    if (table.Size() != 0 || wanted.csv || session.report.IsJson())
-        table.Show(session.report, "rows", wanted.csv ? TableForm::kCsv : TableForm::kColumns);
+    const bool csv = args.Has("--csv");
+    if (table.Size() == 0 && !csv)
+        report.Line("the log has no rows");
+    if (table.Size() != 0 || csv || report.IsJson())
+        table.Show(report, "rows", csv ? TableForm::kCsv : TableForm::kColumns);
+    return VX_OK;
 }
 
 template <class Record, class Read>
-std::vector<Record> Collected(Session& session, const LogWanted& wanted, const Read& read)
+std::vector<Record> Collected(const Session& session, const Args& args, const Read& read)
 {
-    if (wanted.csv && session.report.IsJson())
+    if (args.Has("--csv") && session.report.IsJson())
         throw UsageError("--csv and --json exclude each other");
     const TemporaryFolder folder;
     std::string path = folder.Path() + "log";
     const ProgressBar bar("log", session.report.IsJson());
-    session.Connect(ProgressBar::OnProgress);
     Check(read(path.data()));
     return TakeCollected<Record>();
 }
 
-void ShowErrors(Session& session, const LogWanted& wanted)
+std::uint32_t ShowErrors(Session& session, const Args& args)
 {
+    const std::size_t limit = args.Number("--limit", UINT32_MAX);
     const auto records = Collected<TrafficLogEntry>(
-        session, wanted, [](char* path) { return vxReadTrafficErrLog(path, "", Collect<TrafficLogEntry>); });
+        session, args, [](char* path) { return vxReadTrafficErrLog(path, "", Collect<TrafficLogEntry>); });
     TextTable table({{"time"}, {"level", true}, {"text"}});
-    for (std::size_t i = records.size() - std::min<std::size_t>(wanted.limit, records.size()); i < records.size(); ++i)
+    for (std::size_t i = records.size() - std::min(limit, records.size()); i < records.size(); ++i)
         table.Add(
             {FieldText(records[i].time), std::to_string(+records[i].level), WithAddress(FieldText(records[i].text))});
-    Show(session, table, wanted);
+    return Show(session.report, table, args);
 }
 
 // All hours of a day have the same sample.
-void ShowTemperatures(Session& session, const LogWanted& wanted)
+std::uint32_t ShowTemperatures(Session& session, const Args& args)
 {
+    const bool hours = args.Has("--hours");
     constexpr std::size_t kDateSize = 10;
     const auto records = Collected<TrafficTempEntry>(
-        session, wanted, [](char* path) { return vxReadTrafficTempLog(path, "", Collect<TrafficTempEntry>); });
-    TextTable table({{wanted.hours ? "time" : "date"}, {"source", true}, {"sample", true}});
+        session, args, [](char* path) { return vxReadTrafficTempLog(path, "", Collect<TrafficTempEntry>); });
+    TextTable table({{hours ? "time" : "date"}, {"source", true}, {"sample", true}});
     std::string former;
     for (const TrafficTempEntry& record : records) {
-        const std::string time = FieldText(record.time).substr(0, wanted.hours ? std::string::npos : kDateSize);
+        const std::string time = FieldText(record.time).substr(0, hours ? std::string::npos : kDateSize);
         const std::string source = std::to_string(+record.sourceId);
         if (former != time + source)
             table.Add({time, source, std::to_string(+record.sample)});
         former = time + source;
     }
-    Show(session, table, wanted);
+    return Show(session.report, table, args);
 }
 
-void AddErrors(CLI::App& traffic, Session& session)
-{
-    CLI::App* const command = AddCommand(traffic, {kTrafficGroup, "errors", "Read the error log",
-                                                   R"(Levels are 2, 3 and 4, and 0 for a code that is not known.
+constexpr Argument kCsv = Flag("--csv", "comma-separated values, with a first line that names them");
 
-Examples:
-  vxctl traffic errors --limit 20
-  vxctl traffic errors --csv >errors.csv)"});
-    const auto wanted = std::make_shared<LogWanted>();
-    command->add_flag("--csv", wanted->csv, "comma-separated values, with a first line that names them");
-    AddNumber(*command, "--limit", wanted->limit, 1, std::numeric_limits<std::uint32_t>::max(), "the latest rows only")
-        ->default_str("all");
-    command->callback([&session, wanted] { ShowErrors(session, *wanted); });
-}
-
-void AddTemperatures(CLI::App& traffic, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        traffic,
-        {kTrafficGroup, "temperatures", "Read the temperature log",
-         R"(A file of the controller has a month of one source. The library gives one sample for all hours of a day: that of the
+const Command kCommands[] = {
+    {
+        .name = "traffic flow",
+        .help = "Read the flow counters",
+        .details =
+            R"(The 8 bytes of a query are the controller's own. Usually they begin with a date, which --date fills in; without it
+they ask for today.)",
+        .examples = R"(vxctl traffic flow
+vxctl traffic flow --date 2026-11-20 --json
+vxctl traffic flow --query "01 00 00 00 00 00 00 00" --save flow.bin)",
+        .arguments = {Text("--date", "the day: YYYY-MM-DD").In("DATE"),
+                      Hex("--query", 0, VX_TRAFFIC_FLOW_QUERY, "up to 8 bytes in hexadecimal").Excludes("--date"),
+                      WriteFile("--save", "keep what the controller sends")},
+        .signs = Signs::kMany,
+        .run = ShowFlow,
+    },
+    {
+        .name = "traffic errors",
+        .help = "Read the error log",
+        .details = "Levels are 2, 3 and 4, and 0 for a code that is not known.",
+        .examples = R"(vxctl traffic errors --limit 20
+vxctl traffic errors --csv >errors.csv)",
+        .arguments = {kCsv, Number("--limit", 1, UINT32_MAX, "the latest rows only, otherwise all").In("N")},
+        .signs = Signs::kMany,
+        .run = ShowErrors,
+    },
+    {
+        .name = "traffic temperatures",
+        .help = "Read the temperature log",
+        .details =
+            R"(A file of the controller has a month of one source. The library gives one sample for all hours of a day: that of the
 hour which is the place of the file in its folder, the first one being that of midnight. get reads a file with all
-that is in it.
-
-Examples:
-  vxctl traffic temperatures
-  vxctl traffic temperatures --hours --csv >temperatures.csv
-  vxctl get E:/TEP_REC/CTL11.TEP .)"});
-    const auto wanted = std::make_shared<LogWanted>();
-    command->add_flag("--csv", wanted->csv, "comma-separated values, with a first line that names them");
-    command->add_flag("--hours", wanted->hours, "a row for each hour");
-    command->callback([&session, wanted] { ShowTemperatures(session, *wanted); });
-}
+that is in it.)",
+        .examples = R"(vxctl traffic temperatures
+vxctl traffic temperatures --hours --csv >temperatures.csv
+vxctl get E:/TEP_REC/CTL11.TEP .)",
+        .arguments = {kCsv, Flag("--hours", "a row for each hour")},
+        .signs = Signs::kMany,
+        .run = ShowTemperatures,
+    },
+};
 
 } // namespace
 
-void AddTrafficLogs(CLI::App& traffic, Session& session)
-{
-    AddFlow(traffic, session);
-    AddErrors(traffic, session);
-    AddTemperatures(traffic, session);
-}
+const CommandTable kTrafficLogCommands{"Traffic controllers", kCommands};
 
 } // namespace vxctl

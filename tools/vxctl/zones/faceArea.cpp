@@ -1,5 +1,7 @@
+// Reads, writes and divides areas.
 #include "vxctl/zones/faceArea.h"
 
+#include "vxctl/cli/bytes.h"
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/numbers.h"
 
@@ -77,17 +79,14 @@ void StoreArea(std::span<std::uint8_t, kFaceAreaSize> record, const FaceArea& ar
 {
     std::size_t at = 0;
     for (const std::uint16_t number : {area.left, area.top, area.width, area.height}) {
-        record[at++] = static_cast<std::uint8_t>(number);
-        record[at++] = static_cast<std::uint8_t>(number >> 8U);
+        Store(record.subspan(at, sizeof number), number);
+        at += sizeof number;
     }
 }
 
 FaceArea LoadArea(std::span<const std::uint8_t, kFaceAreaSize> record)
 {
-    const auto number = [record](std::size_t at) {
-        return static_cast<std::uint16_t>(record[at] | record[at + 1] << 8U);
-    };
-    return {number(0), number(2), number(4), number(6)};
+    return {Load16(record, 0), Load16(record, 2), Load16(record, 4), Load16(record, 6)};
 }
 
 } // namespace vxctl

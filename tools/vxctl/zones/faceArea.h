@@ -1,6 +1,8 @@
 // A part of the face, as the command line and records have it.
 #pragma once
 
+#include "vxctl/cli/argument.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -22,6 +24,8 @@ struct FaceArea
 
 // "X,Y,WIDTHxHEIGHT", the place in pixels from the top left corner. Throws UsageError for anything else.
 FaceArea ParseArea(std::string_view text);
+
+inline constexpr ArgumentType kFaceArea{"X,Y,WxH", Checked<ParseArea>};
 
 // A grid "COLUMNSxROWS" over a face of that size, row by row; columns and rows differ by a pixel where they must.
 // Throws UsageError for no grid, or one that the face has too few pixels for.

@@ -1,5 +1,5 @@
-#include "vxctl/zones/playerCommands.h"
-#include "vxctl/cli/command.h"
+// player: playing programs of the player core.
+#include "vxctl/cli/tables.h"
 #include "vxctl/cli/textTable.h"
 #include "vxctl/zones/faceArea.h"
 #include "vxctl/zones/programProperty.h"
@@ -7,8 +7,6 @@
 #include <vxsign/player.h>
 
 #include <array>
-#include <map>
-#include <memory>
 
 namespace vxctl {
 
@@ -17,16 +15,14 @@ namespace {
 constexpr std::uint32_t kWindows = 4;
 constexpr std::size_t kStartSize = sizeof(ProjectExtra);
 
-const std::map<std::string, std::uint8_t> kFollow{{"repeat", 0}, {"next", 1}, {"list", 2}};
-const std::map<std::string, std::uint8_t> kWindowModes{{"over", 0}, {"alone", 1}, {"hidden", 2}};
+// By the sign's numbers.
+constexpr std::string_view kFollow = "repeat|next|list";
+constexpr std::string_view kWindowModes = "over|alone|hidden";
 
-std::string NameOf(const std::map<std::string, std::uint8_t>& names, std::uint8_t value)
+std::string WordOf(std::string_view words, std::uint8_t number)
 {
-    for (const auto& [name, number] : names) {
-        if (number == value)
-            return name;
-    }
-    return std::to_string(value);
+    const auto all = Split(words, '|');
+    return number < all.size() ? std::string(all[number]) : std::to_string(number);
 }
 
 const std::uint8_t* Bytes(const std::string& text)
@@ -34,231 +30,176 @@ const std::uint8_t* Bytes(const std::string& text)
     return reinterpret_cast<const std::uint8_t*>(text.c_str());
 }
 
-struct Played
+std::uint32_t Play(Session& /*session*/, const Args& args)
 {
-    std::string project;
-    std::string program;
-    std::string from;
-    std::string follow = "repeat";
-    std::uint32_t window = 0;
-    bool stop = false;
+    const std::uint8_t* const project = Bytes(args.Text("PROJECT"));
+    const std::uint8_t* const program = Bytes(args.Text("PROGRAM"));
+    const std::uint8_t* const from = Bytes(args.Text("--from"));
+    if (args.Has("--window"))
+        return vxCorePlayWindowProgram(project, program, from, Bytes(std::to_string(args.Number("--window"))));
+    return vxCorePlayProgram(project, program, from, static_cast<std::uint8_t>(args.Choice("--then")));
+}
+
+std::uint32_t Switch(Session& /*session*/, const Args& args)
+{
+    const auto follow = static_cast<std::uint8_t>(args.Choice("--then"));
+    const std::string& program = args.Text("PROGRAM");
+    return program.empty() ? vxCoreSwitchMode(follow) : vxCoreSwitchProgram(Bytes(program), follow);
+}
+
+std::uint32_t Emergency(Session& /*session*/, const Args& args)
+{
+    if (args.Has("--stop"))
+        return vxCoreStopEmergencyProgram();
+    if (args.Text("PROJECT").empty())
+        throw UsageError("player emergency takes a project, or --stop");
+    return vxCorePlayEmergencyProgram(Bytes(args.Text("PROJECT")), Bytes(args.Text("PROGRAM")),
+                                      Bytes(args.Text("--from")));
+}
+
+std::uint32_t ShowPlaying(Session& session, const Args& /*args*/)
+{
+    const PlayingPrograms playing = ReadPlaying();
+    session.report.Value("then", "then", WordOf(kFollow, playing.follow));
+    session.report.Value("windows", "windows", WordOf(kWindowModes, playing.windowMode));
+    TextTable table({{"place"}, {"project"}, {"program"}, {"file"}});
+    for (const PlayingProgram& program : playing.programs)
+        table.Add({program.place, program.project, program.program, program.file});
+    table.Show(session.report, "programs");
+    return VX_OK;
+}
+
+std::uint32_t SetWindows(Session& /*session*/, const Args& args)
+{
+    const std::vector<std::string>& texts = args.List("AREA");
+    std::vector<std::uint8_t> areas(texts.size() * kFaceAreaSize);
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        StoreArea(std::span(areas).subspan(i * kFaceAreaSize).first<kFaceAreaSize>(), ParseArea(texts[i]));
+    return vxCoreWinMode(static_cast<std::uint8_t>(args.Choice("MODE")), areas.empty() ? nullptr : areas.data(),
+                         static_cast<std::uint32_t>(areas.size()));
+}
+
+std::uint32_t Announce(Session& /*session*/, const Args& args)
+{
+    const std::string& start = args.Text("--start");
+    if (start.size() > kStartSize)
+        throw UsageError("the name of a program has " + std::to_string(kStartSize) + " bytes at most");
+    const std::uint8_t* const name = Bytes(args.Text("NAME"));
+    const auto programs = args.Number<std::uint16_t>("--programs");
+    const auto version = args.Number<std::uint16_t>("--version");
+    if (!args.Has("--start"))
+        return vxCoreProjectInfo(name, programs, version);
+    ProjectExtra extra{};
+    start.copy(reinterpret_cast<char*>(extra.bytes), kStartSize);
+    return vxCoreProjectInfoEx(name, programs, version, &extra);
+}
+
+std::uint32_t ShowProgress(Session& session, const Args& /*args*/)
+{
+    std::uint8_t percent = 0;
+    std::uint8_t state = 0;
+    Check(vxCorePrjSyncProgress(&percent, &state));
+    session.report.Value("percent", "percent", percent);
+    session.report.Value("project", "state", WordOf("none|under way|complete", state));
+    return VX_OK;
+}
+
+constexpr Argument kProject = Text("PROJECT", "the project");
+constexpr Argument kProgram = Text("PROGRAM", "its program").Optional();
+constexpr Argument kFrom = SignPath("--from", "the file of the program to begin with");
+constexpr Argument kThen =
+    Choice("--then", kFollow, "what follows: itself, the next program, the play list").Default("repeat");
+
+const Command kCommands[] = {
+    {
+        .name = "player play",
+        .help = "Play a program",
+        .details =
+            R"(Without PROGRAM the project's start program plays, or its first one. In a window it plays over what the face
+shows, and repeats.)",
+        .examples = R"(vxctl player play SHOP
+vxctl player play SHOP MORNING --then next
+vxctl player play SHOP OFFERS --window 2)",
+        .arguments = {kProject, kProgram, kFrom, kThen,
+                      Number("--window", 1, kWindows, "play in this window").Excludes("--then")},
+        .signs = Signs::kMany,
+        .run = Play,
+    },
+    {
+        .name = "player switch",
+        .help = "Go to another program of the project that plays",
+        .details = "Without PROGRAM what plays begins anew, and what follows it is set.",
+        .examples = R"(vxctl player switch EVENING
+vxctl player switch --then next)",
+        .arguments = {Text("PROGRAM", "the program").Optional(), kThen},
+        .signs = Signs::kMany,
+        .run = Switch,
+    },
+    {
+        .name = "player emergency",
+        .help = "Play a program over everything else",
+        .details = "It repeats until it is stopped; then what played before is seen again.",
+        .examples = R"(vxctl player emergency TUNNEL FIRE
+vxctl player emergency --stop)",
+        .arguments = {kProject.Optional(), kProgram, kFrom, Flag("--stop", "end it").Excludes("PROJECT")},
+        .signs = Signs::kMany,
+        .run = Emergency,
+    },
+    {
+        .name = "player stop",
+        .help = "Stop a program, or all but an emergency",
+        .examples = R"(vxctl player stop
+vxctl player stop OFFERS)",
+        .arguments = {Text("PROGRAM", "this program alone").Optional()},
+        .signs = Signs::kMany,
+        .run = [](Session&, const Args& args) { return vxCoreStopPlay(Bytes(args.Text("PROGRAM"))); },
+    },
+    {
+        .name = "player playing",
+        .help = "Show which programs play, and where",
+        .examples = R"(vxctl player playing
+vxctl --json player playing | jq .programs)",
+        .signs = Signs::kMany,
+        .run = ShowPlaying,
+    },
+    {
+        .name = "player windows",
+        .help = "Set how windows are shown, and where they are",
+        .details =
+            R"(over: over what else the face shows; alone: on an unlit face; hidden: not at all. The areas are those of window 1, 2
+and so on; windows without one stay where they are.)",
+        .examples = R"(vxctl player windows over 0,0,64x32 64,0,64x32
+vxctl player windows hidden)",
+        .arguments = {Choice("MODE", kWindowModes, "how they are shown"),
+                      Of(kFaceArea, "AREA", "the windows, up to 4").Optional().Repeated(1, kWindows)},
+        .signs = Signs::kMany,
+        .run = SetWindows,
+    },
+    {
+        .name = "player project",
+        .help = "Announce a project to the sign",
+        .details =
+            R"(How many programs it has, for player progress, and which of them plays when none is named. The project announced last
+is the one that switch goes to when nothing plays.)",
+        .examples = "vxctl player project SHOP --programs 2 --version 7 --start MORNING",
+        .arguments = {Text("NAME", "the project"),
+                      Number("--programs", 0, 65535, "programs that it has").In("N").Required(),
+                      Number("--version", 0, 65535, "a number of your own").In("N").Default("0"),
+                      Text("--start", "the program that it starts with").In("PROGRAM")},
+        .signs = Signs::kMany,
+        .run = Announce,
+    },
+    {
+        .name = "player progress",
+        .help = "Show how much of the latest project has arrived",
+        .examples = "vxctl player progress",
+        .signs = Signs::kMany,
+        .run = ShowProgress,
+    },
 };
-
-CLI::Option* AddFollow(CLI::App& command, Played& played)
-{
-    return command.add_option("--then", played.follow, "what follows: itself, the next program, the play list")
-        ->check(CLI::IsMember({"repeat", "next", "list"}))
-        ->capture_default_str();
-}
-
-void AddPlay(CLI::App& player, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        player,
-        {kProgramGroup, "play", "Play a program",
-         R"(Without PROGRAM the project's start program plays, or its first one. In a window it plays over what the face
-shows, and repeats.
-
-Examples:
-  vxctl player play SHOP
-  vxctl player play SHOP MORNING --then next
-  vxctl player play SHOP OFFERS --window 2)"});
-    const auto played = std::make_shared<Played>();
-    command->add_option("PROJECT", played->project, "the project")->required();
-    command->add_option("PROGRAM", played->program, "its program");
-    AddSignPath(*command, "--from", played->from, "the file of the program to begin with");
-    CLI::Option* const follow = AddFollow(*command, *played);
-    AddNumber(*command, "--window", played->window, 1, kWindows, "play in this window")->excludes(follow);
-    command->callback([&session, played] {
-        session.Connect();
-        const std::uint8_t* const project = Bytes(played->project);
-        const std::uint8_t* const program = Bytes(played->program);
-        const std::uint8_t* const from = Bytes(played->from);
-        if (played->window == 0)
-            return Check(vxCorePlayProgram(project, program, from, kFollow.at(played->follow)));
-        Check(vxCorePlayWindowProgram(project, program, from, Bytes(std::to_string(played->window))));
-    });
-}
-
-void AddSwitch(CLI::App& player, Session& session)
-{
-    CLI::App* const command =
-        AddCommand(player, {kProgramGroup, "switch", "Go to another program of the project that plays",
-                            R"(Without PROGRAM what plays begins anew, and what follows it is set.
-
-Examples:
-  vxctl player switch EVENING
-  vxctl player switch --then next)"});
-    const auto played = std::make_shared<Played>();
-    command->add_option("PROGRAM", played->program, "the program");
-    AddFollow(*command, *played);
-    command->callback([&session, played] {
-        session.Connect();
-        const std::uint8_t mode = kFollow.at(played->follow);
-        Check(played->program.empty() ? vxCoreSwitchMode(mode) : vxCoreSwitchProgram(Bytes(played->program), mode));
-    });
-}
-
-void AddEmergency(CLI::App& player, Session& session)
-{
-    CLI::App* const command =
-        AddCommand(player, {kProgramGroup, "emergency", "Play a program over everything else",
-                            R"(It repeats until it is stopped; then what played before is seen again.
-
-Examples:
-  vxctl player emergency TUNNEL FIRE
-  vxctl player emergency --stop)"});
-    const auto played = std::make_shared<Played>();
-    CLI::Option* const project = command->add_option("PROJECT", played->project, "the project");
-    command->add_option("PROGRAM", played->program, "its program");
-    AddSignPath(*command, "--from", played->from, "the file of the program to begin with");
-    command->add_flag("--stop", played->stop, "end it")->excludes(project);
-    command->callback([&session, played] {
-        if (!played->stop && played->project.empty())
-            throw UsageError("player emergency takes a project, or --stop");
-        session.Connect();
-        Check(played->stop
-                  ? vxCoreStopEmergencyProgram()
-                  : vxCorePlayEmergencyProgram(Bytes(played->project), Bytes(played->program), Bytes(played->from)));
-    });
-}
-
-void AddStop(CLI::App& player, Session& session)
-{
-    CLI::App* const command = AddCommand(player, {kProgramGroup, "stop", "Stop a program, or all but an emergency",
-                                                  "Examples:\n  vxctl player stop\n  vxctl player stop OFFERS"});
-    const auto program = std::make_shared<std::string>();
-    command->add_option("PROGRAM", *program, "this program alone");
-    command->callback([&session, program] {
-        session.Connect();
-        Check(vxCoreStopPlay(Bytes(*program)));
-    });
-}
-
-void AddPlaying(CLI::App& player, Session& session)
-{
-    AddCommand(player, {kProgramGroup, "playing", "Tell which programs play, and where",
-                        "Examples:\n  vxctl player playing\n  vxctl --json player playing | jq .programs"})
-        ->callback([&session] {
-            session.Connect();
-            const PlayingPrograms playing = ReadPlaying();
-            session.report.Value("then", "then", NameOf(kFollow, playing.follow));
-            session.report.Value("windows", "windows", NameOf(kWindowModes, playing.windowMode));
-            TextTable table({{"place"}, {"project"}, {"program"}, {"file"}});
-            for (const PlayingProgram& program : playing.programs)
-                table.Add({program.place, program.project, program.program, program.file});
-            table.Show(session.report, "programs");
-        });
-}
-
-struct WindowSettings
-{
-    std::string mode;
-    std::vector<std::string> areas;
-};
-
-void AddWindows(CLI::App& player, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        player,
-        {kProgramGroup, "windows", "Set how windows are shown, and where they are",
-         R"(over: over what else the face shows; alone: on an unlit face; hidden: not at all. The areas are those of window 1, 2
-and so on; windows without one stay where they are.
-
-Examples:
-  vxctl player windows over 0,0,64x32 64,0,64x32
-  vxctl player windows hidden)"});
-    const auto settings = std::make_shared<WindowSettings>();
-    command->add_option("MODE", settings->mode, "over, alone or hidden")
-        ->required()
-        ->check(CLI::IsMember({"over", "alone", "hidden"}));
-    command->add_option("AREA", settings->areas, "the windows, up to 4")->type_name("X,Y,WxH");
-    command->callback([&session, settings] {
-        if (settings->areas.size() > kWindows)
-            throw UsageError("there are " + std::to_string(kWindows) + " windows");
-        std::vector<std::uint8_t> areas(settings->areas.size() * kFaceAreaSize);
-        for (std::size_t i = 0; i < settings->areas.size(); ++i)
-            StoreArea(std::span(areas).subspan(i * kFaceAreaSize).first<kFaceAreaSize>(),
-                      ParseArea(settings->areas[i]));
-        session.Connect();
-        Check(vxCoreWinMode(kWindowModes.at(settings->mode), areas.empty() ? nullptr : areas.data(),
-                            static_cast<std::uint32_t>(areas.size())));
-    });
-}
-
-struct Announced
-{
-    std::string name;
-    std::uint32_t programs = 0;
-    std::uint32_t version = 0;
-    std::string start;
-};
-
-void AddProject(CLI::App& player, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        player,
-        {kProgramGroup, "project", "Tell the sign of a project",
-         R"(How many programs it has, for player progress, and which of them plays when none is named. The project told of last
-is the one that switch goes to when nothing plays.
-
-Example:
-  vxctl player project SHOP --programs 2 --version 7 --start MORNING)"});
-    const auto project = std::make_shared<Announced>();
-    command->add_option("NAME", project->name, "the project")->required();
-    AddNumber(*command, "--programs", project->programs, 0, 65535, "programs that it has")->required();
-    AddNumber(*command, "--version", project->version, 0, 65535, "a number of your own")->default_str("0");
-    CLI::Option* const start = command->add_option("--start", project->start, "the program that it starts with");
-    command->callback([&session, project, start] {
-        if (project->start.size() > kStartSize)
-            throw UsageError("the name of a program has " + std::to_string(kStartSize) + " bytes at most");
-        session.Connect();
-        const auto programs = static_cast<std::uint16_t>(project->programs);
-        const auto version = static_cast<std::uint16_t>(project->version);
-        if (start->count() == 0)
-            return Check(vxCoreProjectInfo(Bytes(project->name), programs, version));
-        ProjectExtra extra{};
-        project->start.copy(reinterpret_cast<char*>(extra.bytes), kStartSize);
-        Check(vxCoreProjectInfoEx(Bytes(project->name), programs, version, &extra));
-    });
-}
-
-void AddProgress(CLI::App& player, Session& session)
-{
-    AddCommand(player, {kProgramGroup, "progress", "Tell how much of the latest project has arrived",
-                        "Example:\n  vxctl player progress"})
-        ->callback([&session] {
-            std::uint8_t percent = 0;
-            std::uint8_t state = 0;
-            constexpr std::array<const char*, 3> kStates{"none", "under way", "complete"};
-            session.Connect();
-            Check(vxCorePrjSyncProgress(&percent, &state));
-            session.report.Value("percent", "percent", percent);
-            session.report.Value("project", "state", state < kStates.size() ? kStates[state] : std::to_string(state));
-        });
-}
 
 } // namespace
 
-void AddPlayerCommands(CLI::App& app, Session& session)
-{
-    CLI::App* const player = AddCommand(app, {kProgramGroup, "player", "Programs of the player core",
-                                              R"(A program is a list of files, in a project; both have names.
-
-Examples:
-  vxctl player put SHOP MORNING hello.nmg logo.bmp
-  vxctl player play SHOP MORNING
-  vxctl player playing)"});
-    player->require_subcommand(1);
-    AddProgramCommands(*player, session);
-    AddPlay(*player, session);
-    AddSwitch(*player, session);
-    AddEmergency(*player, session);
-    AddStop(*player, session);
-    AddPlaying(*player, session);
-    AddWindows(*player, session);
-    AddProject(*player, session);
-    AddProgress(*player, session);
-}
+const CommandTable kPlayerCommands{"Zones and programs", kCommands};
 
 } // namespace vxctl

@@ -1,8 +1,9 @@
+// player: making programs, looking at them, deleting them.
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/progressBar.h"
+#include "vxctl/cli/tables.h"
 #include "vxctl/cli/textTable.h"
 #include "vxctl/files/signPaths.h"
-#include "vxctl/zones/playerCommands.h"
 #include "vxctl/zones/programProperty.h"
 
 #include <vxsign/filesystem.h>
@@ -12,15 +13,11 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <set>
 
 namespace vxctl {
 
 namespace {
-
-constexpr std::size_t kMostFiles = 64;
-constexpr std::uint32_t kLongestStay = 65535;
 
 // "D:/T/X.NMG", a file that is on the sign already.
 bool IsOnSign(const std::string& file)
@@ -28,10 +25,12 @@ bool IsOnSign(const std::string& file)
     return file.size() > 2 && file[1] == ':';
 }
 
-std::string SignOrReadable(const std::string& file)
+std::string ReadProgramFile(const Argument& argument, const std::string& file)
 {
-    return IsOnSign(file) ? std::string() : ReadableFile()(file);
+    return IsOnSign(file) ? ReadSignPath(argument, file) : ReadLocalFile(argument, file);
 }
+
+constexpr ArgumentType kProgramFile{"FILE", ReadProgramFile, true};
 
 // Names on the sign compare without regard to case.
 bool IsSameName(const std::string& left, const std::string& right)
@@ -40,74 +39,51 @@ bool IsSameName(const std::string& left, const std::string& right)
     return std::ranges::equal(left, right, {}, upper, upper);
 }
 
-struct Program
+std::string PathOnSign(const std::string& project, const std::string& file)
 {
-    std::string project;
-    std::string name;
-    std::vector<std::string> files;
-    std::uint32_t staySec = 0;
-};
-
-std::string PathOnSign(const Program& program, const std::string& file)
-{
-    if (!IsOnSign(file))
-        return ProjectFolder(program.project) + "\\" + std::filesystem::path(file).filename().string();
-    std::string path = file;
-    std::replace(path.begin(), path.end(), '/', '\\');
-    return path;
+    if (IsOnSign(file))
+        return file;
+    return ProjectFolder(project) + "\\" + std::filesystem::path(file).filename().string();
 }
 
-// The files of this PC first, so that the program names nothing that is not there.
-void Put(Session& session, const Program& program)
+// The lines of a program.
+std::string ListOf(const std::string& project, const std::vector<std::string>& files, const std::string& stay)
 {
-    const std::string listPath = ProgramPath(program.project, program.name);
-    const TemporaryFolder folder;
-    const std::string local = folder.Path() + "program";
-    std::ofstream list(local, std::ios::binary);
+    std::string list;
     std::set<std::string> sent;
-    for (const std::string& file : program.files) {
-        const std::string path = PathOnSign(program, file);
+    for (const std::string& file : files) {
+        const std::string path = PathOnSign(project, file);
         if (path.find('|') != std::string::npos)
             throw UsageError("a program takes no name with |");
         if (!IsOnSign(file) && !sent.insert(path).second)
             throw UsageError("two files have the name " + path);
-        list << path << '|' << program.staySec << '\n';
+        list.append(path).append("|").append(stay).append("\n");
     }
+    return list;
+}
+
+// The files of this PC first, so that the program names nothing that is not there.
+std::uint32_t Put(Session& session, const Args& args)
+{
+    const std::string& project = args.Text("PROJECT");
+    const std::vector<std::string>& files = args.List("FILE");
+    const std::string listPath = ProgramPath(project, args.Text("PROGRAM"));
+    const TemporaryFolder folder;
+    const std::string local = folder.Path() + "program";
+    std::ofstream list(local, std::ios::binary);
+    list << ListOf(project, files, std::to_string(args.Number("--stay")));
     list.close();
     if (!list)
-        throw SignFailure(VX_OPEN_FILE);
+        return VX_OPEN_FILE;
     const ProgressBar bar("put", session.report.IsJson());
-    session.Connect(ProgressBar::OnProgress);
-    for (const std::string& file : program.files) {
+    for (const std::string& file : files) {
         if (!IsOnSign(file))
-            Check(vxWriteSpecFileEx(PathOnSign(program, file).c_str(), file.c_str()));
+            Check(vxWriteSpecFileEx(PathOnSign(project, file).c_str(), file.c_str()));
     }
     Check(vxWriteSpecFileEx(listPath.c_str(), local.c_str()));
     session.report.Put("path", listPath);
-    session.report.Put("files", program.files.size());
-}
-
-void AddPut(CLI::App& player, Session& session)
-{
-    CLI::App* const command = AddCommand(
-        player,
-        {kProgramGroup, "put", "Make a program of files",
-         R"(A file of this PC is sent into the folder of the project, C:/PLAYER/PROJECT; the programs of a project share it. A
-file that is on the sign already has its path, such as D:/T/HELLO.NMG. A program of that name is replaced.
-
-Example:
-  vxctl player put SHOP MORNING --stay 10 hello.nmg logo.bmp D:/T/OFFER.NMG)"});
-    const auto program = std::make_shared<Program>();
-    command->add_option("PROJECT", program->project, "the project")->required();
-    command->add_option("PROGRAM", program->name, "the program")->required();
-    command->add_option("FILE", program->files, "up to 64 files, in their order")->required()->check(SignOrReadable);
-    AddNumber(*command, "--stay", program->staySec, 0, kLongestStay, "seconds of a picture, 0 for the sign's own")
-        ->default_str("0");
-    command->callback([&session, program] {
-        if (program->files.size() > kMostFiles)
-            throw UsageError("a program takes " + std::to_string(kMostFiles) + " files at most");
-        Put(session, *program);
-    });
+    session.report.Put("files", files.size());
+    return VX_OK;
 }
 
 std::string YesNo(bool value)
@@ -116,9 +92,9 @@ std::string YesNo(bool value)
 }
 
 // All projects, or the programs of one.
-void List(Session& session, const std::string& project)
+std::uint32_t List(Session& session, const Args& args)
 {
-    session.Connect();
+    const std::string& project = args.Text("PROJECT");
     const ProgramProperty all = ReadProperty(project);
     TextTable table({{project.empty() ? "project" : "program"},
                      {project.empty() ? "programs" : "files", true},
@@ -132,23 +108,24 @@ void List(Session& session, const std::string& project)
                    one.changed});
     }
     table.Show(session.report, project.empty() ? "projects" : "programs");
+    return VX_OK;
 }
 
-void AddList(CLI::App& player, Session& session)
+void ShowFiles(Report& report, const ProgramProperty& program)
 {
-    CLI::App* const command = AddCommand(player, {kProgramGroup, "list", "List the projects, or the programs of one",
-                                                  "Examples:\n  vxctl player list\n  vxctl player list SHOP"});
-    const auto project = std::make_shared<std::string>();
-    command->add_option("PROJECT", *project, "the project");
-    command->callback([&session, project] { List(session, *project); });
+    TextTable table({{"file"}, {"stay", true}});
+    for (const std::string& line : program.names) {
+        const auto [file, stay] = SplitFile(line);
+        table.Add({file, std::to_string(stay)});
+    }
+    table.Show(report, "files");
 }
 
-void Info(Session& session, const Program& program)
+std::uint32_t Info(Session& session, const Args& args)
 {
-    session.Connect();
     Report& report = session.report;
-    const bool isProject = program.name.empty();
-    const ProgramProperty property = ReadProperty(program.project, program.name);
+    const bool isProject = args.Text("PROGRAM").empty();
+    const ProgramProperty property = ReadProperty(args.Text("PROJECT"), args.Text("PROGRAM"));
     report.Value(isProject ? "programs" : "files", "count", property.count);
     report.Value("bytes", "bytes", property.bytes);
     report.Value("complete", "complete", property.isComplete, YesNo(property.isComplete));
@@ -157,24 +134,10 @@ void Info(Session& session, const Program& program)
     report.Value("announced", "announced", property.programs, std::to_string(property.programs) + " programs");
     report.Value("version", "version", property.version);
     if (isProject)
-        return report.Put("programs", property.names);
-    TextTable table({{"file"}, {"stay", true}});
-    for (const std::string& line : property.names) {
-        const auto [file, stay] = SplitFile(line);
-        table.Add({file, std::to_string(stay)});
-    }
-    table.Show(report, "files");
-}
-
-void AddInfo(CLI::App& player, Session& session)
-{
-    CLI::App* const command =
-        AddCommand(player, {kProgramGroup, "info", "Tell of a project or a program",
-                            "Examples:\n  vxctl player info SHOP\n  vxctl player info SHOP MORNING"});
-    const auto program = std::make_shared<Program>();
-    command->add_option("PROJECT", program->project, "the project")->required();
-    command->add_option("PROGRAM", program->name, "its program");
-    command->callback([&session, program] { Info(session, *program); });
+        report.Put("programs", property.names);
+    else
+        ShowFiles(report, property);
+    return VX_OK;
 }
 
 // The files that only this program has in the folder of its project. None if a list did not come whole: a file of
@@ -204,51 +167,87 @@ std::vector<std::string> FilesOfItsOwn(const std::string& project, const std::st
     return files;
 }
 
-void Delete(Session& session, const Program& wanted)
+std::uint32_t Delete(Session& session, const Args& args)
 {
-    ProjectFolder(wanted.project); // looks at the name
-    session.Connect();
-    std::vector<std::string> programs = ReadProperty(wanted.project).names;
+    const std::string& project = args.Text("PROJECT");
+    const std::string& program = args.Text("PROGRAM");
+    ProjectFolder(project); // looks at the name
+    std::vector<std::string> programs = ReadProperty(project).names;
     std::size_t files = 0;
     std::vector<std::string> goners = programs;
-    if (!wanted.name.empty())
-        std::erase_if(goners, [&wanted](const std::string& name) { return !IsSameName(name, wanted.name); });
+    if (!program.empty())
+        std::erase_if(goners, [&program](const std::string& name) { return !IsSameName(name, program); });
     if (goners.empty())
-        throw SignFailure(VX_FILE_NOT_EXISTS);
+        return VX_FILE_NOT_EXISTS;
     for (const std::string& name : goners) {
-        const auto own = FilesOfItsOwn(wanted.project, name, programs);
-        Check(vxDelete(ProgramPath(wanted.project, name).c_str()));
+        const auto own = FilesOfItsOwn(project, name, programs);
+        Check(vxDelete(ProgramPath(project, name).c_str()));
         std::erase(programs, name);
         for (const std::string& file : own)
             files += vxDelete(file.c_str()) == VX_OK ? 1 : 0; // one may have been missing all along
     }
     session.report.Value("programs", "programs", goners.size(), std::to_string(goners.size()) + " deleted");
     session.report.Value("files", "files", files, std::to_string(files) + " deleted");
+    return VX_OK;
 }
 
-void AddDelete(CLI::App& player, Session& session)
-{
-    CLI::App* const command =
-        AddCommand(player, {kProgramGroup, "delete", "Delete a program, or a project",
-                            R"(With the files in the folder of the project that no other program of it needs.
+constexpr Argument kProject = Text("PROJECT", "the project");
 
-Examples:
-  vxctl player delete SHOP MORNING
-  vxctl player delete SHOP)"});
-    const auto program = std::make_shared<Program>();
-    command->add_option("PROJECT", program->project, "the project")->required();
-    command->add_option("PROGRAM", program->name, "its program; without it all of them");
-    command->callback([&session, program] { Delete(session, *program); });
-}
+const Command kCommands[] = {
+    {
+        .name = "player",
+        .help = "Make and play programs of the player core",
+        .details = "A program is a list of files, in a project; both have names.",
+        .examples = R"(vxctl player put SHOP MORNING hello.nmg logo.bmp
+vxctl player play SHOP MORNING
+vxctl player playing)",
+    },
+    {
+        .name = "player put",
+        .help = "Make a program of files",
+        .details =
+            R"(A file of this PC is sent into the folder of the project, C:/PLAYER/PROJECT; the programs of a project share it. A
+file that is on the sign already has its path, such as D:/T/HELLO.NMG. A program of that name is replaced.)",
+        .examples = "vxctl player put SHOP MORNING --stay 10 hello.nmg logo.bmp D:/T/OFFER.NMG",
+        .arguments =
+            {kProject, Text("PROGRAM", "the program"),
+             Of(kProgramFile, "FILE", "up to 64 files, in their order").Repeated(1, 64),
+             Number("--stay", 0, 65535, "seconds of a picture, 0 for the sign's own").In("SECONDS").Default("0")},
+        .signs = Signs::kMany,
+        .run = Put,
+    },
+    {
+        .name = "player list",
+        .help = "List the projects, or the programs of one",
+        .examples = R"(vxctl player list
+vxctl player list SHOP)",
+        .arguments = {kProject.Optional()},
+        .signs = Signs::kMany,
+        .run = List,
+    },
+    {
+        .name = "player info",
+        .help = "Show of a project or program its files, size, whether it is complete and plays",
+        .examples = R"(vxctl player info SHOP
+vxctl player info SHOP MORNING)",
+        .arguments = {kProject, Text("PROGRAM", "its program").Optional()},
+        .signs = Signs::kMany,
+        .run = Info,
+    },
+    {
+        .name = "player delete",
+        .help = "Delete a program, or a project",
+        .details = "With the files in the folder of the project that no other program of it needs.",
+        .examples = R"(vxctl player delete SHOP MORNING
+vxctl player delete SHOP)",
+        .arguments = {kProject, Text("PROGRAM", "its program; without it all of them").Optional()},
+        .signs = Signs::kMany,
+        .run = Delete,
+    },
+};
 
 } // namespace
 
-void AddProgramCommands(CLI::App& player, Session& session)
-{
-    AddPut(player, session);
-    AddList(player, session);
-    AddInfo(player, session);
-    AddDelete(player, session);
-}
+const CommandTable kProgramCommands{"Zones and programs", kCommands};
 
 } // namespace vxctl

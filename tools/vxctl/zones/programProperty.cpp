@@ -1,5 +1,8 @@
+// Reads the answers of the player core.
 #include "vxctl/zones/programProperty.h"
 
+#include "vxctl/cli/argument.h"
+#include "vxctl/cli/bytes.h"
 #include "vxctl/cli/clockTime.h"
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/numbers.h"
@@ -25,21 +28,11 @@ constexpr std::uint8_t kProgramKind = 2;
 constexpr std::uint8_t kPlaysBit = 1;
 constexpr std::uint8_t kCompleteBit = 2;
 
-unsigned Number(std::span<const std::uint8_t> record, std::size_t at)
-{
-    return record[at] | static_cast<unsigned>(record[at + 1]) << 8U;
-}
-
 // An answer ends where the zeros begin, as nothing tells its length.
 std::vector<std::string> Parts(std::string_view text, char end)
 {
-    std::vector<std::string> parts;
-    while (!text.empty()) {
-        const std::size_t at = std::min(text.find(end), text.size());
-        parts.emplace_back(text.substr(0, at));
-        text.remove_prefix(std::min(at + 1, text.size()));
-    }
-    return parts;
+    const auto parts = Split(text, end);
+    return {parts.begin(), parts.end()};
 }
 
 std::string_view TextBehind(std::span<const std::uint8_t> answer, std::size_t at)
@@ -74,13 +67,12 @@ ProgramProperty ReadProperty(const std::string& project, const std::string& prog
     property.isProgram = record[0] == kProgramKind;
     property.plays = (record[1] & kPlaysBit) != 0;
     property.isComplete = (record[1] & kCompleteBit) != 0;
-    property.count = Number(record, 2);
-    property.bytes = Number(record, 4) | static_cast<std::uint32_t>(Number(record, 6)) << 16U;
-    if (const auto changed =
-            FolderTime(static_cast<std::uint16_t>(Number(record, 8)), static_cast<std::uint16_t>(Number(record, 10))))
+    property.count = Load16(record, 2);
+    property.bytes = Load32(record, 4);
+    if (const auto changed = FolderTime(Load16(record, 8), Load16(record, 10)))
         property.changed = FormatTime(*changed, 'T');
-    property.programs = Number(record, 12);
-    property.version = Number(record, 14);
+    property.programs = Load16(record, 12);
+    property.version = Load16(record, 14);
     property.names = Parts(TextBehind(record, kHeadSize), '\n');
     return property;
 }

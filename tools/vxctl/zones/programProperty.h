@@ -1,4 +1,4 @@
-// What a player core tells of its projects and programs. The layout is that of vxsim.
+// What a player core tells of its projects and programs. The layout is the usual one.
 #pragma once
 
 #include <cstdint>

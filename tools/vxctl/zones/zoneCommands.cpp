@@ -1,12 +1,12 @@
-#include "vxctl/zones/zoneCommands.h"
-
+// zone: what zones hold, and how they show it.
+#include "vxctl/cli/bytes.h"
 #include "vxctl/cli/progressBar.h"
+#include "vxctl/cli/tables.h"
 #include "vxctl/show/showCodes.h"
+#include "vxctl/zones/zonePlace.h"
 
 #include <vxsign/write.h>
 #include <vxsign/zones.h>
-
-#include <memory>
 
 namespace vxctl {
 
@@ -19,165 +19,114 @@ enum ContentKind : std::uint8_t
     kFile = 2
 };
 
-void AddZone(CLI::App& command, ZonePlace& place)
+std::uint32_t SetStyle(Session& /*session*/, const Args& args)
 {
-    AddNumber(command, "ZONE", place.zone, 0, kMostZones, "the zone, 0 for all zones of the page")->required();
+    DisplayHead head{};
+    const std::span<std::uint8_t> fields(head.head);
+    head.head[0] = static_cast<std::uint8_t>(ParseMode(args.Text("--in")));
+    head.head[1] = static_cast<std::uint8_t>(ParseMode(args.Text("--out")));
+    Store(fields.subspan(2, 2), args.Number("--stay"));
+    head.head[4] = static_cast<std::uint8_t>(ParseFont(args.Text("--font")));
+    Store(fields.subspan(5, 4), ParseColour(args.Text("--colour")));
+    return vxSetDisplay(PageOf(args), ZoneOf(args), 0, head, nullptr);
 }
 
-struct Style : ZonePlace
+std::uint32_t SetContent(const Args& args, ContentKind kind, const std::string& content)
 {
-    std::string entry = "0";
-    std::string exit = "0";
-    std::string font = "1";
-    std::string colour = "1";
-    std::uint32_t staySec = 0;
-};
-
-void AddStyle(CLI::App& zone, Session& session)
-{
-    CLI::App* const command =
-        AddCommand(zone, {kZoneGroup, "style", "Set how a zone shows its content",
-                          R"(What is not given is as the default says. Font and colour are for texts alone.
-
-Example:
-  vxctl zone style 1 2 --in 3 --out 3 --stay 8 --font 0 --colour "#FF8000")"});
-    const auto style = std::make_shared<Style>();
-    AddPage(*command, *style);
-    AddZone(*command, *style);
-    command->add_option("--in", style->entry, "entry mode")->type_name("MODE")->capture_default_str();
-    command->add_option("--out", style->exit, "exit mode")->type_name("MODE")->capture_default_str();
-    command->add_option("--font", style->font, "a character or its code")->type_name("FONT")->capture_default_str();
-    command->add_option("--colour,--color", style->colour, "a name, #RRGGBB, or a code of the sign")
-        ->type_name("COLOUR")
-        ->capture_default_str();
-    AddNumber(*command, "--stay", style->staySec, 0, kLongestPageStay,
-              "seconds of a picture or a page of text, 0 for the sign's own");
-    command->callback([&session, style] {
-        const std::uint32_t colour = ParseColour(style->colour);
-        DisplayHead head{};
-        head.head[0] = static_cast<std::uint8_t>(ParseMode(style->entry));
-        head.head[1] = static_cast<std::uint8_t>(ParseMode(style->exit));
-        head.head[2] = static_cast<std::uint8_t>(style->staySec);
-        head.head[3] = static_cast<std::uint8_t>(style->staySec >> 8U);
-        head.head[4] = static_cast<std::uint8_t>(ParseFont(style->font));
-        for (unsigned i = 0; i < 4; ++i)
-            head.head[5 + i] = static_cast<std::uint8_t>(colour >> 8U * i);
-        session.Connect();
-        Check(vxSetDisplay(style->Page(), style->Zone(), 0, head, nullptr));
-    });
-}
-
-void SetContent(const ZonePlace& place, ContentKind kind, const std::string& content)
-{
-    if (content.size() > kLongestPageStay)
-        throw SignFailure(VX_ARGUMENTS);
+    if (content.size() > UINT16_MAX)
+        return VX_ARGUMENTS;
     ContentHead head{};
     head.head[0] = kind;
     head.dataLength = static_cast<std::uint16_t>(content.size());
-    Check(vxSetContentDisplay(place.Page(), place.Zone(), head, content.data()));
+    return vxSetContentDisplay(PageOf(args), ZoneOf(args), head, content.data());
 }
 
-struct Content : ZonePlace
+std::uint32_t ShowFile(Session& session, const Args& args)
 {
-    std::string content;
-    std::string local;
+    const ProgressBar bar("put", session.report.IsJson() || !args.Has("--put"));
+    if (args.Has("--put"))
+        Check(vxWriteSpecFileEx(args.Text("PATH").c_str(), args.Text("--put").c_str()));
+    return SetContent(args, ContentKind::kFile, args.Text("PATH"));
+}
+
+const Command kCommands[] = {
+    {
+        .name = "zone style",
+        .help = "Set how a zone shows its content",
+        .details = "What is not given is as the default says. Font and colour are for texts alone.",
+        .examples = R"(vxctl zone style 1 2 --in 3 --out 3 --stay 8 --font 0 --colour "#FF8000")",
+        .arguments = {kPage, kZone, Of(kModeCode, "--in", "entry mode").Default("0"),
+                      Of(kModeCode, "--out", "exit mode").Default("0"),
+                      Of(kFontCode, "--font", "a character or its code").Default("1"),
+                      Of(kColourCode, "--colour,--color", "a name, #RRGGBB, or a code of the sign").Default("1"),
+                      Number("--stay", 0, kLongestPageStay,
+                             "seconds of a picture or a page of text, 0 for the sign's own")
+                          .In("SECONDS")},
+        .signs = Signs::kMany,
+        .run = SetStyle,
+    },
+    {
+        .name = "zone text",
+        .help = "Show a text in a zone",
+        .details = "A text that begins with a dash stands behind \"--\".",
+        .examples = R"(vxctl zone text 1 2 "Lane closed")",
+        .arguments = {kPage, kZone, Text("TEXT", "the text, sent as it is")},
+        .signs = Signs::kMany,
+        .run = [](Session&, const Args& args) { return SetContent(args, ContentKind::kText, args.Text("TEXT")); },
+    },
+    {
+        .name = "zone file",
+        .help = "Show a file of the sign in a zone",
+        .details = "A picture or a message. With --put it is sent ahead.",
+        .examples = R"(vxctl zone file 1 1 D:/T/HELLO.NMG
+vxctl zone file 1 1 D:/P/LOGO.BMP --put logo.bmp)",
+        .arguments = {kPage, kZone, SignPath("PATH", "the file on the sign"),
+                      ReadFile("--put", "send this file there")},
+        .signs = Signs::kMany,
+        .run = ShowFile,
+    },
+    {
+        .name = "zone empty",
+        .help = "Show nothing in a zone",
+        .examples = "vxctl zone empty 1 2",
+        .arguments = {kPage, kZone},
+        .signs = Signs::kMany,
+        .run = [](Session&, const Args& args) { return SetContent(args, ContentKind::kNone, {}); },
+    },
+    {
+        .name = "zone on",
+        .help = "Show the pages of zones",
+        .examples = "vxctl zone on",
+        .signs = Signs::kMany,
+        .run = [](Session&, const Args&) { return vxSetEnableMulitZone(1); },
+    },
+    {
+        .name = "zone off",
+        .help = "Go back to the play list",
+        .examples = "vxctl zone off",
+        .signs = Signs::kMany,
+        .run = [](Session&, const Args&) { return vxSetEnableMulitZone(0); },
+    },
+    {
+        .name = "zone pages",
+        .help = "Set how many pages take turns, from page 1 on",
+        .examples = "vxctl zone pages 2",
+        .arguments = {Number("N", 1, 255, "the pages; a sign may have fewer")},
+        .signs = Signs::kMany,
+        .run = [](Session&, const Args& args) { return vxSetPageCount(args.Number<std::uint8_t>("N")); },
+    },
+    {
+        .name = "zone clear",
+        .help = "Take the zones of a page away, with what they hold",
+        .examples = "vxctl zone clear 2",
+        .arguments = {kPage},
+        .signs = Signs::kMany,
+        .run = [](Session&, const Args& args) { return vxDivideZone(PageOf(args), 0, ZoneHead{}, nullptr); },
+    },
 };
-
-void AddContents(CLI::App& zone, Session& session)
-{
-    CLI::App* const text = AddCommand(zone, {kZoneGroup, "text", "Show a text in a zone",
-                                             R"(A text that begins with a dash stands behind "--".
-
-Example:
-  vxctl zone text 1 2 "Lane closed")"});
-    const auto words = std::make_shared<Content>();
-    AddPage(*text, *words);
-    AddZone(*text, *words);
-    text->add_option("TEXT", words->content, "the text, sent as it is")->required();
-    text->callback([&session, words] {
-        session.Connect();
-        SetContent(*words, kText, words->content);
-    });
-
-    CLI::App* const file = AddCommand(zone, {kZoneGroup, "file", "Show a file of the sign in a zone",
-                                             R"(A picture or a message. With --put it is sent ahead.
-
-Examples:
-  vxctl zone file 1 1 D:/T/HELLO.NMG
-  vxctl zone file 1 1 D:/P/LOGO.BMP --put logo.bmp)"});
-    const auto shown = std::make_shared<Content>();
-    AddPage(*file, *shown);
-    AddZone(*file, *shown);
-    AddSignPath(*file, "PATH", shown->content, "the file on the sign")->required();
-    file->add_option("--put", shown->local, "send this file there")->check(ReadableFile());
-    file->callback([&session, shown] {
-        const ProgressBar bar("put", session.report.IsJson() || shown->local.empty());
-        session.Connect(ProgressBar::OnProgress);
-        if (!shown->local.empty())
-            Check(vxWriteSpecFileEx(shown->content.c_str(), shown->local.c_str()));
-        SetContent(*shown, kFile, shown->content);
-    });
-
-    CLI::App* const empty =
-        AddCommand(zone, {kZoneGroup, "empty", "Show nothing in a zone", "Example:\n  vxctl zone empty 1 2"});
-    const auto place = std::make_shared<ZonePlace>();
-    AddPage(*empty, *place);
-    AddZone(*empty, *place);
-    empty->callback([&session, place] {
-        session.Connect();
-        SetContent(*place, kNone, {});
-    });
-}
-
-void AddSettings(CLI::App& zone, Session& session)
-{
-    for (const bool on : {true, false}) {
-        AddCommand(zone, {kZoneGroup, on ? "on" : "off", on ? "Show the pages of zones" : "Go back to the play list",
-                          std::string("Example:\n  vxctl zone ") + (on ? "on" : "off")})
-            ->callback([&session, on] {
-                session.Connect();
-                Check(vxSetEnableMulitZone(on ? 1 : 0));
-            });
-    }
-    CLI::App* const pages = AddCommand(
-        zone, {kZoneGroup, "pages", "Set how many pages take turns, from page 1 on", "Example:\n  vxctl zone pages 2"});
-    const auto count = std::make_shared<std::uint32_t>(0);
-    AddNumber(*pages, "N", *count, 1, 255, "the pages; vxsim has 12")->required();
-    pages->callback([&session, count] {
-        session.Connect();
-        Check(vxSetPageCount(static_cast<std::uint8_t>(*count)));
-    });
-
-    CLI::App* const clear = AddCommand(zone, {kZoneGroup, "clear", "Take the zones of a page away, with what they hold",
-                                              "Example:\n  vxctl zone clear 2"});
-    const auto place = std::make_shared<ZonePlace>();
-    AddPage(*clear, *place);
-    clear->callback([&session, place] {
-        session.Connect();
-        Check(vxDivideZone(place->Page(), 0, ZoneHead{}, nullptr));
-    });
-}
 
 } // namespace
 
-void AddPage(CLI::App& command, ZonePlace& place)
-{
-    AddNumber(command, "PAGE", place.page, 1, kMostPages, "the page")->required();
-}
-
-void AddZoneCommands(CLI::App& app, Session& session)
-{
-    CLI::App* const zone = AddCommand(app, {kZoneGroup, "zone", "Divide the face into zones with content of their own",
-                                            R"(Examples:
-  vxctl zone divide 1 --grid 2x1
-  vxctl zone text 1 1 "Exit 7"
-  vxctl zone file 1 2 D:/P/LOGO.BMP --put logo.bmp
-  vxctl zone on)"});
-    zone->require_subcommand(1);
-    AddDivisionCommands(*zone, session);
-    AddStyle(*zone, session);
-    AddContents(*zone, session);
-    AddSettings(*zone, session);
-}
+const CommandTable kZoneCommands{"Zones and programs", kCommands};
 
 } // namespace vxctl

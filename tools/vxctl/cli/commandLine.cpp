@@ -1,0 +1,145 @@
+// Builds the parser from the rows.
+#include "vxctl/cli/commandLine.h"
+
+#include "vxctl/cli/tables.h"
+
+#include <vxsign/api.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace vxctl {
+
+namespace {
+
+constexpr const char* kFooter =
+    R"(The sign is one URL: udp://HOST:PORT, tcp://HOST:PORT or serial:NAME@BAUD. Without -s it is that of the
+environment variable VXSIGN. Paths on the sign look like D:/T/NAME.NMG.
+
+Exit status: 0 done, 1 the sign or the line failed, 2 the command line is wrong.
+
+Examples:
+  vxctl show "HELLO 42"
+  vxctl -s tcp://192.168.1.50:9520 put hello.nmg D:/T/HELLO.NMG
+  vxctl -s serial:/dev/ttyUSB0@115200 info
+  vxctl help get)";
+
+std::string FooterOf(const Command& command)
+{
+    std::string footer(command.details);
+    const auto examples = Split(command.examples, '\n');
+    if (!examples.empty())
+        footer.append(footer.empty() ? "" : "\n\n").append(examples.size() > 1 ? "Examples:" : "Example:");
+    for (const std::string_view example : examples)
+        footer.append("\n  ").append(example);
+    return footer;
+}
+
+// Values are taken as texts: their types look at them when all is parsed.
+CLI::Option* AddOption(CLI::App& to, const Argument& argument)
+{
+    const std::string name(argument.name);
+    const std::string help(argument.help);
+    if (argument.IsFlag())
+        return to.add_flag(name, help);
+    CLI::Option* const option = argument.IsRepeated() ? to.add_option_function<std::vector<std::string>>(
+                                                            name, [](const std::vector<std::string>&) {}, help)
+                                                      : to.add_option_function<std::string>(
+                                                            name, [](const std::string&) {}, help);
+    const std::string value = ValueText(argument);
+    option->required(argument.isRequired)->type_name(value == name ? "" : value);
+    if (!argument.standard.empty())
+        option->default_str(std::string(argument.standard));
+    if (!argument.environment.empty())
+        option->envname(std::string(argument.environment));
+    return option;
+}
+
+void Relate(CLI::App& app, const Argument& argument, CLI::Option& option)
+{
+    for (const std::string_view other : Split(argument.excluded, ' '))
+        option.excludes(app.get_option(std::string(other)));
+    if (!argument.needed.empty())
+        option.needs(app.get_option(std::string(argument.needed)));
+}
+
+} // namespace
+
+std::string ValueText(const Argument& argument)
+{
+    if (!argument.choices.empty())
+        return std::string(argument.choices);
+    std::string text(argument.word.empty() ? argument.type->word : argument.word);
+    if (argument.type == &kNumber && argument.most != std::numeric_limits<std::uint32_t>::max())
+        text += " (" + std::to_string(argument.least) + " to " + std::to_string(argument.most) + ")";
+    return text;
+}
+
+CommandLine::CommandLine()
+{
+    app.footer(kFooter);
+    app.require_subcommand(1);
+    app.fallthrough(); // the options for every command may stand behind it too
+    AddArguments(app, nullptr, CommonArguments());
+    app.set_version_flag("--version", std::string("vxctl, with libvxsign ") + vxAPIVersion());
+    for (const CommandTable* const table : AllTables()) {
+        for (const Command& command : table->commands)
+            Add(*table, command);
+    }
+}
+
+void CommandLine::Add(const CommandTable& table, const Command& command)
+{
+    CLI::App* family = &app;
+    const auto words = Split(command.name, ' ');
+    for (std::size_t i = 0; i + 1 < words.size(); ++i)
+        family = family->get_subcommand(std::string(words[i]));
+    CLI::App* const added = family->add_subcommand(std::string(words.back()), std::string(command.help));
+    added->group(std::string(table.group))->footer(FooterOf(command));
+    AddArguments(*added, &command, command.arguments);
+    if (command.run == nullptr)
+        added->require_subcommand(1);
+    else
+        added->final_callback([this, &command] { chosen = &command; });
+}
+
+void CommandLine::AddArguments(CLI::App& to, const Command* command, std::span<const Argument> arguments)
+{
+    for (const Argument& argument : arguments)
+        places.push_back({command, &argument, AddOption(to, argument)});
+    for (const Place& place : std::span(places).last(arguments.size()))
+        Relate(to, *place.argument, *place.option);
+}
+
+const Command& CommandLine::Parse(std::vector<std::string> words)
+{
+    chosen = nullptr;
+    std::ranges::reverse(words); // as CLI11 takes them
+    app.parse(words);
+    return *chosen;
+}
+
+Args CommandLine::ArgsOf(const Command& command) const
+{
+    const std::vector<const Command*> path = PathOf(command);
+    Args args;
+    for (const Place& place : places) {
+        if (place.command == nullptr || std::ranges::find(path, place.command) != path.end())
+            args.Add(*place.argument, place.option->results());
+    }
+    return args;
+}
+
+const CLI::App& CommandLine::AppOf(const std::string& name) const
+{
+    try {
+        const CLI::App* found = &app;
+        for (const std::string_view word : Split(name, ' '))
+            found = found->get_subcommand(std::string(word));
+        return *found;
+    } catch (const CLI::OptionNotFound&) {
+        throw UsageError("there is no command " + name);
+    }
+}
+
+} // namespace vxctl

@@ -1,0 +1,99 @@
+// What all commands have in common: options, connection, report, exit status.
+#include "vxctl/cli/runner.h"
+
+#include "vxctl/cli/commandLine.h"
+#include "vxctl/cli/completion.h"
+#include "vxctl/cli/documents.h"
+#include "vxctl/cli/terminal.h"
+
+#include <cstdlib>
+#include <sstream>
+
+namespace vxctl {
+
+namespace {
+
+Options OptionsOf(const Args& args)
+{
+    return {args.Text("--sign"), args.Number("--timeout"), args.Number("--retries"), args.Number("--chunk"),
+            args.Number<std::uint16_t>("--destination")};
+}
+
+// Help and versions are no failure, but come the same way.
+int ExitWith(const CLI::App& app, const CLI::ParseError& error)
+{
+    std::ostringstream help;
+    std::ostringstream complaint; // which repeats arguments
+    const int status = app.exit(error, help, complaint);
+    PrintLines(Stream::kOut, help.str());
+    PrintLines(Stream::kError, complaint.str());
+    return status == 0 ? EXIT_SUCCESS : kExitUsage;
+}
+
+// What the completion scripts and scripts/documents.sh ask for; no help names it.
+bool PrintHidden(const std::vector<std::string>& words)
+{
+    const std::string_view what = words.empty() ? "" : std::string_view(words.front());
+    if (what == "--complete")
+        PrintLines(Stream::kOut, Complete({words.begin() + 1, words.end()}));
+    else if (what == "--commands-table")
+        PrintLines(Stream::kOut, MarkdownTables());
+    else if (what == "--manual-sections")
+        PrintLines(Stream::kOut, ManualSections());
+    else
+        return false;
+    return true;
+}
+
+std::uint32_t Run(const CommandLine& line, const Command& command, Session& session)
+{
+    const Args args = line.ArgsOf(command);
+    session.options = OptionsOf(args);
+    session.report.UseJson(args.Has("--json"));
+    if (command.line == Line::kReady)
+        session.Connect();
+    return command.run(session, args);
+}
+
+} // namespace
+
+std::uint32_t Execute(Session& session, const std::vector<std::string>& words)
+{
+    CommandLine line;
+    const Command& command = line.Parse(words);
+    return Run(line, command, session);
+}
+
+std::string HelpOf(const std::string& name)
+{
+    const CommandLine line;
+    const CLI::App& app = line.AppOf(name);
+    const CLI::App* const family = app.get_parent();
+    if (family == nullptr)
+        return app.help();
+    const std::size_t last = name.rfind(' ');
+    return app.help(last == std::string::npos ? "vxctl" : "vxctl " + name.substr(0, last));
+}
+
+int RunTool(const std::vector<std::string>& words)
+{
+    if (PrintHidden(words))
+        return EXIT_SUCCESS;
+    CommandLine line;
+    Session session;
+    try {
+        const std::uint32_t result = Run(line, line.Parse(words), session);
+        const bool isTaken = session.report.Finish(result);
+        return result == VX_OK && isTaken ? EXIT_SUCCESS : kExitFailure;
+    } catch (const SignFailure& failure) {
+        session.report.Finish(failure.code, failure.reason);
+        return kExitFailure;
+    } catch (const UsageError& error) {
+        PrintLine(Stream::kError, std::string("vxctl: ") + error.what());
+        return kExitUsage;
+    } catch (const CLI::ParseError& error) {
+        return ExitWith(line.App(), error);
+    }
+}
+
+} // namespace vxctl

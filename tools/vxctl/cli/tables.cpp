@@ -1,0 +1,92 @@
+// All commands of the tool.
+#include "vxctl/cli/tables.h"
+
+#include "vxctl/cli/signUrl.h"
+
+#include <algorithm>
+
+namespace vxctl {
+
+namespace {
+
+constexpr Argument kCommon[] = {
+    Text("-s,--sign", "the sign").In("URL").Default(kDefaultUrl).From("VXSIGN"),
+    Number("--timeout", 50, 60000, "milliseconds for each try").In("MS").Default("3000"),
+    Number("--retries", 1, 100, "tries for each packet").In("N").Default("3"),
+    Number("--chunk", 64, 1280, "bytes of a file in each packet").In("BYTES").Default("768"),
+    Number("--destination", 0, 65535, "address in each packet, such as 257 or 0x0101").In("ADDR").Default("0"),
+    Flag("--json", "one JSON object on standard output in place of text"),
+};
+
+constexpr const CommandTable* kTables[] = {
+    &kShowCommands,
+    &kFileCommands,
+    &kFolderCommands,
+    &kDriveCommands,
+    &kPlayCommands,
+    &kPlayListCommands,
+    &kPlayListTreeCommands,
+#ifdef VXCTL_HAS_PREVIEW
+    &kPlayListPreviewCommands,
+#endif
+    &kPlayListTransferCommands,
+    &kSignCommands,
+    &kAccessCommands,
+    &kTestCommands,
+    &kDivisionCommands,
+    &kZoneCommands,
+    &kProgramCommands,
+    &kPlayerCommands,
+    &kMpuCommands,
+    &kVpuCommands,
+    &kExtraCommands,
+    &kWifiCommands,
+    &kTileCommands,
+    &kCalibrationCommands,
+    &kTrafficCommands,
+    &kTrafficLogCommands,
+    &kInfoCommands,
+    &kConditionCommands,
+    &kPixelCommands,
+    &kDoctorCommands,
+    &kLogCommands,
+    &kModbusCommands,
+    &kUpgradeCommands,
+    &kLocalCommands,
+    &kRawCommands,
+    &kPingCommands,
+    &kToolCommands,
+};
+
+} // namespace
+
+std::span<const Argument> CommonArguments()
+{
+    return kCommon;
+}
+
+std::span<const CommandTable* const> AllTables()
+{
+    return kTables;
+}
+
+std::vector<const Command*> PathOf(const Command& command)
+{
+    std::vector<const Command*> path;
+    for (std::size_t end = command.name.find(' '); end != std::string_view::npos; end = command.name.find(' ', end + 1))
+        path.push_back(FindCommand(command.name.substr(0, end)));
+    path.push_back(&command);
+    return path;
+}
+
+const Command* FindCommand(std::string_view name)
+{
+    for (const CommandTable* const table : AllTables()) {
+        const auto found = std::ranges::find(table->commands, name, &Command::name);
+        if (found != table->commands.end())
+            return &*found;
+    }
+    return nullptr;
+}
+
+} // namespace vxctl
