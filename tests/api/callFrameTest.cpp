@@ -150,11 +150,6 @@ TEST(CallFrame, NothingThatACallbackThrowsLeavesAnExport)
     }
 }
 
-TEST(CallFrame, ACommandObjectStaysSmall)
-{
-    EXPECT_LT(sizeof(CBaseCMD), 8192u);
-}
-
 TEST(ThreadRecords, EachThreadHasItsOwn)
 {
     void* const mine = vxTLSGet(0);

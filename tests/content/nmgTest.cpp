@@ -108,14 +108,6 @@ TEST(Nmg, Failures)
     const std::string source = folder.Write("picture", "BM");
     const std::string target = folder.Path("a.nmg");
     const std::uint8_t text[] = {'x'};
-    EXPECT_EQ(vxShowMsgToNmg(nullptr, 1, target.c_str(), 0, 0, 0, 0), VX_ARGUMENTS);
-    EXPECT_EQ(vxShowMsgToNmg(text, 0, target.c_str(), 0, 0, 0, 0), VX_ARGUMENTS);
-    EXPECT_EQ(vxShowMsgToNmg(text, 1, nullptr, 0, 0, 0, 0), VX_ARGUMENTS);
-    EXPECT_EQ(vxShowBmpToNmg(nullptr, target.c_str(), 0, 0), VX_ARGUMENTS);
-    EXPECT_EQ(vxShowBmpToNmg(source.c_str(), nullptr, 0, 0), VX_ARGUMENTS);
-    EXPECT_EQ(vxBmp2Nmg(nullptr, target.c_str(), 0, 0), VX_ARGUMENTS);
-    EXPECT_EQ(vxBmp2Nmg(source.c_str(), nullptr, 0, 0), VX_ARGUMENTS);
-
     const std::string nowhere = folder.Path("no/such");
     EXPECT_EQ(vxShowBmpToNmg(nowhere.c_str(), target.c_str(), 0, 0), VX_OPEN_FILE);
     EXPECT_EQ(vxBmp2Nmg(folder.Path().c_str(), target.c_str(), 0, 0), VX_OPEN_FILE);

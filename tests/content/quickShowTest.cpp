@@ -231,8 +231,12 @@ TEST_F(QuickShow, ListsOfFiles)
     EXPECT_EQ(style[14], 255);
     EXPECT_EQ(style[16] + 256 * style[17], 300);
 
-    // The same wish again writes no style.
-    EXPECT_EQ(OnFreshThread([&] { return vxShowFiles(files, 2, '4', 300, kHost, Port(), 0); }), 0u);
+    // The same wish again writes no style. It gives a destination, too.
+    EXPECT_EQ(OnFreshThread([&] {
+                  return vxShowFilesEx(files, 2, '4', 300, kHost, Port(), 0, VX_CHANNEL_UDP, nullptr, 0, 0x0102);
+              }),
+              0u);
+    EXPECT_EQ(peer->Last().Word(8), 0x0102);
     EXPECT_EQ(Road(), "1.16 1.2 1.16 2.8 2.8 2.2");
 
     // Parts of the work.
@@ -287,23 +291,6 @@ TEST_F(QuickShow, TreeForm)
     EXPECT_EQ(Bytes(record.begin() + 28, record.begin() + 336), Bytes(308));
     EXPECT_EQ(Bytes(record.begin() + 336, record.end()),
               Hex("09 00 FF FF 7F00 0820 01 01 00 00 01 01 0820 01 01 23 59 01 01"));
-}
-
-TEST_F(QuickShow, Arguments)
-{
-    const auto* const text = reinterpret_cast<const std::uint8_t*>("x");
-    const char* files[] = {"a"};
-    EXPECT_EQ(vxShowMsg(nullptr, 1, '1', '1', '1', 1, kHost, 1, 0, 1), 2u);
-    EXPECT_EQ(vxShowMsg(text, 1, '1', '1', '1', 1, nullptr, 1, 0, 1), 2u);
-    EXPECT_EQ(vxShowMsgEx(text, 1, '1', '1', '1', 1, kHost, 1, 0, 1, VX_CHANNEL_SERIAL, nullptr, 0, 0), 2u);
-    EXPECT_EQ(vxShowPic(nullptr, 1, '1', 1, kHost, 1, 0), 2u);
-    EXPECT_EQ(vxShowPic(text, 1, '1', 1, nullptr, 1, 0), 2u);
-    EXPECT_EQ(vxShowFiles(nullptr, 1, '1', 1, kHost, 1, 0), 2u);
-    EXPECT_EQ(vxShowFiles(files, 0, '1', 1, kHost, 1, 0), 2u);
-    EXPECT_EQ(vxShowFilesII(files, 1, nullptr, 0, kHost, 1, 0, 0, nullptr, 0, 0, 0), 2u);
-    EXPECT_EQ(vxTubeCtrl(1, nullptr, 1, kHost, 1), 2u);
-    EXPECT_EQ(vxTubeCtrl(1, text, 1, nullptr, 1), 2u);
-    EXPECT_TRUE(temp.IsEmpty());
 }
 
 TEST_F(QuickShow, TubesAndEasyFiles)

@@ -8,9 +8,7 @@ nm=$1
 library=$2
 headers=$3
 
-# Without comments and preprocessor lines, a declaration is VXSIGN_API, a type, the name and an opening bracket.
-declared=$(cat "$headers"/*.h | sed -e '/^ *#/d' | tr '\n' ' ' | sed -e 's@/\*\([^*]\|\*\+[^*/]\)*\*\+/@@g' |
-    grep -oE 'VXSIGN_API [^(;]*\(' | sed -E 's/.*[ *]([A-Za-z_0-9]+)\($/\1/' | sort)
+declared=$("$(dirname "$0")/declared.sh" "$headers" | sort)
 exported=$("$nm" --dynamic --defined-only "$library" | awk '{ print $NF }' | sort)
 
 result=0

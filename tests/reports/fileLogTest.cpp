@@ -101,10 +101,8 @@ TEST(FileLogs, Records)
         EXPECT_EQ(log.read(folder.Path().c_str()), 36872u);
         EXPECT_EQ(sign.asked, Asked{fetch});
         EXPECT_EQ(log.read(folder.Path("no/such/").c_str()), 20737u);
-        EXPECT_EQ(log.read(nullptr), 2u);
         EXPECT_EQ(Taken::records.size(), 5u);
     }
-    EXPECT_EQ(vxReadRadarLog("", 0, 0, nullptr), 2u);
 }
 
 TEST(FileLogs, RadarOfLanes)
@@ -162,7 +160,6 @@ TEST(FileBatch, SendsUntilOneFails)
                                    "MC" + HexText("0000 01000000 00000000"), std::string("MC"), std::string()})
         EXPECT_EQ(run(bad), 258u);
     EXPECT_EQ(vxExecFileCMD(folder.Path("missing").c_str()), 20737u);
-    EXPECT_EQ(vxExecFileCMD(nullptr), 2u);
 }
 
 } // namespace

@@ -1,31 +1,10 @@
 // The pixel check and its findings.
 #include "support/fakeClock.h"
-#include "support/flatRows.h"
 #include "support/reportSign.h"
 #include "support/tempFolder.h"
 
 namespace vxsign::test {
 namespace {
-
-TEST(PixelCommands, Rows)
-{
-    std::uint8_t percent;
-    ExpectRequests({
-        {"vxBeginPixCheck", [] { return vxBeginPixCheck(); }, 16, 1, "", ""},
-        {"vxPixProgress", [&] { return vxPixProgress(&percent); }, 16, 3, "00000000", ""},
-    });
-    ExpectReplies({{"vxPixProgress", [](std::uint8_t* out) { return vxPixProgress(out); }, "05060708", "", "05"}});
-    ExpectArgumentsError({
-        {"vxPixProgress", [] { return vxPixProgress(nullptr); }},
-        {"vxReadPixResult", [] { return vxReadPixResult(nullptr); }},
-        {"vxReadSignalResult", [] { return vxReadSignalResult(nullptr); }},
-        {"vxPxlChk pixels", [] { return vxPxlChk(nullptr, "x"); }},
-        {"vxPxlChk signals", [] { return vxPxlChk("x", nullptr); }},
-        {"vxReadPixelInfo folder", [] { return vxReadPixelInfo(nullptr, 0, 0, Taken::WithUser); }},
-        {"vxReadPixelInfo callback", [] { return vxReadPixelInfo("", 0, 0, nullptr); }},
-        {"vxReadPixelErrorReport", [] { return vxReadPixelErrorReport(nullptr); }},
-    });
-}
 
 class PixelCheck : public testing::Test
 {

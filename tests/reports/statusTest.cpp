@@ -70,8 +70,6 @@ TEST(Status, FieldsFromRecordOrStateWord)
     EXPECT_EQ(Read(), 36869u);
     EXPECT_EQ(sign.asked, Asked{"1/11"});
     EXPECT_TRUE(Seen::status.empty());
-    EXPECT_EQ(vxReadStatusInfo(nullptr, 7, 0, Seen::Take, 0, 0, 0), 2u);
-    EXPECT_EQ(vxReadStatusInfo("", 7, 0, nullptr, 0, 0, 0), 2u);
 }
 
 TEST(Status, Position)
@@ -170,7 +168,6 @@ TEST(Status, Update3Info)
     record.assign(569, 0xEE);
     EXPECT_EQ(vxUpdate3Info(record.data()), 36869u);
     EXPECT_EQ(record, Bytes(569, 0xEE));
-    EXPECT_EQ(vxUpdate3Info(nullptr), 2u);
 }
 
 } // namespace

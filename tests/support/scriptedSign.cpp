@@ -122,6 +122,14 @@ void ScriptedSign::Take(const Bytes& request)
     arriving.push_back(std::move(reply));
 }
 
+std::string ScriptedSign::Road() const
+{
+    std::string road;
+    for (const Packet& request : requests)
+        road += (road.empty() ? "" : " ") + std::to_string(request.Major()) + "." + std::to_string(request.Minor());
+    return road;
+}
+
 std::int32_t ScriptedSign::Give(std::uint8_t* buffer, std::uint32_t capacity, std::uint32_t waitMs)
 {
     readWaits.push_back(waitMs);

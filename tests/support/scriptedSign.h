@@ -77,6 +77,9 @@ public:
     /// Puts the callbacks back after an export that installs a configuration of its own.
     vxApiConfig MakeConfig() const;
 
+    /// Major and minor of what was sent, as "1.16 2.8".
+    std::string Road() const;
+
     std::vector<Packet> requests;
     std::vector<std::uint32_t> readWaits; // time-outs handed to onRead
     std::vector<std::uint32_t> progress;  // percentages

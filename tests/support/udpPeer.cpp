@@ -39,6 +39,12 @@ std::vector<Packet> UdpPeer::TakeRequests()
     return std::exchange(requests, {});
 }
 
+Packet UdpPeer::Last()
+{
+    const std::lock_guard lock(mutex);
+    return requests.back();
+}
+
 void UdpPeer::Serve()
 {
     Bytes buffer(65536);

@@ -25,6 +25,8 @@ public:
 
     /// What came since the last call. Afterwards, and until the next request, what the answers left may be read.
     std::vector<Packet> TakeRequests();
+    /// The last of them so far.
+    Packet Last();
 
 private:
     void Serve();

@@ -137,15 +137,6 @@ TEST_F(DirectTile, Packets)
     EXPECT_EQ(sign.requests.back().Id(), 0x1239) << "one count of ids";
     sign.Then(Refusal(36912));
     EXPECT_EQ(vxDirectTileTest(1, 1, 1), 36912u);
-
-    sign.requests.clear();
-    EXPECT_EQ(vxDirectTileCMD(1, 1, 1, nullptr, 1), 2u);
-    EXPECT_EQ(vxDirectTileCMD(1, 1, 1, Bytes(3053).data(), 3053), 2u) << "one byte more than a request holds";
-    EXPECT_EQ(vxDirectTileReadFileEx(nullptr, 0, 1, 1, 0), 2u);
-    EXPECT_EQ(vxDirectTileWriteFileEx(nullptr, 5, 1, 1, 0), 2u);
-    EXPECT_EQ(vxDirectTilePHYWriteCoefficent2("x", 1, 1, 0, nullptr, 1), 2u);
-    EXPECT_EQ(vxWriteCmdBuf(nullptr, 1), 2u);
-    EXPECT_TRUE(sign.requests.empty());
 }
 
 TEST_F(DirectTile, FilesAreReadInPieces)

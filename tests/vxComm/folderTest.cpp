@@ -1,5 +1,5 @@
-// Drives, folders and files: major 7.
-#include "support/flatRows.h"
+// Listings of folders, through local files.
+#include "support/scriptedSign.h"
 #include "support/tempFolder.h"
 
 #include <algorithm>
@@ -7,113 +7,7 @@
 namespace vxsign::test {
 namespace {
 
-const std::string kLong(300, 'p');
-
-TEST(Folders, Requests)
-{
-    std::uint32_t total;
-    std::uint16_t count;
-    std::uint8_t entries[32];
-    ExpectRequests({
-        {"vxFormatDrive C", [] { return vxFormatDrive('C'); }, 7, 2, "43535953", ""},
-        {"vxFormatDrive c", [] { return vxFormatDrive('c'); }, 7, 2, "63000000", ""},
-        {"vxFormatDrive D", [] { return vxFormatDrive('D'); }, 7, 2, "44000000", ""},
-        {"vxCreateDir", [] { return vxCreateDir("D:\\ABCDE"); }, 7, 3, "443A5C41 42434445 00000000", ""},
-        {"vxRename", [] { return vxRename("D:\\A", "B"); }, 7, 4, "443A5C41 20420000", ""},
-        {"vxMove", [] { return vxMove("A", "D:\\B"); }, 7, 5, "4120443A 5C420000", ""},
-        {"vxPLDeleteByIndex", [] { return vxPLDeleteByIndex(255); }, 7, 6,
-         "633A5C706C61796C6973745C73657175656E743235352E7379730000", ""},
-        {"vxDelTextFiles", [] { return vxDelTextFiles(1); }, 7, 7, "01000000", ""},
-        {"vxDelStringFiles", [] { return vxDelStringFiles(2); }, 7, 8, "02000000", ""},
-        {"vxDelPictureFiles", [] { return vxDelPictureFiles(3); }, 7, 9, "03000000", ""},
-        {"vxDelArrpicFiles", [] { return vxDelArrpicFiles(4); }, 7, 10, "04000000", ""},
-        {"vxGetDirFile", [&] { return vxGetDirFile("D:\\A", &total, entries, 1); }, 7, 11, "443A5C41 00000000", ""},
-        {"vxGetDirFileEx", [&] { return vxGetDirFileEx("D:\\", 0x0102, 0x0304, &total, entries, 1); }, 7, 12,
-         "0403 0201 443A5C00", ""},
-        {"vxGetDriveInfo", [] { return vxGetDriveInfo('E', nullptr, nullptr, nullptr); }, 7, 13, "453A0000", ""},
-        {"vxIsFileExist", [] { return vxIsFileExist("D:\\A"); }, 7, 14, "443A5C41 00000000", ""},
-        {"vxClearAllPlayFiles 1", [&] { return vxClearAllPlayFiles(1, &count); }, 7, 15, "01000000", ""},
-        {"vxClearAllPlayFiles 2", [] { return vxClearAllPlayFiles(2, nullptr); }, 7, 15, "02000000", ""},
-    });
-}
-
-TEST(Folders, LongPaths)
-{
-    ScriptedSign sign;
-    sign.otherwise = [](const Packet&) { return Good(); };
-    std::uint32_t total;
-    std::uint8_t entry[32];
-    const auto payload = [&](std::uint32_t result) {
-        EXPECT_EQ(result, 0u);
-        return sign.requests.back().Payload();
-    };
-    const Bytes p256(256, 'p');
-    EXPECT_EQ(payload(vxGetDirFile(kLong.c_str(), &total, entry, 1)), p256) << "no terminator";
-    EXPECT_EQ(payload(vxGetDirFileEx(kLong.c_str(), 1, 2, &total, entry, 1)), Hex("02000100") + Bytes(252, 'p'));
-    // Announced at full length, with zeros in place of what does not go out.
-    EXPECT_EQ(payload(vxCreateDir(kLong.c_str())), p256 + Bytes(48, 0));
-    EXPECT_EQ(payload(vxIsFileExist(kLong.c_str())), p256 + Bytes(48, 0));
-    EXPECT_EQ(payload(vxCreateDir(std::string(1019, 'p').c_str())), p256 + Bytes(764, 0));
-    const Bytes cut = Bytes(254, 'a') + Hex("20 00");
-    EXPECT_EQ(payload(vxRename(std::string(254, 'a').c_str(), "b")), cut);
-    EXPECT_EQ(payload(vxMove(std::string(254, 'a').c_str(), "b")), cut);
-
-    ExpectArgumentsError({
-        {"vxCreateDir over the payload", [] { return vxCreateDir(std::string(1020, 'p').c_str()); }},
-        {"vxIsFileExist over the payload", [] { return vxIsFileExist(std::string(1 << 20, 'p').c_str()); }},
-    });
-}
-
-TEST(Folders, Replies)
-{
-    using Out = std::uint8_t*;
-    const std::string five(320, '5');
-    const std::string two(128, '5');
-    ExpectReplies({
-        {"vxGetDirFile of two", [](Out out) { return vxGetDirFile("D:", At<std::uint32_t>(out, 0), out + 4, 2); },
-         "0900FFFF", five.c_str(), ("09000000" + two).c_str()},
-        {"vxGetDirFileEx", [](Out out) { return vxGetDirFileEx("D:", 0, 2, At<std::uint32_t>(out, 0), out + 4, 9); },
-         "FFFF0000", (two + "66666666").c_str(), ("FFFF0000" + two).c_str()},
-        {"vxGetDriveInfo",
-         [](Out out) { return vxGetDriveInfo('D', At<std::uint32_t>(out, 0), At<std::uint32_t>(out, 4), out + 8); },
-         "010203040506070811121314151617181920212223", "", "0102030405060708111213141516171819202122"},
-        {"vxGetDriveInfo cut short", [](Out out) { return vxGetDriveInfo('D', nullptr, nullptr, out); },
-         "010203040506070811121314", "", "111213140000000000000000"},
-        {"vxClearAllPlayFiles", [](Out out) { return vxClearAllPlayFiles(1, At<std::uint16_t>(out, 0)); }, "01020304",
-         "", "0102"},
-        {"vxClearAllPlayFiles without", [](Out out) { return vxClearAllPlayFiles(0, At<std::uint16_t>(out, 0)); },
-         "01020304", "", ""},
-    });
-}
-
-TEST(Folders, ArgumentsErrors)
-{
-    std::uint32_t total;
-    std::uint8_t entries[32];
-    ExpectArgumentsError({
-        {"vxCreateDir", [] { return vxCreateDir(nullptr); }},
-        {"vxRename from", [] { return vxRename(nullptr, "B"); }},
-        {"vxRename to", [] { return vxRename("A", nullptr); }},
-        {"vxMove from", [] { return vxMove(nullptr, "B"); }},
-        {"vxMove to", [] { return vxMove("A", nullptr); }},
-        {"vxDelete", [] { return vxDelete(nullptr); }},
-        {"vxGetDirFile path", [&] { return vxGetDirFile(nullptr, &total, entries, 1); }},
-        {"vxGetDirFile total", [&] { return vxGetDirFile("D:", nullptr, entries, 1); }},
-        {"vxGetDirFile entries", [&] { return vxGetDirFile("D:", &total, nullptr, 1); }},
-        {"vxGetDirFileEx path", [&] { return vxGetDirFileEx(nullptr, 0, 1, &total, entries, 1); }},
-        {"vxGetDirFileEx total", [&] { return vxGetDirFileEx("D:", 0, 1, nullptr, entries, 1); }},
-        {"vxGetDirFileEx entries", [&] { return vxGetDirFileEx("D:", 0, 1, &total, nullptr, 1); }},
-        {"vxIsFileExist", [] { return vxIsFileExist(nullptr); }},
-        {"vxClearAllPlayFiles", [] { return vxClearAllPlayFiles(1, nullptr); }},
-        {"vxGetDirLongFileEx path", [] { return vxGetDirLongFileEx(nullptr, "x"); }},
-        {"vxGetDirLongFileEx local", [] { return vxGetDirLongFileEx("D:", nullptr); }},
-        {"vxLstFolder local", [] { return vxLstFolder(nullptr, "D:"); }},
-        {"vxLstFolder path", [] { return vxLstFolder("x", nullptr); }},
-        {"vxLstLongFolderCB callback", [] { return vxLstLongFolderCB("D:", nullptr, nullptr); }},
-    });
-}
-
-// Listings through local files; the library's own temporary files go into the same folder.
+// The library's own temporary files go into the same folder.
 class Listing : public testing::Test
 {
 protected:

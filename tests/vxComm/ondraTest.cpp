@@ -1,7 +1,6 @@
 // Tiles of the second family: major 28.
 #include "support/answers.h"
 #include "support/fakeClock.h"
-#include "support/flatRows.h"
 #include "support/tempFolder.h"
 
 namespace vxsign::test {
@@ -18,41 +17,6 @@ protected:
     const char* local = file.c_str();
     std::uint32_t detail = 0xEEEEEEEE;
 };
-
-TEST_F(SecondTiles, Requests)
-{
-    std::uint8_t state[4];
-    ExpectRequests({
-        {"vxOndraGetResult", [&] { return vxOndraGetResult(0x04030201, state, 4); }, 28, 3, "01020304 00000000", ""},
-        {"vxOndraLDUCMD", [] { return vxOndraLDUCMD(1, 2); }, 28, 7, "0201000000000000", ""},
-        {"vxOndraSyncBriMode", [] { return vxOndraSyncBriMode(3); }, 28, 9, "0300000000000000", ""},
-    });
-    ExpectReplies({
-        {"vxOndraGetResult", [](std::uint8_t* out) { return vxOndraGetResult(1, out, 4); }, "", "01020304 05",
-         "01020304"},
-        {"vxOndraGetResult short", [](std::uint8_t* out) { return vxOndraGetResult(1, out, 200); }, "", "0102", "0102"},
-        {"vxOndraGetResult begins with the payload", [](std::uint8_t* out) { return vxOndraGetResult(1, out, 9); },
-         "01020304", "0506", "0102"},
-    });
-}
-
-TEST_F(SecondTiles, ArgumentsErrors)
-{
-    ExpectArgumentsError({
-        {"vxOndraGetResult", [] { return vxOndraGetResult(1, nullptr, 4); }},
-        {"vxOndraTileCMD", [] { return vxOndraTileCMD(1, 2, 3, nullptr, 1); }},
-        {"vxOndraTileCMD too long", [] { return vxOndraTileCMD(1, 2, 3, Bytes(3049).data(), 3049); }},
-        {"read, all tiles", [&] { return vxOndraReadTileFile(local, 0, 1, 65535, 1, nullptr); }},
-        {"read, type 11", [&] { return vxOndraReadTileFileTimeout(local, 11, 1, 1, 1, nullptr, 1); }},
-        {"read ext, no port", [&] { return vxOndraReadTileFileExt(local, 0, 255, 1, 0, 1, nullptr); }},
-        {"write, null", [&] { return vxOndraWriteTileFile(nullptr, 0, 1, 1, nullptr); }},
-        {"write, type 11", [&] { return vxOndraWriteTileFile(local, 11, 1, 1, nullptr); }},
-        {"write ext, no port", [&] { return vxOndraWriteTileFileExt(local, 0, 255, 1, 0, nullptr); }},
-        {"calibration, no port", [&] { return vxOndraWritePxlCal(local, 255, 1, 0, nullptr, nullptr); }},
-        {"burn, no port", [&] { return vxOndraWritePxlCalBurn(local, 255, 1, 0, 0, nullptr, &detail); }},
-    });
-    EXPECT_EQ(detail, 0u) << "the burn clears its task first";
-}
 
 // Each operation with a task: the copy to the sign's disk, if any, its start, and how it waits.
 TEST_F(SecondTiles, TasksAreStartedAndWaitedFor)

@@ -1,6 +1,6 @@
-// What the sign plays: major 6.
+// What the sign plays: operations that end in a file.
 #include "support/fakeClock.h"
-#include "support/flatRows.h"
+#include "support/scriptedSign.h"
 #include "support/tempFolder.h"
 
 #include <cstring>
@@ -8,91 +8,7 @@
 namespace vxsign::test {
 namespace {
 
-constexpr std::uint64_t kValue = 0x0807060504030201;
-
-TEST(Play, Requests)
-{
-    char text[8];
-    std::uint8_t out;
-    ExpectRequests({
-        {"vxReplayList", [] { return vxReplayList(); }, 6, 1, "", ""},
-        {"vxReplayCurrFile", [] { return vxReplayCurrFile(); }, 6, 2, "", ""},
-        {"vxPlayPause", [] { return vxPlayPause(); }, 6, 3, "", ""},
-        {"vxPlayContinue", [] { return vxPlayContinue(); }, 6, 4, "", ""},
-        {"vxPlayNext", [] { return vxPlayNext(); }, 6, 5, "", ""},
-        {"vxPlayPriority of 11", [] { return vxPlayPriority(1, 2, "ABCDEFG.NMG"); }, 6, 6,
-         "0102 414243444546472E4E4D47 000000", ""},
-        {"vxPlayPriority of 13", [] { return vxPlayPriority(1, 2, "ABCDEFGHI.NMG"); }, 6, 6,
-         "0102 4142434445464748492E4E4D 0000", ""},
-        {"vxGetPlayingFileName", [&] { return vxGetPlayingFileName(text, 8); }, 6, 7, "01000000", ""},
-        {"vxGetNextPlayFileName", [&] { return vxGetNextPlayFileName(text, 8); }, 6, 8, "01000000", ""},
-        {"vxPlayPrevious", [] { return vxPlayPrevious(); }, 6, 9, "", ""},
-        {"vxPlayForword", [] { return vxPlayForword(); }, 6, 10, "", ""},
-        {"vxPlayBack", [] { return vxPlayBack(); }, 6, 11, "", ""},
-        {"vxPlayNextFrame", [] { return vxPlayNextFrame(); }, 6, 12, "", ""},
-        {"vxSoundCtrl", [] { return vxSoundCtrl(1, 2, 3); }, 6, 15, "01020300 00000000", ""},
-        {"vxBeginTiming", [] { return vxBeginTiming(1, 2, 3, 4); }, 6, 17, "01020304", ""},
-        {"vxStopTiming", [] { return vxStopTiming(); }, 6, 18, "", ""},
-        {"vxPauseTiming", [] { return vxPauseTiming(); }, 6, 19, "", ""},
-        {"vxContinueTiming", [] { return vxContinueTiming(); }, 6, 20, "", ""},
-        {"vxClearTJRadarLog", [] { return vxClearTJRadarLog(); }, 6, 22, "", ""},
-        {"vxPlaySpePlaylist", [] { return vxPlaySpePlaylist(9); }, 6, 24, "09000000", ""},
-        {"vxPlaySoundFile", [] { return vxPlaySoundFile(kValue, "A.WAV"); }, 6, 26,
-         "01020304 05060708 412E574156 000000", ""},
-        {"vxPlaySoundFile4j", [] { return vxPlaySoundFile4j(&kValue, "WAVE"); }, 6, 26, "01020304 05060708 57415645",
-         ""},
-        {"vxAdjustVolume", [] { return vxAdjustVolume(11); }, 6, 27, "0B000000", ""},
-        {"vxReadCurVolume", [&] { return vxReadCurVolume(&out); }, 6, 28, "", ""},
-        {"vxReadSpePlayListIndex", [&] { return vxReadSpePlayListIndex(&out); }, 6, 29, "", ""},
-    });
-    ExpectArgumentsError({
-        {"vxPlayPriority", [] { return vxPlayPriority(1, 2, nullptr); }},
-        {"vxGetPlayingFileName", [] { return vxGetPlayingFileName(nullptr, 8); }},
-        {"vxGetNextPlayFileName", [] { return vxGetNextPlayFileName(nullptr, 8); }},
-        {"vxPlaySoundFile", [] { return vxPlaySoundFile(1, nullptr); }},
-        {"vxPlaySoundFile4j value", [] { return vxPlaySoundFile4j(nullptr, "A"); }},
-        {"vxPlaySoundFile4j name", [] { return vxPlaySoundFile4j(&kValue, nullptr); }},
-        {"vxPlaySoundFile over the payload", [] { return vxPlaySoundFile(1, std::string(1013, 'n').c_str()); }},
-        {"vxReadCurVolume", [] { return vxReadCurVolume(nullptr); }},
-        {"vxReadSpePlayListIndex", [] { return vxReadSpePlayListIndex(nullptr); }},
-        {"vxReadCurScreenshot", [] { return vxReadCurScreenshot(nullptr); }},
-        {"vxReadCurScreentshot", [] { return vxReadCurScreentshot(nullptr); }},
-        {"vxReadTJRadarLog2File", [] { return vxReadTJRadarLog2File(nullptr); }},
-        {"vxReadDefaultScreenSet", [] { return vxReadDefaultScreenSet(nullptr); }},
-        {"vxWriteDefaultScreenSet", [] { return vxWriteDefaultScreenSet(nullptr); }},
-    });
-}
-
-TEST(Play, Replies)
-{
-    using Out = std::uint8_t*;
-    const auto name = [](Out out) { return reinterpret_cast<char*>(out); };
-    const char* const sixteen = "4142434445464748 494A4B4C4D4E4F50";
-    ExpectReplies({
-        {"vxGetPlayingFileName cut", [&](Out out) { return vxGetPlayingFileName(name(out), 8); }, sixteen, "",
-         "4142434445464748"},
-        {"vxGetPlayingFileName", [&](Out out) { return vxGetPlayingFileName(name(out), 10); }, "41424300", "99999999",
-         "41424300 000000000000"},
-        {"vxGetNextPlayFileName of nothing", [&](Out out) { return vxGetNextPlayFileName(name(out), 4); }, "", "",
-         "00000000"},
-        {"vxGetNextPlayFileName into nothing", [&](Out out) { return vxGetNextPlayFileName(name(out), 0); }, sixteen,
-         "", ""},
-        {"vxReadCurVolume", [](Out out) { return vxReadCurVolume(out); }, "A1A2A3A4", "", "A1"},
-        {"vxReadSpePlayListIndex", [](Out out) { return vxReadSpePlayListIndex(out); }, "A1A2A3A4", "", "A1"},
-    });
-}
-
-TEST(Play, LongNameOfASound)
-{
-    ScriptedSign sign;
-    sign.Then(2, Good());
-    EXPECT_EQ(vxPlaySoundFile(kValue, std::string(300, 'n').c_str()), 0u);
-    EXPECT_EQ(sign.requests[0].Payload(), Hex("0102030405060708") + Bytes(248, 'n') + Bytes(52, 0));
-    EXPECT_EQ(vxPlaySoundFile(kValue, std::string(1012, 'n').c_str()), 0u);
-    EXPECT_EQ(sign.requests[1].Payload().size(), 1020u);
-}
-
-// Operations that end in a file; the library's own temporary files go into the same folder.
+// The library's own temporary files go into the same folder.
 class PlayFiles : public testing::Test
 {
 protected:

@@ -1,7 +1,6 @@
 // Tiles of the first family: majors 12 and 50.
 #include "support/answers.h"
 #include "support/fakeClock.h"
-#include "support/flatRows.h"
 #include "support/tempFolder.h"
 
 namespace vxsign::test {
@@ -12,48 +11,6 @@ constexpr char kStatus[] = "=08080000000000";
 
 // The end of a task with success, and the answer after it.
 constexpr char kDone[] = "=000A00000005000000000001 .";
-
-// What was asked, by major and minor.
-std::string Requests(const ScriptedSign& sign)
-{
-    std::string all;
-    for (const Packet& request : sign.requests)
-        all += std::to_string(request.Major()) + "." + std::to_string(request.Minor()) + " ";
-    return all;
-}
-
-TEST(FirstTiles, Requests)
-{
-    std::uint32_t task;
-    ExpectRequests({
-        {"vxTarsisGetTileStat", [&] { return vxTarsisGetTileStat(3, &task); }, 12, 7, "03000000", ""},
-        {"vxTarsisTileTest", [&] { return vxTarsisTileTest(494, 0xAB, &task); }, 12, 9, "F0AB0000", ""},
-        {"vxTarsisFMCalOpt", [] { return vxTarsisFMCalOpt(9); }, 50, 9, "00000000", ""},
-        {"vxFlashPGMConnectCMD", [] { return vxFlashPGMConnectCMD(); }, 12, 13, "", ""},
-    });
-    ExpectReplies({
-        {"vxTarsisGetTileStat", [](std::uint8_t* out) { return vxTarsisGetTileStat(1, At<std::uint32_t>(out, 0)); },
-         "01020304 05", "", "01020304"},
-        {"vxTarsisGetTileStat without a task",
-         [](std::uint8_t* out) { return vxTarsisGetTileStat(1, At<std::uint32_t>(out, 0)); }, "", "01020304", ""},
-        {"vxTarsisTileTest without a task",
-         [](std::uint8_t* out) { return vxTarsisTileTest(1, 2, At<std::uint32_t>(out, 0)); }, "", "01020304", ""},
-    });
-}
-
-TEST(FirstTiles, ArgumentsErrors)
-{
-    std::uint32_t task;
-    std::uint8_t buffer[4];
-    ExpectArgumentsError({
-        {"vxTarsisGetTileStat 495", [&] { return vxTarsisGetTileStat(495, &task); }},
-        {"vxTarsisTileTest 495", [&] { return vxTarsisTileTest(495, 1, &task); }},
-        {"vxTarsisTileTest 65534", [&] { return vxTarsisTileTest(65534, 1, &task); }},
-        {"vxTarsisSetTileCmd 65534", [] { return vxTarsisSetTileCmd(65534, 1); }},
-        {"vxTarsisGetResult", [&] { return vxTarsisGetResult(1, buffer, 4, nullptr); }},
-        {"vxTarsisReadTileFile", [] { return vxTarsisReadTileFile(nullptr, 1, 4); }},
-    });
-}
 
 TEST(FirstTiles, NumbersRunOverTwoBuses)
 {
@@ -115,7 +72,7 @@ TEST(FirstTiles, ResultOfATask)
         EXPECT_EQ(status, row.status);
         EXPECT_EQ(buffer, expected);
         ASSERT_EQ(sign.requests.size(), answers);
-        EXPECT_EQ(Requests(sign).substr(0, 5), "12.2 ");
+        EXPECT_EQ(sign.Road().substr(0, 4), "12.2");
         EXPECT_EQ(sign.requests[0].Payload(), Hex("01020304"));
         EXPECT_EQ(sign.requests.back().bytes, sign.requests[0].bytes) << "the same packet again";
         EXPECT_EQ(sign.progress, std::vector<std::uint32_t>(answers - 1, 10));
@@ -200,7 +157,7 @@ TEST(FirstTiles, ProgressOfACommand)
         EXPECT_EQ(sign.progress, row.progress);
         ASSERT_EQ(sign.requests.size(), answers);
         EXPECT_EQ(clock.SleptMs(), 100 * (answers - 2));
-        EXPECT_EQ(Requests(sign).substr(0, 11), "12.11 12.4 ");
+        EXPECT_EQ(sign.Road().substr(0, 10), "12.11 12.4");
         EXPECT_EQ(sign.requests[1].Payload(), Hex("0A0B0C0D 00000000"));
         EXPECT_EQ(sign.requests.back().bytes, sign.requests[1].bytes) << "the same packet again";
     }
@@ -236,7 +193,7 @@ TEST_F(FirstTileFiles, AreInstalledInFixedPlaces)
         sign.requests.clear();
         Play(sign, Words({"+01", row.status, ". +02000000", kDone, "+03 +04000000", kDone}));
         EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 256, row.type), 0u);
-        ASSERT_EQ(Requests(sign), "12.7 12.2 2.13 12.15 12.4 12.4 12.9 12.11 12.4 12.4 ");
+        ASSERT_EQ(sign.Road(), "12.7 12.2 2.13 12.15 12.4 12.4 12.9 12.11 12.4 12.4");
         const Bytes path = FromText(row.path) + Bytes{0};
         EXPECT_EQ(sign.requests[1].Payload(), Hex("01000000"));
         const Bytes copied = sign.requests[2].Payload();
@@ -262,20 +219,20 @@ TEST_F(FirstTileFiles, InstallingGoesOnToItsLastCommand)
         std::uint32_t result;
     };
     for (const Row& row :
-         {Row{"no status task", 0, "!65535 +070C0000", "12.7 12.2 ", 3079},
-          Row{"no answer to the question", 0, "+01 !36912", "12.7 12.2 ", 36912},
-          Row{"another type of file", 5, Words({"+01", kStatus}), "12.7 12.2 ", 2},
-          Row{"no copy", 0, Words({"+01", kStatus, "!8451 . +01", kDone}), "12.7 12.2 2.13 12.9 12.11 12.4 12.4 ", 0},
+         {Row{"no status task", 0, "!65535 +070C0000", "12.7 12.2", 3079},
+          Row{"no answer to the question", 0, "+01 !36912", "12.7 12.2", 36912},
+          Row{"another type of file", 5, Words({"+01", kStatus}), "12.7 12.2", 2},
+          Row{"no copy", 0, Words({"+01", kStatus, "!8451 . +01", kDone}), "12.7 12.2 2.13 12.9 12.11 12.4 12.4", 0},
           Row{"no task to install", 0, Words({"+01", kStatus, ". !65535 !1 +01", kDone}),
-              "12.7 12.2 2.13 12.15 12.9 12.11 12.4 12.4 ", 0},
+              "12.7 12.2 2.13 12.15 12.9 12.11 12.4 12.4", 0},
           Row{"not installed", 0, Words({"+01", kStatus, ". +01 =000000000000000000000004 . . +01", kDone}),
-              "12.7 12.2 2.13 12.15 12.4 12.4 12.9 12.11 12.4 12.4 ", 0},
-          Row{"no last command", 0, Words({"+01", kStatus, "!8451 . !36881"}), "12.7 12.2 2.13 12.9 12.11 ", 36881}}) {
+              "12.7 12.2 2.13 12.15 12.4 12.4 12.9 12.11 12.4 12.4", 0},
+          Row{"no last command", 0, Words({"+01", kStatus, "!8451 . !36881"}), "12.7 12.2 2.13 12.9 12.11", 36881}}) {
         SCOPED_TRACE(row.name);
         sign.requests.clear();
         Play(sign, row.answers);
         EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 1, row.type), row.result);
-        EXPECT_EQ(Requests(sign), row.requests);
+        EXPECT_EQ(sign.Road(), row.requests);
     }
     Play(sign, Words({"+01", kStatus, "!8451 . +01"}));
     sign.otherwise = [](const Packet&) { return Good({}, Bytes(12, 3)); };

@@ -1,6 +1,5 @@
-// The traffic signal controller: majors 10 and 5, dump files, error and temperature logs.
+// The traffic signal controller: dump files, error and temperature logs.
 #include "support/fakeClock.h"
-#include "support/flatRows.h"
 #include "support/reportSign.h"
 #include "support/tempFolder.h"
 
@@ -8,102 +7,6 @@ namespace vxsign::test {
 namespace {
 
 const Bytes kPhase = Hex("01020304 05060708 090A0B0C 0D0E0F10 11121314 15161718 191A1B1C 1D1E1F");
-
-TEST(Traffic, Requests)
-{
-    constexpr std::uint8_t kLamps[] = {0xA1, 0xA2, 0xA3, 0xA4};
-    std::uint8_t out[4];
-    std::uint16_t year;
-    std::uint32_t size = 4;
-    ExpectRequests({
-        {"vxReadTCStatus", [&] { return vxReadTCStatus(out, &size); }, 10, 6, "", ""},
-        {"vxReadTCMonitor", [&] { return vxReadTCMonitor(0x104, out, &size); }, 10, 5, "04000000", ""},
-        {"vxTCManual", [] { return vxTCManual(7); }, 10, 2, "07000000", ""},
-        {"vxTCJKBLightTest", [&] { return vxTCJKBLightTest(kLamps, 3); }, 10, 8, "03000000", "A1A2A3"},
-        {"vxTCJKBLightTest of none", [] { return vxTCJKBLightTest(nullptr, 0); }, 10, 8, "00000000", ""},
-        {"vxTCJKCLightTest", [&] { return vxTCJKCLightTest(kLamps, 1, 3); }, 10, 9, "01030000", "A1A2A3A4"},
-        {"vxTCGetRealStatus", [&] { return vxTCGetRealStatus(out, 4, 2); }, 10, 17, "02000000", ""},
-        {"vxTrafficTempPhaseRun", [] { return vxTrafficTempPhaseRun(kPhase.data(), 0x1FF); }, 10, 16,
-         "01020304 05060708 090A0B0C 0D0E0F10 11121314 15161718 191A1B1C 1D1E1FFF", ""},
-        {"vxReadTrafficTime", [&] { return vxReadTrafficTime(&year, out, out, out, out, out, out, out); }, 5, 1, "",
-         ""},
-        {"vxAjustTrafficTime", [] { return vxAjustTrafficTime(2026, 12, 31, 23, 59, 58, 47, 0xAB); }, 5, 2,
-         "26201231 23595847 AB000000", ""},
-        {"vxTrafficRFlow", [] { return vxTrafficRFlow(kPhase.data(), "/dev/null"); }, 10, 13, "0102030405060708", ""},
-    });
-}
-
-TEST(Traffic, Replies)
-{
-    using Out = std::uint8_t*;
-    const auto readStatus = [](Out out, std::uint32_t capacity) {
-        std::uint32_t size = capacity;
-        const std::uint32_t result = vxReadTCStatus(out + 4, &size);
-        if (result == 0)
-            std::memcpy(out, &size, sizeof size);
-        else
-            EXPECT_EQ(size, capacity);
-        return result;
-    };
-    const auto readMonitor = [](Out out) {
-        *At<std::uint32_t>(out, 0) = 2;
-        const std::uint32_t result = vxReadTCMonitor(4, out + 4, At<std::uint32_t>(out, 0));
-        if (result != 0)
-            *At<std::uint32_t>(out, 0) = 0xEEEEEEEE;
-        return result;
-    };
-    const auto readTime = [](Out out) {
-        return vxReadTrafficTime(At<std::uint16_t>(out, 0), out + 2, out + 3, out + 4, out + 5, out + 6, out + 7,
-                                 out + 8);
-    };
-    ExpectReplies({
-        {"status behind two words", [=](Out out) { return readStatus(out, 9); }, "0102030405060708", "A1A2A3",
-         "03000000 A1A2A3"},
-        {"status cut", [=](Out out) { return readStatus(out, 2); }, "", "A1A2A3", "02000000 A1A2"},
-        {"status of nothing", [=](Out out) { return readStatus(out, 9); }, "01020304", "", "00000000"},
-        {"monitor", readMonitor, "01020304", "A1A2A3", "02000000 A1A2"},
-        {"real status", [](Out out) { return vxTCGetRealStatus(out, 9, 0); }, "01020304", "A1A2A3", "A1A2A3"},
-        {"real status to nobody", [](Out) { return vxTCGetRealStatus(nullptr, 9, 0); }, "", "A1A2A3", ""},
-        {"clock", readTime, "26201231 23595847 AB", "", "EA07 0C 1F 17 3B 3A 2F AB"},
-        {"clock of no digits", readTime, "FFFFFFFF FFFFFFFF FF", "", "1941 A5 A5 A5 A5 A5 A5 FF"},
-        {"clock of four bytes", readTime, "26201231", "", "EA07 0C 1F 00 00 00 00 00"},
-    });
-}
-
-TEST(Traffic, ArgumentsErrors)
-{
-    std::uint8_t out[4];
-    std::uint32_t size = 4;
-    char path[] = "/dev/null";
-    const auto error = [](const TrafficLogEntry*) { return 0u; };
-    const auto sample = [](const TrafficTempEntry*) { return 0u; };
-    ExpectArgumentsError({
-        {"vxReadTCStatus buffer", [&] { return vxReadTCStatus(nullptr, &size); }},
-        {"vxReadTCStatus size", [&] { return vxReadTCStatus(out, nullptr); }},
-        {"vxReadTCMonitor buffer", [&] { return vxReadTCMonitor(4, nullptr, &size); }},
-        {"vxReadTCMonitor size", [&] { return vxReadTCMonitor(4, out, nullptr); }},
-        {"vxTCJKBLightTest", [] { return vxTCJKBLightTest(nullptr, 1); }},
-        {"vxTCJKCLightTest", [] { return vxTCJKCLightTest(nullptr, 0, 1); }},
-        {"vxTrafficTempPhaseRun", [] { return vxTrafficTempPhaseRun(nullptr, 1); }},
-        {"vxReadTrafficTime", [&] { return vxReadTrafficTime(nullptr, out, out, out, out, out, out, out); }},
-        {"vxReadTrafficErrLog path", [=] { return vxReadTrafficErrLog(nullptr, "s", error); }},
-        {"vxReadTrafficErrLog name", [&] { return vxReadTrafficErrLog(path, nullptr, error); }},
-        {"vxReadTrafficErrLog callback", [&] { return vxReadTrafficErrLog(path, "s", nullptr); }},
-        {"vxReadTrafficTempLog path", [=] { return vxReadTrafficTempLog(nullptr, "s", sample); }},
-        {"vxReadTrafficTempLog name", [=] { return vxReadTrafficTempLog("/dev/null", nullptr, sample); }},
-        {"vxReadTrafficTempLog callback", [] { return vxReadTrafficTempLog("/dev/null", "s", nullptr); }},
-    });
-    ScriptedSign sign;
-    EXPECT_EQ(vxTrafficRFlow(nullptr, path), 3u);
-    EXPECT_EQ(vxTrafficRFlow(out, nullptr), 3u);
-    EXPECT_EQ(vxReadTrafficStatus(nullptr), 3u);
-    EXPECT_EQ(vxReadTrafficMonitor(nullptr), 3u);
-    EXPECT_EQ(vxReadTrafficRealStatus(nullptr), 3u);
-    sign.Config().initialised = 0;
-    EXPECT_EQ(vxTrafficRFlow(kPhase.data(), path), 3u);
-    EXPECT_EQ(vxReadTrafficStatus(path), 20736u);
-    EXPECT_TRUE(sign.requests.empty());
-}
 
 class TrafficFiles : public testing::Test
 {
@@ -155,6 +58,15 @@ protected:
     const Taken taken;
     ReportSign sign;
 };
+
+TEST(Traffic, WithoutConfiguration)
+{
+    ScriptedSign sign;
+    sign.Config().initialised = 0;
+    EXPECT_EQ(vxTrafficRFlow(kPhase.data(), "/dev/null"), 3u);
+    EXPECT_EQ(vxReadTrafficStatus("/dev/null"), 20736u);
+    EXPECT_TRUE(sign.requests.empty());
+}
 
 TEST_F(TrafficFiles, Dumps)
 {

@@ -131,14 +131,6 @@ TEST(WriteFile, LocalFilesThatCannotBeSent)
     EXPECT_EQ(vxWriteAbsoluteAddress(0, 0, folder.Path("missing").c_str()), 2u);
     EXPECT_EQ(vxWriteAbsoluteAddress(0, 0, folder.Path("empty").c_str()), 20738u);
     EXPECT_EQ(vxWriteAbsoluteAddress(2, 0, folder.Write("full", "x").c_str()), 2u);
-    for (const char* const null : {static_cast<const char*>(nullptr)}) {
-        EXPECT_EQ(vxWriteSpecFile(null, "x"), 2u);
-        EXPECT_EQ(vxWriteSystemFile("x", null), 2u);
-        EXPECT_EQ(vxWriteTextFile('D', null, "x"), 2u);
-        EXPECT_EQ(vxWriteFileOptimize("x", null), 2u);
-        EXPECT_EQ(vxWriteDataFlashFile(null, 1), 2u);
-        EXPECT_EQ(vxWriteAbsoluteAddress(0, 0, null), 2u);
-    }
     // More packets than 16-bit numbers reach.
     sign.Config().dataSize = 64;
     EXPECT_EQ(write(folder.Write("large", std::string(64 * 65535 + 1, 'x'))), 2u);
