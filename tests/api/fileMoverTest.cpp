@@ -3,6 +3,7 @@
 #include "support/tempFolder.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -123,29 +124,24 @@ TEST(FileMover, SetsTheBeaconFromAFile)
 
 TEST(CurrentMessage, IsConvertedByTheCaller)
 {
-    struct Row
-    {
-        Answer answer;
-        std::uint32_t result;
-        std::string message;
-    };
-    for (const Row& row :
+    using Row = std::tuple<Answer, std::uint32_t, std::string>;
+    for (const auto& [answer, result, message] :
          {Row{Good(FromText("D:\\T\\A.NMG")), 0, "tmp\\A.NMG"}, Row{Good(FromText("D:/T\\x/A.NMG")), 0, "tmp\\A.NMG"},
           Row{Good(FromText("D:\\../../../etc/shadow")), 0, "tmp\\shadow"}, Row{Good(FromText("D:\\..")), 0, "tmp\\"},
           Row{Good(FromText("/T/A.NMG")), 0, "tmp\\A.NMG"}, Row{Good(FromText("A.NMG")), 0, "tmp\\A.NMG"},
           Row{Good(), 0, "tmp\\"}, Row{Good(Bytes(1020, 'A')), 0, "tmp\\" + std::string(256, 'A')},
           Row{Refusal(26369), 26369, "tmp\\__BLANK.VXB"}}) {
-        SCOPED_TRACE(row.message);
+        SCOPED_TRACE(message);
         ScriptedSign sign;
         sign.Config().onMessageToGif = Conversion::Take;
         Conversion::calls = 0;
-        sign.Then(2, row.answer);
-        EXPECT_EQ(vxCurrentMsg2Gif("tmp", "out.gif"), row.result);
-        EXPECT_EQ(vxRWFile("/x/monitor.gif", "tmp", kWrite), row.result);
+        sign.Then(2, answer);
+        EXPECT_EQ(vxCurrentMsg2Gif("tmp", "out.gif"), result);
+        EXPECT_EQ(vxRWFile("/x/monitor.gif", "tmp", kWrite), result);
         EXPECT_EQ(sign.requests[1].Major(), 6);
         EXPECT_EQ(sign.requests[1].Minor(), 7);
         EXPECT_EQ(Conversion::calls, 2);
-        EXPECT_EQ(Conversion::message, row.message);
+        EXPECT_EQ(Conversion::message, message);
         EXPECT_EQ(Conversion::gif, "/x/monitor.gif");
         EXPECT_EQ(Conversion::first, 20u);
         EXPECT_EQ(Conversion::second, 1000u);

@@ -3,6 +3,7 @@
 #include "support/playlistTree.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -13,21 +14,16 @@ using playlist::FileList;
 TEST(FileListCodes, OfLocalFiles)
 {
     const TempFolder folder;
-    struct Row
-    {
-        std::string contents;
-        std::string name;
-        std::uint32_t code;
-    };
+    using Row = std::tuple<std::string, std::string, std::uint32_t>;
     const std::string longFile(1024, 'x');
-    for (const Row& row : {
+    for (const auto& [contents, name, code] : {
              Row{"abc", "A.NMG", 0x3C17C8F2}, Row{"abc", "", 0x3C170000}, Row{"", "B.NMG", 0x5CDE04EF},
              Row{std::string(2048, 'x'), "A", 0xA1EAF5A3},
              Row{longFile + std::string(1025, 'y'), "A", 0x3603F5A3}, // nothing behind byte 1024 counts
              Row{longFile + std::string(5000, 'z'), "A", 0x3603F5A3},
              Row{"\xB9\xBC", "A", 0}, // contents of code 0 give 0
          })
-        EXPECT_EQ(CodeOfLocalFile(folder.Write("F", row.contents), row.name), row.code) << row.contents.size();
+        EXPECT_EQ(CodeOfLocalFile(folder.Write("F", contents), name), code) << contents.size();
     EXPECT_EQ(CodeOfLocalFile(folder.Path("none"), "A"), 0u);
     EXPECT_EQ(CodeOfLocalFile("", "A"), 0u);
 }

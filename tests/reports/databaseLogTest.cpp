@@ -2,6 +2,8 @@
 #include "reports/logTables.h"
 #include "support/reportSign.h"
 
+#include <tuple>
+
 namespace vxsign::test {
 namespace {
 
@@ -129,13 +131,8 @@ Bytes Record(std::size_t size, const std::map<std::size_t, std::string>& texts,
 TEST(DatabaseLogs, ColumnsOfARow)
 {
     const auto x = [](std::size_t count) { return std::string(count, 'x'); };
-    struct Row
-    {
-        const Table& table;
-        std::string text;
-        Bytes record;
-    };
-    for (const Row& row : {
+    using Row = std::tuple<const Table&, std::string, Bytes>;
+    for (const auto& [table, text, record] : {
              Row{kPlayLogTable, "<1><g><f><t><2><3>",
                  Record(388, {{288, "g"}, {12, "f"}, {268, "t"}}, {{8, 1}, {0, 2}, {4, 3}})},
              Row{kPlayLogTable, "<><><><><x>< 9y>", Record(388, {}, {{4, 9}})},
@@ -161,15 +158,15 @@ TEST(DatabaseLogs, ColumnsOfARow)
                          {132, 16},
                          {188, 18}})},
          }) {
-        SCOPED_TRACE(row.text);
-        const Pattern pattern(RowExpression(row.table.columns.size()).c_str());
+        SCOPED_TRACE(text);
+        const Pattern pattern(RowExpression(table.columns.size()).c_str());
         std::vector<Bytes> records;
-        TakeRows(pattern, (row.text + row.text + "<1>").c_str(), 3, [&](const Groups& groups) {
-            records.emplace_back(row.record.size());
-            for (std::size_t i = 0; i < row.table.columns.size(); ++i)
-                row.table.columns[i].Put(records.back().data(), groups[i + 1]);
+        TakeRows(pattern, (text + text + "<1>").c_str(), 3, [&](const Groups& groups) {
+            records.emplace_back(record.size());
+            for (std::size_t i = 0; i < table.columns.size(); ++i)
+                table.columns[i].Put(records.back().data(), groups[i + 1]);
         });
-        EXPECT_EQ(records, (std::vector{row.record, row.record}));
+        EXPECT_EQ(records, (std::vector{record, record}));
     }
 }
 

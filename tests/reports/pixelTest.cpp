@@ -3,6 +3,8 @@
 #include "support/reportSign.h"
 #include "support/tempFolder.h"
 
+#include <tuple>
+
 namespace vxsign::test {
 namespace {
 
@@ -133,13 +135,9 @@ TEST_F(PixelCheck, CsvFailures)
 TEST_F(PixelCheck, TextFile)
 {
     const std::string filler(120, 'f');
-    struct Row
-    {
-        std::string file;
-        std::vector<std::string> rows;
-    };
+    using Row = std::tuple<std::string, std::vector<std::string>>;
     const std::string at = " @2020-05-13 10:20:30";
-    for (const Row& row : {
+    for (const auto& [file, rows] : {
              Row{"all ok\r\nPort:1 Signal Error\r\n", {"0 0 0,0 all ok" + at}},
              Row{"x\nPort:12 Signal Error\nsee Board(3,4) have 12 pixel bad!\r\nToo many bad pixels\nALL OK\n",
                  {"0 0 12,0 Port:12 Signal Error" + at, "0 0 3,4 Board(3,4) have 12 pixel bad" + at,
@@ -151,11 +149,11 @@ TEST_F(PixelCheck, TextFile)
                  {"0 0 4294967295,2 Board(" + std::string(94, '1') + at}},
              Row{"\r\r\n\n", {}},
          }) {
-        sign.files["C:\\PIXEL.SYS"] = row.file;
+        sign.files["C:\\PIXEL.SYS"] = file;
         for (const std::uint32_t source : {2, 6, 9}) {
             EXPECT_EQ(Read(source), 0u);
             EXPECT_EQ(sign.asked, (Asked{"read C:\\PIXEL.SYS", "delete C:\\PIXEL.SYS"}));
-            EXPECT_EQ(Rows(), row.rows) << row.file;
+            EXPECT_EQ(Rows(), rows) << file;
         }
     }
     sign.files.clear();

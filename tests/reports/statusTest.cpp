@@ -2,6 +2,7 @@
 #include "support/reportSign.h"
 
 #include <bit>
+#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -75,13 +76,8 @@ TEST(Status, FieldsFromRecordOrStateWord)
 TEST(Status, Position)
 {
     const float infinite = std::numeric_limits<float>::infinity();
-    struct Row
-    {
-        float longitude;
-        float latitude;
-        const char* bytes; // 64 to 79
-    };
-    for (const Row& row : {
+    using Row = std::tuple<float, float, const char*>;
+    for (const auto& [longitude, latitude, bytes] : {
              Row{1999.5F, 2000.0F, "574E EEEE 0000 1E00 B400 0000 0000 0000"},
              Row{2121.25F, 1968.75F, "4553 EEEE 7900 0F00 5A00 1F00 0F00 5A00"},
              Row{1000.0F, 2031.0F, "EEEEEEEE EEEEEEEE EEEEEEEE EEEEEEEE"},
@@ -91,8 +87,8 @@ TEST(Status, Position)
          }) {
         ReportSign sign;
         sign.answers["1/11"] = {Good(Hex(kState), Bytes(96, 0xEE))};
-        EXPECT_EQ(Read(row.longitude, row.latitude), 0u);
-        EXPECT_EQ(Bytes(Seen::status.begin() + 64, Seen::status.begin() + 80), Hex(row.bytes)) << row.longitude;
+        EXPECT_EQ(Read(longitude, latitude), 0u);
+        EXPECT_EQ(Bytes(Seen::status.begin() + 64, Seen::status.begin() + 80), Hex(bytes)) << longitude;
     }
 }
 

@@ -2,6 +2,8 @@
 #include "support/reportSign.h"
 #include "support/tempFolder.h"
 
+#include <tuple>
+
 namespace vxsign::test {
 namespace {
 
@@ -49,13 +51,7 @@ const std::string a = "01 01 FFFFFFFFFFFF", b = "01 02 FFFFFFFFFFFF", c = "01 03
 
 TEST_F(Warnings, RingIsWalkedOnce)
 {
-    struct Row
-    {
-        const char* name;
-        std::string position;
-        std::string records;
-        const char* rows;
-    };
+    using Row = std::tuple<const char*, std::string, std::string, const char*>;
     const Row rows[] = {
         {"stamp behind the position, over the end", "0100", u + a + t + b + c, "10/2 10/3 "},
         {"without the end between, the record at the position is last", "0200", t + a + b + c, "10/1 10/2 "},
@@ -69,10 +65,10 @@ TEST_F(Warnings, RingIsWalkedOnce)
         {"no record, position behind", "0500", "", ""},
         {"a record cut short", "0000", a + t + b + "0105FF", "10/2 "},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(ReadRing(row.position, row.records), 0u);
-        EXPECT_EQ(Walk(), row.rows);
+    for (const auto& [name, position, records, walk] : rows) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(ReadRing(position, records), 0u);
+        EXPECT_EQ(Walk(), walk);
     }
 }
 

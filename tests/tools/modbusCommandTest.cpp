@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace vxctl::test {
@@ -48,24 +49,19 @@ Failure Fail(const std::string& command, const char* answer)
 
 TEST(ModbusCommand, TellsWhatTheDeviceRefused)
 {
-    const struct
-    {
-        const char* command;
-        const char* answer;
-        const char* told;
-    } rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"modbus LC get 7 5", "07 83 02 20F0", "the device refused: illegal data address"},
         {"modbus VSLS set 7 1 3 80", "07 86 04 A3A2", "the device refused: server device failure"},
         {"modbus LC get 7 5", "07 83 02 20F1", "check address, port, power and cable; "},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.answer);
-        const Failure failure = Fail(row.command, row.answer);
+    for (const auto& [command, digits, told] : rows) {
+        SCOPED_TRACE(digits);
+        const Failure failure = Fail(command, digits);
         const std::string head = "vxctl: error 20736 (0x5100): Communication Error!\n  ";
-        EXPECT_EQ(failure.text.substr(0, (head + row.told).size()), head + row.told);
-        const bool refused = std::string(row.told).starts_with("the device");
+        EXPECT_EQ(failure.text.substr(0, (head + told).size()), head + told);
+        const bool refused = std::string(told).starts_with("the device");
         EXPECT_EQ(failure.text.find("cable") == std::string::npos, refused);
-        EXPECT_NE(failure.json.find((refused ? "\"reason\":\"" : "\"advice\":\"") + std::string(row.told)),
+        EXPECT_NE(failure.json.find((refused ? "\"reason\":\"" : "\"advice\":\"") + std::string(told)),
                   std::string::npos)
             << failure.json;
     }

@@ -3,6 +3,7 @@
 
 #include <cstring>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace vxctl::test {
 namespace {
@@ -19,13 +20,7 @@ TEST(ScheduleText, PartsBecomeTheRecord)
 
 TEST(ScheduleText, WhatIsLeftOutIsNoLimit)
 {
-    const struct
-    {
-        const char* days;
-        const char* dates;
-        const char* hours;
-        const char* words;
-    } rows[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
         {"", "", "", "always"},
         {"sat,sun", "", "", "Sat,Sun"},
         {"sun-sat", "", "00:00..23:59", "always"},
@@ -33,8 +28,8 @@ TEST(ScheduleText, WhatIsLeftOutIsNoLimit)
         {"", "..2026-01-31", "..12:00", "until 2026-01-31, until 12:00"},
         {"", "2008-01-01..2008-01-01", "", "always"}, // how hosts mark a file that always plays
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(DescribeSchedule(MakeSchedule(row.days, row.dates, row.hours)), row.words);
+    for (const auto& [days, dates, hours, words] : rows)
+        EXPECT_EQ(DescribeSchedule(MakeSchedule(days, dates, hours)), words);
 }
 
 TEST(ScheduleText, RefusesWhatIsNone)

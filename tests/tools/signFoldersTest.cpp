@@ -7,6 +7,7 @@
 #include <array>
 #include <gtest/gtest.h>
 #include <string_view>
+#include <tuple>
 
 namespace vxctl_tests {
 namespace {
@@ -117,11 +118,7 @@ TEST(SignPaths, SayWhatPlays)
 
 TEST(ShownText, GivesNoOrdersToATerminal)
 {
-    struct Case
-    {
-        std::string_view text;
-        std::string_view shown;
-    };
+    using Case = std::tuple<std::string_view, std::string_view>;
     constexpr Case kCases[] = {
         {"a\x1b[2J\r\n\t\x7f b", "a?[2J???? b"},
         {"\x9bK \xC2\x9BK \xC2\x80\xC2\x9F", "?K ?K ??"},
@@ -133,9 +130,9 @@ TEST(ShownText, GivesNoOrdersToATerminal)
         {"\xE2\x80", "??"},
         {"\xC0\x9B \xED\xA0\x80 \xEF\xBF\xBD", "?? ??? \xEF\xBF\xBD"},
     };
-    for (const Case& row : kCases) {
-        EXPECT_EQ(vxctl::Shown(row.text).Text(), row.shown);
-        EXPECT_EQ(vxctl::Printable(row.shown), row.shown);
+    for (const auto& [text, shown] : kCases) {
+        EXPECT_EQ(vxctl::Shown(text).Text(), shown);
+        EXPECT_EQ(vxctl::Printable(shown), shown);
     }
     EXPECT_EQ((vxctl::Shown("\xC2") + std::string("\x9B") + "K").Text(), "??K");
 }

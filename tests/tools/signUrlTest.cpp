@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
+#include <tuple>
 #include <unistd.h>
 
 namespace vxctl_tests {
@@ -13,11 +14,7 @@ namespace {
 
 TEST(SignUrl, IsTakenApart)
 {
-    struct Row
-    {
-        const char* url;
-        vxctl::SignUrl expected;
-    };
+    using Row = std::tuple<const char*, vxctl::SignUrl>;
     const Row rows[] = {
         {"udp://127.0.0.1:9520", {VX_CHANNEL_UDP, "127.0.0.1", 9520, "", 0}},
         {"udp://192.168.1.50", {VX_CHANNEL_UDP, "192.168.1.50", 9520, "", 0}},
@@ -29,14 +26,14 @@ TEST(SignUrl, IsTakenApart)
         {"serial:///dev/pts/3", {VX_CHANNEL_SERIAL, "", 0, "/dev/pts/3", 9600}},
         {"serial:/dev/odd@name@300", {VX_CHANNEL_SERIAL, "", 0, "/dev/odd@name", 300}},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.url);
-        const vxctl::SignUrl url = vxctl::ParseSignUrl(row.url);
-        EXPECT_EQ(url.kind, row.expected.kind);
-        EXPECT_EQ(url.host, row.expected.host);
-        EXPECT_EQ(url.port, row.expected.port);
-        EXPECT_EQ(url.serialName, row.expected.serialName);
-        EXPECT_EQ(url.baudRate, row.expected.baudRate);
+    for (const auto& [text, expected] : rows) {
+        SCOPED_TRACE(text);
+        const vxctl::SignUrl url = vxctl::ParseSignUrl(text);
+        EXPECT_EQ(url.kind, expected.kind);
+        EXPECT_EQ(url.host, expected.host);
+        EXPECT_EQ(url.port, expected.port);
+        EXPECT_EQ(url.serialName, expected.serialName);
+        EXPECT_EQ(url.baudRate, expected.baudRate);
     }
 }
 

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -106,14 +107,7 @@ TEST(Files, Shortcuts)
 
 TEST(SplitPath, Parts)
 {
-    const struct
-    {
-        const char* path;
-        const char* drive;
-        const char* folder;
-        const char* name;
-        const char* extension;
-    } rows[] = {
+    const std::tuple<const char*, const char*, const char*, const char*, const char*> rows[] = {
         {"C:\\T\\QMSG.Nmg", "C:", "\\T\\", "QMSG", ".Nmg"},
         {"/var/tmp.d/file", "", "/var/tmp.d/", "file", ""},
         {"D:a/b\\c.tar.gz", "D:", "a/b\\", "c.tar", ".gz"},
@@ -122,18 +116,18 @@ TEST(SplitPath, Parts)
         {"C:", "C:", "", "", ""},
         {"", "", "", "", ""},
     };
-    for (const auto& row : rows) {
+    for (const auto& [path, driveOf, folderOf, nameOf, extensionOf] : rows) {
         char drive[3];
         char folder[32];
         char name[16];
         char extension[8];
-        EXPECT_EQ(vxStr_splitpath(row.path, drive, sizeof drive, folder, sizeof folder, name, sizeof name, extension,
+        EXPECT_EQ(vxStr_splitpath(path, drive, sizeof drive, folder, sizeof folder, name, sizeof name, extension,
                                   sizeof extension),
                   0);
-        EXPECT_STREQ(drive, row.drive);
-        EXPECT_STREQ(folder, row.folder);
-        EXPECT_STREQ(name, row.name);
-        EXPECT_STREQ(extension, row.extension);
+        EXPECT_STREQ(drive, driveOf);
+        EXPECT_STREQ(folder, folderOf);
+        EXPECT_STREQ(name, nameOf);
+        EXPECT_STREQ(extension, extensionOf);
     }
 }
 

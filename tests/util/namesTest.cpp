@@ -13,6 +13,7 @@
 #include <set>
 #include <stdexcept>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -115,12 +116,7 @@ TEST(ShortNames, OnlyFilesThatAreThereHaveOne)
 TEST(SignPaths, TheFirstBytesChooseTheFolder)
 {
     using namespace std::string_view_literals;
-    const struct
-    {
-        std::string_view name;
-        std::string_view head;
-        char letter;
-    } rows[] = {
+    const std::tuple<std::string_view, std::string_view, char> rows[] = {
         {"a.bmp", "BM"sv, 'P'},
         {"b.jpg", "\xFF\xD8\xFF\xE0\0\x10JFIF\0"sv, 'P'},
         {"c.jpg", "\xFF\xD8\xFF\xE0\0\x10JFI"sv, 'F'},
@@ -136,15 +132,15 @@ TEST(SignPaths, TheFirstBytesChooseTheFolder)
         {"m", ""sv, 'F'},
     };
     const TempFolder folder;
-    for (const auto& row : rows) {
-        const std::string path = folder.Write(row.name, row.head);
+    for (const auto& [name, head, folderLetter] : rows) {
+        const std::string path = folder.Write(name, head);
         char out[20];
         char shortName[13] = "____________";
         std::uint8_t letter = 0;
         EXPECT_EQ(vxMakeSignPath(path.c_str(), out, sizeof out, 'D', &letter, shortName), 0u);
-        EXPECT_EQ(letter, row.letter) << row.name;
-        EXPECT_EQ(out, std::string("D:\\") + row.letter + "\\" + std::string(row.name));
-        EXPECT_EQ(std::string(shortName, 12), std::string(row.name).append(12 - row.name.size(), '\0'));
+        EXPECT_EQ(letter, folderLetter) << name;
+        EXPECT_EQ(out, std::string("D:\\") + folderLetter + "\\" + std::string(name));
+        EXPECT_EQ(std::string(shortName, 12), std::string(name).append(12 - name.size(), '\0'));
     }
 }
 

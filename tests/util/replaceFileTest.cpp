@@ -6,6 +6,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <tuple>
 #include <unistd.h>
 
 namespace vxsign::test {
@@ -81,31 +82,26 @@ TEST(ReplaceFile, WhatNoOtherFileCanReplaceIsWrittenInPlace)
 
 TEST(ReplaceFile, OwnersAndModesCount)
 {
-    struct Row
-    {
-        const char* name;
-        int folderMode;
-        int fileMode;
-        bool written;
-    };
-    for (const Row& row : {Row{"in a folder that takes no file", 0555, 0666, true},
-                           Row{"of another owner", 0777, 0666, true}, Row{"write-protected", 0777, 0444, false}}) {
-        SCOPED_TRACE(row.name);
+    using Row = std::tuple<const char*, int, int, bool>;
+    for (const auto& [name, folderMode, fileMode, isWritten] :
+         {Row{"in a folder that takes no file", 0555, 0666, true}, Row{"of another owner", 0777, 0666, true},
+          Row{"write-protected", 0777, 0444, false}}) {
+        SCOPED_TRACE(name);
         const TempFolder folder;
         const std::string file = folder.Write("file", "old contents");
-        fs::permissions(file, fs::perms(row.fileMode));
-        fs::permissions(folder.Path(), fs::perms(row.folderMode));
+        fs::permissions(file, fs::perms(fileMode));
+        fs::permissions(folder.Path(), fs::perms(folderMode));
         bool written = false;
         {
             const AsNobody other;
             written = ReplaceFile(file, "new");
         }
-        EXPECT_EQ(written, row.written);
-        EXPECT_EQ(folder.Read("file"), row.written ? "new" : "old contents");
+        EXPECT_EQ(written, isWritten);
+        EXPECT_EQ(folder.Read("file"), isWritten ? "new" : "old contents");
         struct stat status = {};
         ASSERT_EQ(::stat(file.c_str(), &status), 0);
         EXPECT_EQ(status.st_uid, ::getuid());
-        EXPECT_EQ(status.st_mode & 07777, static_cast<mode_t>(row.fileMode));
+        EXPECT_EQ(status.st_mode & 07777, static_cast<mode_t>(fileMode));
         EXPECT_EQ(folder.Names(), "file");
         fs::permissions(folder.Path(), fs::perms::owner_all);
     }

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 #include <map>
+#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -166,13 +167,7 @@ TEST_F(DirectTile, ReadingFailures)
 {
     Bytes piece = TileFile(600);
     piece.resize(264);
-    struct Row
-    {
-        const char* name;
-        std::vector<Answer> answers;
-        std::uint32_t result;
-        Bytes file;
-    };
+    using Row = std::tuple<const char*, std::vector<Answer>, std::uint32_t, Bytes>;
     const Row rows[] = {
         {"refused", {Refusal(36872)}, 36872, {}},
         {"another magic", {Good({}, Hex("55AA") + Bytes(262, 0))}, 5, {}},
@@ -187,12 +182,12 @@ TEST_F(DirectTile, ReadingFailures)
          piece + Bytes{8} + Bytes(263, 0) + Bytes{9}},
         {"the file ends with what arrives", {Good({}, piece), Good(), Good()}, 0, piece},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        for (const Answer& answer : row.answers)
+    for (const auto& [name, answers, result, file] : rows) {
+        SCOPED_TRACE(name);
+        for (const Answer& answer : answers)
             sign.Then(answer);
-        EXPECT_EQ(vxDirectTileReadFileEx("local", 7, 1, 2, 0), row.result);
-        EXPECT_EQ(folder.Read("local"), Text(row.file));
+        EXPECT_EQ(vxDirectTileReadFileEx("local", 7, 1, 2, 0), result);
+        EXPECT_EQ(folder.Read("local"), Text(file));
     }
     sign.requests.clear();
     EXPECT_EQ(vxDirectTileReadFileEx("no/such", 7, 1, 2, 0), 1u);

@@ -3,6 +3,7 @@
 #include "support/tempFolder.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -45,26 +46,21 @@ std::string Text(std::string_view digits)
 
 TEST_F(Listing, LstFolderRepeatsTheFirstPage)
 {
-    struct Row
-    {
-        std::uint16_t total;
-        std::string contents;
-        std::size_t requests;
-    };
-    for (const Row& row :
+    using Row = std::tuple<std::uint16_t, std::string, std::size_t>;
+    for (const auto& [total, contents, requests] :
          {Row{0, Text("464C 0000 0C000000 00000000"), 1},
           Row{20, Text("464C 1400 8C020000 00000000") + Entries(0, 20), 1},
           Row{21, Text("464C 1500 AC020000 00000000") + Entries(0, 20) + Entries(0, 1), 2},
           Row{50, Text("464C 3200 4C060000 00000000") + Entries(0, 20) + Entries(0, 20) + Entries(20, 30), 3}}) {
-        SCOPED_TRACE(row.total);
+        SCOPED_TRACE(total);
         ScriptedSign sign;
-        sign.otherwise = [&](const Packet& request) { return Page(request, row.total); };
+        sign.otherwise = [&](const Packet& request) { return Page(request, total); };
         EXPECT_EQ(vxLstFolder(local.c_str(), "D:\\T"), 0u);
-        EXPECT_EQ(folder.Read("list"), row.contents);
-        ASSERT_EQ(sign.requests.size(), row.requests);
+        EXPECT_EQ(folder.Read("list"), contents);
+        ASSERT_EQ(sign.requests.size(), requests);
         EXPECT_EQ(sign.requests.back().Minor(), 12);
         EXPECT_EQ(sign.requests[0].Payload(), Hex("14000000 443A5C54 00000000"));
-        if (row.requests == 3) {
+        if (requests == 3) {
             EXPECT_EQ(sign.requests[2].Payload(), Hex("14001400 443A5C54 00000000"));
         }
     }
@@ -130,13 +126,7 @@ std::uint32_t Collect(std::uint8_t* entry, void* user)
 TEST_F(Listing, LongListingByCallback)
 {
     const Bytes a(276, 'a');
-    struct Row
-    {
-        const char* name;
-        Bytes file;
-        std::uint32_t result;
-        std::vector<Bytes> entries;
-    };
+    using Row = std::tuple<const char*, Bytes, std::uint32_t, std::vector<Bytes>>;
     const Row rows[] = {
         {"two", Hex("4C44 1000 02000000 38020000 00000000") + a + a, 8, {a, a}},
         {"more behind the last", Hex("4C44 1000 01000000 11000000 00000000") + a + a, 7, {a}},
@@ -150,15 +140,15 @@ TEST_F(Listing, LongListingByCallback)
         {"another magic", Hex("4C45 1000 01000000 24010000 00000000") + a, 258, {}},
         {"header cut short", Hex("4C44 1000 01000000"), 258, {}},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, file, result, entries] : rows) {
+        SCOPED_TRACE(name);
         ScriptedSign sign;
-        const auto size = static_cast<std::uint8_t>(row.file.size());
-        const auto high = static_cast<std::uint8_t>(row.file.size() >> 8);
-        sign.Then(2, Good()).Then(Good({size, high, 0, 0}, row.file)).Then(Good());
+        const auto size = static_cast<std::uint8_t>(file.size());
+        const auto high = static_cast<std::uint8_t>(file.size() >> 8);
+        sign.Then(2, Good()).Then(Good({size, high, 0, 0}, file)).Then(Good());
         Seen seen{{}, 7};
-        EXPECT_EQ(vxLstLongFolderCB("D:\\T", Collect, &seen), row.result);
-        EXPECT_EQ(seen.entries, row.entries);
+        EXPECT_EQ(vxLstLongFolderCB("D:\\T", Collect, &seen), result);
+        EXPECT_EQ(seen.entries, entries);
         EXPECT_TRUE(folder.IsEmpty());
     }
     ScriptedSign sign;

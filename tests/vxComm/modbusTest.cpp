@@ -12,6 +12,7 @@
 #include <pty.h>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <unistd.h>
 
 namespace vxsign::test {
@@ -63,12 +64,7 @@ protected:
 TEST_F(Modbus, Frames)
 {
     std::uint16_t value = 0;
-    const struct
-    {
-        const char* name;
-        std::function<std::uint32_t()> call;
-        const char* frame;
-    } rows[] = {
+    const std::tuple<const char*, std::function<std::uint32_t()>, const char*> rows[] = {
         {"vxMB_LCGet", [&] { return vxMB_LCGet(7, 5, &value); }, "07 03 FF05 0001 A479"},
         {"vxMB_TLSGet", [&] { return vxMB_TLSGet(7, 3, 5, &value); }, "07 03 0131 0001 D45F"},
         {"vxMB_TLSGet of the device", [&] { return vxMB_TLSGet(7, 255, 5, &value); }, "07 03 FF05 0001 A479"},
@@ -87,11 +83,11 @@ TEST_F(Modbus, Frames)
         {"vxMB_VMSSet", [] { return vxMB_VMSSet(7, 3, 100, 0x1234); }, "07 06 0190 1234 850A"},
         {"vxMB_PVMSSet", [] { return vxMB_PVMSSet(7, 67, 0x1234); }, "07 06 FF43 1234 451B"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, call, frame] : rows) {
+        SCOPED_TRACE(name);
         sent.clear();
-        EXPECT_EQ(row.call(), 20736u);
-        EXPECT_EQ(sent, std::vector<Bytes>(3, Hex(row.frame))) << "each of the tries";
+        EXPECT_EQ(call(), 20736u);
+        EXPECT_EQ(sent, std::vector<Bytes>(3, Hex(frame))) << "each of the tries";
     }
 }
 
@@ -113,16 +109,7 @@ TEST_F(Modbus, RegistersOfTheClasses)
     const Set pvmsSet = [](std::uint8_t d, std::uint8_t, std::uint16_t r, std::uint16_t v) {
         return vxMB_PVMSSet(d, r, v);
     };
-    const struct
-    {
-        const char* name;
-        Get get;
-        Set set;
-        int lastRead;
-        int lastWritten;
-        const char* refused; // hexadecimal
-        std::uint16_t unread;
-    } rows[] = {
+    const std::tuple<const char*, Get, Set, int, int, const char*, std::uint16_t> rows[] = {
         {"LC", lcGet, lcSet, 63, 63, "08090A 11 16 3738393A3B3C3D3E", 7},
         {"TLS", vxMB_TLSGet, vxMB_TLSSet, 26, 26, "0B0C0D 0F 16", 0},
         {"ALCS", vxMB_ALCSGet, vxMB_ALCSSet, 200, 28, "0B0C0D 0F 1314 16", 0},
@@ -132,42 +119,37 @@ TEST_F(Modbus, RegistersOfTheClasses)
         {"VMS", vxMB_VMSGet, vxMB_VMSSet, 100, 100, "0B 0D0E0F 1213 16 19 1E1F20 2223", 0},
         {"PVMS", pvmsGet, pvmsSet, 67, 67, "08 16 3F404142", 7},
     };
-    for (const auto& row : rows) {
+    for (const auto& [name, get, set, lastRead, lastWritten, refusedDigits, unread] : rows) {
         Bytes refused;
         for (int number = 0; number <= 200; ++number) {
-            SCOPED_TRACE(row.name + std::to_string(number));
+            SCOPED_TRACE(name + std::to_string(number));
             const auto registerNumber = static_cast<std::uint16_t>(number);
             sent.clear();
             std::uint16_t value = 7;
-            const bool readable = number <= row.lastRead;
-            EXPECT_EQ(row.get(1, 1, registerNumber, &value), readable ? 20736u : 2u);
-            EXPECT_EQ(value, row.unread);
+            const bool readable = number <= lastRead;
+            EXPECT_EQ(get(1, 1, registerNumber, &value), readable ? 20736u : 2u);
+            EXPECT_EQ(value, unread);
             EXPECT_EQ(sent.size(), readable ? 1u : 0u);
-            if (row.set(1, 1, registerNumber, 9) == 20736u)
+            if (set(1, 1, registerNumber, 9) == 20736u)
                 EXPECT_EQ(sent.size(), readable ? 2u : 1u);
-            else if (number <= row.lastWritten)
+            else if (number <= lastWritten)
                 refused.push_back(static_cast<std::uint8_t>(number));
         }
-        EXPECT_EQ(refused, Hex(row.refused)) << row.name;
-        EXPECT_EQ(row.set(1, 1, static_cast<std::uint16_t>(row.lastWritten), 9), 20736u);
-        EXPECT_EQ(row.set(1, 1, static_cast<std::uint16_t>(row.lastWritten + 1), 9), 2u);
+        EXPECT_EQ(refused, Hex(refusedDigits)) << name;
+        EXPECT_EQ(set(1, 1, static_cast<std::uint16_t>(lastWritten), 9), 20736u);
+        EXPECT_EQ(set(1, 1, static_cast<std::uint16_t>(lastWritten + 1), 9), 2u);
 
         live->initialised = 0;
         std::uint16_t value = 7;
-        EXPECT_EQ(row.get(1, 1, 0, &value), 20736u);
-        EXPECT_EQ(value, row.unread) << "a thread without configuration";
+        EXPECT_EQ(get(1, 1, 0, &value), 20736u);
+        EXPECT_EQ(value, unread) << "a thread without configuration";
         live->initialised = 1;
     }
 }
 
 TEST_F(Modbus, ExceptionsAreLogged)
 {
-    const struct
-    {
-        const char* reply;
-        const char* told; // behind "the device refused: "; empty for nothing
-        bool set;
-    } rows[] = {
+    const std::tuple<const char*, const char*, bool> rows[] = {
         {"07 83 01 60F1", "illegal function", false},
         {"07 83 02 20F0", "illegal data address", false},
         {"07 83 03 E130", "illegal data value", false},
@@ -190,17 +172,16 @@ TEST_F(Modbus, ExceptionsAreLogged)
         {"07 83 02 20F0 07 03 02 1234 3D33", "", false},
     };
     static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION))->retries = 2;
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.reply);
+    for (const auto& [reply, tells, set] : rows) {
+        SCOPED_TRACE(reply);
         logged.clear();
-        replies = {Hex(row.reply), Hex("07 06 FF07 0102 8828") + Hex("07 03 02 1234 3D33")};
+        replies = {Hex(reply), Hex("07 06 FF07 0102 8828") + Hex("07 03 02 1234 3D33")};
         std::uint16_t value = 0;
-        EXPECT_EQ(row.set ? vxMB_LCSet(7, 7, 0x0102) : vxMB_LCGet(7, 5, &value), 0u)
-            << "in the second try, or the first";
+        EXPECT_EQ(set ? vxMB_LCSet(7, 7, 0x0102) : vxMB_LCGet(7, 5, &value), 0u) << "in the second try, or the first";
         replies.clear();
         std::vector<std::string> told;
-        if (*row.told != '\0')
-            told.push_back(std::string("the device refused: ") + row.told);
+        if (*tells != '\0')
+            told.push_back(std::string("the device refused: ") + tells);
         EXPECT_EQ(logged, told);
     }
 }
@@ -318,41 +299,34 @@ TEST(ModbusLine, AnswersInPieces)
 {
     constexpr std::uint32_t kUdp = VX_CHANNEL_UDP;
     constexpr std::uint32_t kTcp = VX_CHANNEL_TCP;
-    const struct
-    {
-        const char* name;
-        std::uint32_t kind;
-        std::vector<std::vector<Piece>> answers;
-        std::uint32_t result;
-        int tries;
-        std::uint64_t tookMs;
-    } rows[] = {
-        {"one piece", kTcp, {{{5, "07 03 02 1234 3D33"}}}, 0, 1, 5},
-        {"3 and 4 bytes", kTcp, {{{10, "07 03 02"}, {100, "1234 3D33"}}}, 0, 1, 110},
-        {"noise ahead, a byte alone", kTcp, {{{1, "0703 07"}, {300, "03 02 1234 3D"}, {399, "33"}}}, 0, 1, 700},
-        {"the rest comes too late", kTcp, {{{1, "07 03 02"}, {700, "1234 3D33"}}}, 20736, 2, 1400},
-        {"the second try", kTcp, {{{1, "07 03 02"}}, {{0, "07 03"}, {100, "02 1234 3D33"}}}, 0, 2, 800},
-        {"a bad checksum, then silence", kTcp, {{{1, "07 03 02 1235 3D33"}}}, 20736, 2, 1400},
-        {"datagrams", kUdp, {{{10, "07 03 02"}, {100, "1234 3D33"}}}, 20736, 2, 110},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+    const std::tuple<const char*, std::uint32_t, std::vector<std::vector<Piece>>, std::uint32_t, int, std::uint64_t>
+        rows[] = {
+            {"one piece", kTcp, {{{5, "07 03 02 1234 3D33"}}}, 0, 1, 5},
+            {"3 and 4 bytes", kTcp, {{{10, "07 03 02"}, {100, "1234 3D33"}}}, 0, 1, 110},
+            {"noise ahead, a byte alone", kTcp, {{{1, "0703 07"}, {300, "03 02 1234 3D"}, {399, "33"}}}, 0, 1, 700},
+            {"the rest comes too late", kTcp, {{{1, "07 03 02"}, {700, "1234 3D33"}}}, 20736, 2, 1400},
+            {"the second try", kTcp, {{{1, "07 03 02"}}, {{0, "07 03"}, {100, "02 1234 3D33"}}}, 0, 2, 800},
+            {"a bad checksum, then silence", kTcp, {{{1, "07 03 02 1235 3D33"}}}, 20736, 2, 1400},
+            {"datagrams", kUdp, {{{10, "07 03 02"}, {100, "1234 3D33"}}}, 20736, 2, 110},
+        };
+    for (const auto& [name, kind, answers, wanted, tries, tookMs] : rows) {
+        SCOPED_TRACE(name);
         const FakeClock clock;
         vxApiConfig config{};
-        config.kind = row.kind;
+        config.kind = kind;
         config.retries = 2;
         config.timeoutMs = 700;
         vxInitAPI(&config);
         vxMBLED device;
-        auto line = std::make_unique<PiecewiseLine>(row.answers);
+        auto line = std::make_unique<PiecewiseLine>(answers);
         const PiecewiseLine& seen = *line;
         device.link.channel = std::move(line);
         const std::uint64_t start = FakeClock::NowMs();
         std::uint16_t value = 0;
-        EXPECT_EQ(device.ModbusExchange(7, 255, modbus::Function::kRead, 5, value), row.result);
-        EXPECT_EQ(value, row.result == 0 ? 0x1234 : 0);
-        EXPECT_EQ(seen.requests, row.tries);
-        EXPECT_EQ(FakeClock::NowMs() - start, row.tookMs);
+        EXPECT_EQ(device.ModbusExchange(7, 255, modbus::Function::kRead, 5, value), wanted);
+        EXPECT_EQ(value, wanted == 0 ? 0x1234 : 0);
+        EXPECT_EQ(seen.requests, tries);
+        EXPECT_EQ(FakeClock::NowMs() - start, tookMs);
     }
     const vxApiConfig nothing{};
     vxInitAPI(&nothing);

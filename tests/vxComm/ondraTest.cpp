@@ -3,6 +3,8 @@
 #include "support/fakeClock.h"
 #include "support/tempFolder.h"
 
+#include <tuple>
+
 namespace vxsign::test {
 namespace {
 
@@ -158,20 +160,16 @@ TEST_F(SecondTiles, ExtensionsOfWhatIsRead)
 
 TEST_F(SecondTiles, Burn)
 {
-    struct Row
-    {
-        const char* name;
-        const char* states;
-        std::uint32_t result;
-    };
-    for (const Row& row : {Row{"under way", "=09010000 =00020000 =0A010000", 0},
-                           Row{"progress counts first", "=0A050000", 0}, Row{"failed", "=00010000 =09030000", 3078},
-                           Row{"failed otherwise", "=09050000", 3078}, Row{"no answer", "=00010000 !3079", 3079}}) {
-        SCOPED_TRACE(row.name);
+    using Row = std::tuple<const char*, const char*, std::uint32_t>;
+    for (const auto& [name, states, result] :
+         {Row{"under way", "=09010000 =00020000 =0A010000", 0}, Row{"progress counts first", "=0A050000", 0},
+          Row{"failed", "=00010000 =09030000", 3078}, Row{"failed otherwise", "=09050000", 3078},
+          Row{"no answer", "=00010000 !3079", 3079}}) {
+        SCOPED_TRACE(name);
         ScriptedSign sign;
-        const std::size_t answers = Play(sign, Words({". +0A0B0C0D", row.states}));
+        const std::size_t answers = Play(sign, Words({". +0A0B0C0D", states}));
         const std::uint64_t before = clock.SleptMs();
-        EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0x1234, nullptr, &detail), row.result);
+        EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0x1234, nullptr, &detail), result);
         EXPECT_EQ(detail, 0x0D0C0B0Au);
         EXPECT_EQ(sign.requests[1].Payload(), Hex("FF00070500000000"));
         EXPECT_EQ(clock.SleptMs() - before, 100 * (answers - 3));
@@ -187,29 +185,22 @@ TEST_F(SecondTiles, Burn)
 // A task that stays below progress 10 is given up ten minutes behind its last change, or when the flag is set.
 TEST_F(SecondTiles, BurnThatDoesNotBegin)
 {
-    struct Row
-    {
-        const char* name;
-        std::uint64_t changeMs; // until then the state changes
-        std::uint64_t abortMs;
-        std::uint32_t result;
-        std::uint64_t endMs;
-    };
+    using Row = std::tuple<const char*, std::uint64_t, std::uint64_t, std::uint32_t, std::uint64_t>;
     constexpr std::uint64_t kNever = 10'000'000;
-    for (const Row& row :
+    for (const auto& [name, changeMs, abortMs, result, endMs] :
          {Row{"ended at once", 0, kNever, 20736, 600'100}, Row{"stirs", 900'000, kNever, 20736, 1'500'100},
           Row{"stopped", 900'000, 700'000, 20497, 700'100}}) {
-        SCOPED_TRACE(row.name);
+        SCOPED_TRACE(name);
         ScriptedSign sign;
         Play(sign, ". +01");
         const std::uint64_t start = clock.SleptMs();
         sign.otherwise = [&](const Packet&) {
             const std::uint64_t gone = clock.SleptMs() - start;
-            sign.Config().abortFlag = gone >= row.abortMs ? 1 : 0;
-            return Good({}, {static_cast<std::uint8_t>(std::min(gone, row.changeMs) / 100'000), 4, 0, 0});
+            sign.Config().abortFlag = gone >= abortMs ? 1 : 0;
+            return Good({}, {static_cast<std::uint8_t>(std::min(gone, changeMs) / 100'000), 4, 0, 0});
         };
-        EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0, nullptr, &detail), row.result);
-        EXPECT_EQ(clock.SleptMs() - start, row.endMs);
+        EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0, nullptr, &detail), result);
+        EXPECT_EQ(clock.SleptMs() - start, endMs);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "support/tempFolder.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -13,13 +14,7 @@ TEST(ReadFile, RecordsOfEachMinor)
     const TempFolder folder;
     const std::string file = folder.Path("out");
     const char* const local = file.c_str();
-    struct Row
-    {
-        std::function<std::uint32_t()> call;
-        std::uint8_t minor;
-        const char* first;  // payload of the first request, chunk size 64
-        const char* second; // and of the second
-    };
+    using Row = std::tuple<std::function<std::uint32_t()>, std::uint8_t, const char*, const char*>;
     const Row rows[] = {
         {[&] { return vxReadSysFile("CONFIG.SYS", local); }, 2, "434F4E4649472E5359530000 4000 0100",
          "434F4E4649472E5359530000 4000 0200"},
@@ -47,17 +42,17 @@ TEST(ReadFile, RecordsOfEachMinor)
         {[&] { return vxReadSignalResult(local); }, 8, "4000 0100 443A5C53 49474E41 4C2E4353 56000000",
          "4000 0200 443A5C53 49474E41 4C2E4353 56000000"},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(int(row.minor));
+    for (const auto& [call, minor, first, second] : rows) {
+        SCOPED_TRACE(int(minor));
         ScriptedSign sign;
         sign.Config().dataSize = 64;
         sign.Then(Good(Hex("00000000 46000000"), Bytes(64, 'a'))).Then(Good({}, Bytes(6, 'b')));
-        EXPECT_EQ(row.call(), 0u);
+        EXPECT_EQ(call(), 0u);
         ASSERT_EQ(sign.requests.size(), 2u);
         EXPECT_EQ(sign.requests[0].Major(), 1);
-        EXPECT_EQ(sign.requests[0].Minor(), row.minor);
-        EXPECT_EQ(sign.requests[0].Payload(), Hex(row.first));
-        EXPECT_EQ(sign.requests[1].Payload(), Hex(row.second));
+        EXPECT_EQ(sign.requests[0].Minor(), minor);
+        EXPECT_EQ(sign.requests[0].Payload(), Hex(first));
+        EXPECT_EQ(sign.requests[1].Payload(), Hex(second));
         EXPECT_TRUE(sign.requests[0].Extended().empty());
         EXPECT_EQ(folder.Read("out"), std::string(64, 'a') + std::string(6, 'b'));
         EXPECT_EQ(sign.progress, std::vector<std::uint32_t>{100}) << "no report for the first packet";
@@ -68,23 +63,18 @@ TEST(ReadFile, FormsOfTheAnnouncedSize)
 {
     const TempFolder folder;
     const std::string file = folder.Path("out");
-    struct Row
-    {
-        const char* payload;
-        std::uint32_t result;
-        std::size_t requests; // of 768 bytes
-    };
-    for (const Row& row :
+    using Row = std::tuple<const char*, std::uint32_t, std::size_t>;
+    for (const auto& [payload, result, requests] :
          {Row{"FFFFFFFF 01030000", 0, 2}, Row{"00030000", 0, 1}, Row{"01030000 00000000 00000000", 0, 2},
           Row{"FFFFFFFF 00000000", 36872, 1}, Row{"0000FFFF", 36872, 1}, Row{"", 36872, 1}}) {
-        SCOPED_TRACE(row.payload);
+        SCOPED_TRACE(payload);
         ScriptedSign sign;
-        sign.Then(Good(Hex(row.payload), {'x'}));
+        sign.Then(Good(Hex(payload), {'x'}));
         sign.otherwise = [](const Packet&) { return Good({}, {'y'}); };
-        EXPECT_EQ(vxReadSpecPathFile("D:\\A", file.c_str()), row.result);
-        EXPECT_EQ(sign.requests.size(), row.requests);
-        EXPECT_EQ(sign.progress.size(), row.requests - 1);
-        const std::string pieces = row.result == 0 ? "x" + std::string(row.requests - 1, 'y') : "";
+        EXPECT_EQ(vxReadSpecPathFile("D:\\A", file.c_str()), result);
+        EXPECT_EQ(sign.requests.size(), requests);
+        EXPECT_EQ(sign.progress.size(), requests - 1);
+        const std::string pieces = result == 0 ? "x" + std::string(requests - 1, 'y') : "";
         EXPECT_EQ(folder.Read("out"), pieces) << "a size of 0 leaves an empty file, whatever came with it";
     }
 }

@@ -3,6 +3,8 @@
 #include "support/fakeClock.h"
 #include "support/tempFolder.h"
 
+#include <tuple>
+
 namespace vxsign::test {
 namespace {
 
@@ -14,62 +16,49 @@ constexpr char kDone[] = "=000A00000005000000000001 .";
 
 TEST(FirstTiles, NumbersRunOverTwoBuses)
 {
-    struct Row
-    {
-        std::uint16_t tile;
-        std::uint16_t bus;
-        std::uint8_t address;
-        std::uint16_t busOfTest;
-        std::uint8_t addressOfTest;
-    };
-    for (const Row& row : {Row{1, 0, 1, 0, 1}, Row{254, 0, 254, 0, 254}, Row{255, 1, 1, 1, 1}, Row{494, 1, 240, 1, 240},
-                           Row{65535, 1, 1, 0, 255}}) {
-        SCOPED_TRACE(row.tile);
+    using Row = std::tuple<std::uint16_t, std::uint16_t, std::uint8_t, std::uint16_t, std::uint8_t>;
+    for (const auto& [tile, bus, address, busOfTest, addressOfTest] :
+         {Row{1, 0, 1, 0, 1}, Row{254, 0, 254, 0, 254}, Row{255, 1, 1, 1, 1}, Row{494, 1, 240, 1, 240},
+          Row{65535, 1, 1, 0, 255}}) {
+        SCOPED_TRACE(tile);
         ScriptedSign sign;
         sign.Config().sourceAddress = 0x1234;
         sign.Then(Refusal(36912)).Then(Good()).Then(Good());
-        EXPECT_EQ(vxTarsisSetTileCmd(row.tile, 0x77), 36912u);
+        EXPECT_EQ(vxTarsisSetTileCmd(tile, 0x77), 36912u);
         EXPECT_EQ(sign.requests[0].Minor(), 11);
-        EXPECT_EQ(sign.requests[0].Word(6), row.bus);
-        EXPECT_EQ(sign.requests[0].Payload(), (Bytes{row.address, 0x77, 0, 0}));
+        EXPECT_EQ(sign.requests[0].Word(6), bus);
+        EXPECT_EQ(sign.requests[0].Payload(), (Bytes{address, 0x77, 0, 0}));
         std::uint32_t task;
-        EXPECT_EQ(vxTarsisTileTest(row.tile, 0x77, &task), 0u);
-        EXPECT_EQ(sign.requests[1].Word(6), row.busOfTest);
-        EXPECT_EQ(sign.requests[1].Payload(), (Bytes{row.addressOfTest, 0x77, 0, 0}));
+        EXPECT_EQ(vxTarsisTileTest(tile, 0x77, &task), 0u);
+        EXPECT_EQ(sign.requests[1].Word(6), busOfTest);
+        EXPECT_EQ(sign.requests[1].Payload(), (Bytes{addressOfTest, 0x77, 0, 0}));
         EXPECT_EQ(vxBlackScreen(), 0u);
-        EXPECT_EQ(sign.requests[2].Word(6), row.busOfTest) << "the bus stays selected";
+        EXPECT_EQ(sign.requests[2].Word(6), busOfTest) << "the bus stays selected";
     }
 }
 
 TEST(FirstTiles, ResultOfATask)
 {
-    struct Row
-    {
-        const char* name;
-        const char* answers;
-        std::uint32_t bufferSize;
-        std::uint32_t result;
-        std::uint16_t status;
-        const char* buffer; // as far as it is written
-    };
-    for (const Row& row : {Row{"data at once", "=112233", 8, 0, 3073, "112233"},
-                           Row{"data that takes its time", "=000C +030C0000 =000C =000C00", 8, 0, 3073, "000C00"},
-                           Row{"two bytes are a status", "=1122", 8, 0, 0x2211, ""},
-                           Row{"more data than the buffer takes", "=11223344556677889900", 3, 0, 3073, "112233"},
-                           Row{"failed", "+030C0000 =000C +040C0000", 8, 0, 3076, ""},
-                           Row{"success without data", "+010C0000", 8, 0, 3073, ""},
-                           Row{"a refusal that goes on", "!3075 !3072 =112233", 8, 0, 3073, "112233"},
-                           Row{"a refusal", "!3079", 8, 3079, 3079, ""}, Row{"an empty reply", ".", 8, 0, 0, ""}}) {
-        SCOPED_TRACE(row.name);
+    using Row = std::tuple<const char*, const char*, std::uint32_t, std::uint32_t, std::uint16_t, const char*>;
+    for (const auto& [name, script, bufferSize, result, wantedStatus, bytes] :
+         {Row{"data at once", "=112233", 8, 0, 3073, "112233"},
+          Row{"data that takes its time", "=000C +030C0000 =000C =000C00", 8, 0, 3073, "000C00"},
+          Row{"two bytes are a status", "=1122", 8, 0, 0x2211, ""},
+          Row{"more data than the buffer takes", "=11223344556677889900", 3, 0, 3073, "112233"},
+          Row{"failed", "+030C0000 =000C +040C0000", 8, 0, 3076, ""},
+          Row{"success without data", "+010C0000", 8, 0, 3073, ""},
+          Row{"a refusal that goes on", "!3075 !3072 =112233", 8, 0, 3073, "112233"},
+          Row{"a refusal", "!3079", 8, 3079, 3079, ""}, Row{"an empty reply", ".", 8, 0, 0, ""}}) {
+        SCOPED_TRACE(name);
         const FakeClock clock;
         ScriptedSign sign;
-        const std::size_t answers = Play(sign, row.answers);
+        const std::size_t answers = Play(sign, script);
         std::uint16_t status = 0xEEEE;
         Bytes buffer(8, 0xEE);
-        Bytes expected = Hex(row.buffer);
+        Bytes expected = Hex(bytes);
         expected.resize(8, 0xEE);
-        EXPECT_EQ(vxTarsisGetResult(0x04030201, buffer.data(), row.bufferSize, &status), row.result);
-        EXPECT_EQ(status, row.status);
+        EXPECT_EQ(vxTarsisGetResult(0x04030201, buffer.data(), bufferSize, &status), result);
+        EXPECT_EQ(status, wantedStatus);
         EXPECT_EQ(buffer, expected);
         ASSERT_EQ(sign.requests.size(), answers);
         EXPECT_EQ(sign.Road().substr(0, 4), "12.2");
@@ -131,14 +120,8 @@ TEST(FirstTiles, ProgressOfACommand)
 {
     // Total, done and, at the end, the state of a task.
     const auto at = [](const std::string& state) { return "=000A000000050000000000" + state + " "; };
-    struct Row
-    {
-        const char* name;
-        std::string answers; // to the questions
-        std::uint32_t result;
-        std::vector<std::uint32_t> progress;
-    };
-    for (const Row& row :
+    using Row = std::tuple<const char*, std::string, std::uint32_t, std::vector<std::uint32_t>>;
+    for (const auto& [name, script, result, progress] :
          {Row{"done", at("00") + "=000400000003000000000003 " + at("01") + ".", 0, {50, 75}},
           Row{"failed, and asked once more", at("09") + ".", 3081, {}},
           Row{"failed, whatever the last answer", at("04") + "!36912", 3076, {}},
@@ -149,12 +132,12 @@ TEST(FirstTiles, ProgressOfACommand)
           Row{"32 bits", "=0001000000FFFFFFFF000003 " + at("01") + ".", 0, {100}},
           Row{"in the payload", "+000400000001000000000003 " + at("01") + ".", 0, {25}},
           Row{"a short reply goes on", "=0001 " + at("01") + ".", 0, {0}}}) {
-        SCOPED_TRACE(row.name);
+        SCOPED_TRACE(name);
         const FakeClock clock;
         ScriptedSign sign;
-        const std::size_t answers = Play(sign, Words({"+0A0B0C0D", row.answers}));
-        EXPECT_EQ(vxTarsisSetTileCmd(300, 2), row.result);
-        EXPECT_EQ(sign.progress, row.progress);
+        const std::size_t answers = Play(sign, Words({"+0A0B0C0D", script}));
+        EXPECT_EQ(vxTarsisSetTileCmd(300, 2), result);
+        EXPECT_EQ(sign.progress, progress);
         ASSERT_EQ(sign.requests.size(), answers);
         EXPECT_EQ(clock.SleptMs(), 100 * (answers - 2));
         EXPECT_EQ(sign.Road().substr(0, 10), "12.11 12.4");
@@ -174,32 +157,27 @@ protected:
 
 TEST_F(FirstTileFiles, AreInstalledInFixedPlaces)
 {
-    struct Row
-    {
-        std::uint8_t type;
-        const char* status;
-        const char* path;
-        const char* offset;
-    };
-    for (const Row& row : {Row{0, "=0808000000", "C:\\R_DATA\\R.DAT", "00000000"},
-                           Row{1, "=0808000000", "C:\\DRIVER\\DRV.DAT", "D01A0000"},
-                           Row{2, "=0808000000", "C:\\CTL_FPGA\\FPGA.DAT", "F0600000"},
-                           Row{3, "=0808000000", "C:\\BACKUP\\CPU.BIN", "98E10100"},
-                           Row{4, "=0808008310", "C:\\R_DATA\\BRBLOCK.DAT", "40940100"},
-                           Row{4, "=0808008410", "C:\\R_DATA\\BRBLOCK.DAT", "30500100"},
-                           Row{4, "=080800FF10", "C:\\R_DATA\\BRBLOCK.DAT", "30500100"},
-                           Row{4, "=0808000011", "C:\\R_DATA\\BRBLOCK.DAT", "40940100"}}) {
-        SCOPED_TRACE(std::string(row.path) + row.status);
+    using Row = std::tuple<std::uint8_t, const char*, const char*, const char*>;
+    for (const auto& [type, wantedStatus, staged, offset] :
+         {Row{0, "=0808000000", "C:\\R_DATA\\R.DAT", "00000000"},
+          Row{1, "=0808000000", "C:\\DRIVER\\DRV.DAT", "D01A0000"},
+          Row{2, "=0808000000", "C:\\CTL_FPGA\\FPGA.DAT", "F0600000"},
+          Row{3, "=0808000000", "C:\\BACKUP\\CPU.BIN", "98E10100"},
+          Row{4, "=0808008310", "C:\\R_DATA\\BRBLOCK.DAT", "40940100"},
+          Row{4, "=0808008410", "C:\\R_DATA\\BRBLOCK.DAT", "30500100"},
+          Row{4, "=080800FF10", "C:\\R_DATA\\BRBLOCK.DAT", "30500100"},
+          Row{4, "=0808000011", "C:\\R_DATA\\BRBLOCK.DAT", "40940100"}}) {
+        SCOPED_TRACE(std::string(staged) + wantedStatus);
         sign.requests.clear();
-        Play(sign, Words({"+01", row.status, ". +02000000", kDone, "+03 +04000000", kDone}));
-        EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 256, row.type), 0u);
+        Play(sign, Words({"+01", wantedStatus, ". +02000000", kDone, "+03 +04000000", kDone}));
+        EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 256, type), 0u);
         ASSERT_EQ(sign.Road(), "12.7 12.2 2.13 12.15 12.4 12.4 12.9 12.11 12.4 12.4");
-        const Bytes path = FromText(row.path) + Bytes{0};
+        const Bytes path = FromText(staged) + Bytes{0};
         EXPECT_EQ(sign.requests[1].Payload(), Hex("01000000"));
         const Bytes copied = sign.requests[2].Payload();
         EXPECT_EQ(Bytes(copied.begin() + 14, copied.begin() + 14 + static_cast<long>(path.size())), path);
         EXPECT_EQ(sign.requests[2].Extended(), FromText("abc"));
-        EXPECT_EQ(sign.requests[3].Payload(), Hex(row.offset) + Hex("0000 02 00"));
+        EXPECT_EQ(sign.requests[3].Payload(), Hex(offset) + Hex("0000 02 00"));
         EXPECT_EQ(sign.requests[3].Extended(), path);
         EXPECT_EQ(sign.requests[4].Payload(), Hex("02000000 00000000"));
         EXPECT_EQ(sign.requests[6].Payload(), Hex("02120000"));
@@ -210,15 +188,8 @@ TEST_F(FirstTileFiles, AreInstalledInFixedPlaces)
 
 TEST_F(FirstTileFiles, InstallingGoesOnToItsLastCommand)
 {
-    struct Row
-    {
-        const char* name;
-        std::uint8_t type;
-        std::string answers;
-        const char* requests;
-        std::uint32_t result;
-    };
-    for (const Row& row :
+    using Row = std::tuple<const char*, std::uint8_t, std::string, const char*, std::uint32_t>;
+    for (const auto& [name, type, script, requests, result] :
          {Row{"no status task", 0, "!65535 +070C0000", "12.7 12.2", 3079},
           Row{"no answer to the question", 0, "+01 !36912", "12.7 12.2", 36912},
           Row{"another type of file", 5, Words({"+01", kStatus}), "12.7 12.2", 2},
@@ -228,11 +199,11 @@ TEST_F(FirstTileFiles, InstallingGoesOnToItsLastCommand)
           Row{"not installed", 0, Words({"+01", kStatus, ". +01 =000000000000000000000004 . . +01", kDone}),
               "12.7 12.2 2.13 12.15 12.4 12.4 12.9 12.11 12.4 12.4", 0},
           Row{"no last command", 0, Words({"+01", kStatus, "!8451 . !36881"}), "12.7 12.2 2.13 12.9 12.11", 36881}}) {
-        SCOPED_TRACE(row.name);
+        SCOPED_TRACE(name);
         sign.requests.clear();
-        Play(sign, row.answers);
-        EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 1, row.type), row.result);
-        EXPECT_EQ(sign.Road(), row.requests);
+        Play(sign, script);
+        EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 1, type), result);
+        EXPECT_EQ(sign.Road(), requests);
     }
     Play(sign, Words({"+01", kStatus, "!8451 . +01"}));
     sign.otherwise = [](const Packet&) { return Good({}, Bytes(12, 3)); };
@@ -241,18 +212,14 @@ TEST_F(FirstTileFiles, InstallingGoesOnToItsLastCommand)
 
 TEST_F(FirstTileFiles, CalibrationIsReadInBlocks)
 {
-    struct Row
-    {
-        const char* status;
-        std::size_t size;
-        std::uint32_t firstOffset;
-    };
-    for (const Row& row : {Row{"=080800000000", 1184, 103488}, Row{"=0403008410DF", 248, 86064},
-                           Row{"=0403000000E0", 888, 103488}, Row{"=000000000000", 32, 103488}}) {
-        SCOPED_TRACE(row.status);
+    using Row = std::tuple<const char*, std::size_t, std::uint32_t>;
+    for (const auto& [wantedStatus, size, firstOffset] :
+         {Row{"=080800000000", 1184, 103488}, Row{"=0403008410DF", 248, 86064}, Row{"=0403000000E0", 888, 103488},
+          Row{"=000000000000", 32, 103488}}) {
+        SCOPED_TRACE(wantedStatus);
         sign.requests.clear();
         std::vector<Bytes> blocks;
-        Play(sign, Words({"+07", row.status}));
+        Play(sign, Words({"+07", wantedStatus}));
         sign.otherwise = [&](const Packet& request) {
             if (request.Minor() == 1) {
                 blocks.push_back(request.Payload());
@@ -262,9 +229,9 @@ TEST_F(FirstTileFiles, CalibrationIsReadInBlocks)
         };
         EXPECT_EQ(vxTarsisReadTileFile(local.c_str(), 1, 4), 0u);
         std::string expected;
-        for (std::size_t i = 0; expected.size() < row.size; ++i) {
-            expected += std::string(std::min<std::size_t>(264, row.size - expected.size()), static_cast<char>(i + 1));
-            const std::size_t offset = row.firstOffset + 264 * i;
+        for (std::size_t i = 0; expected.size() < size; ++i) {
+            expected += std::string(std::min<std::size_t>(264, size - expected.size()), static_cast<char>(i + 1));
+            const std::size_t offset = firstOffset + 264 * i;
             ASSERT_LT(i, blocks.size());
             EXPECT_EQ(blocks[i], (Bytes{static_cast<std::uint8_t>(offset), static_cast<std::uint8_t>(offset >> 8),
                                         static_cast<std::uint8_t>(offset >> 16), 0, 8, 1, 1, 0}));
@@ -275,26 +242,18 @@ TEST_F(FirstTileFiles, CalibrationIsReadInBlocks)
 
 TEST_F(FirstTileFiles, ReadingFailures)
 {
-    struct Row
-    {
-        const char* name;
-        std::uint8_t type;
-        const char* local;
-        std::string answers; // behind the status task
-        std::uint32_t result;
-        std::string file;
-    };
+    using Row = std::tuple<const char*, std::uint8_t, const char*, std::string, std::uint32_t, std::string>;
     const std::string zeros(261, '\0');
-    for (const Row& row :
+    for (const auto& [name, type, place, script, result, left] :
          {Row{"another type of file", 3, "file", "", 2, "abc"}, Row{"no local file", 4, "no/such", "", 20737, "abc"},
           Row{"no block", 4, "file", "!65535", 65535, ""},
           Row{"a short block ends in zeros", 4, "file", "+01 =78797A +01 !36912", 36912, "xyz" + zeros},
           Row{"a task that fails", 4, "file", "+01 =78797A +01 +040C0000", 3076, "xyz" + zeros}}) {
-        SCOPED_TRACE(row.name);
-        Play(sign, Words({"+01", kStatus, row.answers}));
+        SCOPED_TRACE(name);
+        Play(sign, Words({"+01", kStatus, script}));
         folder.Write("file", "abc");
-        EXPECT_EQ(vxTarsisReadTileFile(folder.Path(row.local).c_str(), 1, row.type), row.result);
-        EXPECT_EQ(folder.Read("file"), row.file);
+        EXPECT_EQ(vxTarsisReadTileFile(folder.Path(place).c_str(), 1, type), result);
+        EXPECT_EQ(folder.Read("file"), left);
     }
     // A number that no tile has: the status task does not start, but another's result may be there.
     Play(sign, kStatus);

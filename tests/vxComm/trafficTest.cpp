@@ -3,6 +3,8 @@
 #include "support/reportSign.h"
 #include "support/tempFolder.h"
 
+#include <tuple>
+
 namespace vxsign::test {
 namespace {
 
@@ -119,12 +121,7 @@ TEST_F(TrafficFiles, Flow)
 
 TEST_F(TrafficFiles, ErrorTexts)
 {
-    struct Row
-    {
-        std::uint16_t code;
-        std::uint32_t level;
-        std::string text;
-    };
+    using Row = std::tuple<std::uint16_t, std::uint32_t, std::string>;
     const Row rows[] = {
         {0x0101, 3, " File Format Err"},
         {0x0111, 3, "Map File Format Err"},
@@ -167,16 +164,16 @@ TEST_F(TrafficFiles, ErrorTexts)
         {0x1011, 0, ""},
         {0xFFFF, 0, ""},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.code);
-        const char code[] = {static_cast<char>(row.code), static_cast<char>(row.code >> 8)};
+    for (const auto& [error, level, text] : rows) {
+        SCOPED_TRACE(error);
+        const char code[] = {static_cast<char>(error), static_cast<char>(error >> 8)};
         const std::string record = HexText("26 20 12 31 23 59 58 FF") + std::string(code, 2) + HexText("FFFF");
         EXPECT_EQ(ReadErrors(std::string(32, '\xEE') + HexText("01000000") + record), 0u);
         const auto entry = Taken::As<TrafficLogEntry>(0);
-        EXPECT_EQ(entry.level, row.level);
+        EXPECT_EQ(entry.level, level);
         EXPECT_STREQ(entry.time, "2026-12-31 23:59:58");
         EXPECT_STREQ(entry.signName, "sign");
-        EXPECT_EQ(entry.text, row.text + " ErrCNT=65535");
+        EXPECT_EQ(entry.text, text + " ErrCNT=65535");
     }
 }
 
@@ -185,13 +182,7 @@ TEST_F(TrafficFiles, ErrorRecords)
     const std::string good = HexText("26 20 0102030405 FF 0007 0100") + std::string(20, '\xFF');
     const std::string blank = HexText("26 00 0102030405 FF 0007 0100") + std::string(20, '\xFF');
     const std::string head(32, '\xEE');
-    struct Row
-    {
-        const char* name;
-        std::string file;
-        std::size_t records;
-        std::uint32_t returns; // what the callback gives
-    };
+    using Row = std::tuple<const char*, std::string, std::size_t, std::uint32_t>;
     const Row rows[] = {
         {"an empty one counts", head + HexText("02000000") + good + blank + good, 1, 0},
         {"fewer than announced", head + HexText("FFFFFFFF") + blank + good + good, 2, 0},
@@ -201,11 +192,11 @@ TEST_F(TrafficFiles, ErrorRecords)
         {"no count", head + HexText("01"), 0, 0},
         {"no header", "x", 0, 0},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        Taken::result = row.returns;
-        EXPECT_EQ(ReadErrors(row.file), row.returns);
-        EXPECT_EQ(Taken::records.size(), row.records);
+    for (const auto& [name, file, records, returns] : rows) {
+        SCOPED_TRACE(name);
+        Taken::result = returns;
+        EXPECT_EQ(ReadErrors(file), returns);
+        EXPECT_EQ(Taken::records.size(), records);
     }
     Taken::result = 0;
     for (const std::size_t length : {100, 101}) {
@@ -228,12 +219,7 @@ TEST_F(TrafficFiles, ErrorRecords)
 
 TEST_F(TrafficFiles, TemperatureNames)
 {
-    struct Row
-    {
-        const char* entry;
-        const char* path;
-        const char* first; // empty: not taken
-    };
+    using Row = std::tuple<const char*, const char*, const char*>;
     const Row rows[] = {
         {"CAB05XYZTMP", "CAB05XYZ.TMP", "2020-05-01 00:00:00 65 100"},
         {"E1P4206 TMP", "E1P4206.TMP", "2019-06-01 00:00:00 65 442"},
@@ -250,15 +236,15 @@ TEST_F(TrafficFiles, TemperatureNames)
         {"v0001   TMP", "v0001.TMP", ""},
         {"X0101   TMP", "X0101.TMP", ""},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.entry);
+    for (const auto& [entry, path, first] : rows) {
+        SCOPED_TRACE(entry);
         sign.asked.clear();
-        sign.files = {{"E:\\TEP_REC\\" + std::string(row.path), Month({'A'})}};
-        EXPECT_EQ(ReadTemperatures(Entry(row.entry)), 0u);
-        EXPECT_EQ(sign.asked, (Asked{"7/12", "read E:\\TEP_REC\\" + std::string(row.path)}));
-        ASSERT_EQ(Taken::records.size(), *row.first != '\0' ? 24u : 0u);
-        if (*row.first != '\0') {
-            EXPECT_EQ(Sample(0), row.first);
+        sign.files = {{"E:\\TEP_REC\\" + std::string(path), Month({'A'})}};
+        EXPECT_EQ(ReadTemperatures(Entry(entry)), 0u);
+        EXPECT_EQ(sign.asked, (Asked{"7/12", "read E:\\TEP_REC\\" + std::string(path)}));
+        ASSERT_EQ(Taken::records.size(), *first != '\0' ? 24u : 0u);
+        if (*first != '\0') {
+            EXPECT_EQ(Sample(0), first);
         }
     }
     // Folders, and entries that were announced but not sent.

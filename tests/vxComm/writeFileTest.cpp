@@ -10,6 +10,7 @@
 #include <numeric>
 #include <optional>
 #include <set>
+#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -27,12 +28,7 @@ TEST(WriteFile, RecordsOfEachMinor)
     const TempFolder folder;
     const std::string file = folder.Write("a", Pattern(100));
     const char* const local = file.c_str();
-    struct Row
-    {
-        std::function<std::uint32_t()> call;
-        std::uint8_t minor;
-        const char* payload; // chunk size 64: total 2, the first packet
-    };
+    using Row = std::tuple<std::function<std::uint32_t()>, std::uint8_t, const char*>;
     const Row rows[] = {
         {[&] { return vxWriteSystemFile("SEQUENT.SYS", local); }, 2,
          "53455155454E542E53595300 64000000 4000 0200 0100 0000"},
@@ -49,16 +45,16 @@ TEST(WriteFile, RecordsOfEachMinor)
         {[&] { return vxWriteSpecFileEx("D:\\AB", local); }, 13, "64000000 4000 02000000 01000000 443A5C414200"},
         {[&] { return vxWriteDataFlashFile(local, 0); }, 19, "64000000 4000 02000000 01000000 0000"},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(int(row.minor));
+    for (const auto& [call, minor, payload] : rows) {
+        SCOPED_TRACE(int(minor));
         ScriptedSign sign;
         sign.Config().dataSize = 64;
         sign.Then(2, Good());
-        EXPECT_EQ(row.call(), 0u);
+        EXPECT_EQ(call(), 0u);
         ASSERT_EQ(sign.requests.size(), 2u);
         EXPECT_EQ(sign.requests[0].Major(), 2);
-        EXPECT_EQ(sign.requests[0].Minor(), row.minor);
-        Bytes expected = Hex(row.payload);
+        EXPECT_EQ(sign.requests[0].Minor(), minor);
+        Bytes expected = Hex(payload);
         expected.resize((expected.size() + 3) / 4 * 4);
         EXPECT_EQ(sign.requests[0].Payload(), expected);
         EXPECT_EQ(sign.requests[0].Extended() + sign.requests[1].Extended(), FromText(Pattern(100)));

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <gtest/gtest.h>
 #include <random>
+#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -105,49 +106,41 @@ TEST_F(XModem, StepsAndEnds)
     const std::string refused = begin + "ACK Error!\r\n\x15\r\n";
     const std::string again = "Retry for ACK,1Error!\r\n";
     constexpr std::uint32_t kFailed = 0xFFFFFFFF;
-    const struct
-    {
-        const char* name;
-        std::string receiver;
-        std::size_t size;
-        std::uint32_t result;
-        std::uint32_t percent; // told of the one block that was confirmed; 0 if none was
-        std::size_t blocks;    // sent, repeated ones and the end included
-        std::string printed;
-    } rows[] = {
-        {"empty file", "CA", 0, 0, 0, 1, begin + done},
-        {"whole block", "CA", 128, 0, 100, 2, begin + done},
-        {"short block", "CA", 5, 0, 100, 2, begin + "Start filling the last frame!\r\n" + done},
-        {"asks late", Times(17, ".") + "NA", 128, 0, 100, 2, begin + done},
-        {"NAK in the tenth round", Times(18, ".") + ".NA", 128, kFailed, 0, 0, "rk4095 is not ready\n"},
-        {"C in the tenth round", "x" + Times(8, "x") + "CA", 128, 0, 100, 2, begin + done},
-        {"never asks", ".", 128, kFailed, 0, 0, "rk4095 is not ready\n"},
-        {"babbles", "x", 128, kFailed, 0, 0, "rk4095 is not ready\n"},
-        {"stopped at once", "!", 128, kFailed, 0, 0, "rk4095 is not ready\n"},
-        {"a second C, silence, NAK, ACK", "CC..NA", 128, 0, 100, 6, begin + done},
-        {"ACK to the twentieth", "C" + Times(19, "N") + "A", 128, 0, 100, 21, begin + done},
-        {"NAK to all", "CN", 128, kFailed, 0, 31, refused + Times(11, again) + "Retry too many times,Quit!\r\n"},
-        {"ACK to a repetition", "C" + Times(21, "N") + "A", 128, 0, 100, 23,
-         refused + again + "Retry for ACK,1OK\r\n" + done},
-        {"ACK to the last repetition", "C" + Times(30, "N") + "A", 128, kFailed, 100, 32,
-         refused + Times(10, again) + "Retry for ACK,1OK\r\n" + done},
-        {"nonsense behind the last repetition", "C" + Times(30, "N") + "x", 128, kFailed, 0, 31,
-         refused + Times(11, again) + "Fatal Error!\r\n"},
-        {"nonsense", "Cx", 128, 0, 0, 20, begin + "ACK Error!\r\nx\r\nFatal Error!\r\n"},
-        {"no first answer", "C.", 128, 0, 0, 42, begin + "ACK Error!\r\n\xF0\r\n" + begin + silentEnd},
-        {"silence behind an ACK", "CA.", 256, 0, 50, 5, begin + done},
-        {"stopped behind an ACK", "CA!", 512, 0, 25, 2, begin + done},
-        {"an ACK after twenty silent rounds", "C" + Times(40, ".") + "A", 256, 0, 50, 42,
-         begin + "ACK Error!\r\n\xF0\r\n" + begin + done},
-        {"the end refused", "CAN", 128, 0, 100, 2, begin + silentEnd},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+    const std::tuple<const char*, std::string, std::size_t, std::uint32_t, std::uint32_t, std::size_t, std::string>
+        rows[] = {
+            {"empty file", "CA", 0, 0, 0, 1, begin + done},
+            {"whole block", "CA", 128, 0, 100, 2, begin + done},
+            {"short block", "CA", 5, 0, 100, 2, begin + "Start filling the last frame!\r\n" + done},
+            {"asks late", Times(17, ".") + "NA", 128, 0, 100, 2, begin + done},
+            {"NAK in the tenth round", Times(18, ".") + ".NA", 128, kFailed, 0, 0, "rk4095 is not ready\n"},
+            {"C in the tenth round", "x" + Times(8, "x") + "CA", 128, 0, 100, 2, begin + done},
+            {"never asks", ".", 128, kFailed, 0, 0, "rk4095 is not ready\n"},
+            {"babbles", "x", 128, kFailed, 0, 0, "rk4095 is not ready\n"},
+            {"stopped at once", "!", 128, kFailed, 0, 0, "rk4095 is not ready\n"},
+            {"a second C, silence, NAK, ACK", "CC..NA", 128, 0, 100, 6, begin + done},
+            {"ACK to the twentieth", "C" + Times(19, "N") + "A", 128, 0, 100, 21, begin + done},
+            {"NAK to all", "CN", 128, kFailed, 0, 31, refused + Times(11, again) + "Retry too many times,Quit!\r\n"},
+            {"ACK to a repetition", "C" + Times(21, "N") + "A", 128, 0, 100, 23,
+             refused + again + "Retry for ACK,1OK\r\n" + done},
+            {"ACK to the last repetition", "C" + Times(30, "N") + "A", 128, kFailed, 100, 32,
+             refused + Times(10, again) + "Retry for ACK,1OK\r\n" + done},
+            {"nonsense behind the last repetition", "C" + Times(30, "N") + "x", 128, kFailed, 0, 31,
+             refused + Times(11, again) + "Fatal Error!\r\n"},
+            {"nonsense", "Cx", 128, 0, 0, 20, begin + "ACK Error!\r\nx\r\nFatal Error!\r\n"},
+            {"no first answer", "C.", 128, 0, 0, 42, begin + "ACK Error!\r\n\xF0\r\n" + begin + silentEnd},
+            {"silence behind an ACK", "CA.", 256, 0, 50, 5, begin + done},
+            {"stopped behind an ACK", "CA!", 512, 0, 25, 2, begin + done},
+            {"an ACK after twenty silent rounds", "C" + Times(40, ".") + "A", 256, 0, 50, 42,
+             begin + "ACK Error!\r\n\xF0\r\n" + begin + done},
+            {"the end refused", "CAN", 128, 0, 100, 2, begin + silentEnd},
+        };
+    for (const auto& [name, receiver, size, result, percent, blocks, prints] : rows) {
+        SCOPED_TRACE(name);
         Configure(50);
-        EXPECT_EQ(Run(row.receiver, row.size), row.result);
-        EXPECT_EQ(sent.size(), row.blocks);
-        EXPECT_EQ(progress, std::vector<std::uint32_t>(row.percent != 0 ? 1 : 0, row.percent));
-        EXPECT_EQ(printed, row.printed);
+        EXPECT_EQ(Run(receiver, size), result);
+        EXPECT_EQ(sent.size(), blocks);
+        EXPECT_EQ(progress, std::vector<std::uint32_t>(percent != 0 ? 1 : 0, percent));
+        EXPECT_EQ(printed, prints);
     }
 }
 

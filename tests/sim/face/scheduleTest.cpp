@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 namespace vxsim::test {
@@ -25,13 +26,7 @@ TEST(Schedule, HoldsWhenDayDateAndTimeFit)
     const ScheduleTime ten{0, 0, 0, 0x10, 0x00, false, kValid};
     const ScheduleTime defaultBegin{0x2008, 1, 1, 0, 0, kValid, kValid};
     const ScheduleTime defaultEnd{0x2008, 1, 1, 0x23, 0x59, kValid, kValid};
-    const struct
-    {
-        const char* rule;
-        Moment moment;
-        Schedule schedule;
-        bool holds;
-    } rows[] = {
+    const std::tuple<const char*, Moment, Schedule, bool> rows[] = {
         {"always", Saturday(0x2359), {127, defaultBegin, defaultEnd}, true},
         {"always, without weekdays", Saturday(0x0000), {255, defaultBegin, defaultEnd}, true},
         {"weekends, else always", Saturday(0x1200), {0x41, defaultBegin, defaultEnd}, true},
@@ -56,8 +51,8 @@ TEST(Schedule, HoldsWhenDayDateAndTimeFit)
         {"open end", Saturday(0x2359), {127, six, any}, true},
         {"digits that are none", Saturday(0), {127, {0xFFFF, 255, 255, 255, 255, true, true}, any}, false},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(MayPlay({&row.schedule, 1}, row.moment), row.holds) << row.rule;
+    for (const auto& [rule, moment, schedule, holds] : rows)
+        EXPECT_EQ(MayPlay({&schedule, 1}, moment), holds) << rule;
 
     EXPECT_TRUE(MayPlay({}, Saturday(0)));
     const std::vector<Schedule> two{{127, any, march14}, {0x40, any, any}};
