@@ -52,7 +52,7 @@ PointerRow Row(const char* name, std::uint32_t (*call)(P...), std::set<std::size
 }
 
 // The numbers are those of parameters that may be null.
-#define POINTERS(name, ...) Row(#name, name, {__VA_ARGS__})
+#define ROW(name, ...) Row(#name, name, {__VA_ARGS__})
 
 void ExpectNullsRefused(std::uint32_t result, const std::vector<PointerRow>& rows)
 {
@@ -70,214 +70,80 @@ void ExpectNullsRefused(std::uint32_t result, const std::vector<PointerRow>& row
 
 TEST(Arguments, EachPointerThatIsNeeded)
 {
-    ExpectNullsRefused(2, {
-                              POINTERS(vxBmp2Nmg),
-                              POINTERS(vxShowBmpToNmg),
-                              POINTERS(vxShowMsgToNmg),
-                              POINTERS(vxInitAPI),
-                              // Control.
-                              POINTERS(vxGetPowerState),
-                              POINTERS(vxReadEthCheck),
-                              POINTERS(vxSetBeacon),
-                              POINTERS(vxGetBeacon),
-                              POINTERS(vxBrightAdjustSides),
-                              POINTERS(vxSetSignBeacon),
-                              POINTERS(vxGetSignBeacon),
-                              POINTERS(vxGetLCS),
-                              POINTERS(vxSetExternalEquipment),
-                              POINTERS(vxGetExternalEquipment),
-                              POINTERS(vxPlayVoice),
-                              POINTERS(vxGetFH),
-                              POINTERS(vxTubeSet),
-                              POINTERS(vxGetBufferStatus),
-                              POINTERS(vxUploadBuffer),
-                              // Tests, clock.
-                              POINTERS(vxConnectTest),
-                              POINTERS(vxCrayTest),
-                              POINTERS(vxAreaTest),
-                              POINTERS(vxLocationTest),
-                              POINTERS(vxStabilityTest),
-                              POINTERS(vxReadLEDTime),
-                              // Boards.
-                              POINTERS(vxExtraCollectCtrl),
-                              POINTERS(vxExtraCollectRead),
-                              POINTERS(vxExtraIOCtrl),
-                              POINTERS(vxExtraIORead),
-                              POINTERS(vxExtraWifiUnlock),
-                              POINTERS(vxExtraWifiSetInfo),
-                              POINTERS(vxExtraWifiGetInfo),
-                              POINTERS(vxMPUSetEDID),
-                              POINTERS(vxMPUProgressByTaskID),
-                              POINTERS(vxVPUGetSignalStatus),
-                              POINTERS(vxVPUGetBright),
-                              POINTERS(vxVPUGetInfo),
-                              POINTERS(vxXModem_Upgrade),
-                              // Records.
-                              POINTERS(vxWriteUrgentMsg),
-                              POINTERS(vxWriteBrightCtrlBlock),
-                              POINTERS(vxWriteSNMAC),
-                              POINTERS(vxWriteDefDisplayStyle),
-                              POINTERS(vxWriteCRCForFile),
-                              POINTERS(vxReadSystemSet),
-                              POINTERS(vxReadCurrentState, 2),
-                              POINTERS(vxReadDefDisplayStyle),
-                              POINTERS(vxReadSystemInfo),
-                              POINTERS(vxReadErrorLog),
-                              POINTERS(vxReadDB),
-                              POINTERS(vxReadBrightInfo, 1),
-                              POINTERS(vxReadBrightInfoExt),
-                              POINTERS(vxReadStats),
-                              POINTERS(vxReadPCBID),
-                              POINTERS(vxReadPCBIDAndPort),
-                              POINTERS(vxReadDataFlashInfo),
-                              POINTERS(vxWriteCommunicationSet),
-                              POINTERS(vxReadDefaultScreenSet),
-                              POINTERS(vxWriteDefaultScreenSet),
-                              POINTERS(vxWriteCmdBuf),
-                              // Files.
-                              POINTERS(vxCreateDir),
-                              POINTERS(vxRename),
-                              POINTERS(vxMove),
-                              POINTERS(vxDelete),
-                              POINTERS(vxGetDirFile),
-                              POINTERS(vxGetDirFileEx),
-                              POINTERS(vxIsFileExist),
-                              POINTERS(vxClearAllPlayFiles),
-                              POINTERS(vxLstFolder),
-                              POINTERS(vxGetDirLongFileEx),
-                              POINTERS(vxLstLongFolderCB, 3),
-                              POINTERS(vxReadSysFile),
-                              POINTERS(vxReadFontFile),
-                              POINTERS(vxReadTextFile),
-                              POINTERS(vxReadStringFile),
-                              POINTERS(vxReadPictureFile),
-                              POINTERS(vxReadArrPicFile),
-                              POINTERS(vxReadSpecPathFile),
-                              POINTERS(vxReadSpecPathFileEx),
-                              POINTERS(vxReadVirtualFile),
-                              POINTERS(vxReadPlayLog),
-                              POINTERS(vxReadWarning),
-                              POINTERS(vxReadDataFlashFile),
-                              POINTERS(vxWriteSystemFile),
-                              POINTERS(vxWriteFontFile),
-                              POINTERS(vxWriteTextFile),
-                              POINTERS(vxWriteStringFile),
-                              POINTERS(vxWritePictureFile),
-                              POINTERS(vxWriteArrPicFile),
-                              POINTERS(vxWriteSpecFile),
-                              POINTERS(vxWriteSpecFileEx),
-                              POINTERS(vxWriteFileOptimize),
-                              POINTERS(vxWriteDataFlashFile),
-                              POINTERS(vxWriteAbsoluteAddress),
-                              POINTERS(vxExecFileCMD),
-                              POINTERS(vxEasyReadFile),
-                              POINTERS(vxEasyWriteFile),
-                              POINTERS(vxEasyReadFileEx, 6),
-                              POINTERS(vxEasyWriteFileEx, 6),
-                              POINTERS(vxCurrentMsg2Gif),
-                              // Logins, play, content.
-                              POINTERS(vxLogin),
-                              POINTERS(vxChangePSW),
-                              POINTERS(vxGetAPIServerTable),
-                              POINTERS(vxPlayPriority),
-                              POINTERS(vxGetPlayingFileName),
-                              POINTERS(vxGetNextPlayFileName),
-                              POINTERS(vxPlaySoundFile),
-                              POINTERS(vxPlaySoundFile4j),
-                              POINTERS(vxReadCurVolume),
-                              POINTERS(vxReadSpePlayListIndex),
-                              POINTERS(vxReadCurScreenshot),
-                              POINTERS(vxReadCurScreentshot),
-                              POINTERS(vxReadTJRadarLog2File),
-                              POINTERS(vxShowMsg),
-                              POINTERS(vxShowMsgEx, 12),
-                              POINTERS(vxShowMsgTimeout, 14),
-                              POINTERS(vxShowPic),
-                              POINTERS(vxShowPicEx, 9),
-                              POINTERS(vxShowFiles),
-                              POINTERS(vxShowFilesEx, 9),
-                              POINTERS(vxShowFilesSpe, 9),
-                              POINTERS(vxShowFilesII, 9),
-                              POINTERS(vxTubeCtrl),
-                              POINTERS(vxTubeCtrlEx, 7),
-                              // Programs and zones.
-                              POINTERS(vxCoreGetFileProperty, 1),
-                              POINTERS(vxCorePlayProgram, 3),
-                              POINTERS(vxCorePlayWindowProgram, 3, 4),
-                              POINTERS(vxCorePlayEmergencyProgram, 3),
-                              POINTERS(vxCorePrjSyncProgress),
-                              POINTERS(vxCoreGetPlayInfo),
-                              POINTERS(vxCoreSwitchProgram),
-                              POINTERS(vxCoreProjectInfoEx, 1),
-                              POINTERS(vxDivideZoneBase),
-                              POINTERS(vxDivideZone),
-                              POINTERS(vxDivideZone4j),
-                              POINTERS(vxGetZoneBase),
-                              POINTERS(vxGetZone),
-                              POINTERS(vxGetZone4j),
-                              POINTERS(vxSetDisplayBase),
-                              POINTERS(vxSetDisplay),
-                              POINTERS(vxSetDisplay4j),
-                              POINTERS(vxSetContentDisplayBase),
-                              POINTERS(vxSetContentDisplay),
-                              POINTERS(vxSetContentDisplay4j),
-                              POINTERS(vxDivideSpeZone),
-                              POINTERS(vxGetMulitZoneSetting),
-                              // Tiles, pixels, traffic.
-                              POINTERS(vxTarsisGetTileStat),
-                              POINTERS(vxTarsisTileTest),
-                              POINTERS(vxTarsisGetResult),
-                              POINTERS(vxTarsisReadTileFile),
-                              POINTERS(vxTarsisWriteTileFile),
-                              POINTERS(vxTarsisTilePxlLoad),
-                              POINTERS(vxTarsisTilePxlSave),
-                              POINTERS(vxOndraGetResult),
-                              POINTERS(vxOndraTileCMD),
-                              POINTERS(vxOndraTileCMDTimeout),
-                              POINTERS(vxOndraReadTileFile, 6),
-                              POINTERS(vxOndraReadTileFileTimeout, 6),
-                              POINTERS(vxOndraReadTileFileExt, 7),
-                              POINTERS(vxOndraWriteTileFile, 5),
-                              POINTERS(vxOndraWriteTileFileExt, 6),
-                              POINTERS(vxOndraWritePxlCal, 5, 6),
-                              POINTERS(vxOndraWritePxlCalBurn, 6, 7),
-                              POINTERS(vxDirectTileCMD),
-                              POINTERS(vxDirectTileReadFileEx),
-                              POINTERS(vxDirectTileWriteFileEx),
-                              POINTERS(vxDirectTilePHYWriteCoefficent2),
-                              POINTERS(vxPixProgress),
-                              POINTERS(vxReadPixResult),
-                              POINTERS(vxReadSignalResult),
-                              POINTERS(vxPxlChk),
-                              POINTERS(vxReadPixelInfo),
-                              POINTERS(vxReadPixelErrorReport),
-                              POINTERS(vxReadTCStatus),
-                              POINTERS(vxReadTCMonitor),
-                              POINTERS(vxTCJKBLightTest),
-                              POINTERS(vxTCJKCLightTest),
-                              POINTERS(vxTrafficTempPhaseRun),
-                              POINTERS(vxReadTrafficTime),
-                              POINTERS(vxReadTrafficErrLog),
-                              POINTERS(vxReadTrafficTempLog),
-                              // Reports.
-                              POINTERS(vxReadRadarLog),
-                              POINTERS(vxReadNewRadarLog),
-                              POINTERS(vxReadTJRadarLog),
-                              POINTERS(vxReadBatInfoLog),
-                              POINTERS(vxReadBatInfoLogII),
-                              POINTERS(vxReadPlayLogExt),
-                              POINTERS(vxReadSignLog),
-                              POINTERS(vxReadTempLog),
-                              POINTERS(vxReadEventLog),
-                              POINTERS(vxReadTileInfo),
-                              POINTERS(vxReadStatusInfo),
-                              POINTERS(vxUpdate3Info),
-                              POINTERS(vxReadSignWaringLog),
-                              POINTERS(vxReadWaringReport),
-                              POINTERS(vxReadWarningLog),
-                          });
-    ExpectNullsRefused(3, {POINTERS(vxTrafficRFlow), POINTERS(vxReadTrafficStatus), POINTERS(vxReadTrafficMonitor),
-                           POINTERS(vxReadTrafficRealStatus), POINTERS(vxGetProperty)});
+    ExpectNullsRefused(2, {ROW(vxBmp2Nmg), ROW(vxShowBmpToNmg), ROW(vxShowMsgToNmg), ROW(vxInitAPI)});
+    // Control.
+    ExpectNullsRefused(2, {ROW(vxGetPowerState), ROW(vxReadEthCheck), ROW(vxSetBeacon), ROW(vxGetBeacon),
+                           ROW(vxBrightAdjustSides), ROW(vxSetSignBeacon), ROW(vxGetSignBeacon), ROW(vxGetLCS),
+                           ROW(vxSetExternalEquipment), ROW(vxGetExternalEquipment), ROW(vxPlayVoice), ROW(vxGetFH),
+                           ROW(vxTubeSet), ROW(vxGetBufferStatus), ROW(vxUploadBuffer)});
+    // Tests, clock.
+    ExpectNullsRefused(2, {ROW(vxConnectTest), ROW(vxCrayTest), ROW(vxAreaTest), ROW(vxLocationTest),
+                           ROW(vxStabilityTest), ROW(vxReadLEDTime)});
+    // Boards.
+    ExpectNullsRefused(2, {ROW(vxExtraCollectCtrl), ROW(vxExtraCollectRead), ROW(vxExtraIOCtrl), ROW(vxExtraIORead),
+                           ROW(vxExtraWifiUnlock), ROW(vxExtraWifiSetInfo), ROW(vxExtraWifiGetInfo), ROW(vxMPUSetEDID),
+                           ROW(vxMPUProgressByTaskID), ROW(vxVPUGetSignalStatus), ROW(vxVPUGetBright),
+                           ROW(vxVPUGetInfo), ROW(vxXModem_Upgrade)});
+    // Records.
+    ExpectNullsRefused(2, {ROW(vxWriteUrgentMsg), ROW(vxWriteBrightCtrlBlock), ROW(vxWriteSNMAC),
+                           ROW(vxWriteDefDisplayStyle), ROW(vxWriteCRCForFile), ROW(vxReadSystemSet),
+                           ROW(vxReadDefDisplayStyle), ROW(vxReadSystemInfo), ROW(vxReadErrorLog), ROW(vxReadDB),
+                           ROW(vxReadBrightInfoExt), ROW(vxReadStats), ROW(vxReadPCBID), ROW(vxReadPCBIDAndPort),
+                           ROW(vxReadDataFlashInfo), ROW(vxWriteCommunicationSet)});
+    ExpectNullsRefused(2, {ROW(vxReadDefaultScreenSet), ROW(vxWriteDefaultScreenSet), ROW(vxWriteCmdBuf),
+                           ROW(vxReadCurrentState, 2), ROW(vxReadBrightInfo, 1)});
+    // Files.
+    ExpectNullsRefused(2, {ROW(vxCreateDir), ROW(vxRename), ROW(vxMove), ROW(vxDelete), ROW(vxGetDirFile),
+                           ROW(vxGetDirFileEx), ROW(vxIsFileExist), ROW(vxClearAllPlayFiles), ROW(vxLstFolder),
+                           ROW(vxGetDirLongFileEx), ROW(vxReadSysFile), ROW(vxReadFontFile), ROW(vxReadTextFile),
+                           ROW(vxReadStringFile), ROW(vxReadPictureFile), ROW(vxReadArrPicFile)});
+    ExpectNullsRefused(2, {ROW(vxReadSpecPathFile), ROW(vxReadSpecPathFileEx), ROW(vxReadVirtualFile),
+                           ROW(vxReadPlayLog), ROW(vxReadWarning), ROW(vxReadDataFlashFile), ROW(vxWriteSystemFile),
+                           ROW(vxWriteFontFile), ROW(vxWriteTextFile), ROW(vxWriteStringFile), ROW(vxWritePictureFile),
+                           ROW(vxWriteArrPicFile), ROW(vxWriteSpecFile), ROW(vxWriteSpecFileEx),
+                           ROW(vxWriteFileOptimize), ROW(vxWriteDataFlashFile)});
+    ExpectNullsRefused(2, {ROW(vxWriteAbsoluteAddress), ROW(vxExecFileCMD), ROW(vxEasyReadFile), ROW(vxEasyWriteFile),
+                           ROW(vxCurrentMsg2Gif), ROW(vxLstLongFolderCB, 3), ROW(vxEasyReadFileEx, 6),
+                           ROW(vxEasyWriteFileEx, 6)});
+    // Logins, play, content.
+    ExpectNullsRefused(2, {ROW(vxLogin), ROW(vxChangePSW), ROW(vxGetAPIServerTable), ROW(vxPlayPriority),
+                           ROW(vxGetPlayingFileName), ROW(vxGetNextPlayFileName), ROW(vxPlaySoundFile),
+                           ROW(vxPlaySoundFile4j), ROW(vxReadCurVolume), ROW(vxReadSpePlayListIndex),
+                           ROW(vxReadCurScreenshot), ROW(vxReadCurScreentshot), ROW(vxReadTJRadarLog2File),
+                           ROW(vxShowMsg), ROW(vxShowPic), ROW(vxShowFiles)});
+    ExpectNullsRefused(2, {ROW(vxTubeCtrl), ROW(vxShowMsgEx, 12), ROW(vxShowMsgTimeout, 14), ROW(vxShowPicEx, 9),
+                           ROW(vxShowFilesEx, 9), ROW(vxShowFilesSpe, 9), ROW(vxShowFilesII, 9), ROW(vxTubeCtrlEx, 7)});
+    // Programs and zones.
+    ExpectNullsRefused(2, {ROW(vxCorePrjSyncProgress), ROW(vxCoreGetPlayInfo), ROW(vxCoreSwitchProgram),
+                           ROW(vxDivideZoneBase), ROW(vxDivideZone), ROW(vxDivideZone4j), ROW(vxGetZoneBase),
+                           ROW(vxGetZone), ROW(vxGetZone4j), ROW(vxSetDisplayBase), ROW(vxSetDisplay),
+                           ROW(vxSetDisplay4j), ROW(vxSetContentDisplayBase), ROW(vxSetContentDisplay),
+                           ROW(vxSetContentDisplay4j), ROW(vxDivideSpeZone)});
+    ExpectNullsRefused(2, {ROW(vxGetMulitZoneSetting), ROW(vxCoreGetFileProperty, 1), ROW(vxCorePlayProgram, 3),
+                           ROW(vxCorePlayWindowProgram, 3, 4), ROW(vxCorePlayEmergencyProgram, 3),
+                           ROW(vxCoreProjectInfoEx, 1)});
+    // Tiles, pixels, traffic.
+    ExpectNullsRefused(2, {ROW(vxTarsisGetTileStat), ROW(vxTarsisTileTest), ROW(vxTarsisGetResult),
+                           ROW(vxTarsisReadTileFile), ROW(vxTarsisWriteTileFile), ROW(vxTarsisTilePxlLoad),
+                           ROW(vxTarsisTilePxlSave), ROW(vxOndraGetResult), ROW(vxOndraTileCMD),
+                           ROW(vxOndraTileCMDTimeout), ROW(vxDirectTileCMD), ROW(vxDirectTileReadFileEx),
+                           ROW(vxDirectTileWriteFileEx), ROW(vxDirectTilePHYWriteCoefficent2), ROW(vxPixProgress),
+                           ROW(vxReadPixResult)});
+    ExpectNullsRefused(2, {ROW(vxReadSignalResult), ROW(vxPxlChk), ROW(vxReadPixelInfo), ROW(vxReadPixelErrorReport),
+                           ROW(vxReadTCStatus), ROW(vxReadTCMonitor), ROW(vxTCJKBLightTest), ROW(vxTCJKCLightTest),
+                           ROW(vxTrafficTempPhaseRun), ROW(vxReadTrafficTime), ROW(vxReadTrafficErrLog),
+                           ROW(vxReadTrafficTempLog), ROW(vxOndraReadTileFile, 6), ROW(vxOndraReadTileFileTimeout, 6),
+                           ROW(vxOndraReadTileFileExt, 7), ROW(vxOndraWriteTileFile, 5)});
+    ExpectNullsRefused(
+        2, {ROW(vxOndraWriteTileFileExt, 6), ROW(vxOndraWritePxlCal, 5, 6), ROW(vxOndraWritePxlCalBurn, 6, 7)});
+    // Reports.
+    ExpectNullsRefused(2, {ROW(vxReadRadarLog), ROW(vxReadNewRadarLog), ROW(vxReadTJRadarLog), ROW(vxReadBatInfoLog),
+                           ROW(vxReadBatInfoLogII), ROW(vxReadPlayLogExt), ROW(vxReadSignLog), ROW(vxReadTempLog),
+                           ROW(vxReadEventLog), ROW(vxReadTileInfo), ROW(vxReadStatusInfo), ROW(vxUpdate3Info),
+                           ROW(vxReadSignWaringLog), ROW(vxReadWaringReport), ROW(vxReadWarningLog)});
+    // These have a word of their own for it.
+    ExpectNullsRefused(3, {ROW(vxTrafficRFlow), ROW(vxReadTrafficStatus), ROW(vxReadTrafficMonitor),
+                           ROW(vxReadTrafficRealStatus), ROW(vxGetProperty)});
 }
 
 struct RefusedCall
@@ -304,7 +170,7 @@ TEST(Arguments, ValuesThatNoRequestHolds)
         {CALL(vxPatternTest(1))},
         {CALL(vxPatternTest(16))},
         {CALL(vxLocationTest(1, 2, 3, 4, much.data(), 1521, 5))},
-        {CALL(vxLocationTest(1, 2, 3, 4, much.data(), 0x80000001, 5))}, // a length that wraps
+        {CALL(vxLocationTest(1, 2, 3, 4, much.data(), 0x80000001, 5))},
         {CALL(vxWriteUrgentMsg(1, 2, much.data(), 3053))},
         {CALL(vxLCSetUpdateStatus(0, 0, 3))},
         {CALL(vxLCSetUpdateStatus(1, 0, 1))},
@@ -335,18 +201,17 @@ TEST(Arguments, ValuesThatNoRequestHolds)
         {CALL(vxTarsisTileTest(65534, 1, Long(out)))},
         {CALL(vxTarsisSetTileCmd(65534, 1))},
         {CALL(vxOndraTileCMD(1, 2, 3, much.data(), 3049))},
-        {CALL(vxOndraReadTileFile(local.c_str(), 0, 1, 65535, 1, nullptr))}, // all tiles
+        {CALL(vxOndraReadTileFile(local.c_str(), 0, 1, 65535, 1, nullptr))},
         {CALL(vxOndraReadTileFileTimeout(local.c_str(), 11, 1, 1, 1, nullptr, 1))},
-        {CALL(vxOndraReadTileFileExt(local.c_str(), 0, 255, 1, 0, 1, nullptr))}, // no port
+        {CALL(vxOndraReadTileFileExt(local.c_str(), 0, 255, 1, 0, 1, nullptr))},
         {CALL(vxOndraWriteTileFile(local.c_str(), 11, 1, 1, nullptr))},
         {CALL(vxOndraWriteTileFileExt(local.c_str(), 0, 255, 1, 0, nullptr))},
         {CALL(vxOndraWritePxlCal(local.c_str(), 255, 1, 0, nullptr, nullptr))},
         {CALL(vxOndraWritePxlCalBurn(local.c_str(), 255, 1, 0, 0, nullptr, nullptr))},
-        {CALL(vxDirectTileCMD(1, 1, 1, much.data(), 3053))}, // one byte more than a request holds
+        {CALL(vxDirectTileCMD(1, 1, 1, much.data(), 3053))},
         {CALL(vxShowFiles(Sample<const char**>(), 0, '1', 1, "127.0.0.1", 1, 0))},
         {CALL(vxTubeSet(1, much.data(), 1021))},
-        {CALL(vxShowMsgToNmg(much.data(), 0, local.c_str(), 0, 0, 0, 0))},
-    };
+        {CALL(vxShowMsgToNmg(much.data(), 0, local.c_str(), 0, 0, 0, 0))}};
     for (const RefusedCall& refused : calls) {
         SCOPED_TRACE(refused.name);
         ScriptedSign sign;
