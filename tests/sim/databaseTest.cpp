@@ -1,5 +1,5 @@
 #include "sim/logs/database.h"
-#include "logFixture.h"
+#include "signFixture.h"
 
 #include <sqlite3.h>
 
@@ -74,7 +74,7 @@ TEST_F(Database, RefusesWhatIsNeitherReadingNorDeletingLogs)
 
 TEST(SignDatabase, StatementsWithoutEndAreStoppedAndChangeNothing)
 {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     SignDatabase database(folder.path / "logs");
     const std::vector<SignDatabase::Row> rows(1000, {std::int64_t{1}, "t", std::int64_t{1}, "n"});
     database.Replace("EventLog", rows);
@@ -88,7 +88,7 @@ TEST(SignDatabase, StatementsWithoutEndAreStoppedAndChangeNothing)
 
 TEST(SignDatabase, AnswersAreWholeRowsThatCanBeTakenApart)
 {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     SignDatabase database(folder.path / "logs");
     database.Add("EventLog", {std::int64_t{-3}, "<b>\n", std::int64_t{0}, std::string(700, 'x')});
     database.Add("EventLog", {std::int64_t{2}, "", std::int64_t{0}, std::string(700, 'y')});
@@ -102,7 +102,7 @@ TEST(SignDatabase, AnswersAreWholeRowsThatCanBeTakenApart)
 
 TEST(SignDatabase, KeepsTheLatestRowsAndReplacesABrokenFile)
 {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     std::ofstream(folder.path / "logs") << std::string(4096, 'x');
     SignDatabase database(folder.path / "logs");
     const std::vector<SignDatabase::Row> rows(vxsim::kMostRows, {std::int64_t{1}, "", std::int64_t{0}, ""});
@@ -129,7 +129,7 @@ private:
 
 TEST(SignDatabase, AReaderBesideItIsInNobodysWayAndAWriterIsNamed)
 {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     SignDatabase database(folder.path / "logs", 0);
     std::vector<std::string> told;
     database.Observe([&](const std::string& what) { told.push_back(what); });
@@ -155,7 +155,7 @@ TEST(SignDatabase, AReaderBesideItIsInNobodysWayAndAWriterIsNamed)
 
 TEST(SignDatabase, AFileThatIsLockedAtTheStartIsNotReplaced)
 {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     Onlooker onlooker(folder.path / "logs");
     onlooker.Run("create table EventLog(EventType integer); insert into EventLog values(7); begin exclusive");
     try {

@@ -1,5 +1,5 @@
 // The face in a terminal that changes its width.
-#include "stageFixture.h"
+#include "signFixture.h"
 
 #include "sim/stage/facePainter.h"
 

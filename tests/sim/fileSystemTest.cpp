@@ -1,6 +1,6 @@
 #include "sim/files/shortNames.h"
 
-#include "stageFixture.h"
+#include "signFixture.h"
 
 #include <ctime>
 #include <fcntl.h>
@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 class FileSystem : public SignTest
 {
 protected:
-    unsigned On(unsigned minor, const std::string& text) { return CodeOf(Ask(7, minor, Text(text) + Bytes{0})); }
+    unsigned On(unsigned minor, const std::string& text) { return CodeOf(Ask(7, minor, Path(text))); }
 
     void Make(const std::string& place, const Bytes& bytes = {1})
     {
@@ -139,12 +139,12 @@ TEST_F(FileSystem, AListingIsMadeOfFatEntries)
     const Bytes two = entry("ALONGE~2HTM", 0x20, 1, 0);
     const Bytes three = entry("NOEXT      ", 0x20, 1, 0);
     const Bytes four = entry("ZETA    TXT", 0x20, 0x2C, 0x01);
-    const Bytes reply = Ask(7, 11, Text("D:\\L") + Bytes{0});
+    const Bytes reply = Ask(7, 11, Path("D:\\L"));
     EXPECT_EQ(PayloadOf(reply), (Bytes{5, 0, 0, 0}));
     EXPECT_EQ(ExtendedOf(reply), sub + one + two + three + four);
-    EXPECT_EQ(ExtendedOf(Ask(7, 11, Text("D:\\L\\*.*") + Bytes{0})), sub + one + two + three + four);
+    EXPECT_EQ(ExtendedOf(Ask(7, 11, Path("D:\\L\\*.*"))), sub + one + two + three + four);
 
-    const Bytes part = Ask(7, 12, Bytes{2, 0, 1, 0} + Text("D:\\L\\") + Bytes{0});
+    const Bytes part = Ask(7, 12, Bytes{2, 0, 1, 0} + Path("D:\\L\\"));
     EXPECT_EQ(PayloadOf(part), (Bytes{5, 0, 0, 0}));
     EXPECT_EQ(ExtendedOf(part), one + two);
     EXPECT_EQ(ExtendedOf(Ask(7, 12, Bytes{255, 255, 4, 0} + Text("D:\\L"))), four);
@@ -246,7 +246,7 @@ TEST_F(StageTest, AListThatIsDeletedNoLongerPlays)
 {
     PlayThree();
     EXPECT_EQ(At(1000), kRed);
-    EXPECT_EQ(CodeOf(Ask(7, 6, Text("C:\\SEQUENT.SYS") + Bytes{0})), 0U);
+    EXPECT_EQ(CodeOf(Ask(7, 6, Path("C:\\SEQUENT.SYS"))), 0U);
     EXPECT_EQ(At(1500), kDark);
 }
 

@@ -151,15 +151,15 @@ TEST_F(FileTransfer, ReadingGoesOnWhileTheFileIsReplacedOrDeleted)
     for (const std::uint32_t number : {1U, 2U})
         EXPECT_EQ(Put(8, "D:\\r", second, number), 0U);
     EXPECT_EQ(ExtendedOf(Get(8, "D:\\r", 2)), Bytes(second.begin() + 64, second.end()));
-    EXPECT_EQ(CodeOf(Ask(7, 6, Text("d:\\R") + Bytes{0})), 0U);
+    EXPECT_EQ(CodeOf(Ask(7, 6, Path("d:\\R"))), 0U);
     EXPECT_EQ(CodeOf(Get(8, "D:\\r", 2)), 36872U);
-    EXPECT_EQ(CodeOf(Ask(7, 6, Text("D:\\r") + Bytes{0})), 32257U);
-    EXPECT_EQ(CodeOf(Ask(7, 6, Text("D:\\") + Bytes{0})), 30209U);
+    EXPECT_EQ(CodeOf(Ask(7, 6, Path("D:\\r"))), 32257U);
+    EXPECT_EQ(CodeOf(Ask(7, 6, Path("D:\\"))), 30209U);
 }
 
 TEST_F(FileTransfer, RefusesRecordsThatContradictThemselves)
 {
-    const Bytes path = Text("D:\\x") + Bytes{0};
+    const Bytes path = Path("D:\\x");
     const auto put = [&](const Bytes& numbers, std::size_t data) {
         return CodeOf(Ask(2, 8, numbers + path, Pattern(data)));
     };
@@ -185,7 +185,7 @@ TEST_F(FileTransfer, NoPathLeavesItsDrive)
         EXPECT_FALSE(sign->Resolve(path)) << path;
         EXPECT_EQ(Put(8, path, Bytes{1}, 1), 36880U) << path;
         EXPECT_EQ(CodeOf(Get(8, path, 1)), 36880U) << path;
-        EXPECT_EQ(CodeOf(Ask(7, 6, Text(path) + Bytes{0})), 30209U) << path;
+        EXPECT_EQ(CodeOf(Ask(7, 6, Path(path))), 30209U) << path;
     }
     EXPECT_FALSE(sign->Resolve(std::string("D:\\a\0b", 6)));
     EXPECT_FALSE(sign->Resolve("D:\\" + std::string(300, 'a')));

@@ -1,4 +1,4 @@
-#include "stageFixture.h"
+#include "signFixture.h"
 
 #include <random>
 

@@ -1,4 +1,4 @@
-#include "logFixture.h"
+#include "signFixture.h"
 
 namespace vxsim_tests {
 namespace {
@@ -16,13 +16,13 @@ TEST_F(Pixels, ACheckRunsAndLeavesItsResults)
     EXPECT_EQ(PayloadOf(AskAt(4999, 16, 3))[0], 99);
     EXPECT_FALSE(std::filesystem::exists(folder.path / "D/PXL.CSV"));
     EXPECT_EQ(PayloadOf(AskAt(5000, 16, 3))[0], 100);
-    EXPECT_EQ(FileText("D/PXL.CSV"), "No,X,Y,Lamp,Status,Time\n"
-                                     "1,3,4,1,\"Red Pixel Bad\",\"2020-05-13 10:20:35\"\n"
-                                     "2,17,4,1,\"Red Pixel Bad\",\"2020-05-13 10:20:35\"\n"
-                                     "3,17,4,2,\"Green Pixel Bad\",\"2020-05-13 10:20:35\"\n"
-                                     "4,17,4,3,\"Blue Pixel Bad\",\"2020-05-13 10:20:35\"\n");
-    EXPECT_EQ(FileText("D/SIGNAL.CSV"), "No,X,Y,Status,Time\n1,5,20,\"Green Signal Bad\",\"2020-05-13 10:20:35\"\n");
-    EXPECT_EQ(FileText("C/PIXEL.SYS"),
+    EXPECT_EQ(folder.Read("D/PXL.CSV"), "No,X,Y,Lamp,Status,Time\n"
+                                        "1,3,4,1,\"Red Pixel Bad\",\"2020-05-13 10:20:35\"\n"
+                                        "2,17,4,1,\"Red Pixel Bad\",\"2020-05-13 10:20:35\"\n"
+                                        "3,17,4,2,\"Green Pixel Bad\",\"2020-05-13 10:20:35\"\n"
+                                        "4,17,4,3,\"Blue Pixel Bad\",\"2020-05-13 10:20:35\"\n");
+    EXPECT_EQ(folder.Read("D/SIGNAL.CSV"), "No,X,Y,Status,Time\n1,5,20,\"Green Signal Bad\",\"2020-05-13 10:20:35\"\n");
+    EXPECT_EQ(folder.Read("C/PIXEL.SYS"),
               "Port:2 Signal Error\nBoard(0,0) have 1 pixel bad\nBoard(1,0) have 3 pixel bad\n");
     EXPECT_EQ(RowsOf("select X,Y,Status,DateTime from PixelStatus limit 1 offset 0"),
               "<3><4><Red Pixel Bad><2020-05-13 10:20:35>");
@@ -39,15 +39,15 @@ TEST_F(Pixels, ACheckEndsWithoutPollsToo)
     EXPECT_FALSE(std::filesystem::exists(folder.path / "C/PIXEL.SYS")) << "the restart has ended it";
     Ask(16, 1);
     sign->KeepUp(9000);
-    EXPECT_EQ(FileText("C/PIXEL.SYS"), "ALL OK\n");
-    EXPECT_EQ(FileText("D/SIGNAL.CSV"), "No,X,Y,Status,Time\n");
+    EXPECT_EQ(folder.Read("C/PIXEL.SYS"), "ALL OK\n");
+    EXPECT_EQ(folder.Read("D/SIGNAL.CSV"), "No,X,Y,Status,Time\n");
     std::string many;
     for (int i = 0; i < 103; ++i)
         many += "bad " + std::to_string(i % 32) + "," + std::to_string(i / 32) + ",all\n";
     Tell(10000, many);
     AskAt(10000, 16, 1);
     sign->KeepUp(14000);
-    EXPECT_EQ(FileText("C/PIXEL.SYS"), "Too many bad\n");
+    EXPECT_EQ(folder.Read("C/PIXEL.SYS"), "Too many bad\n");
     EXPECT_EQ(RowsOf("select count(*) from PixelStatus"), "<309>");
 }
 

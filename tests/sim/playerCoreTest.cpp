@@ -1,4 +1,5 @@
-#include "stageFixture.h"
+// Programs on the face and in windows.
+#include "signFixture.h"
 
 #include <tuple>
 
@@ -17,21 +18,21 @@ protected:
     }
 
     // The first two texts and the third have a length each; `last` is what stands behind these.
-    Bytes Play(const std::vector<std::string>& texts, std::uint16_t last, std::uint64_t nowMs = 0, unsigned minor = 2)
+    static Request Play(const std::vector<std::string>& texts, std::uint16_t last, unsigned minor = 2)
     {
-        Bytes lengths;
-        Bytes all;
+        Request request{122, minor};
         for (std::size_t i = 0; i < texts.size(); ++i) {
             if (i < 3)
-                lengths = lengths + Little(static_cast<std::uint32_t>(texts[i].size()), 2);
-            all = all + Text(texts[i]);
+                request.payload = request.payload + Little(static_cast<std::uint32_t>(texts[i].size()), 2);
+            request.extended = request.extended + Text(texts[i]);
         }
-        return AskAt(nowMs, 122, minor, lengths + Little(last, 2), all);
+        request.payload = request.payload + Little(last, 2);
+        return request;
     }
 
-    unsigned Stop(const std::string& name, std::uint64_t nowMs = 0)
+    static Request Stop(const std::string& name)
     {
-        return CodeOf(AskAt(nowMs, 122, 5, {static_cast<std::uint8_t>(name.size()), 0, 0, 0, 0, 0, 0, 0}, Text(name)));
+        return {122, 5, {static_cast<std::uint8_t>(name.size()), 0, 0, 0, 0, 0, 0, 0}, Text(name)};
     }
 
     Bytes Property(const std::string& name) { return Ask(122, 1, {0, 0, 0, 0}, Text(name)); }
@@ -56,69 +57,60 @@ TEST_F(PlayerCore, AProgramTakesTheFaceAndAWindowAPartOfIt)
 {
     PutPrograms();
     // The same names: with a flag behind them the program plays on the face, with a window in the window.
-    EXPECT_EQ(CodeOf(Play({"shop", "two", ""}, 0)), 0U);
-    EXPECT_EQ(At(0), kBlue);
+    Film({{0, Play({"shop", "two", ""}, 0), "B"}, {1500, {}, "B", "it repeats"}});
     EXPECT_EQ(At(0, 11, 7), kDark);
-    EXPECT_EQ(At(1500), kBlue) << "it repeats";
     EXPECT_EQ(Playing(1500), "1000 face\tSHOP\tTWO\tD:\\T\\BLUE.BMP\n");
-    EXPECT_EQ(Stop(""), 0U);
-    EXPECT_EQ(At(1500), kRed) << "the list";
-    EXPECT_EQ(CodeOf(Play({"SHOP", "TWO", "", "2"}, 1, 1500)), 0U);
+    Film({{1500, Stop(""), "R", "the list"}, {1500, Play({"SHOP", "TWO", "", "2"}, 1), "R", "the list beside it"}});
     EXPECT_EQ(At(1500, 11, 7), kBlue) << "the right half";
-    EXPECT_EQ(At(1500), kRed) << "the list beside it";
 }
 
 TEST_F(PlayerCore, WindowsLieOverTheRest)
 {
     PutPrograms();
+    const auto mode = [](std::uint8_t number, const Bytes& areas = {}) {
+        return Request{122, 6, {number, 0, 0, 0, 0, 0, 0, 0}, areas};
+    };
+    // At (1, 1), (7, 7), (9, 1), (13, 13).
+    const auto seen = [&](std::uint64_t nowMs) {
+        const std::string drawing = Drawing(nowMs);
+        return std::string{drawing[17 + 1], drawing[17 * 7 + 7], drawing[17 + 9], drawing[17 * 13 + 13]};
+    };
     // Window 1 at the top left, window 2 at the bottom right; the dot of the list is at 7,7.
-    const Bytes areas{0, 0, 0, 0, 4, 0, 4, 0, 12, 0, 12, 0, 4, 0, 4, 0};
-    EXPECT_EQ(CodeOf(Ask(122, 6, {0, 0, 0, 0, 0, 0, 0, 0}, areas)), 0U);
-    EXPECT_EQ(CodeOf(Play({"SHOP", "TWO", "", "1"}, 1)), 0U);
-    EXPECT_EQ(CodeOf(Play({"SHOP", "ONE", "D:\\T\\RED.BMP", "2"}, 1)), 0U);
-    EXPECT_EQ(At(0, 1, 1), kBlue);
-    EXPECT_EQ(At(0, 13, 13), kRed);
-    EXPECT_EQ(At(0), kRed) << "the list is seen beside them";
-    EXPECT_EQ(At(1000, 13, 13), kGreen) << "what is missing is passed over";
+    Expect(0, {mode(0, {0, 0, 0, 0, 4, 0, 4, 0, 12, 0, 12, 0, 4, 0, 4, 0}), Play({"SHOP", "TWO", "", "1"}, 1),
+               Play({"SHOP", "ONE", "D:\\T\\RED.BMP", "2"}, 1)});
+    EXPECT_EQ(seen(0), "BR.R") << "the list is seen beside them";
+    EXPECT_EQ(seen(1000).back(), 'G') << "what is missing is passed over";
     EXPECT_EQ(Playing(1000), "0020 1\tSHOP\tTWO\tD:\\T\\BLUE.BMP\n2\tSHOP\tONE\tD:\\T\\GREEN.BMP\n");
-    EXPECT_EQ(CodeOf(Ask(122, 6, {1, 0, 0, 0, 0, 0, 0, 0})), 0U);
-    EXPECT_EQ(At(1000), kDark) << "alone";
-    EXPECT_EQ(At(1000, 1, 1), kBlue);
-    EXPECT_EQ(CodeOf(Ask(122, 6, {2, 0, 0, 0, 0, 0, 0, 0})), 0U);
-    EXPECT_EQ(At(1000), kRed) << "hidden";
-    EXPECT_EQ(At(1000, 1, 1), kDark);
-    EXPECT_EQ(CodeOf(AskAt(1000, 122, 6, {0, 0, 0, 0, 0, 0, 0, 0}, {8, 0, 0, 0, 4, 0, 4, 0})), 0U);
-    EXPECT_EQ(At(1000, 9, 1), kBlue) << "moved while it plays";
-    EXPECT_EQ(Stop("TWO"), 0U);
-    EXPECT_EQ(At(1000, 9, 1), kDark);
-    EXPECT_EQ(At(1000, 13, 13), kGreen) << "the other one plays on";
+    const std::tuple<Request, const char*, const char*> changes[] = {
+        {mode(1), "B..G", "alone"},
+        {mode(2), ".R..", "hidden"},
+        {mode(0, {8, 0, 0, 0, 4, 0, 4, 0}), ".RBG", "moved while it plays"},
+        {Stop("TWO"), ".R.G", "the other one plays on"}};
+    for (const auto& [request, wanted, why] : changes) {
+        Expect(0, {request});
+        EXPECT_EQ(seen(1000), wanted) << why;
+    }
     AskAt(1000, 4, 0);
     EXPECT_EQ(Playing(1000), "0000 ") << "a reset ends all";
     Rebuild(16, 16);
     PutPrograms();
-    EXPECT_EQ(CodeOf(Play({"SHOP", "TWO", "", "1"}, 1)), 0U);
+    Expect(0, {Play({"SHOP", "TWO", "", "1"}, 1)});
     EXPECT_EQ(At(0, 9, 1), kBlue) << "the windows are kept";
 }
 
 TEST_F(PlayerCore, WhatFollows)
 {
     PutPrograms();
-    EXPECT_EQ(CodeOf(Play({"SHOP", "ONE", ""}, 2, 1000)), 0U); // once
-    EXPECT_EQ(At(1000), kGreen);
-    EXPECT_EQ(At(3999), kRed);
+    Film({{1000, Play({"SHOP", "ONE", ""}, 2), "G", "once"}, {3999, {}, "R"}});
     EXPECT_EQ(Playing(4000), "0000 ");
-    EXPECT_EQ(At(4000), kGreen) << "the list, in its second turn";
-    EXPECT_EQ(Stop("ONE", 4000), 26369U);
-    EXPECT_EQ(CodeOf(AskAt(4000, 122, 11, {1, 0, 0, 0})), 26369U);
-    EXPECT_EQ(CodeOf(AskAt(4000, 122, 10, {1, 3, 0, 0, 0, 0, 0, 0}, Text("TWO"))), 26369U) << "no project";
-
-    EXPECT_EQ(CodeOf(Play({"SHOP", "TWO", ""}, 0, 5000)), 0U);
-    EXPECT_EQ(CodeOf(AskAt(10000, 122, 11, {1, 0, 0, 0})), 0U); // the next program
-    EXPECT_EQ(At(10000), kBlue);
-    EXPECT_EQ(At(11000), kGreen);
-    EXPECT_EQ(At(13000), kRed);
-    EXPECT_EQ(At(14000), kBlue);
-    EXPECT_EQ(CodeOf(AskAt(20000, 122, 10, {0, 3, 0, 0, 0, 0, 0, 0}, Text("one"))), 0U);
+    Film({{4000, {}, "G", "the list, in its second turn"}});
+    Expect(26369, {Stop("ONE"), {122, 11, {1, 0, 0, 0}}, {122, 10, {1, 3, 0, 0, 0, 0, 0, 0}, Text("TWO")}});
+    Film({{5000, Play({"SHOP", "TWO", ""}, 0)},
+          {10000, {122, 11, {1, 0, 0, 0}}, "B", "the next program"},
+          {11000, {}, "G"},
+          {13000, {}, "R"},
+          {14000, {}, "B"},
+          {20000, {122, 10, {0, 3, 0, 0, 0, 0, 0, 0}, Text("one")}}});
     EXPECT_EQ(Playing(20000), "1000 face\tSHOP\tONE\tD:\\T\\GREEN.BMP\n");
     EXPECT_EQ(At(23000), kGreen);
 }
@@ -126,20 +118,13 @@ TEST_F(PlayerCore, WhatFollows)
 TEST_F(PlayerCore, AnEmergencyIsOverEverything)
 {
     PutPrograms();
-    Play({"SHOP", "ONE", ""}, 0);
-    Ask(3, 2); // all white
-    EXPECT_EQ(CodeOf(Play({"SHOP", "TWO", ""}, 0, 0, 12)), 0U);
-    EXPECT_EQ(At(0), kBlue);
+    Film({{0, Play({"SHOP", "ONE", ""}, 0)}, {0, {3, 2}}, {0, Play({"SHOP", "TWO", ""}, 0, 12), "B"}});
     EXPECT_EQ(At(0, 0, 0), kDark);
     EXPECT_EQ(Playing(0).substr(0, 4), "2000");
-    EXPECT_EQ(Stop("TWO"), 26369U) << "it has a command of its own";
-    Ask(4, 1);
-    EXPECT_EQ(At(0), kDark) << "but not over a dark face";
-    Ask(4, 2);
-    EXPECT_EQ(CodeOf(Ask(122, 13)), 0U);
+    Expect(26369, {Stop("TWO")}); // it has a command of its own
+    Film({{0, {4, 1}, ".", "but not over a dark face"}, {0, {4, 2}}, {0, {122, 13}}});
     EXPECT_EQ(At(0, 0, 0), kWhite);
-    Ask(3, 9);
-    EXPECT_EQ(At(0), kGreen);
+    Film({{0, {3, 9}, "G"}});
 }
 
 TEST_F(PlayerCore, PropertiesAndProjects)
@@ -148,7 +133,7 @@ TEST_F(PlayerCore, PropertiesAndProjects)
     PutFile("C:\\PLAYER\\SHOP\\NOTES.TXT", Text("no program"));
     PutFile("C:\\PLAYER\\EMPTY\\A.TXT", Text("no project"));
     EXPECT_EQ(PayloadOf(Ask(122, 8)), (Bytes{0, 0, 0, 0}));
-    EXPECT_EQ(CodeOf(Play({"", "", ""}, 0)), 36872U);
+    Expect(36872, {Play({"", "", ""}, 0)});
     // Three programs are announced, two are there, and one of them lacks a file.
     Bytes start = Text("two");
     start.resize(20);
@@ -159,8 +144,7 @@ TEST_F(PlayerCore, PropertiesAndProjects)
     PutFile("D:\\T\\GONE.BMP", Dot(1, 1, 1));
     EXPECT_EQ(PayloadOf(Ask(122, 8)), (Bytes{100, 2, 0, 0}));
     Rebuild(16, 16);
-    EXPECT_EQ(CodeOf(Play({"", "", ""}, 0)), 0U) << "the project told of last, and its start program";
-    EXPECT_EQ(At(0), kBlue);
+    Film({{0, Play({"", "", ""}, 0), "B", "the project told of last, and its start program"}});
 
     const Bytes player = Property("");
     EXPECT_EQ(player[14], 0) << "all of an answer is extended part";
@@ -202,43 +186,43 @@ TEST_F(PlayerCore, AnswersAreBounded)
 TEST_F(PlayerCore, Refusals)
 {
     PutPrograms();
-    for (const auto& [texts, last, code] : std::vector<std::tuple<std::vector<std::string>, int, unsigned>>{
-             {{"NONE", "ONE", ""}, 0, 36872},
-             {{"SHOP", "NONE", ""}, 0, 36872},
-             {{"SHOP", "ONE", "D:\\T\\BLUE.BMP"}, 0, 36872},
-             {{"..", "ONE", ""}, 0, 36872},
-             {{"SHOP\\..\\SHOP", "ONE", ""}, 0, 36872},
-             {{"SHOP", "ONE", ""}, 3, 36881},
-             {{"SHOP", "ONE", ""}, 256, 36881},
-             {{"SHOP", "ONE", "", "5"}, 1, 36881},
-             {{"SHOP", "ONE", "", "0"}, 1, 36881},
-             {{"SHOP", "ONE", "", "11"}, 2, 36881},
-             {{"SHOP", "ONE", "", "1"}, 2, 36870},
-             {{"SHOP", "ONE", "", "12"}, 1, 36870},
-         })
-        EXPECT_EQ(CodeOf(Play(texts, static_cast<std::uint16_t>(last))), code) << texts[0] << ' ' << last;
+    const auto named = [](unsigned minor, const Bytes& payload) { return Request{122, minor, payload, {'x'}}; };
+    const std::pair<unsigned, std::vector<Request>> rows[] = {
+        {36872,
+         {Play({"NONE", "ONE", ""}, 0),
+          Play({"SHOP", "NONE", ""}, 0),
+          Play({"SHOP", "ONE", "D:\\T\\BLUE.BMP"}, 0),
+          Play({"..", "ONE", ""}, 0),
+          Play({"SHOP\\..\\SHOP", "ONE", ""}, 0),
+          {122, 7, Bytes(8, 0)}}},
+        {36881,
+         {Play({"SHOP", "ONE", ""}, 3),
+          Play({"SHOP", "ONE", ""}, 256),
+          Play({"SHOP", "ONE", "", "5"}, 1),
+          Play({"SHOP", "ONE", "", "0"}, 1),
+          Play({"SHOP", "ONE", "", "11"}, 2),
+          {122, 6, {3, 0, 0, 0, 0, 0, 0, 0}},
+          {122, 11, {3, 0, 0, 0}}}},
+        {36870,
+         {Play({"SHOP", "ONE", "", "1"}, 2),
+          Play({"SHOP", "ONE", "", "12"}, 1),
+          named(2, {1, 0, 0, 0}),
+          named(2, Bytes(8, 255)),
+          named(5, {2, 0, 0, 0, 0, 0, 0, 0}),
+          {122, 6, Bytes(8, 0), Bytes(7, 0)},
+          {122, 6, Bytes(8, 0), Bytes(40, 0)},
+          {122, 7, {33, 0, 0, 0, 0, 0, 0, 0}, Bytes(33, 'x')},
+          named(7, {2, 0, 0, 0, 0, 0, 0, 0}),
+          named(10, {0, 255, 255, 0, 0, 0, 0, 0}),
+          {122, 11},
+          named(12, {255, 255, 0, 0, 0, 0, 0, 0}),
+          named(16, {1, 0, 0, 0, 0, 0, 0, 0})}},
+        {36883, {{122, 6, Bytes(8, 0), {0, 0, 0, 0, 17, 0, 1, 0}}}},
+        {36880, {{122, 7, {1, 0, 0, 0, 0, 0, 0, 0}, {'\\'}}}},
+        {36869, {{122, 3}}}};
+    for (const auto& [code, requests] : rows)
+        Expect(code, requests);
     EXPECT_EQ(Playing(0), "0000 ");
-    const std::tuple<unsigned, Bytes, Bytes> cut[] = {
-        {2, {1, 0, 0, 0}, {'x'}},
-        {2, Bytes(8, 255), {'x'}},
-        {5, {2, 0, 0, 0, 0, 0, 0, 0}, {'x'}},
-        {6, Bytes(8, 0), Bytes(7, 0)},
-        {6, Bytes(8, 0), Bytes(40, 0)},
-        {7, {33, 0, 0, 0, 0, 0, 0, 0}, Bytes(33, 'x')},
-        {7, {2, 0, 0, 0, 0, 0, 0, 0}, {'x'}},
-        {10, {0, 255, 255, 0, 0, 0, 0, 0}, {'x'}},
-        {11, {}, {}},
-        {12, {255, 255, 0, 0, 0, 0, 0, 0}, {'x'}},
-        {16, {1, 0, 0, 0, 0, 0, 0, 0}, {'x'}},
-    };
-    for (const auto& [minor, payload, data] : cut)
-        EXPECT_EQ(CodeOf(Ask(122, minor, payload, data)), 36870U) << minor;
-    EXPECT_EQ(CodeOf(Ask(122, 6, {3, 0, 0, 0, 0, 0, 0, 0})), 36881U);
-    EXPECT_EQ(CodeOf(Ask(122, 6, Bytes(8, 0), {0, 0, 0, 0, 17, 0, 1, 0})), 36883U);
-    EXPECT_EQ(CodeOf(Ask(122, 7, {1, 0, 0, 0, 0, 0, 0, 0}, {'\\'})), 36880U);
-    EXPECT_EQ(CodeOf(Ask(122, 7, Bytes(8, 0))), 36872U) << "no project to tell of";
-    EXPECT_EQ(CodeOf(Ask(122, 11, {3, 0, 0, 0})), 36881U);
-    EXPECT_EQ(CodeOf(Ask(122, 3)), 36869U);
 }
 
 } // namespace

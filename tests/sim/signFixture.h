@@ -1,19 +1,21 @@
+// The virtual sign as its own tests have it: a folder, its face, raw packets, and time as they will.
 #pragma once
 
 #include "sim/protocol/frame.h"
+#include "sim/stage/stage.h"
+#include "sim/state/condition.h"
 #include "sim/virtualSign.h"
+#include "support/bytes.h"
+#include "support/tempFolder.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <initializer_list>
-#include <iterator>
 #include <memory>
 #include <numeric>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,50 +23,42 @@
 
 namespace vxsim_tests {
 
-using Bytes = std::vector<std::uint8_t>;
+using vxsign::test::Bytes;
+using vxsign::test::operator+;
+using vxsign::test::Little;
+using vxsign::test::Pattern;
+using vxsign::test::TempFolder;
+
+inline constexpr vxsim::Rgb kRed{255, 0, 0};
+inline constexpr vxsim::Rgb kGreen{0, 255, 0};
+inline constexpr vxsim::Rgb kBlue{0, 0, 255};
+inline constexpr vxsim::Rgb kWhite{255, 255, 255};
+inline constexpr vxsim::Rgb kDark{};
+
+inline Bytes Text(std::string_view text)
+{
+    return vxsign::test::FromText(text);
+}
+
+// A text with its end, as paths travel.
+inline Bytes Path(std::string_view text)
+{
+    return Text(text) + Bytes{0};
+}
 
 // Lays out a sum-checked request from its parts, as a host would. `id` tells the requests apart.
 inline Bytes MakeRequest(unsigned major, unsigned minor, Bytes payload, const Bytes& extended = {}, std::uint8_t id = 1,
                          std::uint16_t destination = 0)
 {
     payload.resize((payload.size() + 3) / 4 * 4);
-    Bytes packet(16 + payload.size() + extended.size());
-    const std::pair<std::size_t, std::size_t> fields[] = {{0, 0x55},
-                                                          {1, 0xA7},
-                                                          {4, extended.size() & 0xFF},
-                                                          {5, extended.size() >> 8},
-                                                          {8, destination & 0xFF},
-                                                          {9, destination >> 8},
-                                                          {10, id},
-                                                          {12, major},
-                                                          {13, minor},
-                                                          {14, payload.size() / 4}};
-    for (const auto& [at, value] : fields)
-        packet[at] = static_cast<std::uint8_t>(value);
-    std::copy(extended.begin(), extended.end(), std::copy(payload.begin(), payload.end(), packet.begin() + 16));
+    const auto byte = [](std::size_t value) { return static_cast<std::uint8_t>(value); };
+    Bytes packet = Bytes{0x55, 0xA7, 0, 0} + Little(static_cast<std::uint32_t>(extended.size()), 2) + Bytes{0, 0} +
+                   Little(destination, 2) + Bytes{id, 0, byte(major), byte(minor), byte(payload.size() / 4), 0} +
+                   payload + extended;
     const unsigned sum = std::accumulate(packet.begin() + 4, packet.end(), 0U);
-    packet[2] = static_cast<std::uint8_t>(sum);
-    packet[3] = static_cast<std::uint8_t>(sum >> 8);
+    packet[2] = byte(sum);
+    packet[3] = byte(sum >> 8);
     return packet;
-}
-
-inline Bytes Text(std::string_view text)
-{
-    return {text.begin(), text.end()};
-}
-
-inline Bytes operator+(Bytes a, const Bytes& b)
-{
-    std::copy(b.begin(), b.end(), std::back_inserter(a));
-    return a;
-}
-
-inline Bytes Little(std::uint32_t value, std::size_t size)
-{
-    Bytes bytes;
-    for (std::size_t i = 0; i < size; ++i)
-        bytes.push_back(static_cast<std::uint8_t>(value >> 8 * i));
-    return bytes;
 }
 
 // The code of a reply: 0 for status 0, else what stands in front of the payload.
@@ -91,33 +85,21 @@ inline Bytes FileBytes(const std::filesystem::path& file)
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
-// Bytes that differ from one chunk to the next.
-inline Bytes Pattern(std::size_t size)
+inline void WriteFile(const std::filesystem::path& file, const Bytes& bytes)
 {
-    Bytes bytes(size);
-    for (std::size_t i = 0; i < size; ++i)
-        bytes[i] = static_cast<std::uint8_t>(i * 7 + i / 256);
-    return bytes;
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
-// A fresh folder that is gone after the test.
-class TemporaryFolder
+// A request in short; none at all as {}.
+struct Request
 {
-public:
-    TemporaryFolder()
-    {
-        std::string name = std::filesystem::temp_directory_path() / "vxsim-test-XXXXXX";
-        path = ::mkdtemp(name.data());
-    }
-    ~TemporaryFolder()
-    {
-        std::error_code error;
-        std::filesystem::remove_all(path, error);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::filesystem::path path;
+    int major = -1;
+    unsigned minor = 0;
+    Bytes payload = {};
+    Bytes extended = {};
+    std::uint16_t destination = 0;
 };
 
 class SignTest : public testing::Test
@@ -138,6 +120,31 @@ protected:
     {
         return sign->Answer(MakeRequest(major, minor, payload, extended, ++id, destination), arrival);
     }
+    Bytes AskAt(std::uint64_t nowMs, unsigned major, unsigned minor, const Bytes& payload = {},
+                const Bytes& extended = {})
+    {
+        arrival.nowMs = nowMs;
+        return Ask(major, minor, payload, extended);
+    }
+
+    // Each of the requests is answered with that code.
+    void Expect(unsigned code, const std::vector<Request>& requests)
+    {
+        for (const Request& request : requests)
+            EXPECT_EQ(CodeOf(Ask(static_cast<unsigned>(request.major), request.minor, request.payload, request.extended,
+                                 request.destination)),
+                      code)
+                << "request " << request.major << '.' << request.minor << ", "
+                << testing::PrintToString(request.payload);
+    }
+    // Each of the requests, which are good, is answered with that payload.
+    void ExpectPayload(const Bytes& payload, const std::vector<Request>& requests)
+    {
+        Expect(0, requests);
+        for (const Request& request : requests)
+            EXPECT_EQ(PayloadOf(Ask(static_cast<unsigned>(request.major), request.minor, request.payload)), payload)
+                << "request " << request.major << '.' << request.minor;
+    }
 
     // One packet of a file written by path: minor 8 with the narrow record, minor 13 with the wide one.
     unsigned Put(unsigned minor, const std::string& path, const Bytes& file, std::uint32_t number,
@@ -145,27 +152,150 @@ protected:
     {
         const std::uint32_t total = (static_cast<std::uint32_t>(file.size()) + chunk - 1) / chunk;
         const std::size_t width = minor == 13 ? 4 : 2;
-        const std::size_t from = std::min(std::size_t{chunk} * (number - 1), file.size());
-        const std::size_t to = std::min<std::size_t>(from + chunk, file.size());
+        const auto at = [&](std::size_t place) {
+            return file.begin() + static_cast<std::ptrdiff_t>(std::min(place, file.size()));
+        };
         const Bytes record = Little(static_cast<std::uint32_t>(file.size()), 4) + Little(chunk, 2) +
-                             Little(total, width) + Little(number, width) + Text(path) + Bytes{0};
-        return CodeOf(Ask(
-            2, minor, record,
-            Bytes(file.begin() + static_cast<std::ptrdiff_t>(from), file.begin() + static_cast<std::ptrdiff_t>(to))));
+                             Little(total, width) + Little(number, width) + Path(path);
+        return CodeOf(
+            Ask(2, minor, record, Bytes(at(std::size_t{chunk} * (number - 1)), at(std::size_t{chunk} * number))));
     }
 
     // One piece of a file by its path.
     Bytes Get(unsigned minor, const std::string& path, std::uint32_t number, std::uint32_t chunk = 64)
     {
         const Bytes head = minor == 8 ? Little(chunk, 2) + Little(number, 2) : Little(chunk, 4) + Little(number, 4);
-        return Ask(1, minor, head + Text(path) + Bytes{0});
+        return Ask(1, minor, head + Path(path));
     }
 
-    TemporaryFolder folder;
+    void PutFile(const std::string& path, const Bytes& bytes) { ASSERT_EQ(Put(8, path, bytes, 1, 1024), 0U); }
+
+    // Tells the sign of its condition as another program would.
+    void Tell(std::uint64_t nowMs, const std::string& lines)
+    {
+        vxsim::ConditionFile(folder.path).Write(vxsim::ParseCondition(lines));
+        sign->KeepUp(nowMs);
+    }
+
+    TempFolder folder;
     vxsim::SignSettings settings;
     std::unique_ptr<vxsim::VirtualSign> sign;
     vxsim::Arrival arrival; // of what is asked next
     std::uint8_t id = 0;
+};
+
+// A moment of a film: what the host asks then, if anything, and what is to be seen behind it.
+struct Moment
+{
+    std::uint64_t ms;
+    Request request;
+    const char* seen = nullptr; // nobody looks
+    const char* why = "";
+};
+
+// A sign of 16x16 with its face, and files of one colour for it to show.
+class StageTest : public SignTest
+{
+protected:
+    StageTest() { Rebuild(16, 16); }
+
+    void Rebuild(int width, int height)
+    {
+        settings.width = width;
+        settings.height = height;
+        stage.reset();
+        Restart("CDEF");
+        stage = std::make_unique<vxsim::Stage>(*sign);
+    }
+
+    // What a film is made of, unless a test looks for something else: a letter for the lamp in the middle.
+    virtual std::string Seen(std::uint64_t nowMs) { return {LetterOf(At(nowMs))}; }
+
+    static char LetterOf(vxsim::Rgb colour)
+    {
+        const int lit = (colour.red != 0 ? 1 : 0) | (colour.green != 0 ? 2 : 0) | (colour.blue != 0 ? 4 : 0);
+        return ".RGYBMCW"[lit];
+    }
+
+    void Film(const std::vector<Moment>& moments)
+    {
+        for (const Moment& moment : moments) {
+            SCOPED_TRACE(std::to_string(moment.ms) + " ms, request " + std::to_string(moment.request.major) + "." +
+                         std::to_string(moment.request.minor) + " " + moment.why);
+            arrival.nowMs = moment.ms;
+            if (moment.request.major >= 0)
+                Expect(0, {moment.request});
+            if (moment.seen != nullptr) {
+                EXPECT_EQ(Seen(moment.ms), moment.seen);
+            }
+        }
+    }
+
+    // A BMP of one pixel, which is shown in the middle.
+    static Bytes Dot(std::uint8_t red, std::uint8_t green, std::uint8_t blue)
+    {
+        return Bytes{'B', 'M', 58, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0, 40, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 24, 0} +
+               Bytes(24, 0) + Bytes{blue, green, red, 0};
+    }
+
+    // Red, green and blue, three seconds each.
+    void PlayThree()
+    {
+        PutFile("D:\\T\\RED.BMP", Dot(255, 0, 0));
+        PutFile("D:\\T\\GREEN.BMP", Dot(0, 255, 0));
+        PutFile("D:\\T\\BLUE.BMP", Dot(0, 0, 255));
+        PutFile("C:\\SEQUENT.SYS", List({"RED.BMP", "GREEN.BMP", "BLUE.BMP"}));
+    }
+
+    static Bytes List(const std::vector<std::string>& names)
+    {
+        Bytes list{'S', 'Q', 4, 0, static_cast<std::uint8_t>(names.size()), 0, 0, 0};
+        for (const std::string& name : names) {
+            Bytes field = Text(name);
+            field.resize(12);
+            list = list + Bytes{'D', 'T', 15, 255} + Bytes(20, 0) + field;
+        }
+        return list;
+    }
+
+    vxsim::Rgb At(std::uint64_t nowMs, int x = 7, int y = 7) { return stage->Draw(nowMs).At(x, y); }
+
+    // One line for each row: a letter for each lit lamp.
+    std::string Drawing(std::uint64_t nowMs = 0)
+    {
+        std::string drawing;
+        const vxsim::Canvas& face = stage->Draw(nowMs);
+        for (int y = 0; y < face.Height(); ++y, drawing += '\n')
+            for (int x = 0; x < face.Width(); ++x)
+                drawing += LetterOf(face.At(x, y));
+        return drawing;
+    }
+
+    std::unique_ptr<vxsim::Stage> stage;
+};
+
+// A sign whose clock shows 2020-05-13 10:20:30 at 0 ms, and its database.
+class LogTest : public StageTest
+{
+protected:
+    LogTest()
+    {
+        settings.localSecondsAtZero = 1589365230;
+        Rebuild(32, 32);
+    }
+
+    Bytes AskDatabase(const std::string& sql, const Bytes& payload = {1, 0, 1, 0})
+    {
+        return Ask(1, 21, payload, Text(sql));
+    }
+
+    std::string RowsOf(const std::string& sql)
+    {
+        const Bytes reply = AskDatabase(sql);
+        EXPECT_EQ(CodeOf(reply), 0U) << sql;
+        const Bytes text = ExtendedOf(reply);
+        return {text.begin(), text.end()};
+    }
 };
 
 } // namespace vxsim_tests

@@ -1,4 +1,4 @@
-#include "logFixture.h"
+#include "signFixture.h"
 #include "sim/logs/warningFiles.h"
 
 namespace vxsim_tests {
@@ -92,7 +92,7 @@ TEST_F(Status, TheRingHasATimeStampBeforeEachWarning)
 
 TEST(WarningFiles, AFullRingGoesRoundAndAForeignFileIsReplaced)
 {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     const vxsim::Drives drives(folder.path, "CDE");
     const vxsim::WarningFiles files(drives, vxsim::Tiles(32, 32));
     std::ofstream(folder.path / "E/STATUS.SYS") << std::string(100, 'x');
@@ -112,7 +112,7 @@ TEST_F(Status, TheReportTellsWhatIsWrongNow)
 {
     Tell(0, "bad 3,4,all\nbad 5,4,red,signal\nhot 2\ndoor open");
     EXPECT_EQ(
-        FileText("E/errors.xml"),
+        folder.Read("E/errors.xml"),
         "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<Errors>\n"
         "<MainboardStatus><DT>2020-05-13 10:20:30</DT>\n<Waring><Door>open</Door>\n</Waring>\n</MainboardStatus>\n"
         "<TileStatus><DT>2020-05-13 10:20:30</DT>\n<Tile><Position>X=1,Y=0</Position>\n"
@@ -120,9 +120,9 @@ TEST_F(Status, TheReportTellsWhatIsWrongNow)
         "<PixelCheckResult><DT>2020-05-13 10:20:30</DT>\n<PixelErrorNum>3</PixelErrorNum>\n"
         "<SignalErrorNum>1</SignalErrorNum>\n</PixelCheckResult>\n</Errors>\n");
     Tell(1000, "hot 1\nhot 2\nhot 3");
-    EXPECT_NE(FileText("E/errors.xml").find("<Waring><Temperature>74</Temperature>"), std::string::npos);
+    EXPECT_NE(folder.Read("E/errors.xml").find("<Waring><Temperature>74</Temperature>"), std::string::npos);
     sign->KeepUp(6000); // the box is warned of with its measurement
-    EXPECT_EQ(FileText("E/STATUS.SYS").substr(32 + 15 * 8, 3), "\x01\x45\x3C");
+    EXPECT_EQ(folder.Read("E/STATUS.SYS").substr(32 + 15 * 8, 3), "\x01\x45\x3C");
     Rebuild(32, 32);
     Restart("C"); // a sign without the drives goes without the files
     Tell(7000, "door open");

@@ -1,8 +1,8 @@
 // The tiles of the virtual sign, as hosts reach them over buses and ports and directly.
+#include "signFixture.h"
 #include "sim/protocol/checksum.h"
 #include "sim/protocol/frameFinder.h"
 #include "sim/state/condition.h"
-#include "stageFixture.h"
 
 #include <random>
 
@@ -71,7 +71,7 @@ protected:
         std::filesystem::create_directories(folder.path / "C/R_DATA");
         std::ofstream(folder.path / "C/R_DATA/X.DAT", std::ios::binary)
             .write(reinterpret_cast<const char*>(file.data()), static_cast<std::streamsize>(file.size()));
-        return OnBus(0, 15, Little(offset, 4) + Bytes{0, 0, 1, 0}, Text("C:\\R_DATA\\X.DAT") + Bytes{0});
+        return OnBus(0, 15, Little(offset, 4) + Bytes{0, 0, 1, 0}, Path("C:\\R_DATA\\X.DAT"));
     }
 
     Bytes Flash(std::uint32_t offset, unsigned size = 264)
@@ -372,7 +372,7 @@ TEST_F(TileWall, ACalibrationOfThePortsComesInTwoForms)
     Rebuild(4, 4);
     ShowWhite();
     PutFile("C:\\port1\\0001.bri", Flat());
-    const Bytes path = Text("C:\\port1\\0001.bri") + Bytes{0};
+    const Bytes path = Path("C:\\port1\\0001.bri");
     EXPECT_EQ(PortEnd(OnPort(2, 1, 5, path)), 4U);
     EXPECT_EQ(ReadDirectly(5), Blocks());
     EXPECT_EQ(At(arrival.nowMs, 0, 0), kDark);
@@ -406,7 +406,7 @@ TEST_F(TileWall, ALockedTileTakesNoCalibration)
     Rebuild(4, 4);
     Tell("lock 1");
     PutFile("C:\\port1\\0001.bri", Flat());
-    EXPECT_EQ(PortEnd(OnPort(2, 1, 5, Text("C:\\port1\\0001.bri") + Bytes{0})), 53078U);
+    EXPECT_EQ(PortEnd(OnPort(2, 1, 5, Path("C:\\port1\\0001.bri"))), 53078U);
     EXPECT_EQ(WordOf(Install(BusFile(std::vector<int>(16, 0), {0, 0}), 103488)), 3078U);
     EXPECT_EQ(WriteDirectly(Blocks(), 5), 3078U);
     EXPECT_EQ(PortEnd(OnPort(5, 1, 10)), 53078U);

@@ -1,5 +1,5 @@
 // The sign as a traffic signal controller.
-#include "stageFixture.h"
+#include "signFixture.h"
 
 #include <algorithm>
 

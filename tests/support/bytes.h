@@ -34,6 +34,24 @@ inline Bytes FromText(std::string_view text)
     return {text.begin(), text.end()};
 }
 
+/// The low bytes of a number.
+inline Bytes Little(std::uint32_t value, std::size_t size)
+{
+    Bytes bytes;
+    for (std::size_t i = 0; i < size; ++i)
+        bytes.push_back(static_cast<std::uint8_t>(value >> 8 * i));
+    return bytes;
+}
+
+/// Bytes that differ from one chunk to the next.
+inline Bytes Pattern(std::size_t size)
+{
+    Bytes bytes(size);
+    for (std::size_t i = 0; i < size; ++i)
+        bytes[i] = static_cast<std::uint8_t>(i * 7 + i / 256);
+    return bytes;
+}
+
 inline Bytes operator+(Bytes left, const Bytes& right)
 {
     left.insert(left.end(), right.begin(), right.end());

@@ -1,5 +1,5 @@
 // The virtual sign as a second witness of golden requests.
-#include "sim/sign/virtualSign.h"
+#include "sim/virtualSign.h"
 #include "support/flatRows.h"
 #include "support/tempFolder.h"
 

@@ -20,28 +20,28 @@ public:
         std::string pattern = (std::filesystem::temp_directory_path() / "vxsignXXXXXX").string();
         if (::mkdtemp(pattern.data()) == nullptr)
             ADD_FAILURE() << "no temporary folder: " << pattern;
-        folder = pattern;
+        path = pattern;
     }
     ~TempFolder()
     {
         std::error_code error;
-        std::filesystem::remove_all(folder, error);
+        std::filesystem::remove_all(path, error);
     }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
     /// The full path of a name in the folder; of the folder itself, with a separator, for an empty one.
-    std::string Path(std::string_view name = "") const { return (folder / name).string(); }
+    std::string Path(std::string_view name = "") const { return (path / name).string(); }
 
     /// Makes a file with these bytes and returns its path.
     std::string Write(std::string_view name, std::string_view bytes) const
     {
-        const std::string path = Path(name);
-        std::ofstream file(path, std::ios::binary);
+        const std::string target = Path(name);
+        std::ofstream file(target, std::ios::binary);
         file << bytes;
         file.close();
-        EXPECT_TRUE(file) << path;
-        return path;
+        EXPECT_TRUE(file) << target;
+        return target;
     }
 
     /// The bytes of a file; fails the test if it is not there.
@@ -52,13 +52,13 @@ public:
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    bool Has(std::string_view name) const { return std::filesystem::exists(folder / name); }
+    bool Has(std::string_view name) const { return std::filesystem::exists(path / name); }
 
     /// The names of what is in the folder, in order, with blanks between them.
     std::string Names() const
     {
         std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder))
+        for (const auto& entry : std::filesystem::directory_iterator(path))
             names.insert(entry.path().filename().string());
         std::string text;
         for (const std::string& name : names)
@@ -66,10 +66,9 @@ public:
         return text;
     }
 
-    bool IsEmpty() const { return std::filesystem::is_empty(folder); }
+    bool IsEmpty() const { return std::filesystem::is_empty(path); }
 
-private:
-    std::filesystem::path folder;
+    std::filesystem::path path;
 };
 
 } // namespace vxsign::test
