@@ -562,31 +562,5 @@ TEST_F(TileWall, RefusesWhatIsNoRequest)
     EXPECT_EQ(WriteDirectly(Bytes{0xAA, 0x55, 0x20, 0} + Bytes(12, 0) + Bytes{96, 0, 0, 0} + Bytes(108, 0), 7), 3078U);
 }
 
-TEST_F(TileWall, SurvivesRandomRequests)
-{
-    std::mt19937 engine(7);
-    const auto random = [&engine] { return static_cast<unsigned>(engine()); };
-    const auto bytes = [&](std::size_t most) {
-        Bytes some(random() % (most + 1));
-        for (std::uint8_t& byte : some)
-            byte = static_cast<std::uint8_t>(random() % 3 == 0 ? random() : random() % 8);
-        return some;
-    };
-    for (int round = 0; round < 3000; ++round) {
-        const Bytes payload = bytes(16);
-        const Bytes extended = random() % 2 == 0 ? bytes(300) : Text("C:\\R_DATA\\X.DAT");
-        const unsigned minor = random() % 20;
-        const unsigned way = random() % 3;
-        const Bytes answer = way == 0   ? OnBus(random() % 3, minor, payload, extended)
-                             : way == 1 ? Ask(28, minor, payload, extended)
-                                        : Direct(minor, random() % 4, payload, extended);
-        ASSERT_LE(answer.size(), 1536U);
-        ASSERT_GE(answer.size(), 16U);
-        arrival.nowMs += random() % 100;
-        if (round % 50 == 0)
-            stage->Draw(arrival.nowMs);
-    }
-}
-
 } // namespace
 } // namespace vxsim_tests

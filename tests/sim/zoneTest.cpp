@@ -73,14 +73,14 @@ TEST_F(Zones, ShowTextInTheirStyle)
     head[8] = 255;
     head[2] = 4; // seconds
     head[28] = 7;
-    Expect(0, {{54, 3, {1, 2, 1, 0}, head + Text("\u2588\f\u2584")}, Content(1, 1, 1, "\u2588")});
+    Expect(0, {{54, 3, {1, 2, 1, 0}, head + Text("\u2588\f ")}, Content(1, 1, 1, "\u2588")});
     const auto corners = [&](std::uint64_t nowMs) {
         const std::string drawing = Drawing(nowMs);
         return std::string{drawing[0], drawing[17 * 15 + 7], drawing[8], drawing[17 * 15 + 8]};
     };
     AskAt(1000, 54, 5, {1, 0, 0, 0});
     EXPECT_EQ(corners(1000), "GGBB");
-    EXPECT_EQ(corners(5000), "GG.B") << "its second page";
+    EXPECT_EQ(corners(5000), "GG..") << "its second page";
     EXPECT_EQ(corners(9000), "GGBB") << "again from its start";
     Expect(0, {{54, 3, {1, 0, 0, 0}, Bytes(32, 0)}});
     EXPECT_EQ(corners(9000), "RRRR") << "the sign's own style, in all zones";

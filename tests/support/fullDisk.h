@@ -5,15 +5,15 @@
 
 namespace vxsign::test {
 
-/// As long as it lives, no file of this process takes more than a few bytes: the rest of a write fails.
+/// As long as it lives, no file of this process takes more than so many bytes: the rest of a write fails.
 class FullDisk
 {
 public:
-    FullDisk()
+    explicit FullDisk(rlim_t room = 16)
     {
         ::getrlimit(RLIMIT_FSIZE, &former);
         rlimit full = former;
-        full.rlim_cur = kRoom;
+        full.rlim_cur = room;
         ::setrlimit(RLIMIT_FSIZE, &full);
     }
     ~FullDisk()
@@ -25,7 +25,6 @@ public:
     FullDisk& operator=(const FullDisk&) = delete;
 
 private:
-    static constexpr rlim_t kRoom = 16;
     rlimit former = {};
     void (*const handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
 };
