@@ -1,3 +1,4 @@
+// Drives, folders and short names of the sign.
 #include "sim/files/shortNames.h"
 
 #include "signFixture.h"
@@ -16,24 +17,12 @@ class FileSystem : public SignTest
 protected:
     unsigned On(unsigned minor, const std::string& text) { return CodeOf(Ask(7, minor, Path(text))); }
 
-    void Make(const std::string& place, const Bytes& bytes = {1})
-    {
-        fs::create_directories((folder.path / place).parent_path());
-        std::ofstream(folder.path / place, std::ios::binary)
-            .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    }
+    void Make(const std::string& place, const Bytes& bytes = {1}) { WriteFile(folder.path / place, bytes); }
 
     // 2024-05-06 07:08:10 local time.
     void Date(const std::string& place)
     {
-        std::tm local = {};
-        local.tm_year = 124;
-        local.tm_mon = 4;
-        local.tm_mday = 6;
-        local.tm_hour = 7;
-        local.tm_min = 8;
-        local.tm_sec = 10;
-        local.tm_isdst = -1;
+        std::tm local = {10, 8, 7, 6, 4, 124, 0, 0, -1, 0, nullptr};
         const timespec times[2] = {{std::mktime(&local), 0}, {std::mktime(&local), 0}};
         ::utimensat(AT_FDCWD, (folder.path / place).c_str(), times, 0);
     }
@@ -43,37 +32,36 @@ protected:
 
 TEST_F(FileSystem, FoldersAreMadeAndEntriesRenamedAndMoved)
 {
-    EXPECT_EQ(On(3, "D:\\NEW\\INNER"), 0U);
-    EXPECT_EQ(On(3, "D:\\new"), 0U) << "is there";
     Make("D/NEW/A B.TXT", Text("ab"));
-    EXPECT_EQ(On(3, "D:\\NEW\\A B.TXT"), 29441U);
-    EXPECT_EQ(On(3, "G:\\X"), 29441U);
-
-    EXPECT_EQ(On(4, "D:\\NEW\\A B.TXT C D.TXT"), 0U) << "blanks in both names";
-    EXPECT_EQ(FileBytes(folder.path / "D/NEW/C D.TXT"), Text("ab"));
-    EXPECT_EQ(On(4, "D:\\NEW\\C D.TXT d:/new/E.TXT"), 0U);
-    EXPECT_EQ(On(4, "D:\\NEW\\E.TXT e.txt"), 0U) << "another case only";
-    EXPECT_TRUE(Has("D/NEW/e.txt"));
     Make("D/NEW/F.TXT");
-    EXPECT_EQ(On(4, "D:\\NEW\\E.TXT F.TXT"), 29697U) << "is taken";
-    EXPECT_EQ(On(4, "D:\\NEW\\NONE F.TXT"), 29697U);
-    EXPECT_EQ(On(4, "D:\\NEW\\E.TXT D:\\E.TXT"), 29698U);
-    EXPECT_EQ(On(4, "D:\\NEW\\E.TXT .."), 29698U);
-    EXPECT_EQ(On(4, "D:\\NEW\\E.TXT"), 29697U);
-    EXPECT_EQ(On(4, "D: E"), 29697U) << "a drive stays";
-
-    EXPECT_EQ(On(5, "D:\\NEW\\E.TXT E:\\G.TXT"), 0U);
-    EXPECT_EQ(FileBytes(folder.path / "E/G.TXT"), Text("ab"));
-    EXPECT_EQ(On(5, "E:\\G.TXT D:\\NEW"), 0U) << "into a folder";
-    EXPECT_TRUE(Has("D/NEW/G.TXT"));
-    EXPECT_EQ(On(5, "D:\\NEW\\G.TXT D:\\NEW\\F.TXT"), 29953U);
-    EXPECT_EQ(On(5, "D:\\NEW\\G.TXT D:\\NONE\\G.TXT"), 29953U);
-    EXPECT_EQ(On(5, "D:\\NEW D:\\NEW\\INNER"), 29953U) << "into itself";
-    EXPECT_EQ(On(5, "D:\\NEW E:\\NEW"), 0U);
-    EXPECT_TRUE(Has("E/NEW/G.TXT"));
-    EXPECT_EQ(On(14, "E:\\NEW\\G.TXT"), 0U);
-    EXPECT_EQ(On(14, "E:\\NEW"), 0U);
-    EXPECT_EQ(On(14, "E:\\NEW\\NONE"), 32257U);
+    const std::tuple<unsigned, const char*, unsigned, const char*> rows[] = {
+        {3, "D:\\NEW\\INNER", 0, "D/NEW/INNER"},
+        {3, "D:\\new", 0, "D/NEW"}, // is there
+        {3, "D:\\NEW\\A B.TXT", 29441, ""},
+        {3, "G:\\X", 29441, ""},
+        {4, "D:\\NEW\\A B.TXT C D.TXT", 0, "D/NEW/C D.TXT"}, // blanks in both names
+        {4, "D:\\NEW\\C D.TXT d:/new/E.TXT", 0, "D/NEW/E.TXT"},
+        {4, "D:\\NEW\\E.TXT e.txt", 0, "D/NEW/e.txt"}, // another case only
+        {4, "D:\\NEW\\E.TXT F.TXT", 29697, ""},        // is taken
+        {4, "D:\\NEW\\NONE F.TXT", 29697, ""},
+        {4, "D:\\NEW\\E.TXT D:\\E.TXT", 29698, ""},
+        {4, "D:\\NEW\\E.TXT ..", 29698, ""},
+        {4, "D:\\NEW\\E.TXT", 29697, ""},
+        {4, "D: E", 29697, ""}, // a drive stays
+        {5, "D:\\NEW\\E.TXT E:\\G.TXT", 0, "E/G.TXT"},
+        {5, "E:\\G.TXT D:\\NEW", 0, "D/NEW/G.TXT"}, // into a folder
+        {5, "D:\\NEW\\G.TXT D:\\NEW\\F.TXT", 29953, ""},
+        {5, "D:\\NEW\\G.TXT D:\\NONE\\G.TXT", 29953, ""},
+        {5, "D:\\NEW D:\\NEW\\INNER", 29953, ""}, // into itself
+        {5, "D:\\NEW E:\\NEW", 0, "E/NEW/G.TXT"},
+        {14, "E:\\NEW\\G.TXT", 0, ""},
+        {14, "E:\\NEW", 0, ""},
+        {14, "E:\\NEW\\NONE", 32257, ""}};
+    for (const auto& [minor, text, code, there] : rows) {
+        EXPECT_EQ(On(minor, text), code) << text;
+        EXPECT_TRUE(Has(there)) << text;
+    }
+    EXPECT_EQ(folder.Read("E/NEW/G.TXT"), "ab");
 }
 
 TEST_F(FileSystem, FormattingEmptiesADriveAndCOnlyWithItsWord)
@@ -81,15 +69,12 @@ TEST_F(FileSystem, FormattingEmptiesADriveAndCOnlyWithItsWord)
     Make("D/T/A.NMG");
     Make("C/FONT/A.FNT");
     const Bytes config = FileBytes(folder.path / "C/CONFIG.SYS");
-    EXPECT_EQ(CodeOf(Ask(7, 2, {'D', 0, 0, 0})), 0U);
+    Expect(0, {{7, 2, {'D', 0, 0, 0}}});
     EXPECT_TRUE(fs::is_empty(folder.path / "D"));
-    EXPECT_EQ(CodeOf(Ask(7, 2, {'C', 0, 0, 0})), 29185U);
-    EXPECT_EQ(CodeOf(Ask(7, 2, {'c', 0, 0, 0})), 29185U);
-    EXPECT_EQ(CodeOf(Ask(7, 2, {'G', 0, 0, 0})), 29185U);
-    EXPECT_EQ(CodeOf(Ask(7, 2)), 29185U);
+    Expect(29185, {{7, 2, {'C', 0, 0, 0}}, {7, 2, {'c', 0, 0, 0}}, {7, 2, {'G', 0, 0, 0}}, {7, 2}});
     EXPECT_TRUE(Has("C/FONT/A.FNT"));
     Make("C/CONFIG.SYS", {1, 2, 3});
-    EXPECT_EQ(CodeOf(Ask(7, 2, Text("CSYS"))), 0U);
+    Expect(0, {{7, 2, Text("CSYS")}});
     EXPECT_FALSE(Has("C/FONT"));
     EXPECT_EQ(FileBytes(folder.path / "C/CONFIG.SYS"), config);
 }
@@ -101,16 +86,15 @@ TEST_F(FileSystem, PlayFilesGoByKindOrAllTogether)
             Make(place);
     };
     fill();
-    EXPECT_EQ(CodeOf(Ask(7, 7, {'d', 0, 0, 0})), 0U);
+    Expect(0, {{7, 7, {'d', 0, 0, 0}}});
     EXPECT_TRUE(Has("C/T/1") && !Has("D/T/2") && Has("D/T/DEEP/6") && Has("D/S/3"));
-    EXPECT_EQ(CodeOf(Ask(7, 8, {2, 0, 0, 0})), 0U); // D is the second
+    Expect(0, {{7, 8, {2, 0, 0, 0}}}); // D is the second
     EXPECT_FALSE(Has("D/S/3"));
-    EXPECT_EQ(CodeOf(Ask(7, 9, {0, 0, 0, 0})), 0U);
+    Expect(0, {{7, 9, {0, 0, 0, 0}}});
     EXPECT_FALSE(Has("D/P/4"));
-    EXPECT_EQ(CodeOf(Ask(7, 10, {'D', 0, 0, 0})), 0U);
+    Expect(0, {{7, 10, {'D', 0, 0, 0}}});
     EXPECT_TRUE(Has("E/A/5"));
-    EXPECT_EQ(CodeOf(Ask(7, 10, {5, 0, 0, 0})), 30209U);
-    EXPECT_EQ(CodeOf(Ask(7, 10, {'G', 0, 0, 0})), 30209U);
+    Expect(30209, {{7, 10, {5, 0, 0, 0}}, {7, 10, {'G', 0, 0, 0}}});
     fill();
     Make("C/SEQUENT.SYS");
     int sequences = 0;
@@ -238,16 +222,8 @@ TEST_F(FileSystem, DriveInformationCountsKilobytes)
     EXPECT_EQ(word(0), total);
     EXPECT_LE(word(4), word(0));
     EXPECT_EQ(word(8), 1024U);
-    EXPECT_EQ(CodeOf(Ask(7, 13, {'G', ':', 0, 0})), 32001U);
-    EXPECT_EQ(CodeOf(Ask(7, 13)), 32001U);
-}
-
-TEST_F(StageTest, AListThatIsDeletedNoLongerPlays)
-{
-    PlayThree();
-    EXPECT_EQ(At(1000), kRed);
-    EXPECT_EQ(CodeOf(Ask(7, 6, Path("C:\\SEQUENT.SYS"))), 0U);
-    EXPECT_EQ(At(1500), kDark);
+    Expect(32001, {{7, 13, {'G', ':', 0, 0}}});
+    Expect(32001, {{7, 13}});
 }
 
 } // namespace

@@ -2,12 +2,13 @@
 #include "signFixture.h"
 #include "sim/protocol/checksum.h"
 #include "sim/protocol/frameFinder.h"
-#include "sim/state/condition.h"
-
-#include <random>
+#include "support/calibrations.h"
 
 namespace vxsim_tests {
 namespace {
+
+using vxsign::test::CalibrationInBlocks;
+using vxsign::test::FlatCalibration;
 
 class TileWall : public StageTest
 {
@@ -17,22 +18,21 @@ protected:
     {
         Bytes request = MakeRequest(12, minor, payload, extended, ++id);
         request[6] = static_cast<std::uint8_t>(bus);
-        const unsigned sum = request[2] + 256U * request[3] + bus;
-        request[2] = static_cast<std::uint8_t>(sum);
-        request[3] = static_cast<std::uint8_t>(sum >> 8);
-        return sign->Answer(request, arrival);
+        return sign->Answer(Checked(request, request[2] + 256U * request[3] + bus), arrival);
     }
 
     Bytes Direct(unsigned minor, unsigned tile, const Bytes& payload, const Bytes& extended = {})
     {
-        Bytes request = MakeRequest(124, minor, payload, extended, ++id);
+        Bytes request = MakeRequest(124, minor, payload, extended, ++id, static_cast<std::uint16_t>(tile));
         request[1] = 0xB1;
-        request[8] = static_cast<std::uint8_t>(tile);
-        request[9] = static_cast<std::uint8_t>(tile >> 8);
-        const unsigned crc = vxsim::Crc16(std::span(request).subspan(4));
-        request[2] = static_cast<std::uint8_t>(crc);
-        request[3] = static_cast<std::uint8_t>(crc >> 8);
-        return sign->Answer(request, arrival);
+        return sign->Answer(Checked(request, vxsim::Crc16(std::span(request).subspan(4))), arrival);
+    }
+
+    static Bytes Checked(Bytes request, unsigned check)
+    {
+        request[2] = static_cast<std::uint8_t>(check);
+        request[3] = static_cast<std::uint8_t>(check >> 8);
+        return request;
     }
 
     // The extended part of the answer that asks for a task's result a minute after its start.
@@ -68,9 +68,7 @@ protected:
     // The task that installs a file of the first bus, staged on drive C.
     Bytes Install(const Bytes& file, std::uint32_t offset)
     {
-        std::filesystem::create_directories(folder.path / "C/R_DATA");
-        std::ofstream(folder.path / "C/R_DATA/X.DAT", std::ios::binary)
-            .write(reinterpret_cast<const char*>(file.data()), static_cast<std::streamsize>(file.size()));
+        WriteFile(folder.path / "C/R_DATA/X.DAT", file);
         return OnBus(0, 15, Little(offset, 4) + Bytes{0, 0, 1, 0}, Path("C:\\R_DATA\\X.DAT"));
     }
 
@@ -113,31 +111,10 @@ protected:
     }
 
     // Tells the sign what is wrong with it.
-    void Tell(const std::string& lines)
-    {
-        vxsim::ConditionFile(folder.path).Write(vxsim::ParseCondition(lines));
-        arrival.nowMs += 1000;
-        sign->KeepUp(arrival.nowMs);
-    }
-
-    void ShowWhite() { Ask(3, 11, Bytes{255, 255, 255} + Bytes(13, 0)); }
-
-    // A letter for each lit lamp or pair of lamps.
-    std::string Drawing()
-    {
-        std::string drawing;
-        const vxsim::Canvas& face = stage->Draw(arrival.nowMs);
-        for (int y = 0; y < face.Height(); ++y) {
-            for (int x = 0; x < face.Width(); ++x) {
-                const vxsim::Rgb colour = face.At(x, y);
-                drawing +=
-                    ".RGYBMCW"[(colour.red != 0 ? 1 : 0) | (colour.green != 0 ? 2 : 0) | (colour.blue != 0 ? 4 : 0)];
-            }
-            drawing += ' ';
-        }
-        return drawing;
-    }
+    void Tell(const std::string& lines) { SignTest::Tell(arrival.nowMs += 1000, lines); }
 };
+
+const Request kWhiteTest{3, 11, Bytes{255, 255, 255} + Bytes(13, 0)};
 
 // A calibration for the buses: the record of each pixel lets the colours through whose bits are set.
 Bytes BusFile(const std::vector<int>& colours, const Bytes& sum)
@@ -148,36 +125,6 @@ Bytes BusFile(const std::vector<int>& colours, const Bytes& sum)
         for (const int bit : {1, 2, 4})
             file = file + ((bits & bit) != 0 ? Bytes{0xFF, 0xFF} : Bytes{0, 0}) + Bytes(bit == 4 ? 0 : 6, 0);
     return file;
-}
-
-// All nine coefficients of a pixel have the same two bytes.
-Bytes Records(std::initializer_list<int> numbers)
-{
-    Bytes records;
-    for (const int number : numbers)
-        records.insert(records.end(), 18, static_cast<std::uint8_t>(number));
-    return records;
-}
-constexpr std::uint8_t kStamps[] = {0xAD, 0x50, 0x8F, 0x52};
-Bytes PortHeader(const Bytes& length)
-{
-    return Bytes{0xAA, 0x55, 0x20, 0, 0, 0, 5, 0, 0, 0} + Bytes(std::begin(kStamps), std::end(kStamps)) + Bytes(2, 0) +
-           length + Bytes(12, 0x3C);
-}
-Bytes Block(const Bytes& crc, std::initializer_list<int> numbers)
-{
-    return Bytes{0xAA, 0x55} + crc + Bytes{0x48, 0, 0, 0} + Bytes(std::begin(kStamps), std::end(kStamps)) +
-           Bytes(52, 0) + Records(numbers);
-}
-// A tile of 4x4 with four modules, in both forms.
-Bytes Flat()
-{
-    return PortHeader({0x20, 1, 0, 0}) + Records({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15});
-}
-Bytes Blocks()
-{
-    return PortHeader({0x20, 2, 0, 0}) + Block({0x32, 0x0D}, {0, 1, 4, 5}) + Block({0x86, 0x2A}, {2, 3, 6, 7}) +
-           Block({0xF2, 0xB3}, {8, 9, 12, 13}) + Block({0x46, 0x94}, {10, 11, 14, 15});
 }
 
 TEST_F(TileWall, PacketsForATileHaveTheirOwnSync)
@@ -333,18 +280,18 @@ TEST_F(TileWall, EachErrorOnRequest)
 TEST_F(TileWall, ACalibrationOfTheBusesInterleavesTheModules)
 {
     Rebuild(4, 4); // modules of 2x2
-    ShowWhite();
+    Expect(0, {kWhiteTest});
     std::vector<int> bits(16);
     for (int i = 0; i < 16; ++i)
         bits[static_cast<std::size_t>(i)] = i % 8;
     const Bytes file = BusFile(bits, {0xD0, 0x2F}); // 24 lamps let through
     EXPECT_EQ(WordOf(Install(file, 103488)), 3073U);
-    EXPECT_EQ(Drawing(), ".BGC .BGC RMYW RMYW ");
+    EXPECT_EQ(Drawing(), ".BGC\n.BGC\nRMYW\nRMYW\n");
     for (int i = 0; i < 16; ++i)
         bits[static_cast<std::size_t>(i)] = i / 8;
     const Bytes second = BusFile(bits, {0xF0, 0x0F});
     EXPECT_EQ(WordOf(Install(second, 103488)), 3073U);
-    EXPECT_EQ(Drawing(), "RRRR .... RRRR .... ");
+    EXPECT_EQ(Drawing(), "RRRR\n....\nRRRR\n....\n");
 
     // It comes back as it went, and is what the ports have.
     Bytes read = Flash(103488) + Flash(103488 + 264);
@@ -364,17 +311,17 @@ TEST_F(TileWall, ACalibrationOfTheBusesInterleavesTheModules)
         EXPECT_EQ(WordOf(Install(damaged, 103488)), 3091U) << at;
     }
     EXPECT_EQ(WordOf(Install(Bytes(file.begin(), file.end() - 1), 103488)), 3091U);
-    EXPECT_EQ(Drawing(), "RRRR .... RRRR .... ");
+    EXPECT_EQ(Drawing(), "RRRR\n....\nRRRR\n....\n");
 }
 
 TEST_F(TileWall, ACalibrationOfThePortsComesInTwoForms)
 {
     Rebuild(4, 4);
-    ShowWhite();
-    PutFile("C:\\port1\\0001.bri", Flat());
+    Expect(0, {kWhiteTest});
+    PutFile("C:\\port1\\0001.bri", FlatCalibration());
     const Bytes path = Path("C:\\port1\\0001.bri");
     EXPECT_EQ(PortEnd(OnPort(2, 1, 5, path)), 4U);
-    EXPECT_EQ(ReadDirectly(5), Blocks());
+    EXPECT_EQ(ReadDirectly(5), CalibrationInBlocks());
     EXPECT_EQ(At(arrival.nowMs, 0, 0), kDark);
     // 3 * 0x0F0F of 65535 is 0.176 of the light, whose 2.2th root is 0.455.
     EXPECT_EQ(At(arrival.nowMs, 3, 3), (vxsim::Rgb{116, 116, 116}));
@@ -382,7 +329,7 @@ TEST_F(TileWall, ACalibrationOfThePortsComesInTwoForms)
 
     // The task reads it back to the drive; the blocks go in again, with a descriptor around the path.
     EXPECT_EQ(PortEnd(OnPort(1, 1, 5)), 4U);
-    EXPECT_EQ(FileBytes(folder.path / "C/port1/0001.bri"), Blocks());
+    EXPECT_EQ(FileBytes(folder.path / "C/port1/0001.bri"), CalibrationInBlocks());
     EXPECT_EQ(PortEnd(OnPort(5, 1, 10)), 4U);
     EXPECT_EQ(At(arrival.nowMs, 0, 0), kWhite) << "forgotten";
     EXPECT_EQ(PortEnd(OnPort(2, 65535, 5, path + Bytes(192 - path.size(), 1))), 4U) << "all of the port";
@@ -390,30 +337,30 @@ TEST_F(TileWall, ACalibrationOfThePortsComesInTwoForms)
 
     // And directly.
     EXPECT_EQ(CodeOf(Direct(3, 1, {1, 10, 0, 0})), 0U);
-    EXPECT_EQ(WriteDirectly(Blocks(), 5), 0U);
+    EXPECT_EQ(WriteDirectly(CalibrationInBlocks(), 5), 0U);
     EXPECT_EQ(At(arrival.nowMs, 3, 3), (vxsim::Rgb{116, 116, 116}));
-    EXPECT_EQ(ReadDirectly(5), Blocks());
+    EXPECT_EQ(ReadDirectly(5), CalibrationInBlocks());
     for (const std::size_t at : {6U, 16U, 32U, 34U, 36U, 100U, 640U - 65U}) {
-        Bytes damaged = Blocks();
+        Bytes damaged = CalibrationInBlocks();
         damaged[at] ^= 1;
         EXPECT_NE(WriteDirectly(damaged, 5), 0U) << at;
     }
-    EXPECT_EQ(ReadDirectly(5), Blocks());
+    EXPECT_EQ(ReadDirectly(5), CalibrationInBlocks());
 }
 
 TEST_F(TileWall, ALockedTileTakesNoCalibration)
 {
     Rebuild(4, 4);
     Tell("lock 1");
-    PutFile("C:\\port1\\0001.bri", Flat());
+    PutFile("C:\\port1\\0001.bri", FlatCalibration());
     EXPECT_EQ(PortEnd(OnPort(2, 1, 5, Path("C:\\port1\\0001.bri"))), 53078U);
     EXPECT_EQ(WordOf(Install(BusFile(std::vector<int>(16, 0), {0, 0}), 103488)), 3078U);
-    EXPECT_EQ(WriteDirectly(Blocks(), 5), 3078U);
+    EXPECT_EQ(WriteDirectly(CalibrationInBlocks(), 5), 3078U);
     EXPECT_EQ(PortEnd(OnPort(5, 1, 10)), 53078U);
-    ShowWhite();
+    Expect(0, {kWhiteTest});
     EXPECT_EQ(At(arrival.nowMs, 0, 0), kWhite);
     Tell("lock 1\nunlock 1");
-    EXPECT_EQ(WriteDirectly(Blocks(), 5), 0U);
+    EXPECT_EQ(WriteDirectly(CalibrationInBlocks(), 5), 0U);
 }
 
 TEST_F(TileWall, KeepsItsFilesOverARestart)
@@ -423,7 +370,7 @@ TEST_F(TileWall, KeepsItsFilesOverARestart)
     EXPECT_EQ(WordOf(Install(file, 103488)), 3073U);
     EXPECT_EQ(WriteDirectly(Bytes{0xAA, 0x55, 0x20, 0} + Bytes(12, 0) + Bytes{9, 1, 0, 0} + Bytes(277, 7), 9), 0U);
     Rebuild(4, 4);
-    ShowWhite();
+    Expect(0, {kWhiteTest});
     EXPECT_EQ(At(arrival.nowMs, 0, 0), kGreen);
     Bytes read = Flash(103488) + Flash(103488 + 264);
     read.resize(320);
@@ -435,7 +382,7 @@ TEST_F(TileWall, KeepsItsFilesOverARestart)
     std::ofstream(folder.path / "sign/tiles/2.05") << "?";
     std::ofstream(folder.path / "sign/tiles/1.99") << "?";
     Rebuild(6, 4);
-    ShowWhite();
+    Expect(0, {kWhiteTest});
     EXPECT_EQ(At(arrival.nowMs, 0, 0), kWhite) << "not of this face";
 }
 
@@ -469,35 +416,33 @@ TEST_F(TileWall, FilesLieInTheFlashOfBothFamilies)
 TEST_F(TileWall, TestsShowOnTheTileAlone)
 {
     Rebuild(48, 16);
+    const auto row = [&](std::uint64_t nowMs) { // a letter for each tile
+        const std::string drawing = Drawing(arrival.nowMs = nowMs);
+        EXPECT_EQ(drawing.substr(0, 48), drawing.substr(49 * 15, 48));
+        return std::string{drawing[0], drawing[16], drawing[47]} + (drawing[15] == drawing[0] ? "" : "?") +
+               (drawing[31] == drawing[16] ? "" : "?") + (drawing[32] == drawing[47] ? "" : "?");
+    };
     arrival.nowMs = 1000;
     EXPECT_EQ(CodeOf(OnPort(4, 2, 3)), 0U);
-    EXPECT_EQ(At(1099, 16), kDark);
-    EXPECT_EQ(At(1100, 16), kRed);
-    EXPECT_EQ(At(1100, 31, 15), kRed);
-    EXPECT_EQ(At(1100, 15), kDark);
-    EXPECT_EQ(At(1100, 32), kDark);
-    EXPECT_EQ(At(6099, 16), kRed);
-    EXPECT_EQ(At(6100, 16), kDark);
+    for (const auto& [ms, seen] : {std::pair{1099U, "..."}, {1100U, ".R."}, {6099U, ".R."}, {6100U, "..."}})
+        EXPECT_EQ(row(ms), seen) << ms;
 
     arrival.nowMs = 10000;
     EXPECT_EQ(CodeOf(OnBus(0, 9, {255, 4, 0, 0})), 0U);
-    EXPECT_EQ(At(10100, 0), kGreen);
-    EXPECT_EQ(At(10100, 47), kGreen);
-    arrival.nowMs = 10200;
-    EXPECT_EQ(CodeOf(Direct(4, 3, {1, 9, 0, 0})), 0U);
-    EXPECT_EQ(At(10200, 31), kGreen);
-    EXPECT_EQ(At(10200, 32), kDark) << "ended";
-    EXPECT_EQ(CodeOf(Direct(4, 3, {1, 18, 0, 0})), 0U);
-    EXPECT_EQ(At(10200, 32), kDark) << "nothing to be seen";
-    EXPECT_EQ(CodeOf(Direct(4, 65535, {1, 99, 0, 0})), 0U);
-    EXPECT_EQ(At(10200, 32), kWhite);
-    EXPECT_EQ(CodeOf(Ask(4, 1)), 0U);
-    EXPECT_EQ(At(10200, 32), kDark) << "the face is black";
-    EXPECT_EQ(CodeOf(Ask(4, 2)), 0U);
+    EXPECT_EQ(row(10100), "GGG");
+    const std::tuple<unsigned, std::uint8_t, const char*> tests[] = {
+        {3, 9, "GG."}, {3, 18, "GG."}, {65535, 99, "WWW"}}; // ended; nothing to be seen; all white
+    for (const auto& [tile, code, seen] : tests) {
+        EXPECT_EQ(CodeOf(Direct(4, tile, {1, code, 0, 0})), 0U);
+        EXPECT_EQ(row(10200), seen) << int{code};
+    }
+    Expect(0, {{4, 1}});
+    EXPECT_EQ(row(10200), "...") << "the face is black";
+    Expect(0, {{4, 2}});
     EXPECT_EQ(CodeOf(Direct(4, 1, {1, 0, 0, 0})), 0U);
     EXPECT_EQ(At(10200, 0, 0), kGreen) << "a frame around the number";
     EXPECT_EQ(CodeOf(Direct(3, 65535, {1, 2, 0, 0})), 0U) << "the end of an installation";
-    EXPECT_EQ(Drawing().find_first_not_of(". "), std::string::npos);
+    EXPECT_EQ(row(10200), "...");
 
     EXPECT_EQ(PortEnd(Ask(28, 8, {10, 0, 0xFF, 0xFF, 30, 0, 2, 0, 0, 0, 0, 0})), 4U);
     EXPECT_EQ(At(arrival.nowMs, 40), (vxsim::Rgb{10, 255, 30}));
@@ -507,8 +452,8 @@ TEST_F(TileWall, TestsShowOnTheTileAlone)
 TEST_F(TileWall, ATileCanShineWithoutItsCoefficients)
 {
     Rebuild(4, 4);
-    ShowWhite();
-    EXPECT_EQ(WriteDirectly(Blocks(), 5), 0U);
+    Expect(0, {kWhiteTest});
+    EXPECT_EQ(WriteDirectly(CalibrationInBlocks(), 5), 0U);
     EXPECT_EQ(CodeOf(ReadPiece(13, 0)), 36872U);
     EXPECT_EQ(CodeOf(Direct(3, 1, {1, 15, 0, 0})), 0U);
     EXPECT_EQ(At(0, 0, 0), kWhite);
@@ -522,18 +467,21 @@ TEST_F(TileWall, ATileCanShineWithoutItsCoefficients)
 
 TEST_F(TileWall, RefusesWhatIsNoRequest)
 {
-    for (const unsigned minor : {1U, 2U, 4U, 7U, 9U, 11U, 15U})
-        EXPECT_EQ(CodeOf(OnBus(0, minor, {})), 36870U) << minor;
-    for (const unsigned minor : {1U, 2U, 3U, 4U, 5U, 7U, 8U, 9U})
-        EXPECT_EQ(CodeOf(Ask(28, minor, {1, 0, 1, 0})), 36870U) << minor;
-    EXPECT_EQ(CodeOf(OnBus(0, 3, Bytes(8, 0))), 36869U);
-    EXPECT_EQ(CodeOf(Ask(28, 6, Bytes(8, 0))), 36869U);
+    const Bytes four{1, 0, 1, 0};
+    Expect(36870, {{12, 1}, {12, 2}, {12, 4}, {12, 7}, {12, 9}, {12, 11}, {12, 15}});
+    Expect(36870, {{28, 1, four},
+                   {28, 2, four},
+                   {28, 3, four},
+                   {28, 4, four},
+                   {28, 5, four},
+                   {28, 7, four},
+                   {28, 8, four},
+                   {28, 9, four}});
+    Expect(36869, {{12, 3, Bytes(8, 0)}, {28, 6, Bytes(8, 0)}});
+    Expect(0, {{28, 7, Bytes(8, 9)}, {28, 9, Bytes(8, 9)}, {50, 200, Bytes(4, 0)}});
     EXPECT_EQ(CodeOf(Direct(5, 1, Bytes(12, 1))), 36869U);
     EXPECT_EQ(CodeOf(Direct(1, 1, Bytes(8, 1))), 36870U);
     EXPECT_EQ(CodeOf(Direct(4, 1, {})), 36870U);
-    EXPECT_EQ(CodeOf(Ask(28, 7, Bytes(8, 9))), 0U);
-    EXPECT_EQ(CodeOf(Ask(28, 9, Bytes(8, 9))), 0U);
-    EXPECT_EQ(CodeOf(Ask(50, 200, Bytes(4, 0))), 0U);
 
     for (const unsigned size : {0U, 2U, 1025U})
         EXPECT_EQ(ResultOf(OnBus(0, 1, Bytes(4, 0) + Little(size, 2) + Bytes{1, 0})), (Bytes{6, 12})) << size;
@@ -544,22 +492,26 @@ TEST_F(TileWall, RefusesWhatIsNoRequest)
         return CodeOf(Direct(2, 1, Bytes{1, 0} + Little(offset, 4) + Bytes(6, 0), data));
     };
     const Bytes start = Bytes{0xAA, 0x55, 0x20, 0} + Bytes(12, 0) + Bytes{0, 3, 0, 0} + Bytes(244, 0); // of 800 bytes
-    EXPECT_EQ(piece(264, start), 36884U) << "nothing has begun";
-    EXPECT_EQ(piece(0, Bytes(264, 0)), 36882U) << "no header";
-    EXPECT_EQ(piece(0, Bytes{0xAA, 0x55, 0x20, 0} + Bytes(12, 0) + Bytes(4, 0xFF) + Bytes(244, 0)), 8450U);
-    EXPECT_EQ(piece(0, Bytes{0xAA, 0x55, 0, 0} + Bytes(260, 0)), 36884U) << "of no size";
-    EXPECT_EQ(piece(0, Bytes(263, 0)), 36883U);
-    EXPECT_EQ(piece(0, start), 0U);
-    EXPECT_EQ(piece(528, start), 36884U) << "one is missing";
-    EXPECT_EQ(piece(264, start), 0U);
-    EXPECT_EQ(piece(264, start), 0U) << "once more";
-    EXPECT_EQ(piece(528, start), 0U);
+    const Bytes head{0xAA, 0x55, 0x20, 0};
+    const std::tuple<std::uint32_t, Bytes, unsigned, const char*> pieces[] = {
+        {264, start, 36884, "nothing has begun"},
+        {0, Bytes(264, 0), 36882, "no header"},
+        {0, head + Bytes(12, 0) + Bytes(4, 0xFF) + Bytes(244, 0), 8450, "more than there is room for"},
+        {0, Bytes{0xAA, 0x55, 0, 0} + Bytes(260, 0), 36884, "of no size"},
+        {0, Bytes(263, 0), 36883, "a byte less"},
+        {0, start, 0, "the first"},
+        {528, start, 36884, "one is missing"},
+        {264, start, 0, "the second"},
+        {264, start, 0, "once more"},
+        {528, start, 0, "the third"}};
+    for (const auto& [offset, data, code, why] : pieces)
+        EXPECT_EQ(piece(offset, data), code) << why;
     EXPECT_EQ(CodeOf(ReadPiece(0, 0)), 36872U);
     EXPECT_EQ(piece(792, start), 0U);
     EXPECT_EQ(piece(792, Bytes(264, 9)), 0U) << "once more, behind the end";
     EXPECT_EQ(piece(0xFFFFFFFFU, start), 36884U);
     EXPECT_EQ(ExtendedOf(ReadPiece(0, 792)).size(), 8U);
-    EXPECT_EQ(WriteDirectly(Bytes{0xAA, 0x55, 0x20, 0} + Bytes(12, 0) + Bytes{96, 0, 0, 0} + Bytes(108, 0), 7), 3078U);
+    EXPECT_EQ(WriteDirectly(head + Bytes(12, 0) + Bytes{96, 0, 0, 0} + Bytes(108, 0), 7), 3078U);
 }
 
 } // namespace

@@ -17,7 +17,7 @@ protected:
     }
 
     // A letter for each group: red, yellow, green, or '.' for dark; behind it phase and seconds left.
-    std::string Signals(std::uint64_t nowMs)
+    std::string Seen(std::uint64_t nowMs) override
     {
         const Bytes block = ExtendedOf(AskAt(nowMs, 10, 6));
         std::string text;
@@ -25,10 +25,11 @@ protected:
             text += block.at(i) == 0 ? '.' : block.at(i) == 1 ? 'r' : block.at(i) == 2 ? 'y' : 'g';
         return text + " " + std::to_string(block[2]) + "/" + std::to_string(block[4]);
     }
-    unsigned RunPhase(std::uint64_t nowMs, std::uint8_t groups, std::uint8_t seconds, std::uint8_t flag = 1)
+    static Request Phase(std::uint8_t groups, std::uint8_t seconds, std::uint8_t flag = 1)
     {
-        return CodeOf(AskAt(nowMs, 10, 16, Bytes{groups, seconds} + Bytes(29, 0xFF) + Bytes{flag}));
+        return {10, 16, Bytes{groups, seconds} + Bytes(29, 0xFF) + Bytes{flag}};
     }
+    static Request Mode(std::uint8_t mode) { return {10, 2, {mode, 0, 0, 0}}; }
     Bytes Errors() const
     {
         const Bytes file = FileBytes(folder.path / "E" / "ERR_REC" / "ERRMSG.ERR");
@@ -40,57 +41,55 @@ protected:
 
 TEST_F(Controller, PhasesFollowTheClock)
 {
-    const std::pair<unsigned, const char*> times[] = {
-        {0, "grgrrr 1/16"},     {15999, "grgrrr 1/1"}, {16000, "yryrrr 1/3"}, {19000, "rrrrrr 1/2"},
-        {21000, "rgrgrr 2/12"}, {33000, "ryryrr 2/3"}, {36000, "rrrrrr 2/2"}, {38000, "rrrrgg 3/7"},
-        {45000, "rrrrrr 3/3"},  {48000, "rrrrrr 3/2"}, {50000, "grgrrr 1/16"}};
-    for (const auto& [ms, signals] : times)
-        EXPECT_EQ(Signals(ms), signals) << ms;
-    EXPECT_EQ(CodeOf(AskAt(50000, 5, 2, {0x20, 0x20, 0x05, 0x13, 0x12, 0x00, 0x21, 0, 0, 0, 0, 0})), 0U);
-    EXPECT_EQ(Signals(50000), "rgrgrr 2/12") << "the clock was set";
+    Film({{0, {}, "grgrrr 1/16"},
+          {15999, {}, "grgrrr 1/1"},
+          {16000, {}, "yryrrr 1/3"},
+          {19000, {}, "rrrrrr 1/2"},
+          {21000, {}, "rgrgrr 2/12"},
+          {33000, {}, "ryryrr 2/3"},
+          {36000, {}, "rrrrrr 2/2"},
+          {38000, {}, "rrrrgg 3/7"},
+          {45000, {}, "rrrrrr 3/3"},
+          {48000, {}, "rrrrrr 3/2"},
+          {50000, {}, "grgrrr 1/16"},
+          {50000, {5, 2, {0x20, 0x20, 0x05, 0x13, 0x12, 0x00, 0x21, 0, 0, 0, 0, 0}}, "rgrgrr 2/12", "the clock"}});
 }
 
 TEST_F(Controller, ManualModeHoldsAPhase)
 {
-    EXPECT_EQ(CodeOf(AskAt(1000, 10, 2, {2, 0, 0, 0})), 0U);
-    EXPECT_EQ(Signals(1000), "yryrrr 2/3") << "what has green is cleared first";
-    EXPECT_EQ(Signals(4000), "rrrrrr 2/2");
-    EXPECT_EQ(Signals(6000), "rgrgrr 2/255");
-    EXPECT_EQ(Signals(3600000), "rgrgrr 2/255");
-    EXPECT_EQ(CodeOf(AskAt(3600000, 10, 2, {4, 0, 0, 0})), 0U);
-    EXPECT_EQ(Signals(3605000), "rrrrrr 0/255");
-    EXPECT_EQ(CodeOf(AskAt(3605000, 10, 2, {5, 0, 0, 0})), 0U);
-    EXPECT_EQ(Signals(3610000), "yyyy.. 0/255");
-    EXPECT_EQ(Signals(3610500), "...... 0/255");
-    EXPECT_EQ(CodeOf(AskAt(3610500, 10, 2, {6, 0, 0, 0})), 36881U);
-    EXPECT_EQ(Signals(3611000), "yyyy.. 0/255");
-    EXPECT_EQ(CodeOf(AskAt(3611000, 10, 2, {0, 0, 0, 0})), 0U);
-    EXPECT_EQ(Signals(3613999), "yyyyrr 1/1") << "a lit yellow is cleared, and red for the rest";
-    EXPECT_EQ(Signals(3616000), "yryrrr 1/3") << "where the cycle stands";
-    Ask(4, 0);
-    Ask(10, 2, {1, 0, 0, 0});
-    Ask(4, 0);
-    EXPECT_EQ(Signals(3621000), "rgrgrr 2/12") << "a restart ends it";
+    Film({{1000, Mode(2), "yryrrr 2/3", "what has green is cleared first"},
+          {4000, {}, "rrrrrr 2/2"},
+          {6000, {}, "rgrgrr 2/255"},
+          {3600000, {}, "rgrgrr 2/255"},
+          {3600000, Mode(4)},
+          {3605000, {}, "rrrrrr 0/255"},
+          {3605000, Mode(5)},
+          {3610000, {}, "yyyy.. 0/255"},
+          {3610500, {}, "...... 0/255"}});
+    Expect(36881, {Mode(6)});
+    Film({{3611000, {}, "yyyy.. 0/255"},
+          {3611000, Mode(0)},
+          {3613999, {}, "yyyyrr 1/1", "a lit yellow is cleared, and red for the rest"},
+          {3616000, {}, "yryrrr 1/3", "where the cycle stands"},
+          {3616000, {4, 0}},
+          {3616000, Mode(1)},
+          {3616000, {4, 0}},
+          {3621000, {}, "rgrgrr 2/12", "a restart ends it"}});
 }
 
 TEST_F(Controller, TemporaryPhaseRunsOnce)
 {
-    EXPECT_EQ(RunPhase(1000, 0b000001, 4), 0U);
-    EXPECT_EQ(Signals(1000), "gryrrr 0/3") << "north goes on";
-    EXPECT_EQ(Signals(6000), "grrrrr 0/4");
-    EXPECT_EQ(Signals(10000), "grrrrr 1/3") << "whoever gets green waits until all is cleared";
-    EXPECT_EQ(Signals(15000), "grgrrr 1/1");
-    EXPECT_EQ(RunPhase(15000, 0b110000, 0), 0U);
-    EXPECT_EQ(Signals(29999), "rrrrgg 0/1") << "ten seconds when none are given";
-    EXPECT_EQ(RunPhase(22000, 1, 9, 0), 0U);
-    EXPECT_EQ(Signals(22000), "rrrrrr 2/3") << "ended before its time";
-    EXPECT_EQ(Signals(27000), "rgrgrr 2/6");
-
-    EXPECT_EQ(RunPhase(27000, 0b000011, 4), 36881U) << "north and east";
-    EXPECT_EQ(RunPhase(27000, 0b010001, 4), 36881U) << "north and a crossing";
-    EXPECT_EQ(RunPhase(27000, 0, 4), 36881U);
-    EXPECT_EQ(RunPhase(27000, 0b1000000, 4), 36881U) << "no such group";
-    EXPECT_EQ(Signals(27000), "rgrgrr 2/6");
+    Film({{1000, Phase(0b000001, 4), "gryrrr 0/3", "north goes on"},
+          {6000, {}, "grrrrr 0/4"},
+          {10000, {}, "grrrrr 1/3", "whoever gets green waits until all is cleared"},
+          {15000, {}, "grgrrr 1/1"},
+          {15000, Phase(0b110000, 0)},
+          {29999, {}, "rrrrgg 0/1", "ten seconds when none are given"},
+          {22000, Phase(1, 9, 0), "rrrrrr 2/3", "ended before its time"},
+          {27000, {}, "rgrgrr 2/6"}});
+    // North and east; north and a crossing; none; no such group.
+    Expect(36881, {Phase(0b000011, 4), Phase(0b010001, 4), Phase(0, 4), Phase(0b1000000, 4)});
+    Film({{27000, {}, "rgrgrr 2/6"}});
     const Bytes errors = Errors();
     ASSERT_EQ(errors.size(), 4U + 3 * 32);
     EXPECT_EQ(Bytes(errors.begin() + 36, errors.begin() + 48),
@@ -99,18 +98,16 @@ TEST_F(Controller, TemporaryPhaseRunsOnce)
 
 TEST_F(Controller, LampTestsShowForTenSeconds)
 {
-    EXPECT_EQ(CodeOf(AskAt(0, 10, 8, {3, 0, 0, 0}, {1, 7, 0})), 0U);
-    EXPECT_EQ(ExtendedOf(AskAt(9999, 10, 6))[0], 3);
-    EXPECT_EQ(ExtendedOf(AskAt(9999, 10, 6))[8], 7);
-    EXPECT_EQ(Signals(10000), "grgrrr 1/6");
-    EXPECT_EQ(CodeOf(AskAt(10000, 10, 9, {1, 2, 0, 0}, {2, 1, 4})), 0U);
-    EXPECT_EQ(Signals(11000), "y...rg 1/5");
-    EXPECT_EQ(CodeOf(AskAt(11000, 10, 9, {200, 55, 0, 0}, Bytes(255, 4))), 0U) << "more than there are";
-    EXPECT_EQ(Signals(11000), "gggggg 1/5");
-    EXPECT_EQ(CodeOf(Ask(10, 8, {4, 0, 0, 0}, {1, 2, 4})), 36870U);
-    EXPECT_EQ(CodeOf(Ask(10, 9, {1, 1, 0, 0}, {1, 2, 4})), 36870U);
-    EXPECT_EQ(CodeOf(Ask(10, 8, {0, 0, 0, 0})), 0U);
-    EXPECT_EQ(Signals(11000), "grgrrr 1/5") << "ended";
+    Film({{0, {10, 8, {3, 0, 0, 0}, {1, 7, 0}}}});
+    const Bytes block = ExtendedOf(AskAt(9999, 10, 6));
+    EXPECT_EQ(block[0], 3);
+    EXPECT_EQ(block[8], 7);
+    Film({{10000, {}, "grgrrr 1/6"},
+          {10000, {10, 9, {1, 2, 0, 0}, {2, 1, 4}}},
+          {11000, {}, "y...rg 1/5"},
+          {11000, {10, 9, {200, 55, 0, 0}, Bytes(255, 4)}, "gggggg 1/5", "more than there are"}});
+    Expect(36870, {{10, 8, {4, 0, 0, 0}, {1, 2, 4}}, {10, 9, {1, 1, 0, 0}, {1, 2, 4}}});
+    Film({{11000, {10, 8, {0, 0, 0, 0}}, "grgrrr 1/5", "ended"}});
 }
 
 TEST_F(Controller, FaceShowsTheHeads)
@@ -148,12 +145,9 @@ TEST_F(Controller, Blocks)
     ASSERT_EQ(real.size(), 102U);
     EXPECT_EQ(Bytes(real.begin(), real.begin() + 22),
               (Bytes{0x20, 0x20, 0x05, 0x13, 0x12, 0x30, 0x07, 0, 0, 0, 1, 0, 9, 3, 6, 4, 1, 4, 1, 1, 1, 0}));
-    EXPECT_EQ(CodeOf(Ask(10, 17, {1, 0, 0, 0})), 36881U);
-    EXPECT_EQ(CodeOf(Ask(10, 17)), 36870U);
     const Bytes monitor = ExtendedOf(AskAt(0, 10, 5, {4, 0, 0, 0}));
     ASSERT_EQ(monitor.size(), 52U);
     EXPECT_EQ(Bytes(monitor.begin(), monitor.begin() + 12), (Bytes{4, 6, 1, 16, 1, 4, 228, 0, 200, 1, 0, 0}));
-    EXPECT_EQ(CodeOf(Ask(10, 5, {3, 0, 0, 0})), 36881U);
 
     // Noon of a Wednesday has 456 vehicles an hour in group 1, and 12 more in each further one.
     const Bytes today = AskAt(0, 10, 13, Bytes(8, 0));
@@ -164,9 +158,11 @@ TEST_F(Controller, Blocks)
               (Bytes{164, 1, 176, 1, 188, 1, 200, 1, 228, 0, 234, 0, 240, 0, 246, 0, 0, 0}));
     EXPECT_EQ(ExtendedOf(Ask(10, 13, {0x16, 0x20, 0x05, 0x14, 0, 0, 0, 0}))[96], 48) << "304 on a Saturday";
     EXPECT_EQ(ExtendedOf(Ask(10, 13, {0x20, 0x20, 0x05, 0x14, 0, 0, 0, 0})), Bytes(192, 0)) << "tomorrow";
-    EXPECT_EQ(CodeOf(Ask(10, 13, {0x20, 0x20, 0x02, 0x30, 0, 0, 0, 0})), 36881U);
-    EXPECT_EQ(CodeOf(Ask(10, 13, {0x2A, 0x20, 0x02, 0x20, 0, 0, 0, 0})), 36881U);
-    EXPECT_EQ(CodeOf(Ask(10, 13, {0, 0, 0, 0})), 36870U);
+    Expect(36881, {{10, 17, {1, 0, 0, 0}},
+                   {10, 5, {3, 0, 0, 0}},
+                   {10, 13, {0x20, 0x20, 0x02, 0x30, 0, 0, 0, 0}},
+                   {10, 13, {0x2A, 0x20, 0x02, 0x20, 0, 0, 0, 0}}});
+    Expect(36870, {{10, 17}, {10, 13, {0, 0, 0, 0}}});
 }
 
 TEST_F(Controller, KeepsItsLogs)
@@ -185,7 +181,7 @@ TEST_F(Controller, KeepsItsLogs)
     EXPECT_EQ(FileBytes(file).size(), 32U + 24) << "another year's";
 
     for (int i = 0; i < 510; ++i)
-        RunPhase(0, 3, 1);
+        Expect(36881, {Phase(3, 1)});
     const Bytes errors = Errors();
     ASSERT_EQ(errors.size(), 4U + 500 * 32);
     EXPECT_EQ(errors[0] + 256 * errors[1], 500);
@@ -193,7 +189,7 @@ TEST_F(Controller, KeepsItsLogs)
 
     Restart("CD"); // without drive E
     sign->KeepUp(0);
-    EXPECT_EQ(RunPhase(0, 3, 1), 36881U);
+    Expect(36881, {Phase(3, 1)});
 }
 
 TEST_F(Controller, LoginsStayWhatTheyAre)
@@ -201,20 +197,17 @@ TEST_F(Controller, LoginsStayWhatTheyAre)
     const Bytes login = Text("admin") + Bytes(9, 0) + Text("1234") + Bytes(2, 0);
     settings.users = {{"admin", "1234"}};
     Rebuild(128, 32);
-    EXPECT_EQ(CodeOf(Ask(10, 2, {1, 0, 0, 0})), 36912U);
-    EXPECT_EQ(CodeOf(Ask(10, 6)), 36912U);
-    EXPECT_EQ(CodeOf(Ask(10, 1, login)), 0U);
-    EXPECT_EQ(CodeOf(Ask(10, 2, {1, 0, 0, 0})), 0U);
-    EXPECT_EQ(Signals(0), "grgrrr 1/3") << "manual, and still logged in";
-    EXPECT_EQ(CodeOf(Ask(10, 2)), 0U);
-    EXPECT_EQ(CodeOf(Ask(10, 6)), 36912U);
+    Expect(36912, {Mode(1), {10, 6}});
+    Expect(0, {{10, 1, login}, Mode(1)});
+    EXPECT_EQ(Seen(0), "grgrrr 1/3") << "manual, and still logged in";
+    Expect(0, {{10, 2}});
+    Expect(36912, {{10, 6}});
 
     settings.users.clear();
     settings.controller = false;
     Rebuild(16, 16);
-    EXPECT_EQ(CodeOf(Ask(10, 2, {1, 0, 0, 0})), 0U) << "logs out";
-    EXPECT_EQ(CodeOf(Ask(10, 6)), 36869U);
-    EXPECT_EQ(CodeOf(Ask(5, 2, Bytes(12, 0))), 36869U);
+    Expect(0, {Mode(1)}); // logs out
+    Expect(36869, {{10, 6}, {5, 2, Bytes(12, 0)}});
     EXPECT_EQ(PayloadOf(AskAt(7000, 5, 1)).size(), 8U);
 }
 

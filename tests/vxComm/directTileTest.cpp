@@ -1,4 +1,5 @@
 // Packets to a tile itself, and the files that travel in them.
+#include "support/calibrations.h"
 #include "support/fakeClock.h"
 #include "support/scriptedSign.h"
 #include "support/tempFolder.h"
@@ -34,32 +35,6 @@ Bytes Status(const char* flags, const char* sizes)
            Hex(sizes) + Bytes(34, 0);
 }
 constexpr char kFourByFour[] = "0400 0400 0200 0200 02 02"; // four modules
-
-Bytes Records(std::initializer_list<int> numbers)
-{
-    Bytes records;
-    for (const int number : numbers)
-        records.insert(records.end(), 18, static_cast<std::uint8_t>(number));
-    return records;
-}
-
-constexpr char kStamps[] = "0000 AD50 8F52 0000"; // from offset 8 of a calibration's header
-
-// The two forms of a calibration.
-Bytes Flat()
-{
-    return Hex("AA55 2000 0000 0500") + Hex(kStamps) + Hex("20010000") + Bytes(12, 0x3C) +
-           Records({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15});
-}
-Bytes Block(const char* crc, std::initializer_list<int> numbers)
-{
-    return Hex("AA55") + Hex(crc) + Hex("48000000 AD50 8F52") + Bytes(52, 0) + Records(numbers);
-}
-Bytes Blocks()
-{
-    return Hex("AA55 2000 0000 0500") + Hex(kStamps) + Hex("20020000") + Bytes(12, 0x3C) + Block("320D", {0, 1, 4, 5}) +
-           Block("862A", {2, 3, 6, 7}) + Block("F2B3", {8, 9, 12, 13}) + Block("4694", {10, 11, 14, 15});
-}
 
 // A tile behind the scripted sign: gives and takes files, in a folder that has the PC's place for them.
 class DirectTile : public testing::Test
@@ -247,11 +222,11 @@ TEST_F(DirectTile, ProgramsForAllTilesGoOutTwice)
 TEST_F(DirectTile, CalibrationGoesOutInBlocks)
 {
     files[7] = Status("00", kFourByFour);
-    folder.Write("local", Text(Flat()));
+    folder.Write("local", Text(FlatCalibration()));
     EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 0x00AB, 0), 0u);
-    EXPECT_EQ(folder.Read("localt"), Text(Blocks()));
-    written.resize(Blocks().size());
-    EXPECT_EQ(written, Blocks());
+    EXPECT_EQ(folder.Read("localt"), Text(CalibrationInBlocks()));
+    written.resize(CalibrationInBlocks().size());
+    EXPECT_EQ(written, CalibrationInBlocks());
     EXPECT_EQ(Sent(), "1.7 1.7 2.5 2.5 2.5 ");
     EXPECT_TRUE(folder.Has("c:/port1/00ab.sta"));
 
@@ -267,11 +242,11 @@ TEST_F(DirectTile, CalibrationGoesOutInBlocks)
 TEST_F(DirectTile, CalibrationComesInBlocks)
 {
     files[7] = Status("00", kFourByFour);
-    files[5] = Blocks();
+    files[5] = CalibrationInBlocks();
     const std::string name(100, 'n');
     EXPECT_EQ(vxDirectTileReadFileEx(name.c_str(), 5, 1, 2, 0), 0u);
-    EXPECT_EQ(folder.Read(name + "t"), Text(Blocks()));
-    EXPECT_EQ(folder.Read(name), Text(Flat()));
+    EXPECT_EQ(folder.Read(name + "t"), Text(CalibrationInBlocks()));
+    EXPECT_EQ(folder.Read(name), Text(FlatCalibration()));
     // Without the status the blocks are all there is.
     files.erase(7);
     EXPECT_EQ(vxDirectTileReadFileEx("other", 5, 1, 2, 0), 0u);
@@ -281,7 +256,7 @@ TEST_F(DirectTile, CalibrationComesInBlocks)
 
 TEST_F(DirectTile, CalibrationThatCannotBeConverted)
 {
-    const Bytes flat = Flat();
+    const Bytes flat = FlatCalibration();
     const Bytes good = Status("00", kFourByFour);
     const auto expectFailure = [&](const char* name, const Bytes& status, const Bytes& local) {
         SCOPED_TRACE(name);
@@ -293,7 +268,7 @@ TEST_F(DirectTile, CalibrationThatCannotBeConverted)
         EXPECT_EQ(Sent().find("2.5"), std::string::npos) << "nothing of the earlier call goes out";
         EXPECT_EQ(folder.Read("local"), Text(local));
         EXPECT_EQ(folder.Read("localt"), "of an earlier call");
-        files[5] = Blocks();
+        files[5] = CalibrationInBlocks();
         if (status == good)
             files[5].resize(files[5].size() - 1);
         EXPECT_EQ(vxDirectTileReadFileEx("local", 5, 1, 2, 0), 0u);
@@ -323,12 +298,12 @@ TEST_F(DirectTile, Coefficients)
     };
     files[7] = Status("00", kFourByFour);
     files[13] = TileFile(72);
-    folder.Write("local", Text(Flat()));
+    folder.Write("local", Text(FlatCalibration()));
     EXPECT_EQ(run(65), 0u);
     EXPECT_EQ(Sent(), "1.7 3.16 3.17 1.13 ");
     EXPECT_EQ(sign.requests[1].Extended(), params);
     EXPECT_EQ(sign.requests[2].Extended(), params);
-    EXPECT_EQ(folder.Read("localt"), Text(Blocks()));
+    EXPECT_EQ(folder.Read("localt"), Text(CalibrationInBlocks()));
     EXPECT_EQ(folder.Read("c:/port1/0002.mcc"), Text(TileFile(72)));
     params[64] = 1;
     EXPECT_EQ(run(65), 0u);
