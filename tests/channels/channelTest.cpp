@@ -67,7 +67,7 @@ TEST(Channels, CarryFilesBothWays)
 {
     const ServedSign sign;
     const TempFolder folder;
-    std::string content(20000, '\0');
+    std::string content(4000, '\0');
     for (std::size_t i = 0; i < content.size(); ++i)
         content[i] = static_cast<char>(i * 31 + i / 256);
     const std::string file = folder.Write("up", content);
@@ -102,7 +102,7 @@ TEST(Channels, FaultsOnTheLineCostTriesAlone)
     settings.faults.noise = 4;
     const ServedSign sign(settings);
     const TempFolder folder;
-    const std::string content(10000, 'x');
+    const std::string content(3000, 'x');
     const std::string file = folder.Write("up", content);
     for (const std::uint32_t kind : {VX_CHANNEL_UDP, VX_CHANNEL_TCP}) {
         SCOPED_TRACE(kind);

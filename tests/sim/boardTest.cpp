@@ -1,7 +1,7 @@
 // Video processors and extra boards.
-#include "signFixture.h"
+#include "support/signFixture.h"
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 using Video = StageTest;
@@ -126,4 +126,4 @@ TEST_F(Extra, TheWifiModuleHasAKey)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,7 +1,7 @@
 // Plain control: light, power, restarts, settings that are kept.
-#include "signFixture.h"
+#include "support/signFixture.h"
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 using Control = StageTest;
@@ -91,4 +91,4 @@ TEST_F(Control, SettingsComeBackAsTheyWereSet)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,9 +1,9 @@
 #include "sim/logs/database.h"
-#include "signFixture.h"
+#include "support/signFixture.h"
 
 #include <sqlite3.h>
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 using Database = LogTest;
@@ -185,4 +185,4 @@ TEST_F(Database, PlaysAreCountedByFile)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -4,9 +4,9 @@
 #include "sim/devices/modbusFrames.h"
 #include "sim/files/storedRecord.h"
 
-#include "signFixture.h"
+#include "support/signFixture.h"
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 class Devices : public SignTest
@@ -195,4 +195,4 @@ TEST_F(Devices, ModbusTcpHasAHeaderInPlaceOfTheChecksum)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,11 +1,11 @@
 #include "sim/server/faults.h"
 
-#include "signFixture.h"
+#include "support/signFixture.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 const Bytes kReply{0x55, 0xA8, 0x07, 0x01, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00,
@@ -72,4 +72,4 @@ TEST(Faults, TextsThatMakeNoSenseAreRefusedByName)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

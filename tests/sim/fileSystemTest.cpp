@@ -1,13 +1,13 @@
 // Drives, folders and short names of the sign.
 #include "sim/files/shortNames.h"
 
-#include "signFixture.h"
+#include "support/signFixture.h"
 
 #include <ctime>
 #include <fcntl.h>
 #include <sys/stat.h>
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -227,4 +227,4 @@ TEST_F(FileSystem, DriveInformationCountsKilobytes)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,8 +1,8 @@
 // Files to the sign and back in packets, and all that may go wrong with them.
-#include "signFixture.h"
 #include "support/fullDisk.h"
+#include "support/signFixture.h"
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -24,7 +24,7 @@ TEST_F(FileTransfer, SystemFileGoesToDriveCAndComesBack)
 {
     int sequences = 0;
     sign->Observe({.sequenceWritten = [&] { ++sequences; }});
-    const Bytes content = Pattern(100);
+    const Bytes content = Ramp(100);
     const Bytes record = Path("sequent.sys") + Bytes{100, 0, 0, 0, 64, 0, 2, 0};
     const Bytes first(content.begin(), content.begin() + 64);
     const Bytes second(content.begin() + 64, content.end());
@@ -74,7 +74,7 @@ TEST_F(FileTransfer, AnEmptyNameReachesNoFile)
 
 TEST_F(FileTransfer, PathsAnnounceTheirSizeIn32BitsInAllForms)
 {
-    const Bytes content = Pattern(200);
+    const Bytes content = Ramp(200);
     Send(0, 8, "D:\\T\\QMSG.Nmg", content, {1, 2, 3, 4});
     EXPECT_EQ(OnSign("D/T/QMSG.Nmg"), content);
     for (const unsigned minor : {8U, 17U, 31U}) {
@@ -97,7 +97,7 @@ TEST_F(FileTransfer, PathsAnnounceTheirSizeIn32BitsInAllForms)
 TEST_F(FileTransfer, WideWritesAreAnsweredWithProcessOkAndInAnyOrder)
 {
     const std::string path = "E:\\big.bin";
-    const Bytes content = Pattern(389);
+    const Bytes content = Ramp(389);
     Send(36884, 13, path, content, {2}); // nothing begins with packet 2
     Send(36864, 13, path, content, {1, 4, 3, 4, 6, 2, 1});
     Send(36884, 13, path, content, {7}); // the last one comes when all others are there
@@ -110,7 +110,7 @@ TEST_F(FileTransfer, WideWritesAreAnsweredWithProcessOkAndInAnyOrder)
     EXPECT_EQ(sign->Counters().refused, 2U);
 
     // Narrow ones keep their order and may repeat.
-    const Bytes narrow = Pattern(256);
+    const Bytes narrow = Ramp(256);
     Send(0, 8, "D:\\a", narrow, {1});
     Send(36884, 8, "D:\\a", narrow, {3});
     Send(0, 8, "D:\\a", narrow, {2, 2, 1, 2, 3, 4, 4}); // with a new start
@@ -119,9 +119,9 @@ TEST_F(FileTransfer, WideWritesAreAnsweredWithProcessOkAndInAnyOrder)
 
 TEST_F(FileTransfer, BrokenTransferLeavesTheOldFileAndNothingElse)
 {
-    const Bytes old = Pattern(64);
+    const Bytes old = Ramp(64);
     Send(0, 8, "D:\\keep", old, {1});
-    Send(0, 8, "D:\\keep", Pattern(640), {1});
+    Send(0, 8, "D:\\keep", Ramp(640), {1});
     EXPECT_EQ(OnSign("D/keep"), old);
     EXPECT_EQ(ExtendedOf(Get(8, "D:\\keep", 1)), old);
     Restart("CDEF");
@@ -132,7 +132,7 @@ TEST_F(FileTransfer, BrokenTransferLeavesTheOldFileAndNothingElse)
 
 TEST_F(FileTransfer, TheNinthTransferEndsTheOldest)
 {
-    const Bytes content = Pattern(192);
+    const Bytes content = Ramp(192);
     const auto path = [](int i) { return "D:\\f" + std::to_string(i); };
     for (int i = 0; i < 8; ++i)
         Send(0, 8, path(i), content, {1});
@@ -149,9 +149,9 @@ TEST_F(FileTransfer, ADiskThatTakesNoMoreIsToldAndKeepsTheOldFile)
     Send(0, 8, "D:\\keep", Bytes{1}, {1});
     {
         const vxsign::test::FullDisk full(100);
-        Send(0, 8, "D:\\keep", Pattern(128), {1});
-        Send(36882, 8, "D:\\keep", Pattern(128), {2});
-        Send(36884, 8, "D:\\keep", Pattern(128), {2}); // the transfer is over
+        Send(0, 8, "D:\\keep", Ramp(128), {1});
+        Send(36882, 8, "D:\\keep", Ramp(128), {2});
+        Send(36884, 8, "D:\\keep", Ramp(128), {2}); // the transfer is over
         Expect(36882, {{2, 1, {90, 0, 0, 0}, Bytes(64, 1), 1}});
     }
     EXPECT_EQ(OnSign("D/keep"), Bytes{1});
@@ -159,7 +159,7 @@ TEST_F(FileTransfer, ADiskThatTakesNoMoreIsToldAndKeepsTheOldFile)
 
 TEST_F(FileTransfer, ReadingGoesOnWhileTheFileIsReplacedOrDeleted)
 {
-    const Bytes first = Pattern(128);
+    const Bytes first = Ramp(128);
     const Bytes second(first.rbegin(), first.rend());
     Send(0, 8, "D:\\r", first, {1, 2});
     EXPECT_EQ(ExtendedOf(Get(8, "D:\\r", 1)), Bytes(first.begin(), first.begin() + 64));
@@ -174,7 +174,7 @@ TEST_F(FileTransfer, ReadingGoesOnWhileTheFileIsReplacedOrDeleted)
 TEST_F(FileTransfer, RefusesRecordsThatContradictThemselves)
 {
     const auto put = [](const Bytes& numbers, std::size_t data) {
-        return Request{2, 8, numbers + Path("D:\\x"), Pattern(data)};
+        return Request{2, 8, numbers + Path("D:\\x"), Ramp(data)};
     };
     Expect(36883, {put({0, 0, 0, 0, 64, 0, 0, 0, 1, 0}, 0),     // empty file
                    put({64, 0, 0, 0, 64, 0, 1, 0, 1, 0}, 63),   // a byte missing
@@ -246,4 +246,4 @@ TEST_F(FileTransfer, DataFlashPadsToItsPages)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

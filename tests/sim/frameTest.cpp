@@ -1,10 +1,10 @@
-#include "signFixture.h"
 #include "sim/protocol/checksum.h"
 #include "sim/protocol/frameFinder.h"
+#include "support/signFixture.h"
 
 #include <random>
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 const Bytes kBlackScreen{0x55, 0xA7, 0x06, 0x00, 0x00, 0x00, 0x00, 0x00,
@@ -96,7 +96,7 @@ std::vector<unsigned> Ids(const Bytes& stream, std::size_t step, bool giveUp = f
 TEST(FrameFinder, FindsRequestsInPiecesAndBetweenNoise)
 {
     const Bytes first = MakeRequest(4, 1, {}, {}, 1);
-    const Bytes second = MakeRequest(2, 8, Pattern(20), Pattern(1280), 2);
+    const Bytes second = MakeRequest(2, 8, Ramp(20), Ramp(1280), 2);
     const Bytes noise{0x00, 0x55, 0x55, 0xA8, 0xA7, 0x55};
     const Bytes absurdLength{0x55, 0xA7, 0, 0, 0xFF, 0xFF, 0, 0, 0, 0, 0, 0, 0, 0, 0xFF, 0};
     const Bytes badStatus{0x55, 0xA3, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 1, 9};
@@ -133,4 +133,4 @@ TEST(FrameFinder, SurvivesRandomBytes)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

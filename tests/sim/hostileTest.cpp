@@ -1,10 +1,10 @@
 // Whatever a host sends: no crash, and always one whole reply that hosts have room for.
-#include "signFixture.h"
 #include "sim/protocol/checksum.h"
+#include "support/signFixture.h"
 
 #include <random>
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 constexpr std::size_t kLongestReply = 4608; // that a host has room for
@@ -71,4 +71,4 @@ TEST_F(StageTest, OutlivesWhateverAHostSends)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,7 +1,7 @@
 // Logins: who may give commands, and for how long.
-#include "signFixture.h"
+#include "support/signFixture.h"
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 constexpr std::uint32_t kOneHost = 0x0A000001;
@@ -131,4 +131,4 @@ TEST_F(Login, WrongPasswordsSlowTheirHostDown)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,6 +1,6 @@
-#include "signFixture.h"
+#include "support/signFixture.h"
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 using Pixels = LogTest;
@@ -73,4 +73,4 @@ TEST_F(Pixels, TheFaceShowsWhatIsWrong)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,8 +1,8 @@
 // What hosts do with the list that plays.
-#include "signFixture.h"
 #include "sim/content/picture.h"
+#include "support/signFixture.h"
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 class PlayControl : public StageTest
@@ -174,7 +174,7 @@ TEST_F(PlayControl, TheRadarLogIsReadInPagesOfWholeRecords)
 {
     const auto page = [&](const Bytes& asked) { return ExtendedOf(Ask(6, 23, asked)); };
     EXPECT_EQ(page({5, 0, 0, 0}), Bytes{});
-    const Bytes log = Pattern(16 * 7 + 3);
+    const Bytes log = Ramp(16 * 7 + 3);
     WriteFile(folder.path / "sign/radar.log", log);
     EXPECT_EQ(page({5, 0, 0, 0}), Bytes(log.begin(), log.begin() + 80));
     EXPECT_EQ(page({5, 0, 5, 0}), Bytes(log.begin() + 80, log.begin() + 112));
@@ -184,4 +184,4 @@ TEST_F(PlayControl, TheRadarLogIsReadInPagesOfWholeRecords)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

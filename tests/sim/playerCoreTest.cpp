@@ -1,9 +1,9 @@
 // Programs on the face and in windows.
-#include "signFixture.h"
+#include "support/signFixture.h"
 
 #include <tuple>
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 class PlayerCore : public StageTest
@@ -226,4 +226,4 @@ TEST_F(PlayerCore, Refusals)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,7 +1,7 @@
 // What the sign keeps and tells of itself: records, configuration, blocks for its boards.
-#include "signFixture.h"
+#include "support/signFixture.h"
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 using Records = SignTest;
@@ -139,4 +139,4 @@ TEST_F(Records, EveryRowIsReachedWithItsLeastBytes)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,6 +1,6 @@
 #include "sim/server/server.h"
 
-#include "signFixture.h"
+#include "support/signFixture.h"
 
 #include <arpa/inet.h>
 #include <array>
@@ -13,7 +13,7 @@
 #include <thread>
 #include <unistd.h>
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 // What a request and its reply look like for the commands used here.
@@ -220,4 +220,4 @@ TEST(EndpointsTest, ATakenPortAndABadHostAreErrors)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,7 +1,7 @@
-#include "signFixture.h"
 #include "sim/logs/warningFiles.h"
+#include "support/signFixture.h"
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 using Status = LogTest;
@@ -173,4 +173,4 @@ TEST_F(Status, RadarAndBatteryLogsGrowByARecordAMinute)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,9 +1,9 @@
 // Test patterns on the face; the sign's clock.
-#include "signFixture.h"
+#include "support/signFixture.h"
 
 #include <set>
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 using FaceTests = StageTest;
@@ -117,4 +117,4 @@ TEST_F(Clock, WeatherAndSpeedLimitAreKept)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

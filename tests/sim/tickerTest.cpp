@@ -1,7 +1,7 @@
 // The ticker and its buffers.
-#include "signFixture.h"
+#include "support/signFixture.h"
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 class Ticker : public StageTest
@@ -93,4 +93,4 @@ TEST_F(Ticker, TheOfflineTickerRepeatsWhatTheBuffersHold)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,14 +1,11 @@
 // The tiles of the virtual sign, as hosts reach them over buses and ports and directly.
-#include "signFixture.h"
 #include "sim/protocol/checksum.h"
 #include "sim/protocol/frameFinder.h"
 #include "support/calibrations.h"
+#include "support/signFixture.h"
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
-
-using vxsign::test::CalibrationInBlocks;
-using vxsign::test::FlatCalibration;
 
 class TileWall : public StageTest
 {
@@ -388,7 +385,7 @@ TEST_F(TileWall, KeepsItsFilesOverARestart)
 
 TEST_F(TileWall, FilesLieInTheFlashOfBothFamilies)
 {
-    const Bytes driver = Pattern(300);
+    const Bytes driver = Ramp(300);
     EXPECT_EQ(WordOf(Install(driver, 6864)), 3073U);
     Bytes flash = Flash(6864 - 4);
     EXPECT_EQ(Bytes(flash.begin(), flash.begin() + 4), Bytes(4, 0xFF));
@@ -459,10 +456,10 @@ TEST_F(TileWall, ATileCanShineWithoutItsCoefficients)
     EXPECT_EQ(At(0, 0, 0), kWhite);
     EXPECT_EQ(CodeOf(Direct(3, 1, {1, 16, 0, 0}, {1, 2, 3})), 0U);
     EXPECT_EQ(At(0, 0, 0), kDark);
-    EXPECT_EQ(CodeOf(Direct(3, 1, {1, 17, 0, 0}, Pattern(50))), 0U);
+    EXPECT_EQ(CodeOf(Direct(3, 1, {1, 17, 0, 0}, Ramp(50))), 0U);
     const Bytes file = ReadDirectly(13);
     ASSERT_EQ(file.size(), 72U);
-    EXPECT_EQ(Bytes(file.begin() + 36, file.end()), Bytes({16, 0, 0, 0}) + Pattern(32));
+    EXPECT_EQ(Bytes(file.begin() + 36, file.end()), Bytes({16, 0, 0, 0}) + Ramp(32));
 }
 
 TEST_F(TileWall, RefusesWhatIsNoRequest)
@@ -515,4 +512,4 @@ TEST_F(TileWall, RefusesWhatIsNoRequest)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,9 +1,9 @@
 // The sign as a traffic signal controller.
-#include "signFixture.h"
+#include "support/signFixture.h"
 
 #include <algorithm>
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 class Controller : public StageTest
@@ -212,4 +212,4 @@ TEST_F(Controller, LoginsStayWhatTheyAre)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

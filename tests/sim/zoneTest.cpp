@@ -1,9 +1,9 @@
 // Zones of the face and their pages.
-#include "signFixture.h"
+#include "support/signFixture.h"
 
 #include <tuple>
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 // Words of 16 bits.
@@ -188,4 +188,4 @@ TEST_F(Zones, Refusals)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -44,7 +44,7 @@ inline Bytes Little(std::uint32_t value, std::size_t size)
 }
 
 /// Bytes that differ from one chunk to the next.
-inline Bytes Pattern(std::size_t size)
+inline Bytes Ramp(std::size_t size)
 {
     Bytes bytes(size);
     for (std::size_t i = 0; i < size; ++i)

@@ -1,10 +1,9 @@
-# What the end-to-end tests share; each is run as SCRIPT VXCTL VXSIM CMAKE RELAY and begins by sourcing this file.
+# What the end-to-end tests share; each is run as SCRIPT VXCTL VXSIM CMAKE and begins by sourcing this file.
 set -uo pipefail
 
 vxctl=$1
 vxsim=$2
 cmake=$3
-hostileRelay=${4-}
 here=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
 signs=()
@@ -68,10 +67,10 @@ start() {
     awaitPort "$folder.lines"
 }
 
-# relay PORT MODE: stands between hosts and the sign at the port as hostileRelay.cpp tells; $url is then that of the relay.
+# relay PORT MODE: stands between hosts and the sign at the port as hostileRelay.py tells; $url is then that of the relay.
 relay() {
     local port lines=$work/relay$1$2.lines
-    "$hostileRelay" "$1" "$2" >"$lines" &
+    python3 "$here/hostileRelay.py" "$1" "$2" >"$lines" &
     signs+=("$!")
     awaitPort "$lines"
     url=udp://127.0.0.1:$port

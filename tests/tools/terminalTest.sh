@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Nothing that a sign says gives orders to a terminal, whatever the command: terminalTest.sh VXCTL VXSIM CMAKE RELAY
+# Nothing that a sign says gives orders to a terminal, whatever the command: terminalTest.sh VXCTL VXSIM CMAKE
 . "$(dirname "$0")/endToEnd.sh"
 
 # What the rows work with: two signs behind relays that fill the words of their replies with orders to a terminal.

@@ -1,11 +1,6 @@
-// Tiles from end to end: the library's exports against the tiles of the virtual sign.
-#include "sim/state/condition.h"
-#include "sim/virtualSign.h"
-#include "support/fakeClock.h"
-#include "support/scriptedSign.h"
-#include "support/tempFolder.h"
+// Tiles from end to end.
+#include "roundTrip/roundTrip.h"
 
-#include <gtest/gtest.h>
 #include <numeric>
 
 namespace vxsign::test {
@@ -15,16 +10,14 @@ constexpr std::uint32_t kPixels = 16 * 16;
 constexpr std::uint32_t kPixelBytes = kPixels * 18;
 
 // A sign of 64x32: eight tiles of 16x16, four on each of the ports 1 and 2.
-class TileWall : public testing::Test
+class TileWall : public RoundTrip
 {
 protected:
-    TileWall() : virtualSign(Settings(folder))
+    TileWall()
     {
-        std::filesystem::current_path(folder.Path());
+        Rebuild(64, 32);
+        std::filesystem::current_path(local.Path());
         std::filesystem::create_directories("c:/port1");
-        sign.raw = [this](const Packet& request) {
-            return std::deque{virtualSign.Answer(request.bytes, {FakeClock::NowMs(), 0})};
-        };
         testing::internal::CaptureStdout();
     }
     ~TileWall() override
@@ -33,26 +26,8 @@ protected:
         std::filesystem::current_path(former);
     }
 
-    static vxsim::SignSettings Settings(const TempFolder& folder)
-    {
-        vxsim::SignSettings settings;
-        settings.folder = folder.Path("sign");
-        settings.width = 64;
-        settings.height = 32;
-        return settings;
-    }
-
-    void Tell(const char* lines)
-    {
-        vxsim::ConditionFile(folder.Path("sign")).Write(vxsim::ParseCondition(lines));
-        FakeClock::Advance(1000);
-        virtualSign.KeepUp(FakeClock::NowMs());
-    }
-
-    const vxsim::Calibration* CalibrationOf(int tile)
-    {
-        return virtualSign.Tiles(FakeClock::NowMs()).CalibrationOf(tile);
-    }
+    const vxsim::TileWall& Wall() { return sign->Tiles(Now()); }
+    const vxsim::Calibration* CalibrationOf(int tile) { return Wall().CalibrationOf(tile); }
 
     // As the order of the pixels says: pixel by pixel another matrix.
     static std::vector<std::uint16_t> Pixels()
@@ -72,10 +47,6 @@ protected:
     }
 
     const std::filesystem::path former = std::filesystem::current_path();
-    TempFolder folder;
-    FakeClock clock;
-    ScriptedSign sign;
-    vxsim::VirtualSign virtualSign;
 };
 
 // The host's form of the calibration, which the ports take too.
@@ -99,11 +70,11 @@ TEST_F(TileWall, FirstFamily)
     ASSERT_EQ(vxTarsisGetResult(task, buffer, sizeof buffer, &status), 0u);
     EXPECT_EQ(status, 3073);
     EXPECT_EQ(Bytes(buffer, buffer + 6), Hex("10 10 01 02 11 10"));
-    EXPECT_EQ(sign.progress, std::vector<std::uint32_t>{10}) << "the task takes a tenth of a second";
+    EXPECT_EQ(line.progress, std::vector<std::uint32_t>{10}) << "the task takes a tenth of a second";
     EXPECT_EQ(vxTarsisTileTest(65535, 2, &task), 0u);
     EXPECT_EQ(vxTarsisGetResult(task, buffer, sizeof buffer, &status), 0u);
     EXPECT_EQ(status, 3073);
-    EXPECT_EQ(virtualSign.Tiles(FakeClock::NowMs()).Tests().size(), 8u);
+    EXPECT_EQ(Wall().Tests().size(), 8u);
     EXPECT_EQ(vxTarsisSetTileCmd(6, 7), 0u);
     EXPECT_EQ(vxTarsisSetTileCmd(9, 7), 3089u) << "no such tile";
     EXPECT_EQ(vxTarsisFMCalOpt(3), 0u);
@@ -111,15 +82,15 @@ TEST_F(TileWall, FirstFamily)
 
     // What the library saves for a tile of this model is what the tile takes.
     auto pixels = Pixels();
-    const std::string local = folder.Path("cal.dat");
-    ASSERT_EQ(vxTarsisTilePxlSave(pixels.data(), kPixelBytes, local.c_str(), 0, buffer[5], 16, 16, 8, 8), 0u);
-    EXPECT_EQ(vxTarsisWriteTileFile(local.c_str(), 6, 4), 0u);
+    const std::string saved = local.Path("cal.dat");
+    ASSERT_EQ(vxTarsisTilePxlSave(pixels.data(), kPixelBytes, saved.c_str(), 0, buffer[5], 16, 16, 8, 8), 0u);
+    EXPECT_EQ(vxTarsisWriteTileFile(saved.c_str(), 6, 4), 0u);
     EXPECT_TRUE(Matches(CalibrationOf(6)));
     EXPECT_EQ(CalibrationOf(5), nullptr);
-    EXPECT_TRUE(virtualSign.Tiles(FakeClock::NowMs()).Tests().size() == 7) << "the installation ended its test";
-    const std::string back = folder.Path("back.dat");
+    EXPECT_TRUE(Wall().Tests().size() == 7) << "the installation ended its test";
+    const std::string back = local.Path("back.dat");
     EXPECT_EQ(vxTarsisReadTileFile(back.c_str(), 6, 4), 0u);
-    EXPECT_EQ(folder.Read("back.dat"), folder.Read("cal.dat"));
+    EXPECT_EQ(local.Read("back.dat"), local.Read("cal.dat"));
 
     // A tile that was not calibrated has a file that can be loaded.
     EXPECT_EQ(vxTarsisReadTileFile(back.c_str(), 1, 4), 0u);
@@ -137,15 +108,15 @@ TEST_F(TileWall, FirstFamily)
 TEST_F(TileWall, SecondFamily)
 {
     std::uint32_t detail = 1;
-    const std::string flat = folder.Write("flat.bri", FlatFile());
-    const std::string back = folder.Path("back.bri");
+    const std::string flat = local.Write("flat.bri", FlatFile());
+    const std::string back = local.Path("back.bri");
     EXPECT_EQ(vxOndraTileTest(2, 2, 3), 0u);
-    EXPECT_EQ(virtualSign.Tiles(FakeClock::NowMs()).Tests().count(7), 1u);
+    EXPECT_EQ(Wall().Tests().count(7), 1u);
     EXPECT_EQ(vxOndraWriteTileFile(flat.c_str(), 5, 2, 3, &detail), 0u);
     EXPECT_EQ(detail, 0u);
     EXPECT_TRUE(Matches(CalibrationOf(7)));
     EXPECT_EQ(vxOndraReadTileFile(back.c_str(), 5, 2, 3, 0, &detail), 0u);
-    EXPECT_EQ(folder.Read("back.bri").size(), 32u + 4 * 64 + kPixelBytes);
+    EXPECT_EQ(local.Read("back.bri").size(), 32u + 4 * 64 + kPixelBytes);
     EXPECT_EQ(vxOndraWritePxlCal(back.c_str(), 1, 65535, 0, &detail, nullptr), 0u);
     EXPECT_TRUE(Matches(CalibrationOf(1)) && Matches(CalibrationOf(4)));
     EXPECT_EQ(CalibrationOf(5), nullptr) << "at the other port";
@@ -175,22 +146,22 @@ TEST_F(TileWall, SecondFamily)
 
 TEST_F(TileWall, DirectAccess)
 {
-    const std::string flat = folder.Write("flat.bri", FlatFile());
-    const std::string back = folder.Path("back.bri");
+    const std::string flat = local.Write("flat.bri", FlatFile());
+    const std::string back = local.Path("back.bri");
     EXPECT_EQ(vxDirectTileTest(2, 1, 2), 0u);
-    EXPECT_EQ(virtualSign.Tiles(FakeClock::NowMs()).Tests().count(2), 1u);
+    EXPECT_EQ(Wall().Tests().count(2), 1u);
     EXPECT_EQ(vxDirectTileWriteFileEx(flat.c_str(), 5, 1, 2, 0), 0u);
     EXPECT_TRUE(Matches(CalibrationOf(2)));
     EXPECT_EQ(vxDirectTileReadFileEx(back.c_str(), 5, 1, 2, 0), 0u);
-    EXPECT_EQ(folder.Read("back.bri"), FlatFile());
-    EXPECT_EQ(folder.Read("back.brit"), folder.Read("flat.brit"));
+    EXPECT_EQ(local.Read("back.bri"), FlatFile());
+    EXPECT_EQ(local.Read("back.brit"), local.Read("flat.brit"));
 
     const std::uint8_t params[80] = {1, 2, 3};
     EXPECT_EQ(vxDirectTilePHYWriteCoefficent1(1, 2), 0u);
     EXPECT_EQ(CalibrationOf(2), nullptr) << "shines without it";
     EXPECT_EQ(vxDirectTilePHYWriteCoefficent2(flat.c_str(), 1, 2, 0, params, sizeof params), 0u);
     EXPECT_TRUE(Matches(CalibrationOf(2)));
-    EXPECT_EQ(folder.Read("c:/port1/0002.mcc").size(), 72u);
+    EXPECT_EQ(local.Read("c:/port1/0002.mcc").size(), 72u);
 
     Tell("lock 2");
     EXPECT_EQ(vxDirectTileWriteFileEx(flat.c_str(), 5, 1, 2, 0), 1u);

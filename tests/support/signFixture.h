@@ -21,13 +21,7 @@
 #include <utility>
 #include <vector>
 
-namespace vxsim_tests {
-
-using vxsign::test::Bytes;
-using vxsign::test::operator+;
-using vxsign::test::Little;
-using vxsign::test::Pattern;
-using vxsign::test::TempFolder;
+namespace vxsign::test {
 
 inline constexpr vxsim::Rgb kRed{255, 0, 0};
 inline constexpr vxsim::Rgb kGreen{0, 255, 0};
@@ -298,4 +292,4 @@ protected:
     }
 };
 
-} // namespace vxsim_tests
+} // namespace vxsign::test

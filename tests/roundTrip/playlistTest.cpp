@@ -1,16 +1,13 @@
 // Lists to a whole sign and back.
-#include "sim/virtualSign.h"
+#include "roundTrip/roundTrip.h"
 #include "support/playlistTree.h"
-#include "support/scriptedSign.h"
-
-#include <gtest/gtest.h>
 
 namespace vxsign::test {
 namespace {
 
 using Paths = std::vector<std::string>;
 
-class PlaylistTransfer : public testing::Test
+class PlaylistTransfer : public RoundTrip
 {
 protected:
     // A sign that starts with these drives. Nothing is known of it yet.
@@ -18,13 +15,10 @@ protected:
     {
         Bytes config(512);
         config[155] = treeForm ? 8 : 0;
-        std::filesystem::create_directories(sign.Path("C"));
-        WriteBytes(sign, "C/CONFIG.SYS", config);
-        vxsim::SignSettings settings;
-        settings.folder = sign.Path();
-        settings.drives = drives;
-        virtualSign = std::make_unique<vxsim::VirtualSign>(settings);
-        line.raw = [this](const Packet& request) { return std::deque<Bytes>{virtualSign->Answer(request.bytes)}; };
+        WriteFile(folder.path / "C/CONFIG.SYS", config);
+        for (const char* const drive : {"D", "E", "F"})
+            std::filesystem::remove_all(folder.path / drive);
+        Restart(drives);
         *ThreadState() = {};
     }
 
@@ -54,10 +48,6 @@ protected:
 
     std::uint16_t Steps() const { return line.Config().progressPos; }
 
-    TempFolder sign;
-    TempFolder local;
-    ScriptedSign line;
-    std::unique_ptr<vxsim::VirtualSign> virtualSign;
     vxPlaylistState& list = FreshList(local.Path());
 };
 
@@ -72,8 +62,8 @@ TEST_F(PlaylistTransfer, SendsWhatChanged)
     EXPECT_EQ(vxPLSendToLED(1), 0u);
     EXPECT_EQ(Traffic(), (Paths{">D:\\FILELSTI.LST", "<F:\\P\\A.BMP", "<F:\\P\\B.BMP", "<F:\\P\\C.BMP",
                                 "<D:\\FILELSTI.LST", "<C:\\SEQUENT.SYS"}));
-    EXPECT_EQ(sign.Read("F/P/C.BMP"), "BMC");
-    EXPECT_EQ(sign.Read("C/SEQUENT.SYS").substr(0, 6), std::string("SQ\x04\0\x04\0", 6));
+    EXPECT_EQ(folder.Read("F/P/C.BMP"), "BMC");
+    EXPECT_EQ(folder.Read("C/SEQUENT.SYS").substr(0, 6), std::string("SQ\x04\0\x04\0", 6));
     EXPECT_EQ(line.Config().progressTotal, 128);
     EXPECT_EQ(Steps(), 127);
 
@@ -91,7 +81,7 @@ TEST_F(PlaylistTransfer, SendsWhatChanged)
     std::filesystem::remove(local.Path("A.BMP"));
     EXPECT_EQ(vxPLSendToLED(1), 0u);
     EXPECT_EQ(Traffic(), (Paths{">D:\\FILELSTI.LST", "<D:\\FILELSTI.LST", "<C:\\SEQUENT.SYS"}));
-    EXPECT_EQ(sign.Read("D/FILELSTI.LST").substr(0, 4), std::string("\0\0\4\0", 4));
+    EXPECT_EQ(folder.Read("D/FILELSTI.LST").substr(0, 4), std::string("\0\0\4\0", 4));
 }
 
 TEST_F(PlaylistTransfer, SendsTheFormThatTheSignReads)
@@ -99,11 +89,11 @@ TEST_F(PlaylistTransfer, SendsTheFormThatTheSignReads)
     Start("CDE", true);
     EXPECT_EQ(vxPLSendToLED(1), 0u);
     EXPECT_EQ(Traffic(), (Paths{">D:\\FILELSTI.LST", "<C:\\SEQUENT.SYS"}));
-    EXPECT_EQ(sign.Read("C/SEQUENT.SYS"), std::string("SQ\x06\0\0\0\0\0", 8));
+    EXPECT_EQ(folder.Read("C/SEQUENT.SYS"), std::string("SQ\x06\0\0\0\0\0", 8));
     AddPictures();
     EXPECT_EQ(vxPLSendToLED(1), 0u);
-    EXPECT_EQ(sign.Read("D/P/A.BMP"), "BMA");
-    EXPECT_EQ(local.Read("SEQ_PC.SYS"), sign.Read("C/SEQUENT.SYS"));
+    EXPECT_EQ(folder.Read("D/P/A.BMP"), "BMA");
+    EXPECT_EQ(local.Read("SEQ_PC.SYS"), folder.Read("C/SEQUENT.SYS"));
 
     // A sign that tells nothing gets the flat form, if it takes it.
     *ThreadState() = {};
@@ -134,10 +124,10 @@ TEST_F(PlaylistTransfer, AnAbortEndsTheFiles)
     line.raw = [this](const Packet& request) {
         if (request.Major() == 2)
             line.Config().abortFlag = 1;
-        return std::deque<Bytes>{virtualSign->Answer(request.bytes)};
+        return Answer(request);
     };
     EXPECT_EQ(vxPLSendToLED(1), 20497u);
-    EXPECT_FALSE(sign.Has("F/P/B.BMP"));
+    EXPECT_FALSE(folder.Has("F/P/B.BMP"));
     EXPECT_EQ(local.Read("FILELSTI.LST").substr(0, 4), std::string("\0\0\1\0", 4)) << "the first file alone";
 }
 
@@ -164,7 +154,7 @@ TEST_F(PlaylistTransfer, ReadsTheListAndWhatDiffers)
     EXPECT_EQ(Traffic(), (Paths{">C:\\SEQUENT.SYS", ">D:\\FILELSTI.LST", ">D:\\P\\B.BMP"}));
     EXPECT_EQ(Steps(), 3);
     EXPECT_EQ(local.Read("B.BMP"), "BMB");
-    std::filesystem::remove(sign.Path("D/FILELSTI.LST"));
+    std::filesystem::remove(folder.Path("D/FILELSTI.LST"));
     EXPECT_EQ(vxPLReadFromLED(1), 0u);
     EXPECT_EQ(Traffic(), (Paths{">C:\\SEQUENT.SYS", ">D:\\FILELSTI.LST", ">D:\\P\\A.BMP", ">D:\\P\\B.BMP"}));
 }
@@ -176,7 +166,7 @@ TEST_F(PlaylistTransfer, NamesFromTheSignStayInTheDirectory)
     std::filesystem::create_directory(list.playlistDir);
     local.Write("up", "mine");
     const std::string longName = std::string(40, 'n');
-    WriteBytes(sign, "C/SEQUENT.SYS",
+    WriteBytes(folder, "C/SEQUENT.SYS",
                Hex("5351 0600 0200 0000 4653 0000 0000 01 00 20000000 00000000") + Padded("D:\\T\\../up", 12) +
                    Bytes(4) + Hex("4653 0000 0000 01 00 50000000 00000000") + Padded("D:\\T\\" + longName, 60) +
                    Bytes(4));
@@ -187,7 +177,7 @@ TEST_F(PlaylistTransfer, NamesFromTheSignStayInTheDirectory)
     // Nor are files from elsewhere sent.
     EXPECT_EQ(vxPLSendToLED(1), 0u);
     EXPECT_EQ(Traffic().back(), "<C:\\SEQUENT.SYS");
-    EXPECT_FALSE(sign.Has("D/F/up"));
+    EXPECT_FALSE(folder.Has("D/F/up"));
 }
 
 } // namespace

@@ -1,13 +1,11 @@
 // Quick show over a real UDP socket, against a whole sign on loopback.
-#include "sim/virtualSign.h"
-#include "support/tempFolder.h"
+#include "support/signFixture.h"
 #include "support/udpPeer.h"
 
 #include <vxsign/vxsign.h>
 
 #include <atomic>
 #include <cstdlib>
-#include <gtest/gtest.h>
 #include <thread>
 
 namespace vxsign::test {
@@ -17,7 +15,7 @@ constexpr const char* kHost = "127.0.0.1";
 
 // A sign with a folder of its own, and a folder for the library's temporary files. Each call runs on a thread of its
 // own, so that nothing of an earlier sign is remembered, unless it is told to stay on the test's.
-class QuickShow : public testing::Test
+class QuickShow : public SignTest
 {
 protected:
     void SetUp() override { ::setenv("TMPDIR", temp.Path().c_str(), 1); }
@@ -25,10 +23,7 @@ protected:
 
     void Start(const std::string& drives = "CDEF")
     {
-        vxsim::SignSettings settings;
-        settings.folder = signFolder.Path("sign");
-        settings.drives = drives;
-        sign = std::make_unique<vxsim::VirtualSign>(settings);
+        Restart(drives);
         peer = std::make_unique<UdpPeer>([this](const Bytes& request) {
             const Packet packet{request};
             if (packet.Major() == refusedMajor && packet.Minor() == refusedMinor)
@@ -53,12 +48,9 @@ protected:
         return road;
     }
 
-    std::string OnSign(const std::string& name) { return signFolder.Read("sign/" + name); }
     std::uint16_t Port() const { return peer->Port(); }
 
-    TempFolder signFolder;
     TempFolder temp;
-    std::unique_ptr<vxsim::VirtualSign> sign;
     std::unique_ptr<UdpPeer> peer;
     std::atomic<int> refusedMajor = 0;
     std::atomic<int> refusedMinor = 0;
@@ -103,8 +95,8 @@ TEST_F(QuickShow, TextGoesItsWholeRoad)
                   return result;
               }),
               0u);
-    EXPECT_EQ(OnSign("E/T/QMSG.Nmg"), kHello);
-    EXPECT_EQ(OnSign("C/SEQUENT.SYS"), FlatList('E', 'T', "QMSG.Nmg"));
+    EXPECT_EQ(folder.Read("E/T/QMSG.Nmg"), kHello);
+    EXPECT_EQ(folder.Read("C/SEQUENT.SYS"), FlatList('E', 'T', "QMSG.Nmg"));
     // The style is written once: the second time it is as it should be. The configuration is read once for the thread.
     EXPECT_EQ(roads[0], "1.16 1.2 1.16 2.12 2.8 2.2");
     EXPECT_EQ(roads[1], "1.16 2.8 2.2");
@@ -115,16 +107,16 @@ TEST_F(QuickShow, TheDriveFollowsTheSign)
 {
     Start("CDE");
     EXPECT_EQ(OnFreshThread([&] { return ShowHello(Port()); }), 0u);
-    EXPECT_EQ(OnSign("D/T/QMSG.Nmg"), kHello);
-    EXPECT_EQ(OnSign("C/SEQUENT.SYS"), FlatList('D', 'T', "QMSG.Nmg"));
+    EXPECT_EQ(folder.Read("D/T/QMSG.Nmg"), kHello);
+    EXPECT_EQ(folder.Read("C/SEQUENT.SYS"), FlatList('D', 'T', "QMSG.Nmg"));
 }
 
 TEST_F(QuickShow, WithoutTheSequenceThePlayListStays)
 {
     Start();
     EXPECT_EQ(OnFreshThread([&] { return ShowHello(Port(), 0, 0); }), 0u);
-    EXPECT_EQ(OnSign("F/T/QMSG.Nmg"), kHello);
-    EXPECT_FALSE(signFolder.Has("sign/C/SEQUENT.SYS"));
+    EXPECT_EQ(folder.Read("F/T/QMSG.Nmg"), kHello);
+    EXPECT_FALSE(folder.Has("C/SEQUENT.SYS"));
     EXPECT_TRUE(temp.IsEmpty());
 }
 
@@ -136,11 +128,11 @@ TEST_F(QuickShow, PicturesGoWholeAndUnchanged)
                   return vxShowPic(reinterpret_cast<const std::uint8_t*>(picture.data()), 9, '1', 3, kHost, Port(), 0);
               }),
               0u);
-    const std::string message = OnSign("F/T/PMSG.Nmg");
+    const std::string message = folder.Read("F/T/PMSG.Nmg");
     EXPECT_EQ(message.size(), 63u + 9);
     EXPECT_EQ(message.substr(63), picture);
     EXPECT_EQ(message[31], 9);
-    EXPECT_EQ(OnSign("C/SEQUENT.SYS"), FlatList('F', 'T', "PMSG.Nmg"));
+    EXPECT_EQ(folder.Read("C/SEQUENT.SYS"), FlatList('F', 'T', "PMSG.Nmg"));
 
     // An empty picture is a header alone.
     EXPECT_EQ(OnFreshThread([&] {
@@ -148,7 +140,7 @@ TEST_F(QuickShow, PicturesGoWholeAndUnchanged)
                                      VX_CHANNEL_UDP, nullptr, 0, 0);
               }),
               0u);
-    EXPECT_EQ(OnSign("E/T/PMSG.Nmg").size(), 63u);
+    EXPECT_EQ(folder.Read("E/T/PMSG.Nmg").size(), 63u);
     EXPECT_TRUE(temp.IsEmpty());
 }
 
@@ -168,7 +160,7 @@ TEST_F(QuickShow, RefusedMessages)
     EXPECT_TRUE(temp.IsEmpty());
     EXPECT_EQ(OnFreshThread([&] { return ShowHello(Port()); }), 8451u);
     EXPECT_FALSE(temp.IsEmpty()) << "the plain form leaves its message";
-    EXPECT_FALSE(signFolder.Has("sign/C/SEQUENT.SYS"));
+    EXPECT_FALSE(folder.Has("C/SEQUENT.SYS"));
 }
 
 TEST_F(QuickShow, ASignThatCannotBeReached)
@@ -220,11 +212,11 @@ TEST_F(QuickShow, ListsOfFiles)
     const char* files[] = {picture.c_str(), message.c_str()};
     EXPECT_EQ(OnFreshThread([&] { return vxShowFiles(files, 2, '4', 300, kHost, Port(), 0); }), 0u);
     EXPECT_EQ(Road(), "1.16 1.2 1.16 2.12 2.8 2.8 2.2");
-    EXPECT_EQ(OnSign("F/P/PIC.BMP"), "BM123");
-    EXPECT_EQ(OnSign("F/T/TEXT.NMG").size(), 8u);
+    EXPECT_EQ(folder.Read("F/P/PIC.BMP"), "BM123");
+    EXPECT_EQ(folder.Read("F/T/TEXT.NMG").size(), 8u);
     std::string list = FlatList('F', 'P', "PIC.BMP") + FlatList('F', 'T', "TEXT.NMG").substr(8);
     list[4] = 2;
-    EXPECT_EQ(OnSign("C/SEQUENT.SYS"), list);
+    EXPECT_EQ(folder.Read("C/SEQUENT.SYS"), list);
     const auto style = sign->Records().DisplayStyle();
     EXPECT_EQ(style[11], '4');
     EXPECT_EQ(style[12], '4');
@@ -248,7 +240,7 @@ TEST_F(QuickShow, ListsOfFiles)
     EXPECT_EQ(Road(), "1.16 1.2 1.16 2.8 2.8");
     EXPECT_EQ(part(2), 0u);
     EXPECT_EQ(Road(), "1.16 1.2 1.16 2.2");
-    EXPECT_EQ(OnSign("C/SEQUENT.SYS"), list) << "folder and name come from the files' first bytes all the same";
+    EXPECT_EQ(folder.Read("C/SEQUENT.SYS"), list) << "folder and name come from the files' first bytes all the same";
     EXPECT_EQ(part(3), 0u);
     EXPECT_EQ(Road(), "1.16 1.2 1.16");
 
@@ -266,8 +258,8 @@ TEST_F(QuickShow, AtMost128Files)
     EXPECT_EQ(OnFreshThread(
                   [&] { return vxShowFiles(const_cast<const char**>(files.data()), 200, '1', 1, kHost, Port(), 0); }),
               0u);
-    EXPECT_EQ(OnSign("C/SEQUENT.SYS").size(), 8u + 128 * 36);
-    EXPECT_EQ(static_cast<unsigned char>(OnSign("C/SEQUENT.SYS")[4]), 128);
+    EXPECT_EQ(folder.Read("C/SEQUENT.SYS").size(), 8u + 128 * 36);
+    EXPECT_EQ(static_cast<unsigned char>(folder.Read("C/SEQUENT.SYS")[4]), 128);
 }
 
 TEST_F(QuickShow, TreeForm)
@@ -282,7 +274,7 @@ TEST_F(QuickShow, TreeForm)
               0u)
         << "a file that fails does not stop the list";
     EXPECT_EQ(Road(), "1.16 1.2 1.16 2.8 2.2") << "no style";
-    const std::string list = OnSign("C/SEQUENT.SYS");
+    const std::string list = folder.Read("C/SEQUENT.SYS");
     ASSERT_EQ(list.size(), 8u + 2 * 358);
     EXPECT_EQ(FromText(list.substr(0, 8)), Hex("5351 06 00 0200 CC02"));
     const Bytes record = FromText(list.substr(8 + 358));
