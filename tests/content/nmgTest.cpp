@@ -1,3 +1,4 @@
+// Messages as the library writes them.
 #include "content/nmg.h"
 #include "support/tempFolder.h"
 

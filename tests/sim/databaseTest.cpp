@@ -1,3 +1,4 @@
+// The sign's database: what it logs, and what it answers.
 #include "sim/logs/database.h"
 #include "support/signFixture.h"
 

@@ -1,3 +1,4 @@
+// Faults that the server puts into replies.
 #include "sim/server/faults.h"
 
 #include "support/signFixture.h"

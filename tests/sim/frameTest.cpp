@@ -1,3 +1,4 @@
+// Requests and replies as packets, and packets in a stream.
 #include "sim/protocol/checksum.h"
 #include "sim/protocol/frameFinder.h"
 #include "support/signFixture.h"

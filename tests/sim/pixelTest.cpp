@@ -1,3 +1,4 @@
+// The pixel check of the sign, and bad lamps on its face.
 #include "support/signFixture.h"
 
 namespace vxsign::test {

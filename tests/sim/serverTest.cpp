@@ -1,3 +1,4 @@
+// The sign's server: datagrams, connections, the serial line.
 #include "sim/server/server.h"
 
 #include "support/signFixture.h"

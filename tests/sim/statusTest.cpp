@@ -1,3 +1,4 @@
+// The condition of the sign, its warnings and measurements.
 #include "sim/logs/warningFiles.h"
 #include "support/signFixture.h"
 

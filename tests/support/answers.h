@@ -1,3 +1,4 @@
+// Scripts of answers in a few words.
 #pragma once
 
 #include "support/scriptedSign.h"

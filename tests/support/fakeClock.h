@@ -1,3 +1,4 @@
+// A clock in the place of the library's.
 #pragma once
 
 #include "platform/clock.h"

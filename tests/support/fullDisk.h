@@ -1,3 +1,4 @@
+// A disk that is full.
 #pragma once
 
 #include <csignal>

@@ -1,3 +1,4 @@
+// A serial line to a program.
 #include "support/ptyRelay.h"
 
 #include <csignal>

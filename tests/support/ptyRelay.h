@@ -1,3 +1,4 @@
+// A serial line to a program.
 #pragma once
 
 #include <cstdint>

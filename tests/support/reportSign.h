@@ -1,3 +1,4 @@
+// A sign with files and a database by script, and what callbacks were given.
 #pragma once
 
 #include "support/scriptedSign.h"

@@ -1,3 +1,4 @@
+// A sign that answers by script.
 #include "support/scriptedSign.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The virtual sign over real lines.
 #pragma once
 
 #include "sim/server/endpoints.h"

@@ -1,3 +1,4 @@
+// A folder of a test's own.
 #pragma once
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// A sign's end of a UDP line.
 #include "support/udpPeer.h"
 
 #include <arpa/inet.h>

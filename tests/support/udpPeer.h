@@ -1,3 +1,4 @@
+// A sign's end of a UDP line.
 #pragma once
 
 #include "support/packets.h"

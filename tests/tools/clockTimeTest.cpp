@@ -1,3 +1,4 @@
+// Times as the tool reads and prints them.
 #include "vxctl/cli/clockTime.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Numbers, bytes, colours and sizes on the command line.
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/jsonText.h"
 #include "vxctl/cli/numbers.h"

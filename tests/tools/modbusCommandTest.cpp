@@ -1,3 +1,4 @@
+// What the tool tells of a Modbus device that refuses.
 #include "support/udpPeer.h"
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/runner.h"

@@ -1,3 +1,4 @@
+// Packets taken apart for the eye.
 #include "vxctl/sign/packetDump.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Play lists as the tool edits them.
 #include "vxctl/playlist/playList.h"
 #include "support/fullDisk.h"
 #include "support/tempFolder.h"

@@ -1,3 +1,4 @@
+// Schedules on the command line.
 #include "vxctl/playlist/scheduleText.h"
 #include "vxctl/cli/failure.h"
 

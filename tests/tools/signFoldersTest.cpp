@@ -1,3 +1,4 @@
+// Folders and paths of a sign; text that a terminal may have.
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/shown.h"
 #include "vxctl/files/directoryEntry.h"

@@ -1,3 +1,4 @@
+// Where a sign is, as an operator writes it.
 #include "vxctl/cli/signUrl.h"
 #include "vxctl/cli/failure.h"
 

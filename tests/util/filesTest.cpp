@@ -1,3 +1,4 @@
+// Files, paths and lines of text.
 #include "playlist/recordFile.h"
 #include "support/tempFolder.h"
 #include "util/file.h"

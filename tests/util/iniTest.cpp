@@ -1,3 +1,4 @@
+// INI files.
 #include "support/fullDisk.h"
 #include "support/tempFolder.h"
 

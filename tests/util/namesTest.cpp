@@ -1,3 +1,4 @@
+// Temporary names, short names, names on the sign, serial ports.
 #include "platform/paths.h"
 #include "platform/serialPorts.h"
 #include "support/fakeClock.h"

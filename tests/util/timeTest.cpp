@@ -1,3 +1,4 @@
+// Times and sleep.
 #include "support/fakeClock.h"
 
 #include <vxsign/local.h>

@@ -1,3 +1,4 @@
+// Checksums and the texts of result words.
 #include <vxsign/result.h>
 
 #include <gtest/gtest.h>

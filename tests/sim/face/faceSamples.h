@@ -2,17 +2,17 @@
 #pragma once
 
 #include "sim/face/canvas.h"
+#include "support/bytes.h"
+#include "support/tempFolder.h"
 
-#include <cstddef>
-#include <cstdint>
 #include <random>
-#include <span>
 #include <string>
-#include <vector>
 
 namespace vxsim::test {
 
-using Bytes = std::vector<std::uint8_t>;
+using vxsign::test::Bytes;
+using vxsign::test::operator+;
+using vxsign::test::TempFolder;
 
 inline constexpr Rgb kRed{255, 0, 0};
 inline constexpr Rgb kGreen{0, 255, 0};
@@ -20,13 +20,7 @@ inline constexpr Rgb kBlue{0, 0, 255};
 
 inline Bytes BytesOf(std::string_view text)
 {
-    return {text.begin(), text.end()};
-}
-
-inline Bytes operator+(Bytes left, const Bytes& right)
-{
-    left.insert(left.end(), right.begin(), right.end());
-    return left;
+    return vxsign::test::FromText(text);
 }
 
 inline int CountLit(const Canvas& face)

@@ -1,3 +1,4 @@
+// The face as canvas, terminal text and PNG; the modes between two pictures.
 #include "faceSamples.h"
 
 #include "sim/face/ansi.h"
@@ -7,11 +8,7 @@
 #include <gtest/gtest.h>
 #include <stb_image.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
-#include <unistd.h>
 
 namespace vxsim::test {
 namespace {
@@ -110,21 +107,15 @@ TEST(PngFace, KeepsToTheLimitsOfThePicture)
 
 TEST(WritePngFace, LeavesAWholeFileOrTheOldOne)
 {
-    const auto folder = std::filesystem::temp_directory_path() / ("vxsimFace" + std::to_string(getpid()));
-    std::filesystem::create_directories(folder);
-    const auto path = folder / "face.png";
-    std::ofstream(path) << "old";
+    const TempFolder folder;
+    const std::string path = folder.Write("face.png", "old");
     EXPECT_TRUE(WritePngFace(Canvas(2, 2), path));
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_EQ(Bytes(std::istreambuf_iterator<char>(file), {}), PngFace(Canvas(2, 2)));
-    EXPECT_FALSE(std::filesystem::exists(folder / "face.png.part"));
-
+    EXPECT_EQ(BytesOf(folder.Read("face.png")), PngFace(Canvas(2, 2)));
     // A folder stands where the file should go.
-    std::filesystem::create_directories(folder / "taken" / "inside");
-    EXPECT_FALSE(WritePngFace(Canvas(2, 2), folder / "taken"));
-    EXPECT_FALSE(std::filesystem::exists(folder / "taken.part"));
-    EXPECT_FALSE(WritePngFace(Canvas(2, 2), folder / "missing" / "face.png"));
-    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder.Path("taken/inside"));
+    EXPECT_FALSE(WritePngFace(Canvas(2, 2), folder.Path("taken")));
+    EXPECT_FALSE(WritePngFace(Canvas(2, 2), folder.Path("missing/face.png")));
+    EXPECT_EQ(folder.Names(), "face.png taken");
 }
 
 // Each row of the picture at half time, coming from black onto a face of 4 by 2.

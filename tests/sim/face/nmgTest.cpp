@@ -1,3 +1,4 @@
+// Messages as the sign reads them.
 #include "faceSamples.h"
 
 #include "sim/content/nmg.h"

@@ -1,3 +1,4 @@
+// Pictures as they come to the face.
 #include "faceSamples.h"
 
 #include "sim/content/picture.h"

@@ -1,3 +1,4 @@
+// The player: files in turn, their times, modes and schedules.
 #include "faceSamples.h"
 
 #include "sim/content/player.h"
@@ -5,9 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <fstream>
-#include <map>
-#include <unistd.h>
 
 namespace vxsim::test {
 namespace {
@@ -29,18 +27,9 @@ Bytes Blocks(std::string_view text, std::string_view head = "\x0E"
 class PlayerTest : public ::testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        folder = std::filesystem::temp_directory_path() / ("vxsimPlayer" + std::to_string(getpid()));
-        std::filesystem::create_directories(folder);
-    }
-
-    void TearDown() override { std::filesystem::remove_all(folder); }
-
     void Write(const std::string& name, const Bytes& bytes)
     {
-        std::ofstream(folder / name, std::ios::binary)
-            .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+        temp.Write(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
     }
 
     // A flat list of files in folder T of drive D.
@@ -87,15 +76,30 @@ protected:
             folder / "SEQUENT.SYS", std::move(clock));
     }
 
-    // What the middle of the face shows.
-    Rgb Middle(Player& player, std::uint64_t nowMs)
+    // What the middle of the face shows: a letter for its colour, '.' for dark.
+    static char Middle(Player& player, std::uint64_t nowMs)
     {
         Canvas face(16, 16);
         player.Draw(nowMs, face);
-        return face.At(7, 7);
+        const Rgb colour = face.At(7, 7);
+        return colour == kRed ? 'R' : colour == kGreen ? 'G' : colour == kBlue ? 'B' : '.';
     }
 
-    std::filesystem::path folder;
+    // Moments with what is to be seen then, and why.
+    struct Look
+    {
+        std::uint64_t ms;
+        char seen;
+        const char* why = "";
+    };
+    static void Film(Player& player, std::initializer_list<Look> looks)
+    {
+        for (const Look& look : looks)
+            EXPECT_EQ(Middle(player, look.ms), look.seen) << look.ms << ' ' << look.why;
+    }
+
+    TempFolder temp;
+    const std::filesystem::path& folder = temp.path;
     int asked = 0;
 };
 
@@ -107,16 +111,15 @@ TEST_F(PlayerTest, PlaysTheFilesInTurn)
     Player player = MakePlayer();
     player.Restart(10000);
     EXPECT_EQ(player.CurrentFile(), "D:\\T\\A.BMP");
-    EXPECT_EQ(Middle(player, 9000), kGreen) << "a clock that runs back";
-    EXPECT_EQ(Middle(player, 12999), kGreen) << "three seconds of the sign's own";
-    EXPECT_EQ(Middle(player, 13000), kRed);
+    Film(player,
+         {{9000, 'G', "a clock that runs back"}, {12999, 'G', "three seconds of the sign's own"}, {13000, 'R'}});
     EXPECT_EQ(player.CurrentFile(), "D:\\T\\B.NMG");
-    EXPECT_EQ(Middle(player, 14999), kRed);
-    EXPECT_EQ(Middle(player, 15000), kGreen) << "from the start again";
-    EXPECT_EQ(Middle(player, 18500), kRed);
-    EXPECT_EQ(Middle(player, 3600000), kRed) << "after a long absence a turn starts";
-    EXPECT_EQ(Middle(player, 3601999), kRed);
-    EXPECT_EQ(Middle(player, 3602000), kGreen);
+    Film(player, {{14999, 'R'},
+                  {15000, 'G', "from the start again"},
+                  {18500, 'R'},
+                  {3600000, 'R', "after a long absence a turn starts"},
+                  {3601999, 'R'},
+                  {3602000, 'G'}});
 }
 
 TEST_F(PlayerTest, KeepsToTheTimesOfTurnsThatNobodySaw)
@@ -126,11 +129,8 @@ TEST_F(PlayerTest, KeepsToTheTimesOfTurnsThatNobodySaw)
     WriteList({"A.BMP", "GONE", "B.BMP"});
     Player player = MakePlayer();
     player.Restart(0);
-    EXPECT_EQ(Middle(player, 4000), kBlue);
-    EXPECT_EQ(Middle(player, 5999), kBlue) << "the file passed over took no time";
-    EXPECT_EQ(Middle(player, 6000), kGreen);
-    EXPECT_EQ(Middle(player, 17000), kBlue);
-    EXPECT_EQ(Middle(player, 18000), kGreen);
+    Film(player,
+         {{4000, 'B'}, {5999, 'B', "the file passed over took no time"}, {6000, 'G'}, {17000, 'B'}, {18000, 'G'}});
 }
 
 TEST_F(PlayerTest, TakesDefaultsFromTheDisplayStyle)
@@ -143,8 +143,7 @@ TEST_F(PlayerTest, TakesDefaultsFromTheDisplayStyle)
     style[14] = 10;
     player.SetDefaults(style);
     player.Restart(0);
-    EXPECT_EQ(Middle(player, 9999), kGreen);
-    EXPECT_EQ(Middle(player, 10000), kBlue);
+    Film(player, {{9999, 'G'}, {10000, 'B'}});
 
     style[14] = 255;
     style[16] = 0x2C; // 300 seconds
@@ -152,14 +151,11 @@ TEST_F(PlayerTest, TakesDefaultsFromTheDisplayStyle)
     style[11] = '5';
     player.SetDefaults(style);
     player.Restart(0);
-    EXPECT_EQ(Middle(player, 100), Rgb{}) << "still scrolling up";
-    EXPECT_EQ(Middle(player, 300799), kGreen);
-    EXPECT_EQ(Middle(player, 301600), kBlue);
+    Film(player, {{100, '.', "still scrolling up"}, {300799, 'G'}, {301600, 'B'}});
 
     player.SetDefaults(std::array<std::uint8_t, 52>{});
     player.Restart(0);
-    EXPECT_EQ(Middle(player, 2999), kGreen);
-    EXPECT_EQ(Middle(player, 3000), kBlue);
+    Film(player, {{2999, 'G'}, {3000, 'B'}});
 }
 
 TEST_F(PlayerTest, BringsPagesInAndOutByTheModesOfTheFile)
@@ -195,10 +191,7 @@ TEST_F(PlayerTest, TakesThePictureFieldsOfATree)
                              record("D:\\T\\B.BMP", {0, 0, 255, 255}));
     Player player = MakePlayer();
     player.Restart(0);
-    EXPECT_EQ(Middle(player, 0), Rgb{});
-    EXPECT_EQ(Middle(player, 7599), kGreen);
-    EXPECT_EQ(Middle(player, 7600), kBlue) << "no mode of its own";
-    EXPECT_EQ(Middle(player, 10600), Rgb{});
+    Film(player, {{0, '.'}, {7599, 'G'}, {7600, 'B', "no mode of its own"}, {10600, '.'}});
 }
 
 TEST_F(PlayerTest, PlaysAFileAsOftenAsItsRecordSays)
@@ -208,18 +201,16 @@ TEST_F(PlayerTest, PlaysAFileAsOftenAsItsRecordSays)
                                           "20001"));
     Player player = MakePlayer();
     player.Play({6, {Item("A.BMP", 3), Item("B.NMG", 2), Item("A.BMP", 0)}}, 0);
-    EXPECT_EQ(Middle(player, 2999), kGreen);
+    Film(player, {{2999, 'G'}});
     for (const std::uint64_t start : {3000U, 4600U}) {
-        EXPECT_EQ(Middle(player, start), Rgb{}) << "comes in each time";
-        EXPECT_EQ(Middle(player, start + 1599), kRed);
+        EXPECT_EQ(Middle(player, start), '.') << "comes in each time";
+        EXPECT_EQ(Middle(player, start + 1599), 'R');
     }
-    EXPECT_EQ(Middle(player, 6200), kGreen);
+    Film(player, {{6200, 'G'}});
     EXPECT_EQ(player.NextFile(6200), "D:\\T\\A.BMP");
-    EXPECT_EQ(Middle(player, 10200), Rgb{}) << "0 is once; then three times again";
+    Film(player, {{10200, '.', "0 is once; then three times again"}});
     player.MoveToNextPage(11000);
-    EXPECT_EQ(Middle(player, 11000), Rgb{}) << "the second time";
-    EXPECT_EQ(Middle(player, 12599), kRed);
-    EXPECT_EQ(Middle(player, 12600), kGreen);
+    Film(player, {{11000, '.', "the second time"}, {12599, 'R'}, {12600, 'G'}});
 }
 
 TEST_F(PlayerTest, KeepsToTheSchedules)
@@ -232,29 +223,26 @@ TEST_F(PlayerTest, KeepsToTheSchedules)
                  {Item("A.BMP", 1, {Minutes(0, 1), Minutes(0x20, 0x20)}), Item("B.BMP", 90, {Minutes(1, 2)}),
                   Item("C.BMP", 1, {Minutes(5, 5)})}},
                 0);
-    EXPECT_EQ(Middle(player, 1500), kGreen) << "alone";
+    Film(player, {{1500, 'G', "alone"}});
     EXPECT_EQ(player.NextFile(1500), "D:\\T\\A.BMP");
     EXPECT_EQ(player.NextFile(60000), "D:\\T\\B.BMP");
-    EXPECT_EQ(Middle(player, 61000), kBlue);
-    EXPECT_EQ(Middle(player, 120000), kBlue) << "90 times one second";
-    EXPECT_EQ(Middle(player, 151500), kBlue) << "alone";
-    EXPECT_EQ(Middle(player, 179999), kBlue);
-    EXPECT_EQ(Middle(player, 180000), Rgb{}) << "its schedule cuts it off";
+    Film(player, {{61000, 'B'},
+                  {120000, 'B', "90 times one second"},
+                  {151500, 'B', "alone"},
+                  {179999, 'B'},
+                  {180000, '.', "its schedule cuts it off"}});
     EXPECT_EQ(player.CurrentFile(), "");
     EXPECT_EQ(player.NextFile(180000), "");
     player.PlayNext(190000);
     player.PlayPrevious(190000);
     EXPECT_EQ(player.CurrentFile(), "") << "nothing else is due";
-    EXPECT_EQ(Middle(player, 299999), Rgb{});
-    EXPECT_EQ(Middle(player, 301000), kRed);
+    Film(player, {{299999, '.'}, {301000, 'R'}});
     player.Pause(301500);
-    EXPECT_EQ(Middle(player, 420000), kRed) << "a pause holds it";
+    Film(player, {{420000, 'R', "a pause holds it"}});
     player.Continue(420000);
-    EXPECT_EQ(Middle(player, 420000), Rgb{});
+    Film(player, {{420000, '.'}});
     EXPECT_TRUE(player.PlayOnce("D:\\T\\B.BMP", 430000)) << "without regard to schedules";
-    EXPECT_EQ(Middle(player, 431000), kBlue);
-    EXPECT_EQ(Middle(player, 1200000), kGreen) << "seen again after a long time";
-    EXPECT_EQ(Middle(player, 1200999), kGreen) << "its whole turn";
+    Film(player, {{431000, 'B'}, {1200000, 'G', "seen again after a long time"}, {1200999, 'G', "its whole turn"}});
 }
 
 TEST_F(PlayerTest, GoesBackThroughTheOrderThatItPlayed)
@@ -289,11 +277,10 @@ TEST_F(PlayerTest, ShowsWhatWasWrittenOverAtTheNextTurn)
     Player player = MakePlayer();
     player.Restart(0);
     Write("A.BMP", Dot(kBlue));
-    EXPECT_EQ(Middle(player, 2999), kGreen);
-    EXPECT_EQ(Middle(player, 3000), kBlue);
+    Film(player, {{2999, 'G'}, {3000, 'B'}});
     std::filesystem::remove(folder / "SEQUENT.SYS");
     player.Restart(4000);
-    EXPECT_EQ(Middle(player, 4000), Rgb{});
+    Film(player, {{4000, '.'}});
     EXPECT_EQ(player.CurrentFile(), "");
 }
 
@@ -307,12 +294,12 @@ TEST_F(PlayerTest, DoesNotSpinOnAListOfBrokenFiles)
     Player player = MakePlayer();
     player.Restart(0);
     for (std::uint64_t now = 0; now < 1000; now += 10)
-        EXPECT_EQ(Middle(player, now), Rgb{});
+        EXPECT_EQ(Middle(player, now), '.');
     EXPECT_EQ(asked, 5) << "once around in a second";
     EXPECT_EQ(player.CurrentFile(), "");
 
     Write("GONE", Dot(kGreen));
-    EXPECT_EQ(Middle(player, 1000), kGreen) << "what arrives later is shown";
+    Film(player, {{1000, 'G', "what arrives later is shown"}});
 }
 
 TEST_F(PlayerTest, GetsThroughALongListOfMissingFilesInSteps)

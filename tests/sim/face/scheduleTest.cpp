@@ -1,3 +1,4 @@
+// When a file may play.
 #include "sim/content/schedule.h"
 
 #include <gtest/gtest.h>

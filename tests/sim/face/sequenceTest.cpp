@@ -1,3 +1,4 @@
+// Sequence files as the sign reads them, and the order of play.
 #include "faceSamples.h"
 
 #include "sim/content/playOrder.h"

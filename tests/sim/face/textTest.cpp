@@ -1,3 +1,4 @@
+// Text on the face: characters, lines, pages.
 #include "faceSamples.h"
 
 #include "sim/face/dotFont.h"
