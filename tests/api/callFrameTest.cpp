@@ -87,18 +87,6 @@ TEST(CallFrame, OneCallbackAloneDoesNotCount)
     EXPECT_TRUE(sign.readWaits.empty());
 }
 
-TEST(CallFrame, NothingThrownLeavesAnExport)
-{
-    ScriptedSign sign;
-    sign.Config().onWrite = [](vxApiConfig*, const std::uint8_t*, std::uint32_t, std::uint32_t) -> std::int32_t {
-        throw 1;
-    };
-    EXPECT_EQ(vxBlackScreen(), 20736u);
-    sign.Config().onRead = [](vxApiConfig*, std::uint8_t*, std::uint32_t, std::uint32_t) -> std::int32_t { throw 1; };
-    EXPECT_EQ(vxWriteCmdBuf(reinterpret_cast<const std::uint8_t*>("x"), 1), 21061u);
-    EXPECT_EQ(Call<CBaseCMD>([](CBaseCMD&) -> std::uint32_t { throw 1; }), 20736u);
-}
-
 // Every place that calls a callback, with one that throws there.
 TEST(CallFrame, NothingThatACallbackThrowsLeavesAnExport)
 {
@@ -112,6 +100,9 @@ TEST(CallFrame, NothingThatACallbackThrowsLeavesAnExport)
     };
     constexpr auto read = [](Config& c) {
         c.onRead = [](Config*, std::uint8_t*, Number, Number) -> std::int32_t { throw 1; };
+    };
+    constexpr auto write = [](Config& c) {
+        c.onWrite = [](Config*, const std::uint8_t*, Number, Number) -> std::int32_t { throw 1; };
     };
     constexpr auto convert = [](Config& c) {
         c.onMessageToGif = [](Config*, const char*, const char*, Number, Number) -> Number { throw 1; };
@@ -137,6 +128,9 @@ TEST(CallFrame, NothingThatACallbackThrowsLeavesAnExport)
         {progress, [&] { return vxRWFile(lights.c_str(), nullptr, VX_MOVE_READ); }, 20736},
         {log, [] { return vxPatternTest(9); }, 20736},
         {read, [] { return vxBlackScreen(); }, 20736},
+        {write, [] { return vxBlackScreen(); }, 20736},
+        {write, [&] { return vxWriteCmdBuf(&byte, 1); }, 21061},
+        {log, [] { return Call<CBaseCMD>([](CBaseCMD&) -> Number { throw 1; }); }, 20736},
         {convert, [] { return vxCurrentMsg2Gif("x", "y"); }, 20736},
         {convert, [&] { return vxReadStatusInfo("x", 1, 0, ignore, 0, 0, 0); }, 20736},
         {folder, [] { return vxInitProperty(); }, 20737},
@@ -188,33 +182,6 @@ TEST(SocketSupport, OnlyAFailedStartIsCounted)
     EXPECT_EQ(vxSocketup(), 0u);
     EXPECT_EQ(vxCleanSocket(), 0u);
     EXPECT_STREQ(vxAPIVersion(), "2.3.10 2020-05-13");
-}
-
-TEST(Reply, FieldsBeyondWhatArrivedAreZero)
-{
-    ScriptedSign sign;
-    sign.Then(Good({1, 2, 3, 4}));
-    std::uint32_t inside = 0;
-    std::uint32_t beyond = 0xFFFFFFFF;
-    Bytes copied(8, 0xEE);
-    Bytes shortCopy(8, 0xEE);
-    EXPECT_EQ((Send<CBaseCMD>({1, 2}, Reply(Out<0>(&inside), Out<1020 - 4>(&beyond), OutBytes<2>(copied.data(), 8),
-                                            ShortCopy(shortCopy.data(), 8)))),
-              0u);
-    EXPECT_EQ(inside, 0x04030201u);
-    EXPECT_EQ(beyond, 0u);
-    EXPECT_EQ(copied, Hex("0304 0000 0000 0000"));
-    EXPECT_EQ(shortCopy, Hex("01020304 EEEEEEEE"));
-
-    // An output is written on success only, and a null one only matters when it is required.
-    sign.Then(Refusal(36869));
-    EXPECT_EQ((Send<CBaseCMD>({1, 2}, Reply(Out<0>(&beyond)))), 36869u);
-    EXPECT_EQ(beyond, 0u);
-    std::uint8_t* const none = nullptr;
-    EXPECT_EQ((Send<CBaseCMD>({1, 2}, Reply(Out<0>(&inside), Out<1>(none)))), 2u);
-    sign.Then(Good({9}));
-    EXPECT_EQ((Send<CBaseCMD>({1, 2}, Reply(Optional(Out<0>(none)), Out<0>(&inside)))), 0u);
-    EXPECT_EQ(inside, 9u);
 }
 
 } // namespace

@@ -197,18 +197,12 @@ TEST(Exchange, CrcRepliesAndMixedMethods)
     ScriptedSign sign;
     sign.Config().retries = 1;
     packetIds::Set(0x0100);
-    // The CRC worked out by hand for id 0x0101, major 4, minor 1, status 0.
     const auto crcReply = [](std::uint8_t sync) {
         Bytes reply = Hex("55A4 0000 0000 0000 0000 0101 04 01 00 00");
         reply[1] = sync;
-        unsigned crc = 0xFFFF;
-        for (std::size_t i = 4; i < reply.size(); ++i) {
-            crc ^= reply[i];
-            for (int bit = 0; bit < 8; ++bit)
-                crc = (crc & 1) != 0 ? (crc >> 1) ^ 0x8408 : crc >> 1;
-        }
-        reply[2] = static_cast<std::uint8_t>(~crc >> 8);
-        reply[3] = static_cast<std::uint8_t>(~crc);
+        const unsigned crc = CrcField(reply);
+        reply[2] = static_cast<std::uint8_t>(crc);
+        reply[3] = static_cast<std::uint8_t>(crc >> 8);
         return reply;
     };
     for (const auto& [sync, result] :

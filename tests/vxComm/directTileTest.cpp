@@ -239,21 +239,6 @@ TEST_F(DirectTile, CalibrationGoesOutInBlocks)
     EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 0x00AB, 0), 0u);
 }
 
-TEST_F(DirectTile, CalibrationComesInBlocks)
-{
-    files[7] = Status("00", kFourByFour);
-    files[5] = CalibrationInBlocks();
-    const std::string name(100, 'n');
-    EXPECT_EQ(vxDirectTileReadFileEx(name.c_str(), 5, 1, 2, 0), 0u);
-    EXPECT_EQ(folder.Read(name + "t"), Text(CalibrationInBlocks()));
-    EXPECT_EQ(folder.Read(name), Text(FlatCalibration()));
-    // Without the status the blocks are all there is.
-    files.erase(7);
-    EXPECT_EQ(vxDirectTileReadFileEx("other", 5, 1, 2, 0), 0u);
-    EXPECT_TRUE(folder.Has("othert"));
-    EXPECT_FALSE(folder.Has("other"));
-}
-
 TEST_F(DirectTile, CalibrationThatCannotBeConverted)
 {
     const Bytes flat = FlatCalibration();

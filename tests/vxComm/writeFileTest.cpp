@@ -63,22 +63,6 @@ TEST(WriteFile, RecordsOfEachMinor)
     }
 }
 
-TEST(WriteFile, TheWorkedExample)
-{
-    const TempFolder folder;
-    const std::string file = folder.Write("a", Pattern(2000));
-    ScriptedSign sign;
-    sign.Then(3, Good());
-    EXPECT_EQ(vxWriteSpecFile("D:\\T\\A.NMG", file.c_str()), 0u);
-    ASSERT_EQ(sign.requests.size(), 3u);
-    EXPECT_EQ(sign.requests[0].bytes.size(), 808u);
-    EXPECT_EQ(Bytes(sign.requests[0].bytes.begin() + 12, sign.requests[0].bytes.begin() + 40),
-              Hex("02 08 06 00 D0070000 0003 0300 0100 44 3A 5C 54 5C 41 2E 4E 4D 47 00 00 00 00"));
-    EXPECT_EQ(sign.requests[2].Word(4), 464);
-    EXPECT_EQ(sign.requests[2].Word(24), 3);
-    EXPECT_EQ(sign.progress, (std::vector<std::uint32_t>{33, 66, 100}));
-}
-
 TEST(WriteFile, ChunkSizesAndLongPaths)
 {
     const TempFolder folder;
