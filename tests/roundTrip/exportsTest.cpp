@@ -51,7 +51,7 @@ TEST_F(RoundTrip, FoldersAreListedInEveryForm)
     for (int i = 0; i < 45; ++i)
         folder.Write("E/" + std::to_string(1000 + i), "x");
     std::uint32_t total = 0;
-    Bytes entries(100 * 32);
+    Bytes entries(3200);
     EXPECT_EQ(vxGetDirFileEx("E:\\", 40, 20, &total, entries.data(), 100), 0u);
     EXPECT_EQ(total, 45u);
     EXPECT_EQ(FromBytes({entries.begin(), entries.begin() + 4}), "1040");
