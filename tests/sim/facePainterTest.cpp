@@ -1,11 +1,11 @@
 // The face in a terminal that changes its width.
-#include "signFixture.h"
+#include "support/signFixture.h"
 
 #include "sim/stage/facePainter.h"
 
 #include <sstream>
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 TEST_F(StageTest, TheTerminalsCursorIsHiddenWhileTheFaceIsDrawnOverItself)
@@ -34,4 +34,4 @@ TEST_F(StageTest, TheTerminalsCursorIsHiddenWhileTheFaceIsDrawnOverItself)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test

@@ -1,7 +1,7 @@
 // Faces as they are kept beside this file, a pixel for each lamp: what the sign draws is compared lamp for lamp. Where
 // they differ, the face and a picture with the differing lamps in red are written beside the tests' programs. After a
 // change that is meant, look at the new face and put it into tests/sim/face/kept.
-#include "signFixture.h"
+#include "support/signFixture.h"
 
 #include "sim/content/picture.h"
 #include "sim/face/png.h"
@@ -11,7 +11,7 @@
 #include <filesystem>
 #include <fstream>
 
-namespace vxsim_tests {
+namespace vxsign::test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -139,4 +139,4 @@ TEST_F(KeptScenes, OfPicturesZonesTickersAndSignals)
 }
 
 } // namespace
-} // namespace vxsim_tests
+} // namespace vxsign::test
