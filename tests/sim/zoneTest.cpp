@@ -73,7 +73,7 @@ TEST_F(Zones, ShowTextInTheirStyle)
     head[8] = 255;
     head[2] = 4; // seconds
     head[28] = 7;
-    Expect(0, {{54, 3, {1, 2, 1, 0}, head + Text("\u2588\f ")}, Content(1, 1, 1, "\u2588")});
+    Expect(0, {{54, 3, {1, 2, 1, 0}, head + Text("\u2588\f\u2584")}, Content(1, 1, 1, "\u2588")});
     const auto corners = [&](std::uint64_t nowMs) {
         const std::string drawing = Drawing(nowMs);
         return std::string{drawing[0], drawing[17 * 15 + 7], drawing[8], drawing[17 * 15 + 8]};
