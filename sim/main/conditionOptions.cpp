@@ -2,6 +2,8 @@
 
 #include "sim/state/condition.h"
 
+#include <algorithm>
+#include <set>
 #include <stdexcept>
 #include <system_error>
 
@@ -12,6 +14,20 @@ constexpr const char* kTileErrorHelp =
     "a tile that fails: TILE,ERROR (queue, bus, retry, normal, task, broadcast, control, address, twi, pixel, full)";
 constexpr const char* kBadPixelHelp =
     "a pixel with a bad lamp: X,Y,red (green, blue, all), then ,stuck or ,signal if not dark";
+
+constexpr int kTileSide = 16;
+
+int HighestTile(const Condition& condition)
+{
+    const auto highest = [](const std::set<int>& tiles) { return tiles.empty() ? 0 : *tiles.rbegin(); };
+    const int failing = condition.tileErrors.empty() ? 0 : condition.tileErrors.rbegin()->first;
+    return std::max({highest(condition.hotTiles), highest(condition.lockedTiles), failing});
+}
+
+[[noreturn]] void Refuse(const std::string& value, const std::string& what)
+{
+    throw std::invalid_argument("'" + value + "' is not " + what);
+}
 
 } // namespace
 
@@ -57,11 +73,18 @@ void ConditionOptions::AddCommandsTo(CLI::App& app)
         command->add_option("--dir", folder, "folder of the sign, which it tells when it starts")->required();
 }
 
-void ConditionOptions::Check() const
+void ConditionOptions::Check(int width, int height) const
 {
-    Condition condition;
-    for (const auto& [what, value] : changes)
+    const int tiles = (width + kTileSide - 1) / kTileSide * ((height + kTileSide - 1) / kTileSide);
+    for (const auto& [what, value] : changes) {
+        Condition condition;
         Change(condition, what, value);
+        const auto isBeyond = [&](const auto& lamp) { return lamp.first.x >= width || lamp.first.y >= height; };
+        if (std::ranges::any_of(condition.badLamps, isBeyond))
+            Refuse(value, "a pixel of a face of " + std::to_string(width) + "x" + std::to_string(height));
+        if (HighestTile(condition) > tiles)
+            Refuse(value, "one of the " + std::to_string(tiles) + " tiles of this face");
+    }
 }
 
 void ConditionOptions::Apply(const std::filesystem::path& signFolder) const

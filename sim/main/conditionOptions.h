@@ -19,8 +19,8 @@ public:
     // The commands that tell a running sign.
     void AddCommandsTo(CLI::App& app);
 
-    // Throws std::invalid_argument for what makes no sense.
-    void Check() const;
+    // Throws std::invalid_argument for what makes no sense on a face of that size.
+    void Check(int width, int height) const;
 
     // Brings the changes into the file that tells the sign in `signFolder`. Throws as Check does, and
     // std::runtime_error if the file cannot be written.

@@ -2,6 +2,7 @@
 #include "sim/main/commandTable.h"
 #include "sim/main/companions.h"
 #include "sim/main/conditionOptions.h"
+#include "sim/main/signFolder.h"
 #include "sim/platform/terminal.h"
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
@@ -128,35 +129,6 @@ void ReportCommands(vxsim::VirtualSign& sign)
     sign.Observe(std::move(events));
 }
 
-// The folder of the sign: the one that was asked for, or a fresh one that goes with the program.
-class SignFolder
-{
-public:
-    explicit SignFolder(const std::string& wanted) : path(wanted), fresh(wanted.empty())
-    {
-        if (!fresh)
-            return;
-        std::string name = fs::temp_directory_path() / "vxsim-XXXXXX";
-        if (::mkdtemp(name.data()) == nullptr)
-            throw std::system_error(errno, std::generic_category(), "cannot make a folder");
-        path = name;
-    }
-    ~SignFolder()
-    {
-        std::error_code error;
-        if (fresh)
-            fs::remove_all(path, error);
-    }
-    SignFolder(const SignFolder&) = delete;
-    SignFolder& operator=(const SignFolder&) = delete;
-
-    const fs::path& Path() const { return path; }
-
-private:
-    fs::path path;
-    bool fresh;
-};
-
 // Readable as soon as somebody wants the program to end.
 vxsim::Descriptor CatchEndSignals()
 {
@@ -192,7 +164,7 @@ void Announce(const vxsim::Endpoints& endpoints, const fs::path& folder)
 // A controller has those of any other sign too.
 void PrintCommands()
 {
-    const SignFolder folder("");
+    const vxsim::SignFolder folder("");
     vxsim::SignSettings settings;
     settings.folder = folder.Path();
     settings.controller = true;
@@ -206,10 +178,10 @@ void Serve(const Options& options)
     const vxsim::ServerSettings serverSettings{std::chrono::milliseconds(options.delay),
                                                options.faults.empty() ? vxsim::FaultSettings{}
                                                                       : vxsim::ParseFaults(options.faults)};
-    options.condition.Check();
+    options.condition.Check(width, height);
     const vxsim::Descriptor end = CatchEndSignals();
     vxsim::Endpoints endpoints(options.listen);
-    const SignFolder folder(options.folder);
+    const vxsim::SignFolder folder(options.folder);
     vxsim::SignSettings settings;
     settings.folder = folder.Path();
     settings.width = width;
@@ -307,8 +279,10 @@ int main(int argc, char** argv)
 {
     try {
         return Run(argc, argv);
+    } catch (const fs::filesystem_error& error) {
+        std::cerr << "vxsim: cannot use " << error.path1().string() << ": " << error.code().message() << '\n';
     } catch (const std::exception& error) {
         std::cerr << "vxsim: " << error.what() << '\n';
-        return kExitFailure;
     }
+    return kExitFailure;
 }
