@@ -15,9 +15,15 @@ namespace {
 
 constexpr std::size_t kMaxRunning = 8;
 constexpr std::size_t kMaxFinished = 8;
+constexpr std::uint64_t kSilenceMs = 10000; // longer than any host waits before it sends a packet again
 // Neighbouring chunks are gathered up to this size, so that a chunk does not cost a write of its own.
 constexpr std::size_t kGather = 65536;
 constexpr std::uint8_t kErased = 0xFF;
+
+bool IsSameSender(const Arrival& one, const Arrival& other)
+{
+    return one.host == other.host && one.line == other.line;
+}
 
 bool WriteAt(int file, std::span<const std::uint8_t> bytes, std::uint64_t at)
 {
@@ -65,11 +71,29 @@ FileReceiver::~FileReceiver()
         Abandon(0);
 }
 
+// Ends what stands in the way of a transfer to that file, if it may be ended.
+Code FileReceiver::MakeRoom(const Arrival& arrival, const fs::path& target)
+{
+    const auto mayEnd = [&](const Transfer& t) {
+        return IsSameSender(arrival, t.last) || arrival.nowMs - t.last.nowMs >= kSilenceMs;
+    };
+    const auto before = std::ranges::find(running, target, &Transfer::target);
+    const auto inTheWay =
+        before != running.end() || running.size() < kMaxRunning ? before : std::ranges::find_if(running, mayEnd);
+    if (inTheWay != running.end() && mayEnd(*inTheWay))
+        Abandon(static_cast<std::size_t>(inTheWay - running.begin()));
+    else if (inTheWay != running.end() || running.size() == kMaxRunning)
+        return Code::kUsedByOthers;
+    return Code::kOk;
+}
+
 FileReceiver::Outcome FileReceiver::Take(const FileChunk& chunk, const Locate& locate)
 {
     if (const Code code = CheckRecord(chunk); code != Code::kOk)
         return {code, {}};
-    const auto continues = [&chunk](const Transfer& t) { return chunk.record.NamesSame(t.record); };
+    const auto continues = [&chunk](const Transfer& t) {
+        return IsSameSender(chunk.arrival, t.last) && chunk.record.NamesSame(t.record);
+    };
     auto transfer = std::ranges::find_if(running, continues);
     if (transfer == running.end()) {
         // A packet of a file that is complete has come once more, since the answer to it was lost.
@@ -79,6 +103,7 @@ FileReceiver::Outcome FileReceiver::Take(const FileChunk& chunk, const Locate& l
             return {code, {}};
         transfer = running.end() - 1;
     }
+    transfer->last = chunk.arrival;
     if (!chunk.anyOrder && chunk.record.number > transfer->next)
         return {Code::kBadPacketNumber, {}};
     // The host sends the last packet when it has an answer to all others.
@@ -108,12 +133,8 @@ Code FileReceiver::Start(const FileChunk& chunk, const Locate& locate)
     std::error_code error;
     if (!target || fs::is_directory(*target, error))
         return Code::kOpenFailed;
-    for (std::size_t i = running.size(); i-- > 0;) {
-        if (running[i].target == *target)
-            Abandon(i);
-    }
-    if (running.size() == kMaxRunning)
-        Abandon(0);
+    if (const Code code = MakeRoom(chunk.arrival, *target); code != Code::kOk)
+        return code;
     std::erase_if(finished, [&](const Transfer& t) { return t.target == *target; });
 
     fs::create_directories(target->parent_path(), error);

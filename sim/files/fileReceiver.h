@@ -1,6 +1,7 @@
 // Files that come in, packet by packet.
 #pragma once
 
+#include "sim/command/arrival.h"
 #include "sim/files/fileRecord.h"
 #include "sim/platform/descriptor.h"
 #include "sim/protocol/codes.h"
@@ -16,9 +17,10 @@
 
 namespace vxsim {
 
-// One write request of a file: what its record announces, and the bytes that it brings.
+// One write request of a file: who sends it and when, what its record announces, and the bytes that it brings.
 struct FileChunk
 {
+    Arrival arrival;
     FileRecord record;
     std::uint32_t fileSize = 0;
     std::uint32_t total = 0;
@@ -28,7 +30,9 @@ struct FileChunk
 };
 
 // Puts files together out of their packets. A file is written under a temporary name and takes its place when its last
-// packet is there, so that a broken transfer leaves the old file. Packets may come again at any time.
+// packet is there, so that a broken transfer leaves the old file. Packets may come again at any time. A file has one
+// sender at a time, and there are eight senders at most: whoever comes later hears that the sign is used by others,
+// until the earlier one has ended or has been silent for ten seconds. A sender that begins anew ends its own transfer.
 class FileReceiver
 {
 public:
@@ -52,6 +56,7 @@ public:
 private:
     struct Transfer
     {
+        Arrival last; // whose it is, and when they last sent a packet
         KeptRecord record;
         std::filesystem::path target;
         std::filesystem::path temporary;
@@ -63,6 +68,7 @@ private:
         std::uint32_t next = 1; // the lowest number not yet received
     };
 
+    Code MakeRoom(const Arrival& arrival, const std::filesystem::path& target);
     Code Start(const FileChunk& chunk, const Locate& locate);
     static Code Store(Transfer& transfer, const FileChunk& chunk);
     static Code Put(Transfer& transfer, std::span<const std::uint8_t> bytes, std::uint64_t at);

@@ -7,6 +7,8 @@
 namespace vxsim {
 namespace {
 
+constexpr std::uint64_t kFirstConnection = 65536; // above all ports
+
 void Add(std::vector<std::uint8_t> reply, Replies& replies)
 {
     if (!reply.empty())
@@ -30,7 +32,7 @@ std::optional<Replies> Answers::ToLine(StreamLine& line, std::uint64_t nowMs)
 {
     Replies replies;
     while (const auto frame = line.Finder().Next())
-        Add(injector.Apply(sign.Answer(*frame, {nowMs, line.Host()})), replies);
+        Add(injector.Apply(sign.Answer(*frame, {nowMs, line.Host(), kFirstConnection + line.Number()})), replies);
     std::vector<std::uint8_t>& bytes = line.Bytes();
     if (line.Spoken() == Speech::kXmodem) {
         AddBytes(bootLoader->Take(std::exchange(bytes, {}), nowMs), replies);

@@ -193,7 +193,8 @@ void Server::ServeDatagrams(Port& port)
     const std::size_t count = datagrams.Receive(socket);
     for (std::size_t i = 0; i < count; ++i) {
         const sockaddr_in& peer = datagrams.Peer(i);
-        for (auto& reply : answers.ToDatagram(port.speech, datagrams.Bytes(i), {NowMs(), HostOf(peer)})) {
+        for (auto& reply :
+             answers.ToDatagram(port.speech, datagrams.Bytes(i), {NowMs(), HostOf(peer), ntohs(peer.sin_port)})) {
             if (settings.delay.count() == 0)
                 port.outgoing.push_back({std::move(reply), peer});
             else
