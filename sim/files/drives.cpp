@@ -11,6 +11,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kMaxSignPath = 255;
+constexpr std::string_view kStandardFolders[] = {"T", "P", "S", "A", "FONT"};
 
 bool IsSeparator(char c)
 {
@@ -81,6 +82,12 @@ std::optional<fs::path> Drives::Resolve(std::string_view signPath) const
         at = end == signPath.end() ? end : end + 1;
     }
     return found;
+}
+
+bool Drives::IsStandardFolder(const fs::path& path) const
+{
+    const auto hasName = [&](std::string_view name) { return SameName(path.filename().native(), name); };
+    return path.parent_path().parent_path() == root && std::ranges::any_of(kStandardFolders, hasName);
 }
 
 fs::path Drives::SequenceFile() const

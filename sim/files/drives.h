@@ -29,6 +29,10 @@ public:
     // FAT refuses, an over-long name, a link.
     std::optional<std::filesystem::path> Resolve(std::string_view signPath) const;
 
+    // Whether the path is that of a folder which every drive has for its texts, pictures, strings, arrays or fonts,
+    // there or not: no file may take its name.
+    bool IsStandardFolder(const std::filesystem::path& path) const;
+
     // The file of kSequencePath; it may be missing.
     std::filesystem::path SequenceFile() const;
 

@@ -126,6 +126,7 @@ Reply TransferCommands::Write(const Call& call, const FileLayout* layout, const 
     if (call.payload.size() > kMaxRecord)
         return Reply::WithCode(Code::kBadLength);
     FileChunk chunk;
+    chunk.arrival = call;
     chunk.record = RecordOf(call, *layout);
     chunk.fileSize = Load32(call.payload, layout->fileSize);
     chunk.total = NumberAt(call, *layout, layout->total);
@@ -136,7 +137,10 @@ Reply TransferCommands::Write(const Call& call, const FileLayout* layout, const 
             return Reply::WithCode(Code::kNoSpace);
         chunk.padUnit = kFlashPage;
     }
-    const auto outcome = receiver.Take(chunk, [&] { return Locate(call, *layout, folder); });
+    const auto outcome = receiver.Take(chunk, [&] {
+        const auto file = Locate(call, *layout, folder);
+        return file && drives.IsStandardFolder(*file) ? std::nullopt : file;
+    });
     if (outcome.finished)
         Finished(*outcome.finished);
     if (outcome.code == Code::kNoSpace && !layout->isFlash)
