@@ -111,10 +111,10 @@ TEST_F(FileTransfer, WideWritesAreAnsweredWithProcessOkAndInAnyOrder)
 
     // Narrow ones keep their order and may repeat.
     const Bytes narrow = Ramp(256);
-    Send(0, 8, "D:\\a", narrow, {1});
-    Send(36884, 8, "D:\\a", narrow, {3});
-    Send(0, 8, "D:\\a", narrow, {2, 2, 1, 2, 3, 4, 4}); // with a new start
-    EXPECT_EQ(OnSign("D/a"), narrow);
+    Send(0, 8, "D:\\n", narrow, {1});
+    Send(36884, 8, "D:\\n", narrow, {3});
+    Send(0, 8, "D:\\n", narrow, {2, 2, 1, 2, 3, 4, 4}); // with a new start
+    EXPECT_EQ(OnSign("D/n"), narrow);
 }
 
 TEST_F(FileTransfer, BrokenTransferLeavesTheOldFileAndNothingElse)
@@ -130,7 +130,7 @@ TEST_F(FileTransfer, BrokenTransferLeavesTheOldFileAndNothingElse)
         EXPECT_EQ(entry.path().stem(), "logs");
 }
 
-TEST_F(FileTransfer, TheNinthTransferEndsTheOldest)
+TEST_F(FileTransfer, TheNinthTransferOfOneSenderEndsItsOldest)
 {
     const Bytes content = Ramp(192);
     const auto path = [](int i) { return "D:\\f" + std::to_string(i); };
@@ -142,6 +142,48 @@ TEST_F(FileTransfer, TheNinthTransferEndsTheOldest)
     for (int i = 1; i < 9; ++i)
         Send(0, 8, path(i), content, {2, 3});
     EXPECT_EQ(sign->Counters().filesWritten, 8U);
+}
+
+TEST_F(FileTransfer, TheLaterOfTwoSendersHearsThatTheSignIsInUse)
+{
+    const Bytes content = Ramp(128);
+    const auto from = [&](std::uint64_t line, std::uint64_t nowMs) {
+        arrival.line = line;
+        arrival.nowMs = nowMs;
+    };
+    from(1, 0);
+    Send(0, 8, "D:\\one", content, {1});
+    from(2, 9000);
+    Send(36917, 8, "D:\\one", content, {1}); // although its record is the same
+    Send(36884, 8, "D:\\one", content, {2});
+    from(1, 9000);
+    Send(0, 8, "D:\\one", content, {2});
+    from(2, 9000);
+    Send(0, 8, "D:\\one", content, {1});
+    from(1, 18999);
+    Send(36917, 8, "D:\\one", content, {1});
+    from(1, 19000); // the other has been silent for ten seconds
+    Send(0, 8, "D:\\one", content, {1, 2});
+
+    for (int i = 0; i < 8; ++i) {
+        from(10 + static_cast<std::uint64_t>(i), 30000);
+        Send(0, 8, "D:\\f" + std::to_string(i), content, {1});
+    }
+    from(18, 39999);
+    Send(36917, 8, "D:\\f8", content, {1});
+    from(18, 40000);
+    Send(0, 8, "D:\\f8", content, {1, 2});
+    from(10, 40000);
+    Send(36884, 8, "D:\\f0", content, {2});
+    from(11, 40000);
+    Send(0, 8, "D:\\f1", content, {2});
+}
+
+TEST_F(FileTransfer, NoFileTakesTheNameOfAStandardFolder)
+{
+    Send(36880, 8, "D:\\t", Ramp(64), {1});
+    Send(36880, 8, "C:\\FONT", Ramp(64), {1});
+    Send(0, 8, "D:\\X\\T", Ramp(64), {1});
 }
 
 TEST_F(FileTransfer, ADiskThatTakesNoMoreIsToldAndKeepsTheOldFile)
