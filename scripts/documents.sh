@@ -1,15 +1,16 @@
 #!/usr/bin/env bash
-# Compares what docs/vxctl.md and docs/man/vxctl.1 say of the commands with the commands themselves, or with --update
-# writes it anew: documents.sh [--update] VXCTL
+# Compares what docs/vxctl.md, docs/man/vxctl.1 and docs/vxsim.md say of commands with the commands themselves, or with
+# --update writes it anew: documents.sh [--update] [FOLDER], the folder of the programs, build/asan/bin if not said
 set -euo pipefail
 update=
-[ "$1" != --update ] || { update=yes && shift; }
-vxctl=$(realpath "$1")
+[ "${1:-}" != --update ] || { update=yes && shift; }
+programs=${1:+$(realpath "$1")}
 cd "$(dirname "$0")/.."
+programs=${programs:-$PWD/build/asan/bin}
 
-# splice FILE FIRST LAST SWITCH: what the switch prints, between these two lines of the file.
+# splice FILE FIRST LAST PROGRAM SWITCH: what the switch prints, between these two lines of the file.
 splice() {
-    "$vxctl" "$4" | first=$2 last=$3 file=$1 awk '
+    "$programs/$4" "$5" | first=$2 last=$3 file=$1 awk '
         { text = text $0 "\n" }
         END {
             while ((getline line <ENVIRON["file"]) > 0) {
@@ -28,12 +29,17 @@ compare() {
     if [ -n "$update" ]; then
         cat "$new" >"$1"
     elif ! diff -u "$1" "$new"; then
-        echo "$1 is not what the commands say: scripts/documents.sh --update VXCTL" >&2
+        echo "$1 is not what the commands say: scripts/documents.sh --update" >&2
         rm "$new"
         return 1
     fi
     rm "$new"
 }
 
-compare docs/vxctl.md '<!-- from the commands -->' '<!-- end of what is from the commands -->' --commands-table
-compare docs/man/vxctl.1 '.\" from the commands' '.\" end of what is from the commands' --manual-sections
+begin='<!-- from the commands -->'
+end='<!-- end of what is from the commands -->'
+result=0
+compare docs/vxctl.md "$begin" "$end" vxctl --commands-table || result=1
+compare docs/man/vxctl.1 '.\" from the commands' '.\" end of what is from the commands' vxctl --manual-sections || result=1
+compare docs/vxsim.md "$begin" "$end" vxsim --commands || result=1
+exit $result
