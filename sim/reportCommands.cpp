@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vxsim {
@@ -21,8 +22,9 @@ Reply WithText(const std::string& text)
 } // namespace
 
 ReportCommands::ReportCommands(const Drives& signDrives, const Monitor& watch, SignDatabase& tables,
-                               SignObservers& observers, int faceWidth, int faceHeight)
-    : drives(signDrives), monitor(watch), database(tables), width(faceWidth), height(faceHeight)
+                               SignObservers& observers, int faceWidth, int faceHeight, FaceText faceText)
+    : drives(signDrives), monitor(watch), database(tables), width(faceWidth), height(faceHeight),
+      face(std::move(faceText))
 {
     SignEvents told;
     told.fileWritten = [this](const std::filesystem::path&) { ++counters.filesWritten; };
@@ -44,7 +46,7 @@ std::span<const CommandRow> ReportCommands::Commands() const
         {1, 11, "read state", 0, 0, kUnlogged, Run<&ReportCommands::TellState>,
          "state word and 96-byte record, see [State](#state)"},
         {1, 18, "read system information", 0, 0, kUnlogged, Run<&ReportCommands::TellSystem>,
-         "a few lines of text: program, face, drives"},
+         "lines of text: program, face and drives, see [what the sign shows](#what-the-sign-shows)"},
         {1, 19, "read error log", 0, 0, kUnlogged, Run<&ReportCommands::TellRefusals>,
          "the last 24 refused commands with their codes, one line each"},
         {1, 21, "query database", 4, 1, kUnlogged, Run<&ReportCommands::QueryDatabase>,
@@ -71,10 +73,9 @@ Reply ReportCommands::TellState(const Call& call)
     return Reply{0, {state.word.begin(), state.word.end()}, {state.record.begin(), state.record.end()}};
 }
 
-Reply ReportCommands::TellSystem(const Call&)
+Reply ReportCommands::TellSystem(const Call& call)
 {
-    return WithText("vxsim\r\nface " + std::to_string(width) + "x" + std::to_string(height) + "\r\ndrives " +
-                    drives.Letters() + "\r\n");
+    return WithText("vxsim\r\n" + face(call.nowMs) + "drives " + drives.Letters() + "\r\n");
 }
 
 Reply ReportCommands::TellRefusals(const Call&)

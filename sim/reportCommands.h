@@ -9,7 +9,9 @@
 #include "sim/monitor/monitor.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
+#include <string>
 
 namespace vxsim {
 
@@ -24,9 +26,12 @@ struct SignCounters
 class ReportCommands : public CommandFamily
 {
 public:
+    // Lines about the face at that time.
+    using FaceText = std::function<std::string(std::uint64_t nowMs)>;
+
     // Counts what the observers are told of.
     ReportCommands(const Drives& drives, const Monitor& monitor, SignDatabase& database, SignObservers& observers,
-                   int faceWidth, int faceHeight);
+                   int faceWidth, int faceHeight, FaceText faceText);
 
     std::span<const CommandRow> Commands() const override;
 
@@ -46,6 +51,7 @@ private:
     SignDatabase& database;
     int width;
     int height;
+    FaceText face;
     SignCounters counters;
     RefusalLog refusals;
 };

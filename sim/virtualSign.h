@@ -122,6 +122,9 @@ private:
     Reply Execute(const Command& command, const Frame& request, const Arrival& arrival);
     void PrepareSystemFiles() const;
 
+    // Size, colours and light of the face, and what is to be seen on it, each over the next.
+    std::string FaceText(std::uint64_t nowMs);
+
     SignSettings settings;
     SignObservers observers;
     Drives drives;

@@ -28,11 +28,14 @@ public:
     // Dark until the sign has restarted.
     void Restart(std::uint64_t untilMs) { darkUntilMs = untilMs; }
 
+    bool IsRestarting(std::uint64_t nowMs) const { return nowMs < darkUntilMs; }
+
     // Whether the face is dark at that time, whatever plays.
-    bool IsDark(std::uint64_t nowMs) const { return black || !on || nowMs < darkUntilMs; }
+    bool IsDark(std::uint64_t nowMs) const { return black || !on || IsRestarting(nowMs); }
 
     // Of the front: eighths of full light, or 0 for what the block says.
     void SetLevel(std::uint8_t eighths);
+    bool IsFixed() const { return level != 0; }
 
     // Eighths of full light, 1 to 8.
     std::uint8_t LevelAt(std::uint64_t nowMs) const;

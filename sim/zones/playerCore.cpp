@@ -121,6 +121,12 @@ void PlayerCore::Settle(std::uint64_t nowMs)
     }
 }
 
+bool PlayerCore::Plays(ProgramPlace place, std::uint64_t nowMs)
+{
+    Settle(nowMs);
+    return At(place).has_value();
+}
+
 // Two forms: project, program and first file with what follows; or these three with a window, where the last field is
 // the length of its name. The length of all texts tells them apart. A window without a name is the face.
 Reply PlayerCore::Play(const Call& call)

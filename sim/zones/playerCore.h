@@ -45,6 +45,9 @@ public:
 
     WindowMode Windows() const;
 
+    // Whether a program plays there at that time, seen or not.
+    bool Plays(ProgramPlace place, std::uint64_t nowMs);
+
 private:
     // What follows when a program has played.
     enum class Follow : std::uint8_t

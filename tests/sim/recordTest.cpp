@@ -83,10 +83,30 @@ TEST_F(Records, WhatTheSignTellsOfItself)
     ExpectPayload(Bytes{11} + Text("VXSIM000001") + Bytes(4, 0) + Bytes{2, 0, 0, 0, 0, 1} + Bytes(10, 0), {{1, 12}});
     ExpectPayload({0x20, 0x90, 0, 0, 4, 0, 0, 0}, {{1, 27, {0, 0, 0, 0}}});
     Expect(7939, {{1, 15}});
-    EXPECT_EQ(ExtendedOf(Ask(1, 18)), Text("vxsim\r\nface 128x32\r\ndrives CDEF\r\n"));
+    EXPECT_EQ(ExtendedOf(Ask(1, 18)), Text("vxsim\r\nface 128x32\r\ncolours 16777216\r\n"
+                                           "light 8 by the hour\r\nshows list\r\ndrives CDEF\r\n"));
     EXPECT_EQ(ExtendedOf(Ask(1, 26, {9, 0, 0, 0})), Bytes{0});
     EXPECT_EQ(ExtendedOf(Ask(1, 26, {0, 0, 0, 0})), Bytes{10} + Bytes(3, 0) + Bytes{1} + Bytes(11, 0));
     EXPECT_EQ(ExtendedOf(Ask(1, 19)), Text("major 1 minor 15 code 7939\r\n"));
+}
+
+TEST_F(Records, WhatTheFaceShowsIsToldEachOverTheNext)
+{
+    const auto told = [this](std::uint64_t nowMs) {
+        arrival.nowMs = nowMs;
+        const Bytes lines = ExtendedOf(Ask(1, 18));
+        const std::string text(lines.begin(), lines.end());
+        const std::size_t begin = text.find("light");
+        return text.substr(begin, text.find("drives") - begin);
+    };
+    Ask(4, 0);
+    Ask(4, 3);
+    Ask(4, 7, {3, 0, 0, 0});
+    Ask(3, 5);
+    EXPECT_EQ(told(1999), "light 3 fixed\r\nshows off restart test list\r\n");
+    Ask(4, 1);
+    Ask(4, 4);
+    EXPECT_EQ(told(2000), "light 3 fixed\r\nshows blank test list\r\n");
 }
 
 TEST_F(Records, UnknownCommandsGetTheirCodes)

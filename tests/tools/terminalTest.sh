@@ -82,6 +82,7 @@ line 2 bright $hostile
 . 0 blank
 . 0 unblank
 . 0 bright 3
+. 0 restore
 . 0 power status
 . 0 clock
 . 0 beacon

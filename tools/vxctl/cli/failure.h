@@ -34,6 +34,14 @@ public:
     std::string reason;
 };
 
+// False when the sign refuses. Throws SignFailure when the line fails.
+inline bool IsDone(std::uint32_t result)
+{
+    if (result == VX_ABORTED || result == VX_COMMUNICATION)
+        throw SignFailure(result);
+    return result == VX_OK;
+}
+
 // Throws SignFailure for every result but 0.
 inline void Check(std::uint32_t result)
 {

@@ -84,10 +84,10 @@ int RunTool(const std::vector<std::string>& words)
     try {
         const std::uint32_t result = Run(line, line.Parse(words), session);
         const bool isTaken = session.report.Finish(result);
-        return result == VX_OK && isTaken ? EXIT_SUCCESS : kExitFailure;
+        return result == VX_OK && isTaken ? session.exitStatus.value_or(EXIT_SUCCESS) : kExitFailure;
     } catch (const SignFailure& failure) {
         session.report.Finish(failure.code, failure.reason);
-        return kExitFailure;
+        return session.exitStatus.value_or(kExitFailure);
     } catch (const UsageError& error) {
         PrintLine(Stream::kError, std::string("vxctl: ") + error.what());
         return kExitUsage;

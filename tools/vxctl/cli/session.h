@@ -8,6 +8,7 @@
 #include <vxsign/api.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace vxctl {
@@ -25,6 +26,7 @@ struct Session
 {
     Options options;
     Report report;
+    std::optional<int> exitStatus; // in place of the usual one, for what the sign is asked about
 
     // The sign, ready for functions that take the connection as arguments. Throws UsageError.
     SignUrl Sign() const { return Resolve(ParseSignUrl(options.url)); }

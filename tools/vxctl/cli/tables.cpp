@@ -31,6 +31,7 @@ constexpr const CommandTable* kTables[] = {
 #endif
     &kPlayListTransferCommands,
     &kSignCommands,
+    &kRestoreCommands,
     &kAccessCommands,
     &kTestCommands,
     &kDivisionCommands,

@@ -18,6 +18,7 @@ extern const CommandTable kPlayListTreeCommands;
 extern const CommandTable kPlayListPreviewCommands;
 extern const CommandTable kPlayListTransferCommands;
 extern const CommandTable kSignCommands;
+extern const CommandTable kRestoreCommands;
 extern const CommandTable kAccessCommands;
 extern const CommandTable kTestCommands;
 extern const CommandTable kDivisionCommands;

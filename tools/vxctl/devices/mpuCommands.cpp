@@ -15,6 +15,7 @@ namespace vxctl {
 namespace {
 
 constexpr std::uint8_t kDone = 100;
+constexpr std::uint8_t kHidden = 0; // last argument of a window
 constexpr std::chrono::milliseconds kStep{100};
 
 // Asks until the MPU is at 100.
@@ -32,12 +33,17 @@ std::uint8_t AwaitTask(Session& session, std::uint32_t task, std::uint32_t secon
     }
 }
 
+// A hidden window has no place, and what is not given is 0.
 std::uint32_t SetWindow(Session& session, const Args& args)
 {
+    const bool isHidden = args.Has("--hide");
+    if (!isHidden && !args.Has("HEIGHT"))
+        throw UsageError("video mpu window takes LEFT, TOP, WIDTH and HEIGHT, or --hide");
     std::uint32_t task = 0;
     Check(vxMPUSetWin(args.Number<std::uint16_t>("NUMBER"), args.Number<std::uint16_t>("LEFT"),
                       args.Number<std::uint16_t>("TOP"), args.Number<std::uint16_t>("WIDTH"),
-                      args.Number<std::uint16_t>("HEIGHT"), args.Number<std::uint8_t>("--last"), &task));
+                      args.Number<std::uint16_t>("HEIGHT"), isHidden ? kHidden : args.Number<std::uint8_t>("--last"),
+                      &task));
     session.report.Value("task", "task", task);
     if (args.Has("--no-wait"))
         return VX_OK;
@@ -130,15 +136,16 @@ vxctl video mpu window 0 16 4 64 24)",
     },
     {
         .name = "video mpu window",
-        .help = "Set a window, and wait until it is there",
+        .help = "Set a window and wait until it is there, or take it away",
         .details = "The MPU takes a while; the wait ends when it says 100. progress asks for the task of a window by "
                    "its number.",
         .examples = R"(vxctl video mpu window 0 16 4 64 24
-vxctl video mpu window 0 0 0 0 0 --last 0
+vxctl video mpu window 0 --hide
 vxctl video mpu window 0 16 4 64 24 --no-wait)",
-        .arguments = {Byte("NUMBER", "the window"), Word("LEFT", "pixels"), Word("TOP", "pixels"),
-                      Word("WIDTH", "pixels"), Word("HEIGHT", "pixels"),
-                      Byte("--last", "the last argument; many hide the window for 0").Default("1"),
+        .arguments = {Byte("NUMBER", "the window"), Word("LEFT", "pixels").Optional(), Word("TOP", "pixels").Optional(),
+                      Word("WIDTH", "pixels").Optional(), Word("HEIGHT", "pixels").Optional(),
+                      Flag("--hide", "take the window off the face").Excludes("LEFT"),
+                      Byte("--last", "the last argument; many hide the window for 0").Default("1").Excludes("--hide"),
                       Number("--seconds", 1, 3600, "how long to wait").In("SECONDS").Default("60"),
                       Flag("--no-wait", "end when the task has started")},
         .signs = Signs::kMany,

@@ -2,19 +2,16 @@
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/tables.h"
 #include "vxctl/files/signPaths.h"
+#include "vxctl/state/faceState.h"
 
 #include <vxsign/play.h>
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <string_view>
 
 namespace vxctl {
 
 namespace {
-
-constexpr std::size_t kNameRoom = 256;
 
 struct Step
 {
@@ -36,22 +33,10 @@ std::uint32_t Play(Session& /*session*/, const Args& args)
     return vxPlayPriority(file.drive, file.folder, file.name.c_str());
 }
 
-// The name that the sign gives; "" when there is none.
-std::string AskName(std::uint32_t (*ask)(char*, std::uint32_t))
-{
-    constexpr std::uint32_t kNothingPlays = 26369;
-    std::array<char, kNameRoom> name{};
-    const std::uint32_t result = ask(name.data(), static_cast<std::uint32_t>(name.size()));
-    if (result == kNothingPlays)
-        return {};
-    Check(result);
-    return {name.data(), ::strnlen(name.data(), name.size())};
-}
-
 std::uint32_t ShowPlaying(Session& session, const Args& /*args*/)
 {
-    const std::string current = AskName(vxGetPlayingFileName);
-    const std::string next = AskName(vxGetNextPlayFileName);
+    const std::string current = PlayingFile();
+    const std::string next = NextFile();
     session.report.Value("playing", "playing", current, current.empty() ? "nothing" : current);
     session.report.Value("next", "next", next, next.empty() ? "nothing" : next);
     return VX_OK;

@@ -62,10 +62,7 @@ std::vector<DriveSpace> ReadSpaces()
     std::vector<DriveSpace> spaces;
     for (const char drive : std::string(kDrives)) {
         DriveSpace space;
-        const std::uint32_t result = ReadSpace(drive, space);
-        if (result == VX_ABORTED || result == VX_COMMUNICATION)
-            throw SignFailure(result);
-        if (result == VX_OK)
+        if (IsDone(ReadSpace(drive, space)))
             spaces.push_back(space);
     }
     return spaces;

@@ -1,154 +1,113 @@
 // doctor: what is wrong, and what to look at next.
-#include "vxctl/cli/progressBar.h"
-#include "vxctl/cli/shown.h"
 #include "vxctl/cli/tables.h"
 #include "vxctl/state/condition.h"
-#include "vxctl/state/doctorAdvice.h"
+#include "vxctl/state/faceCheck.h"
+#include "vxctl/state/faceState.h"
+#include "vxctl/state/findings.h"
+#include "vxctl/state/lineCheck.h"
 #include "vxctl/state/signTable.h"
 
+#include <vxsign/filesystem.h>
 #include <vxsign/pixel.h>
 #include <vxsign/read.h>
-#include <vxsign/test.h>
 
-#include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace vxctl {
 
 namespace {
 
-// Looks at one thing after the other. What is well is one line; what is not has its cause and the next command.
+// Exit statuses of doctor --exit-code.
+constexpr int kExitWarnings = 4;
+constexpr int kExitErrors = 5;
+
+// Looks at one thing after the other.
 class Examination
 {
 public:
-    explicit Examination(Session& examined) : session(examined) {}
+    explicit Examination(Session& examined) : session(examined), findings(session.report) {}
 
-    void Run()
+    // Throws SignFailure when nothing answers or the sign wants a login.
+    Tone Run()
     {
         session.report.Put("sign", session.options.url);
         try {
-            Line();
-            session.Connect();
-            Protocol();
-            Clock();
-            Drives();
-            Pixels();
-            Warnings();
+            RunChecks();
         } catch (const SignFailure&) {
-            PutFindings();
+            findings.Put();
             throw;
         }
-        PutFindings();
+        findings.Put();
+        return findings.Worst();
     }
 
 private:
-    void Add(const std::string& what, const std::string& text) { Add(what, Tone::kFine, text, Trouble::kNone); }
+    using CheckOf = void (Examination::*)();
 
-    // The cause is that of the trouble's advice, unless the sign tells it; `brought` goes into the next command.
-    void Add(const std::string& what, Tone tone, const std::string& text, Trouble trouble,
-             const std::string& toldCause = {}, const std::string& brought = {})
+    // The line is examined first, and told of behind the face.
+    void RunChecks()
     {
-        const std::string verdict = tone == Tone::kFine ? "ok" : tone == Tone::kDoubtful ? "doubtful" : "wrong";
-        Report::Json finding{{"check", what}, {"verdict", verdict}, {"text", text}};
-        const Report& report = session.report;
-        report.Line(what + std::string(12 - std::min<std::size_t>(what.size(), 11), ' ') + Toned(verdict, tone) +
-                    std::string(10 - verdict.size(), ' ') + text);
-        const DoctorAdvice& advice = AdviceFor(trouble);
-        const std::string cause = advice.cause.empty() ? toldCause : std::string(advice.cause);
-        if (!cause.empty()) {
-            finding["cause"] = cause;
-            report.Line("            cause:    " + cause);
+        const LineState line = ExamineLine(session);
+        if (line.answered == 0) {
+            TellLine(line, session.options, findings);
+            throw SignFailure(line.isAborted ? VX_ABORTED : VX_COMMUNICATION);
         }
-        if (const std::string next = NextCommand(advice, brought); !next.empty()) {
-            finding["next"] = next;
-            report.Line("            next:     " + next);
-        }
-        isWell = isWell && tone == Tone::kFine;
-        findings.push_back(std::move(finding));
+        AskForLogin();
+        Try("face", &Examination::Face);
+        TellLine(line, session.options, findings);
+        for (const auto& [what, check] : {std::pair<const char*, CheckOf>{"protocol", &Examination::Protocol},
+                                          {"clock", &Examination::Clock},
+                                          {"drives", &Examination::Drives},
+                                          {"pixels", &Examination::Pixels},
+                                          {"warnings", &Examination::Warnings}})
+            Try(what, check);
     }
 
-    void PutFindings()
+    // A check that fails does not keep the others from being made.
+    void Try(const char* what, CheckOf check)
     {
-        session.report.Put("well", isWell);
-        session.report.Put("findings", findings);
+        try {
+            (this->*check)();
+        } catch (const SignFailure& failure) {
+            if (failure.code == VX_ABORTED)
+                throw;
+            findings.Add(what, Tone::kWrong, failure.what(), Trouble::kLostPackets);
+        }
     }
 
-    // A failed question is a finding; a line that is down ends the examination.
-    bool Answered(const std::string& what, std::uint32_t result, Trouble trouble)
+    // Without a login nothing else can be asked.
+    void AskForLogin()
     {
-        if (result == VX_OK)
-            return true;
-        Add(what, Tone::kWrong, std::string("refused: ") + vxErrorDesc(result), trouble,
-            std::string(AdviceFor(result)));
-        if (result == VX_ABORTED || result == VX_COMMUNICATION)
-            throw SignFailure(result);
-        return false;
+        std::uint64_t state = 0;
+        const std::uint32_t result = vxReadCurrentState(&state, nullptr, 0);
+        if (result < VX_LOGIN_WANTED || result > VX_NO_PERMISSION)
+            return;
+        findings.Answered("protocol", result, Trouble::kLoginWanted);
+        throw SignFailure(result);
     }
 
-    void Line()
-    {
-        constexpr int kQuestions = 5;
-        constexpr int kEnough = 2; // unanswered ones at the start
-        const std::uint32_t tries = session.options.retries;
-        session.options.retries = 1; // so that lost packets are seen
-        session.Connect();
-        session.options.retries = tries;
-        int asked = 0;
-        int answered = 0;
-        double slowest = 0;
-        std::uint32_t result = VX_OK;
-        while (asked < kQuestions && (answered != 0 || asked < kEnough) && result != VX_ABORTED) {
-            std::uint16_t first = 0;
-            std::uint16_t second = 0;
-            std::uint32_t third = 0;
-            const ProgressBar watch("line", true);
-            result = vxConnectTest(&first, &second, &third);
-            ++asked;
-            // A sign that refuses has answered too.
-            if (result != VX_COMMUNICATION && result != VX_ABORTED) {
-                ++answered;
-                slowest = std::max(slowest, watch.Seconds() * 1000);
-            }
-        }
-        const std::string counts = std::to_string(answered) + " of " + std::to_string(asked) + " answered";
-        if (result == VX_ABORTED || answered == 0) {
-            const bool serial = session.options.url.starts_with("serial:");
-            Add("line", Tone::kWrong, counts, serial ? Trouble::kDeadSerialLine : Trouble::kDeadLine);
-            throw SignFailure(result == VX_ABORTED ? VX_ABORTED : VX_COMMUNICATION);
-        }
-        const std::string times = counts + ", the slowest in " + std::to_string(static_cast<long>(slowest)) + " ms";
-        if (answered < asked)
-            Add("line", Tone::kDoubtful, times, Trouble::kLostPackets);
-        else if (slowest > session.options.timeoutMs / 2.0)
-            Add("line", Tone::kDoubtful, times, Trouble::kSlowLine, {},
-                std::to_string(std::min(session.options.timeoutMs * 4, 60000U)));
-        else
-            Add("line", times);
-    }
+    void Face() { ExamineFace(findings); }
 
     void Protocol()
     {
         std::uint64_t state = 0;
-        if (const std::uint32_t result = vxReadCurrentState(&state, nullptr, 0); result != VX_OK) {
-            const bool login = result >= 36912 && result <= 36918;
-            Answered("protocol", result, login ? Trouble::kLoginWanted : Trouble::kNoState);
-            throw SignFailure(result);
-        }
-        Add("protocol", "the sign tells its state");
+        if (findings.Answered("protocol", vxReadCurrentState(&state, nullptr, 0), Trouble::kNoState))
+            findings.Add("protocol", "the sign tells its state");
     }
 
     void Clock()
     {
         ClockTime time;
-        if (!Answered("clock", ReadClock(time), Trouble::kNoClock))
+        if (!findings.Answered("clock", ReadClock(time), Trouble::kNoClock))
             return;
         const std::int64_t ahead = MinutesAhead(time, LocalTime());
         const std::string text = FormatTime(time, ' ', false);
         if (std::abs(ahead) <= kClockTolerance)
-            return Add("clock", text);
-        Add("clock", Tone::kDoubtful,
-            text + ", " + std::to_string(std::abs(ahead)) + " minutes " + (ahead > 0 ? "ahead" : "behind"),
-            Trouble::kWrongClock);
+            return findings.Add("clock", text);
+        findings.Add("clock", Tone::kDoubtful,
+                     text + ", " + std::to_string(std::abs(ahead)) + " minutes " + (ahead > 0 ? "ahead" : "behind"),
+                     Trouble::kWrongClock);
     }
 
     void Drives()
@@ -158,66 +117,71 @@ private:
         for (const DriveSpace& space : spaces)
             letters += space.drive;
         if (letters.find('C') == std::string::npos)
-            Add("drives", Tone::kWrong, "no drive C", Trouble::kNoSystemDrive);
+            findings.Add("drives", Tone::kWrong, "no drive C", Trouble::kNoSystemDrive);
         else
-            Add("drives", letters);
+            findings.Add("drives", letters);
         bool scarce = false;
         for (const DriveSpace& space : spaces) {
             if (!space.IsScarce())
                 continue;
             scarce = true;
             const std::string drive(1, space.drive);
-            Add("storage", Tone::kDoubtful,
-                "drive " + drive + " has " + FormatSize(static_cast<double>(space.FreeBytes())) + " of " +
-                    FormatSize(static_cast<double>(space.TotalBytes())) + " free",
-                Trouble::kScarceDrive, {}, drive);
+            findings.Add("storage", Tone::kDoubtful,
+                         "drive " + drive + " has " + FormatSize(static_cast<double>(space.FreeBytes())) + " of " +
+                             FormatSize(static_cast<double>(space.TotalBytes())) + " free",
+                         Trouble::kScarceDrive, {}, drive);
         }
         if (!scarce && !spaces.empty())
-            Add("storage", "room on every drive");
+            findings.Add("storage", "room on every drive");
     }
 
     void Pixels()
     {
         std::uint8_t percent = 100;
-        if (!Answered("pixels", vxPixProgress(&percent), Trouble::kNoPixelProgress))
+        if (!findings.Answered("pixels", vxPixProgress(&percent), Trouble::kNoPixelProgress))
             return;
         if (percent < 100)
-            return Add("pixels", Tone::kDoubtful, "a check is at " + std::to_string(percent) + " %",
-                       Trouble::kPixelCheckRuns);
+            return findings.Add("pixels", Tone::kDoubtful, "a check is at " + std::to_string(percent) + " %",
+                                Trouble::kPixelCheckRuns);
         std::uint32_t bad = 0;
         std::uint32_t signals = 0;
         try {
             bad = CountRows("PixelStatus");
             signals = CountRows("PixelSignalErr");
         } catch (const SignFailure& failure) {
-            Answered("pixels", failure.code, Trouble::kNoPixelTables);
+            findings.Answered("pixels", failure.code, Trouble::kNoPixelTables);
             return;
         }
+        if (bad == 0 && signals == 0 && !HasChecked())
+            return findings.Add("pixels", Tone::kPlain, "never checked", Trouble::kNeverChecked);
         if (bad == 0 && signals == 0)
-            return Add("pixels", "the last check has found none that is bad");
-        Add("pixels", Tone::kWrong,
-            std::to_string(bad) + " lamps bad, " + std::to_string(signals) + " without signal at the last check",
-            signals > bad ? Trouble::kBadSignals : Trouble::kBadLamps);
+            return findings.Add("pixels", "the last check has found none that is bad");
+        findings.Add("pixels", Tone::kWrong,
+                     std::to_string(bad) + " lamps bad, " + std::to_string(signals) +
+                         " without signal at the last check",
+                     signals > bad ? Trouble::kBadSignals : Trouble::kBadLamps);
     }
+
+    // A check leaves one of these.
+    static bool HasChecked() { return IsDone(vxIsFileExist("C:\\PIXEL.SYS")) || IsDone(vxIsFileExist("D:\\PXL.CSV")); }
 
     void Warnings()
     {
         std::vector<Warning> warnings;
-        if (!Answered("warnings", ReadWarnings(warnings), Trouble::kNoWarningReport))
+        if (!findings.Answered("warnings", ReadWarnings(warnings), Trouble::kNoWarningReport))
             return;
         if (warnings.empty())
-            return Add("warnings", "none");
+            return findings.Add("warnings", "none");
         const Warning& first = warnings.front();
         std::string cause = first.where;
         cause.append(": ").append(first.what).append(" ").append(first.value);
         if (warnings.size() > 1)
             cause += ", and " + std::to_string(warnings.size() - 1) + " more";
-        Add("warnings", Tone::kWrong, std::to_string(warnings.size()), Trouble::kWarnings, cause);
+        findings.Add("warnings", Tone::kWrong, std::to_string(warnings.size()), Trouble::kWarnings, cause);
     }
 
     Session& session;
-    Report::Json findings = Report::Json::array();
-    bool isWell = true;
+    Findings findings;
 };
 
 // Without a sign.
@@ -228,6 +192,11 @@ std::uint32_t ListAdvice(Report& report)
         table.Add({std::string(advice.check), advice.cause.empty() ? "as the sign tells" : std::string(advice.cause),
                    NextCommand(advice, advice.usual)});
     table.Show(report, "advice");
+    TextTable ends({{"on the face"}, {"ends it"}});
+    for (const Cover& cover : AllCovers())
+        ends.Add({std::string(cover.text), cover.command.empty() ? "its end" : std::string(cover.command)});
+    report.Line("");
+    ends.Show(report, "ends");
     return VX_OK;
 }
 
@@ -235,7 +204,12 @@ std::uint32_t Doctor(Session& session, const Args& args)
 {
     if (args.Has("--list"))
         return ListAdvice(session.report);
-    Examination(session).Run();
+    const bool tellsByStatus = args.Has("--exit-code");
+    if (tellsByStatus)
+        session.exitStatus = kExitErrors;
+    const Tone worst = Examination(session).Run();
+    if (tellsByStatus && worst != Tone::kWrong)
+        session.exitStatus = worst == Tone::kFine ? EXIT_SUCCESS : kExitWarnings;
     return VX_OK;
 }
 
@@ -244,13 +218,17 @@ const Command kCommands[] = {
         .name = "doctor",
         .help = "Look for what is wrong, and say what to do",
         .details =
-            R"(Looks at line, protocol, clock, drives, storage, pixels and warnings. Each finding has its cause and the next command.
-Neither doctor nor what it advises changes anything on the sign; where only a change helps, it names the help that tells
+            R"(Says first why the face is dark, or shows something else than its play list, with the command that ends it. Then it
+looks at line, protocol, clock, drives, storage, pixels and warnings. Each finding has its cause and the next command.
+Neither doctor nor a next command changes anything on the sign; where only a change helps, it names the help that tells
 how. --list shows all that it may advise, and asks no sign. The exit status is 0 when the sign could be examined,
-whatever was found.)",
+whatever was found; with --exit-code 4 tells of what is doubtful, 5 of what is wrong, a dead line too.)",
         .examples = R"(vxctl doctor
-vxctl --json doctor | jq .well)",
-        .arguments = {Flag("--list", "show all that may be advised")},
+vxctl --json doctor | jq .well
+vxctl doctor --exit-code >/dev/null || echo "look at the sign")",
+        .arguments =
+            {Flag("--list", "show all that may be advised"),
+             Flag("--exit-code", "0 all is well, 4 something is doubtful, 5 something is wrong").Excludes("--list")},
         .line = Line::kOwn,
         .signs = Signs::kMany,
         .run = Doctor,
