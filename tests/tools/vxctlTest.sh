@@ -103,8 +103,15 @@ expect 0 info --json
 member OK text
 member "$port" communication port
 member ON hasDriveF
-expect 0 info
-says out "serial number"
+for command in info status; do
+    expect 0 "$command"
+    says out "face                128x32 pixels"
+    says out "colours             16777216"
+    says out "drive F"
+    expect 0 "$command" --json
+    member 128 face width
+    member C drives 0 drive
+done
 expect 0 raw 4 1 --json
 member 55A70600000000000000010004010000 request packet
 expect 0 raw 1 16

@@ -3,6 +3,8 @@
 #include "vxctl/cli/fieldText.h"
 #include "vxctl/cli/numbers.h"
 #include "vxctl/cli/tables.h"
+#include "vxctl/state/condition.h"
+#include "vxctl/state/faceState.h"
 
 #include <vxsign/properties.h>
 #include <vxsign/read.h>
@@ -152,6 +154,8 @@ std::uint32_t Info(Session& session, const Args& /*args*/)
                 }},
                {"communication", "communication", [&] { return vxReadCommunicationSet(&sign.communication); },
                 [&] { ShowCommunication(report, sign.communication); }}});
+    ShowFace(report, ReadFace());
+    ShowDrives(report, ReadSpaces());
     return VX_OK;
 }
 
@@ -160,7 +164,8 @@ const Command kCommands[] = {
         .name = "info",
         .help = "Show what the sign says of itself",
         .details =
-            R"(Properties, serial number, board, brightness and communication settings. A part that the sign refuses is shown as
+            R"(Properties, serial number, board, brightness, communication settings, size, colours and light of the face, and the
+room on the drives. A part that the sign refuses is shown as
 refused; the exit status is 0 when anything could be read.)",
         .examples = R"(vxctl info
 vxctl --json info | jq .serialNumber)",

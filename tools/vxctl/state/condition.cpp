@@ -4,6 +4,7 @@
 #include "vxctl/cli/bytes.h"
 #include "vxctl/cli/collected.h"
 #include "vxctl/cli/failure.h"
+#include "vxctl/cli/numbers.h"
 
 #include <vxsign/filesystem.h>
 #include <vxsign/status.h>
@@ -66,6 +67,21 @@ std::vector<DriveSpace> ReadSpaces()
             spaces.push_back(space);
     }
     return spaces;
+}
+
+void ShowDrives(Report& report, const std::vector<DriveSpace>& spaces)
+{
+    Report::Json drives = Report::Json::array();
+    for (const DriveSpace& space : spaces) {
+        drives.push_back({{"drive", std::string(1, space.drive)},
+                          {"totalBytes", space.TotalBytes()},
+                          {"freeBytes", space.FreeBytes()}});
+        const std::string text = FormatSize(static_cast<double>(space.FreeBytes())) + " free of " +
+                                 FormatSize(static_cast<double>(space.TotalBytes()));
+        report.Line(std::string("drive ") + space.drive + "             " +
+                    Toned(text, space.IsScarce() ? Tone::kWrong : Tone::kPlain));
+    }
+    report.Put("drives", std::move(drives));
 }
 
 std::uint32_t ReadClock(ClockTime& time)

@@ -47,6 +47,9 @@ std::uint32_t ReadSpace(char drive, DriveSpace& space);
 // The spaces of all drives that the sign has. Throws SignFailure when the line fails.
 std::vector<DriveSpace> ReadSpaces();
 
+// What is free on each.
+void ShowDrives(Report& report, const std::vector<DriveSpace>& spaces);
+
 // The sign's clock, which tells no seconds. Gives the result word.
 std::uint32_t ReadClock(ClockTime& time);
 

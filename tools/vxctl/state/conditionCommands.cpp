@@ -7,6 +7,7 @@
 #include "vxctl/cli/tables.h"
 #include "vxctl/cli/textTable.h"
 #include "vxctl/state/condition.h"
+#include "vxctl/state/faceState.h"
 
 #include <vxsign/control.h>
 #include <vxsign/status.h>
@@ -94,21 +95,6 @@ void ShowClock(Report& report)
                        right ? Tone::kFine : Tone::kDoubtful));
 }
 
-void ShowDrives(Report& report)
-{
-    Report::Json drives = Report::Json::array();
-    for (const DriveSpace& space : ReadSpaces()) {
-        drives.push_back({{"drive", std::string(1, space.drive)},
-                          {"totalBytes", space.TotalBytes()},
-                          {"freeBytes", space.FreeBytes()}});
-        const std::string text = FormatSize(static_cast<double>(space.FreeBytes())) + " free of " +
-                                 FormatSize(static_cast<double>(space.TotalBytes()));
-        report.Line(std::string("drive ") + space.drive + "             " +
-                    Toned(text, space.IsScarce() ? Tone::kWrong : Tone::kPlain));
-    }
-    report.Put("drives", std::move(drives));
-}
-
 TextTable TableOf(const std::vector<Warning>& warnings)
 {
     TextTable table({{"where"}, {"what"}, {"value"}, {"time"}});
@@ -142,9 +128,10 @@ std::uint32_t ShowStatus(Session& session, const Args& /*args*/)
     Check(result);
     report.Value("sign", "sign", session.options.url);
     ShowRecord(report, found);
+    ShowFace(report, ReadFace());
     ShowPower(report);
     ShowClock(report);
-    ShowDrives(report);
+    ShowDrives(report, ReadSpaces());
     ShowWarningLines(report);
     return VX_OK;
 }

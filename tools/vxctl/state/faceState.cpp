@@ -161,6 +161,22 @@ FaceState ReadFace()
     return face;
 }
 
+void ShowFace(Report& report, const FaceState& face)
+{
+    const std::string unknown = "the sign does not tell";
+    const auto numberOf = [](const std::optional<std::uint32_t>& number) {
+        return number ? Report::Json(*number) : Report::Json();
+    };
+    const bool hasSize = face.width != 0 && face.height != 0;
+    report.Value("face", "face",
+                 hasSize ? Report::Json{{"width", face.width}, {"height", face.height}} : Report::Json(),
+                 hasSize ? std::to_string(face.width) + "x" + std::to_string(face.height) + " pixels" : unknown);
+    report.Value("colours", "colours", numberOf(face.colours), face.colours ? std::to_string(*face.colours) : unknown);
+    report.Value("light", "light", numberOf(face.light),
+                 face.light ? std::to_string(*face.light) + " of 8" + (face.isLightFixed ? ", set" : ", by the hour")
+                            : unknown);
+}
+
 std::span<const Cover> AllCovers()
 {
     return kCovers;

@@ -1,6 +1,8 @@
 // What a sign says of its face: its size, its light, and what lies over its play list.
 #pragma once
 
+#include "vxctl/cli/report.h"
+
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -23,6 +25,9 @@ struct FaceState
 
 // Throws SignFailure when the line fails.
 FaceState ReadFace();
+
+// Size, colours and light; what is missing is said to be.
+void ShowFace(Report& report, const FaceState& face);
 
 // Something over the play list.
 struct Cover
