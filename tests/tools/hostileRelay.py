@@ -3,6 +3,7 @@
 #   escapes  words become orders to a terminal, of the same length
 #   short    a piece of a file has 80 bytes, whatever the sign announced
 #   growing  the first announcement of a file is a byte short
+#   lost     nothing tells that a window's packets have come
 # Prints its own port as "udp 127.0.0.1:PORT", as a sign does.
 import re
 import select
@@ -49,6 +50,10 @@ def begin_to_grow(reply):
     return reply
 
 
+def lose(reply):
+    return b"" if reply[12] == 2 and reply[13] == 13 else reply
+
+
 def checksum(reply):
     if reply[1] == 0xA8:
         return sum(reply[4:]) & 0xFFFF
@@ -62,7 +67,7 @@ def checksum(reply):
 
 
 def main(port, mode):
-    change = {"escapes": poison, "short": shorten, "growing": begin_to_grow}[mode]
+    change = {"escapes": poison, "short": shorten, "growing": begin_to_grow, "lost": lose}[mode]
     hosts = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)
     hosts.bind(("127.0.0.1", 0))
     sign = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)
@@ -78,6 +83,7 @@ def main(port, mode):
             reply = bytearray(sign.recv(65536))
             if len(reply) >= HEADER:
                 reply = change(reply)
+            if len(reply) >= HEADER:
                 reply[2:4] = checksum(reply).to_bytes(2, "little")
                 hosts.sendto(reply, host)
 

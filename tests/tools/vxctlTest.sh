@@ -40,6 +40,20 @@ for url in "udp://127.0.0.1:$port" "tcp://localhost:$port"; do
         rm "$work/BIG.BIN"
     done
 done
+# As with cp: what is a folder, or says so at its end, takes the file under its own name, and stays a folder.
+mkdir -p "$work/sign/D/NEW"
+for target in D:/NEW D:/NEW/ D: 'd:\new'; do
+    expect 0 --json put "$work/file" "$target"
+    found=$work/sign/D/NEW/file
+    [ "$target" = D: ] && found=$work/sign/D/file
+    same "$work/file" "$found"
+    rm "$found"
+done
+expect 0 put "$work/file" D:/NEW/A.BIN
+expect 0 put "$work/logo.bmp" D:/NEW/A.BIN
+same "$work/logo.bmp" "$work/sign/D/NEW/A.BIN"
+rm -r "$work/sign/D/NEW"
+expect 1 -s udp://127.0.0.1:9 --timeout 50 --retries 1 put "$work/file" D:/NEW
 expect 0 get --system CONFIG.SYS "$work/config"
 same "$work/sign/C/CONFIG.SYS" "$work/config"
 expect 0 put --system "$work/config" CONFIG.SYS
@@ -408,8 +422,9 @@ says err "Operation Abort!"
 stop "$sign"
 
 # A window that fails is tried once more.
-start "$work/deaf" --fault drop=1 --verbose 2>"$work/heard"
-expect 1 -s "udp://127.0.0.1:$port" --timeout 50 --retries 1 put --window "$work/kept" D:/F/A.BIN
+start "$work/deaf" --verbose 2>"$work/heard"
+relay "$port" lost
+expect 1 -s "$url" --timeout 50 --retries 1 put --window "$work/kept" D:/F/A.BIN
 says err "Communication Error!"
 stop "$sign"
 [ "$(grep -c "write file" "$work/heard")" -eq 2 ] || fail "the window was not tried twice"

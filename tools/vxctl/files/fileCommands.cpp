@@ -3,6 +3,7 @@
 #include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/tables.h"
 #include "vxctl/files/announcedSize.h"
+#include "vxctl/files/targetPath.h"
 
 #include <vxsign/filesystem.h>
 #include <vxsign/local.h>
@@ -68,8 +69,8 @@ std::uint32_t SendThroughWindow(const char* path, const char* local)
 std::uint32_t Put(Session& session, const Args& args)
 {
     CheckSystemName(args);
-    const std::string& path = args.Text("PATH");
     const std::string& local = args.Text("LOCAL");
+    const std::string path = args.Has("--system") ? args.Text("PATH") : TargetPath(args.Text("PATH"), local);
     const bool window = args.Has("--window") && FitsWindow(local, session.options.chunk);
     const auto send = [&] {
         if (args.Has("--system"))
@@ -78,6 +79,7 @@ std::uint32_t Put(Session& session, const Args& args)
     };
     // The windowed transfer reports its start alone: a bar would stand at 0 until the end.
     Transfer(session, "put " + path, args.Has("--window"), send, local);
+    session.report.Put("path", path);
     return VX_OK;
 }
 
@@ -127,8 +129,10 @@ const Command kCommands[] = {
         .name = "put",
         .help = "Send a file to the sign",
         .details =
-            R"(A file that begins with "NG" holds a wrapped message: it is unwrapped into LOCAL.tmp, which stays, and that is sent.)",
+            R"(PATH may be a folder, which takes the file under its own name. A file that begins with "NG" holds a wrapped message:
+it is unwrapped into LOCAL.tmp, which stays, and that is sent.)",
         .examples = R"(vxctl put hello.nmg D:/T/HELLO.NMG
+vxctl put hello.nmg D:/T/
 vxctl --chunk 1280 put --window firmware.bin C:/FW.BIN    eight packets at a time
 vxctl put --system list.sys SEQUENT.SYS)",
         .arguments =
