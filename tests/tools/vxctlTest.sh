@@ -56,7 +56,7 @@ rm -r "$work/sign/D/NEW"
 expect 1 -s udp://127.0.0.1:9 --timeout 50 --retries 1 put "$work/file" D:/NEW
 expect 0 get --system CONFIG.SYS "$work/config"
 same "$work/sign/C/CONFIG.SYS" "$work/config"
-expect 0 put --system "$work/config" CONFIG.SYS
+expect 0 put --system --verify "$work/config" CONFIG.SYS
 
 # A read that fails leaves what was there.
 echo kept >"$work/kept"
@@ -239,6 +239,37 @@ for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port"; do
     same "$work/shop/logo.bmp" "$work/back/logo.bmp"
     rm -r "$work/back"
 done
+# A file that the sign could not take is named, and comes with the next sending; so does one that is cut there, and with
+# --verify one that differs where the sign's codes do not look.
+onSign=$work/sign/F/F
+head -c 5000 "$work/file" >"$work/shop/loose.bin"
+expect 0 playlist add "$work/shop/loose.bin"
+mkdir -p "$onSign/loose.bin"
+expect 1 playlist send --json
+member loose.bin missing 0 file
+member "1 of 4 files are not whole on the sign; the next sending tries them again" reason
+rmdir "$onSign/loose.bin"
+expect 0 playlist send
+same "$work/shop/loose.bin" "$onSign/loose.bin"
+truncate -s 4000 "$onSign/loose.bin"
+expect 1 playlist send
+says out "loose.bin: has 4000 bytes of 5000"
+expect 0 playlist send
+for again in "" --all; do
+    printf X | dd of="$onSign/loose.bin" bs=1 seek=3000 conv=notrunc 2>"$work/err"
+    expect 0 playlist send
+    if [ -z "$again" ]; then
+        expect 1 playlist send --verify
+        says out "loose.bin: has other contents"
+    fi
+    # shellcheck disable=SC2086 # nothing, or an option
+    expect 0 playlist send --verify $again
+    same "$work/shop/loose.bin" "$onSign/loose.bin"
+done
+expect 0 playlist rm /loose.bin
+expect 0 put --verify "$work/file" D:/F/
+expect 0 show --verify --no-play "not now" --json
+member ON verified
 expect 0 playlist send --index 7 --list-only
 [ -s "$work/sign/C/PLAYLIST/SEQUENT7.SYS" ] || [ -s "$work/sign/C/playlist/sequent7.sys" ] || fail "no numbered list"
 expect 0 playlist save other.xml

@@ -3,6 +3,7 @@
 #include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/tables.h"
 #include "vxctl/files/announcedSize.h"
+#include "vxctl/files/readBack.h"
 #include "vxctl/files/targetPath.h"
 
 #include <vxsign/filesystem.h>
@@ -80,6 +81,8 @@ std::uint32_t Put(Session& session, const Args& args)
     // The windowed transfer reports its start alone: a bar would stand at 0 until the end.
     Transfer(session, "put " + path, args.Has("--window"), send, local);
     session.report.Put("path", path);
+    if (args.Has("--verify"))
+        Verify(session, {path, args.Has("--system")}, local);
     return VX_OK;
 }
 
@@ -122,6 +125,7 @@ std::uint32_t Get(Session& session, const Args& args)
 }
 
 constexpr Argument kPath = SignPath("PATH", "the path on the sign, or the name of a system file");
+constexpr Argument kVerify = Flag("--verify", "read it back and compare");
 constexpr Argument kSystem = Flag("--system", "PATH is the name of a system file, such as CONFIG.SYS");
 
 const Command kCommands[] = {
@@ -137,7 +141,8 @@ vxctl --chunk 1280 put --window firmware.bin C:/FW.BIN    eight packets at a tim
 vxctl put --system list.sys SEQUENT.SYS)",
         .arguments =
             {ReadFile("LOCAL", "the file on this PC"), kPath, kSystem,
-             Flag("--window", "up to 8 packets on their way at a time; once more if that fails").Excludes("--system")},
+             Flag("--window", "up to 8 packets on their way at a time; once more if that fails").Excludes("--system"),
+             kVerify},
         .signs = Signs::kMany,
         .run = Put,
     },

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <limits>
 #include <memory>
 #include <sys/stat.h>
@@ -155,6 +156,18 @@ std::optional<std::vector<PlayListEntry>> PlayList::Level(const std::string& lev
     for (std::size_t i = 0; i < count; ++i)
         entries.push_back({lines[i].kind == VX_ENTRY_GROUP, FieldText(lines[i].name)});
     return entries;
+}
+
+std::vector<VXPLAYLIST_FILE_INFO> PlayList::Files(const std::string& levelPath) const
+{
+    std::vector<VXPLAYLIST_FILE_INFO> files;
+    for (const PlayListEntry& entry : Level(levelPath).value_or(std::vector<PlayListEntry>())) {
+        if (entry.isGroup)
+            std::ranges::copy(Files(levelPath + entry.name + '/'), std::back_inserter(files));
+        else if (const auto info = Get(levelPath, entry.name))
+            files.push_back(*info);
+    }
+    return files;
 }
 
 std::string PlayList::FilesOf(const PlayListPlace& place) const

@@ -58,6 +58,10 @@ public:
     // What stands at a level in the library's own words; nullopt if there is no such level.
     std::optional<std::vector<PlayListEntry>> Level(const std::string& levelPath) const;
 
+    // The files below a level in the order of the list; of those that share a name, which are the same for a sign, some
+    // are out of reach.
+    std::vector<VXPLAYLIST_FILE_INFO> Files(const std::string& levelPath = "/") const;
+
     // The library's level that holds the files of a place. Throws UsageError if there is none.
     std::string FilesOf(const PlayListPlace& place) const;
 

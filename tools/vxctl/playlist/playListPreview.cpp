@@ -51,17 +51,6 @@ vxsim::FileEntry ToEntry(const VXPLAYLIST_FILE_INFO& info)
     return entry;
 }
 
-// The files below a level in the order of the list.
-void Collect(const PlayList& list, const std::string& level, std::vector<vxsim::FileEntry>& files)
-{
-    for (const PlayListEntry& entry : list.Level(level).value_or(std::vector<PlayListEntry>())) {
-        if (entry.isGroup)
-            Collect(list, level + entry.name + '/', files);
-        else if (const auto info = list.Get(level, entry.name))
-            files.push_back(ToEntry(*info));
-    }
-}
-
 // How many faces the text of a message fills; nothing for a file that has no text.
 std::size_t PagesOf(const std::vector<std::uint8_t>& bytes, const Wanted& wanted, vxsim::Font& font)
 {
@@ -196,7 +185,7 @@ std::uint32_t Preview(Session& session, const Args& args)
     const Wanted wanted = WantedBy(args);
     const PlayList list = PlayList::Open(args.Text("--list"));
     std::vector<vxsim::FileEntry> files;
-    Collect(list, "/", files);
+    std::ranges::transform(list.Files(), std::back_inserter(files), ToEntry);
     session.report.Put("warnings", Examine(list, wanted, files, session.report));
     session.report.Put("files", files.size());
     session.report.Put("picture", wanted.picture);

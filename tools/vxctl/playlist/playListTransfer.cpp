@@ -1,7 +1,14 @@
 // playlist: saving and importing a list, sending and fetching it.
 #include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/tables.h"
+#include "vxctl/files/readBack.h"
+#include "vxctl/playlist/fileList.h"
 #include "vxctl/playlist/playList.h"
+
+#include <vxsign/filesystem.h>
+#include <vxsign/local.h>
+
+#include <array>
 
 namespace vxctl {
 
@@ -37,13 +44,68 @@ std::uint32_t Import(Session& /*session*/, const Args& args)
     return VX_OK;
 }
 
+// The path that the library gives a file of the list on the sign.
+std::string SignPathOf(const VXPLAYLIST_FILE_INFO& info, const std::string& local, char drive)
+{
+    std::array<char, 64> path{};
+    const std::uint32_t result =
+        vxMakeSignPath(local.c_str(), path.data(), path.size(), static_cast<std::uint8_t>(drive), nullptr, nullptr);
+    return result == VX_OK ? path.data() : std::string{drive, ':', '\\', info.Type, '\\'} + info.fileName;
+}
+
+// What is wrong with the sign's copy of a file of the list; a file that this PC lacks may be there all the same.
+std::string Missing(const Session& session, const PlayList& list, const VXPLAYLIST_FILE_INFO& info, Depth depth)
+{
+    const std::string local = (list.Folder() / info.fileName).string();
+    const std::string path = SignPathOf(info, local, DriveOfSign());
+    std::error_code error;
+    if (fs::is_regular_file(local, error))
+        return Difference(session, {path}, local, depth);
+    const std::uint32_t result = vxIsFileExist(path.c_str());
+    if (result == VX_COMMUNICATION || result == VX_ABORTED)
+        throw SignFailure(result);
+    return result == VX_OK ? "" : "neither on this PC nor on the sign";
+}
+
+// The library passes over a file that does not arrive, and the sign's file list names it all the same. So the sign is
+// asked for each, and what it lacks is taken out of that list, so that the next sending repairs it.
+void CheckArrival(Session& session, const PlayList& list, Depth depth)
+{
+    Report::Json missing = Report::Json::array();
+    std::vector<std::string> names;
+    for (const VXPLAYLIST_FILE_INFO& info : list.Files()) {
+        const std::string why = Missing(session, list, info, depth);
+        if (why.empty())
+            continue;
+        names.emplace_back(info.fileName);
+        missing.push_back({{"file", names.back()}, {"why", why}});
+        session.report.Line(names.back() + ": " + why);
+    }
+    session.report.Put("missing", std::move(missing));
+    session.report.Put("files", list.Files().size());
+    if (names.empty())
+        return;
+    const char* const next = ForgetFiles(names) == VX_OK ? "the next sending tries them again"
+                                                         : "the sign's file list has them all the same: try --all";
+    throw SignFailure(VX_FAILED_OPERATION, std::to_string(names.size()) + " of " + std::to_string(list.Files().size()) +
+                                               " files are not whole on the sign; " + next);
+}
+
 std::uint32_t Send(Session& session, const Args& args)
 {
     const PlayList list = PlayList::Open(args.Text("--list"));
-    const ProgressBar bar("send " + args.Text("--list"), session.report.IsJson());
     const std::int8_t withFiles = args.Has("--list-only") ? 0 : 1;
-    return args.Has("--index") ? vxPLSpeSendToLED(args.Number<std::uint8_t>("--index"), withFiles)
-                               : vxPLSendToLED(withFiles);
+    std::uint32_t result = VX_OK;
+    {
+        const ProgressBar bar("send " + args.Text("--list"), session.report.IsJson());
+        if (args.Has("--all"))
+            Check(ForgetAllFiles());
+        result = args.Has("--index") ? vxPLSpeSendToLED(args.Number<std::uint8_t>("--index"), withFiles)
+                                     : vxPLSendToLED(withFiles);
+    }
+    if (withFiles != 0 && result != VX_COMMUNICATION && result != VX_ABORTED)
+        CheckArrival(session, list, args.Has("--verify") ? Depth::kContents : Depth::kSize);
+    return result;
 }
 
 std::uint32_t Fetch(Session& session, const Args& args)
@@ -82,10 +144,15 @@ vxctl playlist import --sequence SEQUENT.SYS)",
     {
         .name = "playlist send",
         .help = "Send the list and the files that the sign does not have yet",
-        .details = "The list plays at once, or goes to a numbered place with --index.",
+        .details =
+            R"(The list plays at once, or goes to a numbered place with --index. Then the sign is asked whether it has each file with
+its size: what it lacks is named, the status is 1, and the next sending tries those files again.)",
         .examples = R"(vxctl playlist send
+vxctl playlist send --verify
 vxctl -s udp://192.168.1.50 playlist send --index 3)",
-        .arguments = {Number("--index", 0, 255, "the number of the list on the sign").In("N"), kListOnly},
+        .arguments = {Number("--index", 0, 255, "the number of the list on the sign").In("N"), kListOnly,
+                      Flag("--all", "send all files, also those that the sign has").Excludes("--list-only"),
+                      Flag("--verify", "read the files back and compare them").Excludes("--list-only")},
         .signs = Signs::kMany,
         .run = Send,
     },

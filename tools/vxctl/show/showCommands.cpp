@@ -1,10 +1,13 @@
 // show, picture, files: content on the face at once.
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/tables.h"
+#include "vxctl/files/readBack.h"
 #include "vxctl/show/showCodes.h"
 
+#include <vxsign/content.h>
 #include <vxsign/quickshow.h>
 
+#include <fstream>
 #include <vector>
 
 namespace vxctl {
@@ -20,16 +23,40 @@ std::uint32_t ToE(const Args& args)
     return args.Text("--drive") == "E" ? 1 : 0;
 }
 
+// The message as it goes to the sign, which differs from a message file in its first bytes.
+void WriteMessage(const std::string& local, const Args& args)
+{
+    constexpr std::string_view kBegin = "\x01Z00\x02\x41\x41";
+    const std::string& text = args.Text("TEXT");
+    Check(vxShowMsgToNmg(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size()),
+                         local.c_str(), static_cast<int>(ParseFont(args.Text("--font"))),
+                         ParseColour(args.Text("--colour")), ParseMode(args.Text("--mode")), args.Number("--stay")));
+    std::fstream(local, std::ios::binary | std::ios::in | std::ios::out) << kBegin;
+}
+
+void VerifyText(Session& session, const Args& args)
+{
+    const TemporaryFolder folder;
+    const std::string local = folder.Path() + "message";
+    WriteMessage(local, args);
+    const char drive = ToE(args) != 0 ? 'E' : DriveOfSign();
+    session.Connect();
+    Verify(session, {std::string(1, drive) + ":\\T\\QMSG.Nmg"}, local);
+}
+
 std::uint32_t ShowText(Session& session, const Args& args)
 {
     const SignUrl sign = session.Sign();
     const Options& options = session.options;
     const std::string& text = args.Text("TEXT");
-    return vxShowMsgTimeout(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size()),
-                            ParseFont(args.Text("--font")), ParseColour(args.Text("--colour")),
-                            ParseMode(args.Text("--mode")), args.Number("--stay"), sign.host.c_str(), sign.port,
-                            ToE(args), args.Has("--no-play") ? 0 : 1, static_cast<std::uint8_t>(options.retries),
-                            options.timeoutMs, sign.kind, sign.serialName.c_str(), sign.baudRate, options.destination);
+    Check(vxShowMsgTimeout(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size()),
+                           ParseFont(args.Text("--font")), ParseColour(args.Text("--colour")),
+                           ParseMode(args.Text("--mode")), args.Number("--stay"), sign.host.c_str(), sign.port,
+                           ToE(args), args.Has("--no-play") ? 0 : 1, static_cast<std::uint8_t>(options.retries),
+                           options.timeoutMs, sign.kind, sign.serialName.c_str(), sign.baudRate, options.destination));
+    if (args.Has("--verify"))
+        VerifyText(session, args);
+    return VX_OK;
 }
 
 std::uint32_t ShowPicture(Session& session, const Args& args)
@@ -74,7 +101,8 @@ vxctl show -- "-5 C")",
         .arguments = {Text("TEXT", "the text, sent as it is"),
                       Of(kFontCode, "--font", "a character or its code, 48 to 169").Default("1"),
                       Of(kColourCode, "--colour,--color", "a name, #RRGGBB, or a code of the sign").Default("1"), kMode,
-                      kStay, kDrive, Flag("--no-play", "leave the sign's play list as it is")},
+                      kStay, kDrive, Flag("--no-play", "leave the sign's play list as it is"),
+                      Flag("--verify", "read the message back and compare")},
         .line = Line::kOwn,
         .signs = Signs::kMany,
         .run = ShowText,
