@@ -142,4 +142,14 @@ std::optional<Canvas> DecodePicture(std::span<const std::uint8_t> bytes, int wid
     return Fit(*pixels, width, height);
 }
 
+std::optional<Canvas> DecodeWholePicture(std::span<const std::uint8_t> bytes)
+{
+    const std::optional<Pixels> pixels = Decode(bytes);
+    if (!pixels)
+        return std::nullopt;
+    const int longest = std::max(pixels->width, pixels->height);
+    const int shown = std::min(longest, Canvas::kMostPixelsPerSide);
+    return Fit(*pixels, Scaled(pixels->width, shown, longest), Scaled(pixels->height, shown, longest));
+}
+
 } // namespace vxsim

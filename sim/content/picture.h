@@ -17,4 +17,7 @@ bool IsPicture(std::span<const std::uint8_t> bytes);
 // decoder refuses, or that are too large: more than 8192 pixels wide or high, or 16 million in all.
 std::optional<Canvas> DecodePicture(std::span<const std::uint8_t> bytes, int width, int height);
 
+// The same as large as it is, or scaled down to what a canvas holds.
+std::optional<Canvas> DecodeWholePicture(std::span<const std::uint8_t> bytes);
+
 } // namespace vxsim

@@ -17,6 +17,7 @@ void* ReallocateBlock(void* block, std::size_t size);
 #define STBI_FREE(block) std::free(block)
 #define STBI_MAX_DIMENSIONS 8192
 #define STB_IMAGE_IMPLEMENTATION
+#define STB_IMAGE_RESIZE_IMPLEMENTATION
 #define STB_IMAGE_WRITE_IMPLEMENTATION
 #include "sim/face/stb.h"
 

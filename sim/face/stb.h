@@ -26,4 +26,5 @@ void AppendBytes(void* vector, void* data, int size);
 } // namespace vxsim
 
 #include <stb_image.h>
+#include <stb_image_resize.h>
 #include <stb_image_write.h>

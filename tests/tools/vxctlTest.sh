@@ -21,8 +21,42 @@ cp "$work/sign/C/SEQUENT.SYS" "$work/sequence"
 expect 0 show --no-play "not now"
 same "$work/sequence" "$work/sign/C/SEQUENT.SYS"
 head -c 500 "$work/file" >"$work/logo.bmp"
-expect 0 picture "$work/logo.bmp" --drive E
+expect 0 picture --raw "$work/logo.bmp" --drive E
 tail -c 500 "$work/sign/E/T/PMSG.Nmg" | cmp -s - "$work/logo.bmp" || fail "the picture is not what was sent"
+# A picture comes in the size of the face: that of a red pixel fills its height, or all of it.
+printf 'BM\x3a\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0' >"$work/red.bmp"
+(head -c 24 /dev/zero && printf '\0\0\377\0') >>"$work/red.bmp"
+# redOf FIT: bytes of red in the picture that the sign got.
+redOf() {
+    expect 0 --json picture "$work/red.bmp" --drive E --fit "$1" ${2-}
+    member 1 frames
+    tr -dc '\377' <"$work/sign/E/T/PMSG.Nmg" | wc -c
+}
+for row in "contain 1024" "cover 4096" "stretch 4096" "none 1"; do
+    [ "$(redOf ${row% *})" -eq "${row#* }" ] || fail "picture --fit $row: $(redOf ${row% *}) pixels are red"
+done
+[ "$(redOf contain "--size 32x8")" -eq 64 ] || fail "picture --size has no say"
+# What is none is refused with its reason, and nothing goes out.
+sum=$(cksum "$work/sign/E/T/PMSG.Nmg")
+echo '<svg xmlns="http://www.w3.org/2000/svg"/>' >"$work/drawing.png"
+head -c 57 "$work/red.bmp" >"$work/cut.bmp"
+for row in "drawing.png SVG" "cut.bmp end is missing" "wanted no picture"; do
+    expect 2 picture "$work/${row%% *}" --drive E
+    says err "${row#* }"
+done
+[ "$sum" = "$(cksum "$work/sign/E/T/PMSG.Nmg")" ] || fail "a picture that was refused went out"
+# The frames of an animation, a red one for a second and a green one for two, are a list on the sign.
+image() { printf '\x21\xf9\4\0%b\0\0\0\x2c\0\0\0\0\1\0\1\0\0\2\2%b\1\0' "$@"; }
+(printf 'GIF89a\1\0\1\0\x80\0\0\xff\0\0\0\xff\0' && image '\0144' '\0104' && image '\0310' '\0114' && printf ';') >"$work/blink.gif"
+expect 0 picture "$work/blink.gif" --drive E --json
+member 2 frames
+grep -qa $'\x0e20001' "$work/sign/E/T/FRAME100.NMG" || fail "the first frame does not stay for a second"
+grep -qa $'\x0e20002' "$work/sign/E/T/FRAME101.NMG" || fail "the second frame does not stay for two"
+cmp -s "$work/sign/E/T/FRAME100.NMG" "$work/sign/E/T/FRAME101.NMG" && fail "both frames are the same"
+expect 2 playlist add "$work/blink.gif"
+head -c 60 "$work/blink.gif" >"$work/cut.gif"
+expect 2 picture "$work/cut.gif"
+says err "the end is missing"
 expect 0 files --no-play --drive E "$work/logo.bmp"
 same "$work/logo.bmp" "$(find "$work/sign/E" -name logo.bmp)"
 
@@ -205,14 +239,17 @@ cp "$work/a.nmg" "$work/first.nmg"
 cp "$work/b.nmg" "$work/second.nmg"
 expect 0 playlist add "$work/first.nmg"
 expect 0 playlist group /winter/
-expect 0 playlist add --to /winter/ --times 2 "$work/second.nmg" "$work/logo.bmp"
+expect 2 playlist add --to /winter/ "$work/logo.bmp"
+says err "no picture"
+expect 2 playlist add --to /winter/ "$work/drawing.png"
+expect 0 playlist add --raw --to /winter/ --times 2 "$work/second.nmg" "$work/logo.bmp"
 expect 0 playlist schedule /winter/logo.bmp --days mon-fri --hours 07:00..19:30
 expect 2 playlist add "$work/first.nmg"
 echo other >"$work/other.nmg"
 mkdir -p "$work/else"
 cp "$work/other.nmg" "$work/else/first.nmg"
 expect 0 playlist rm /first.nmg
-expect 2 playlist add "$work/else/first.nmg"
+expect 2 playlist add --raw "$work/else/first.nmg"
 says err "with other contents"
 expect 0 playlist add "$work/first.nmg"
 expect 0 playlist mv /first.nmg up
@@ -243,7 +280,7 @@ done
 # --verify one that differs where the sign's codes do not look.
 onSign=$work/sign/F/F
 head -c 5000 "$work/file" >"$work/shop/loose.bin"
-expect 0 playlist add "$work/shop/loose.bin"
+expect 0 playlist add --raw "$work/shop/loose.bin"
 mkdir -p "$onSign/loose.bin"
 expect 1 playlist send --json
 member loose.bin missing 0 file

@@ -20,6 +20,7 @@ constexpr Argument kCommon[] = {
 
 constexpr const CommandTable* kTables[] = {
     &kShowCommands,
+    &kPictureCommands,
     &kFileCommands,
     &kFolderCommands,
     &kDriveCommands,

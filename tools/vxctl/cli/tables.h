@@ -9,6 +9,7 @@
 namespace vxctl {
 
 extern const CommandTable kShowCommands;
+extern const CommandTable kPictureCommands;
 extern const CommandTable kFileCommands;
 extern const CommandTable kFolderCommands;
 extern const CommandTable kDriveCommands;

@@ -44,7 +44,7 @@ std::string WrongContents(const SignCopy& copy, const std::string& local)
 {
     const TemporaryFolder folder;
     const std::string back = folder.Path() + "back";
-    const std::string refusal = Refusal(copy.isSystem ? vxReadSysFile(copy.path.c_str(), back.c_str())
+    std::string refusal = Refusal(copy.isSystem ? vxReadSysFile(copy.path.c_str(), back.c_str())
                                                       : vxReadSpecPathFileEx(copy.path.c_str(), back.c_str()));
     if (!refusal.empty())
         return refusal;
@@ -64,7 +64,7 @@ std::string Difference(const Session& session, const SignCopy& copy, const std::
 {
     const std::string sent = SentForm(local);
     std::uint32_t size = 0;
-    const std::string refusal = Refusal(AskSize(copy.path, copy.isSystem, session.options.chunk, size));
+    std::string refusal = Refusal(AskSize(copy.path, copy.isSystem, session.options.chunk, size));
     if (!refusal.empty())
         return refusal;
     const std::uint32_t wanted = vxOSGetFileSize(sent.c_str());

@@ -5,6 +5,10 @@
 #include "vxctl/playlist/scheduleText.h"
 #include "vxctl/show/showCodes.h"
 
+#ifdef VXCTL_HAS_PREVIEW
+#include "vxctl/show/pictures.h"
+#endif
+
 #include <vxsign/local.h>
 
 #include <algorithm>
@@ -81,6 +85,16 @@ VXPLAYLIST_FILE_INFO InfoOf(VXPLAYLIST_FILE_INFO info, const std::string& local)
     return info;
 }
 
+// Ahead of any change: a file that the sign would pass over in silence is of no use in a list.
+void LookAt([[maybe_unused]] const std::string& local)
+{
+#ifdef VXCTL_HAS_PREVIEW
+    const std::string why = WhyNotShown(ReadWhole(local));
+    if (!why.empty())
+        throw UsageError(local + " cannot be shown: it is " + why + "; --raw adds it all the same");
+#endif
+}
+
 std::uint32_t Add(Session& /*session*/, const Args& args)
 {
     const PlayListPlace place = args.Has("--to") ? ParsePlace(args.Text("--to")) : PlayListPlace();
@@ -89,6 +103,8 @@ std::uint32_t Add(Session& /*session*/, const Args& args)
         throw UsageError("--to names a group: /GROUP/ or /GROUP/SUB/");
     auto index = args.Number<std::uint16_t>("--at", kAtEnd);
     for (const std::string& local : args.List("FILE")) {
+        if (!args.Has("--raw"))
+            LookAt(local);
         list.AddFile(place, InfoOf(CommonOf(args), local), index);
         index = static_cast<std::uint16_t>(index + (index == kAtEnd ? 0 : 1));
         CopyInto(list.Folder(), local, fs::path(local).filename().string());
@@ -188,7 +204,8 @@ vxctl playlist -l shop/list.xml send)",
         .help = "Add files",
         .details =
             R"(The files are copied beside the list. In the root new files always go to the end. Pictures take --stay, --in
-and --out; other files say these things themselves.)",
+and --out; other files say these things themselves. A file is looked at first: what is neither a message nor a picture
+(BMP, PNG, JPEG) is refused, unless --raw adds it for a sign that knows it.)",
         .examples = R"(vxctl playlist add hello.nmg logo.bmp
 vxctl playlist add --to /winter/ --stay 5 --in 3 snow.bmp)",
         .arguments = {ReadFile("FILE", "files on this PC").Repeated(),
@@ -196,7 +213,8 @@ vxctl playlist add --to /winter/ --stay 5 --in 3 snow.bmp)",
                       Number("--times", 1, 255, "plays in each turn").In("N").Default("1"),
                       Number("--stay", 0, 65535, "seconds that a picture stays").In("SECONDS").Default("0"),
                       Of(kModeCode, "--in", "how a picture enters: a character or its code"),
-                      Of(kModeCode, "--out", "how a picture leaves")},
+                      Of(kModeCode, "--out", "how a picture leaves"),
+                      Flag("--raw", "add files of kinds that only the sign knows")},
         .line = Line::kNone,
         .run = Add,
     },

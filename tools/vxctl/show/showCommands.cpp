@@ -1,8 +1,8 @@
-// show, picture, files: content on the face at once.
+// show, files: content on the face at once.
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/tables.h"
 #include "vxctl/files/readBack.h"
-#include "vxctl/show/showCodes.h"
+#include "vxctl/show/showOptions.h"
 
 #include <vxsign/content.h>
 #include <vxsign/quickshow.h>
@@ -13,15 +13,6 @@
 namespace vxctl {
 
 namespace {
-
-constexpr Argument kMode = Of(kModeCode, "--mode", "entry and exit mode: a character or its code").Default("0");
-constexpr Argument kStay = Number("--stay", 0, 9999, "seconds to stay").In("SECONDS").Default("5");
-constexpr Argument kDrive = Choice("--drive", "E|auto", "E, or auto: F where the sign has it, else D").Default("auto");
-
-std::uint32_t ToE(const Args& args)
-{
-    return args.Text("--drive") == "E" ? 1 : 0;
-}
 
 // The message as it goes to the sign, which differs from a message file in its first bytes.
 void WriteMessage(const std::string& local, const Args& args)
@@ -57,15 +48,6 @@ std::uint32_t ShowText(Session& session, const Args& args)
     if (args.Has("--verify"))
         VerifyText(session, args);
     return VX_OK;
-}
-
-std::uint32_t ShowPicture(Session& session, const Args& args)
-{
-    const SignUrl sign = session.Sign();
-    const std::vector<std::uint8_t> bytes = ReadWhole(args.Text("FILE"));
-    return vxShowPicEx(bytes.data(), static_cast<std::uint32_t>(bytes.size()), ParseMode(args.Text("--mode")),
-                       args.Number("--stay"), sign.host.c_str(), sign.port, ToE(args), sign.kind,
-                       sign.serialName.c_str(), sign.baudRate, session.options.destination);
 }
 
 std::uint32_t ShowFiles(Session& session, const Args& args)
@@ -106,17 +88,6 @@ vxctl show -- "-5 C")",
         .line = Line::kOwn,
         .signs = Signs::kMany,
         .run = ShowText,
-    },
-    {
-        .name = "picture",
-        .help = "Show a picture file",
-        .details = R"(The file goes over unchanged; which types a sign draws is its own matter (BMP always).
---timeout, --retries and --chunk do not apply: 3 tries of 3000 ms, packets of 768 bytes.)",
-        .examples = "vxctl picture --stay 20 logo.bmp",
-        .arguments = {ReadFile("FILE", "the picture"), kMode, kStay, kDrive},
-        .line = Line::kOwn,
-        .signs = Signs::kMany,
-        .run = ShowPicture,
     },
     {
         .name = "files",
