@@ -1,5 +1,6 @@
 // The rows of the commands: what they say of themselves holds, and what comes from them is right.
 #include "vxctl/cli/commandLine.h"
+#include "vxctl/cli/complaint.h"
 #include "vxctl/cli/completion.h"
 #include "vxctl/cli/runner.h"
 #include "vxctl/cli/tables.h"
@@ -95,7 +96,8 @@ TEST(CommandRows, ComplainByTheNameOfTheArgument)
         {{"picture", "/none"}, "FILE: '/none' cannot be read"},
         {{"video", "vpu", "bright", "1", "2"}, "LEVELS: takes 4, not 2"},
         {{"player", "windows", "over", "0,0,1x1", "0,0,1x1", "0,0,1x1", "0,0,1x1", "0,0,1x1"}, "AREA: takes 4 at most"},
-        {{"help", "nothing"}, "there is no command nothing"},
+        {{"help", "zone", "txet"}, "unknown command txet (did you mean text?)"},
+        {{"show", ""}, "the text is empty; --allow-empty shows a dark face"},
     };
     for (const auto& row : rows) {
         Session session;
@@ -104,6 +106,44 @@ TEST(CommandRows, ComplainByTheNameOfTheArgument)
             ADD_FAILURE() << row.complaint;
         } catch (const UsageError& error) {
             EXPECT_STREQ(error.what(), row.complaint);
+        }
+    }
+}
+
+TEST(CommandRows, SayWhatMayHaveBeenMeant)
+{
+    const struct
+    {
+        Words words;
+        const char* complaint;
+    } rows[] = {
+        {{}, "a command is missing"},
+        {{"shwo", "x", "--stay", "5"}, "unknown command shwo (did you mean show?)"},
+        {{"sl"}, "unknown command sl (did you mean ls?)"},
+        {{"playl"}, "unknown command playl (did you mean play or playlist?)"},
+        {{"divide"}, "unknown command divide (did you mean zone divide?)"},
+        {{"zone", "txt", "1"}, "unknown command txt (did you mean text?)"},
+        {{"frobnicate"}, "unknown command frobnicate"},
+        {{"power", "--on"}, "unknown option --on"},
+        {{"test"}, "a command is missing: colour, pattern, stop"},
+        {{"show", "--fnot", "3"}, "unknown option --fnot (did you mean --font?)"},
+        {{"show", "x", "--fnot=3", "--none", "y"}, "unknown options --fnot (did you mean --font?), --none"},
+        {{"--timout", "50", "blank"}, "unknown option --timout (did you mean --timeout?)"},
+        {{"playlist", "add", "--lst", "x"}, "unknown option --lst (did you mean --list?)"},
+        {{"show", "x", "-5 C"}, "unknown option -5 C (what begins with a dash and is no option stands behind \"--\")"},
+        {{"show", "a", "b", "c"}, "'b' 'c' are too much"},
+        {{"show"}, "TEXT is required"},
+        {{"show", "x", "--font"}, "--font: its value is missing"},
+        {{"show", "x", "--font", "1", "--font", "2"}, "--font is there more than once"},
+        {{"-s"}, "--sign: its value is missing"},
+    };
+    for (const auto& row : rows) {
+        CommandLine line;
+        try {
+            line.Parse(row.words);
+            ADD_FAILURE() << row.complaint;
+        } catch (const CLI::ParseError& error) {
+            EXPECT_EQ(Complaint(line, error), row.complaint);
         }
     }
 }

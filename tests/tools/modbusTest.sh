@@ -29,11 +29,11 @@ expect 2 modbus VMS set 7 22 1
 says err "VMS has no register 22, or it cannot be written"
 expect 2 modbus VMS get 7 101
 expect 2 modbus LC get 1 2 3
-says err "modbus LC get takes DEVICE REGISTER"
+says err "modbus: LC get takes DEVICE REGISTER"
 for numbers in 1 "1 2 3 4 5"; do
     # shellcheck disable=SC2086
     expect 2 modbus TLS get $numbers
-    says err "modbus TLS get takes DEVICE [SECTION] REGISTER"
+    says err "modbus: TLS get takes DEVICE [SECTION] REGISTER"
 done
 expect 0 modbus --help
 says out "Usage: vxctl modbus [OPTIONS] CLASS ACTION NUMBERS..."

@@ -17,6 +17,21 @@ head -c 200003 /dev/urandom >"$work/file"
 expect 0 show "HELLO 42" --colour "#FF8000" --font A --mode 3 --stay 12 --drive E
 printf '\001Z00\002AA\032A\034/\377\200\000\nI3\nO3\0162%s\004' "0012HELLO 42" >"$work/wanted"
 same "$work/wanted" "$work/sign/E/T/QMSG.Nmg"
+# keeps TEXT: the message on the sign ends in these bytes, and no more of text is ahead of them.
+keeps() {
+    printf '\0162%s\004' "0005$1" >"$work/wanted"
+    tail -c "$(wc -c <"$work/wanted")" "$work/sign/E/T/QMSG.Nmg" | cmp -s - "$work/wanted" || fail "the sign keeps another text"
+}
+expect 0 show --drive E 'Lane 2\nclosed, \\now'
+keeps $'Lane 2\rclosed, \\now'
+printf 'Lane 3\r\nIn use\n' >"$work/text"
+expect 0 show --drive E - <"$work/text"
+keeps $'Lane 3\rIn use'
+expect 2 show --drive E - </dev/null
+says err "vxctl: show: the text is empty"
+keeps $'Lane 3\rIn use'
+expect 0 show --drive E "" --allow-empty
+keeps ''
 cp "$work/sign/C/SEQUENT.SYS" "$work/sequence"
 expect 0 show --no-play "not now"
 same "$work/sequence" "$work/sign/C/SEQUENT.SYS"
@@ -406,7 +421,7 @@ for wrong in "" "frobnicate" "show" "show a b" "blank --timeout 49" "blank --chu
     "playlist schedule /first.nmg" "playlist schedule /first.nmg --days noday" "playlist send --index 256" "put --window --system $work/config CONFIG.SYS"; do
     # shellcheck disable=SC2086 # each case is a list of words
     expect 2 $wrong
-    [ -s "$work/err" ] || fail "nothing is said about: vxctl $wrong"
+    grep -q '^vxctl: ' "$work/err" || fail "nothing is said about: vxctl $wrong"
 done
 expect 2 raw 1 1 --extended "$(printf '00%.0s' $(seq 256))"
 expect 0 --help

@@ -1,6 +1,7 @@
 // Builds the parser from the rows.
 #include "vxctl/cli/commandLine.h"
 
+#include "vxctl/cli/complaint.h"
 #include "vxctl/cli/tables.h"
 
 #include <vxsign/api.h>
@@ -119,6 +120,14 @@ const Command& CommandLine::Parse(std::vector<std::string> words)
     return *chosen;
 }
 
+const Command* CommandLine::Found() const
+{
+    std::string name;
+    for (auto parsed = app.get_subcommands(); !parsed.empty(); parsed = parsed.front()->get_subcommands())
+        name.append(name.empty() ? "" : " ").append(parsed.front()->get_name());
+    return FindCommand(name);
+}
+
 Args CommandLine::ArgsOf(const Command& command) const
 {
     const std::vector<const Command*> path = PathOf(command);
@@ -132,14 +141,15 @@ Args CommandLine::ArgsOf(const Command& command) const
 
 const CLI::App& CommandLine::AppOf(const std::string& name) const
 {
-    try {
-        const CLI::App* found = &app;
-        for (const std::string_view word : Split(name, ' '))
-            found = found->get_subcommand(std::string(word));
-        return *found;
-    } catch (const CLI::OptionNotFound&) {
-        throw UsageError("there is no command " + name);
+    const CLI::App* found = &app;
+    std::string family;
+    for (const std::string_view word : Split(name, ' ')) {
+        if (FindCommand(family + std::string(word)) == nullptr)
+            throw UsageError(UnknownCommand(family, word));
+        found = found->get_subcommand(std::string(word));
+        family.append(word).append(" ");
     }
+    return *found;
 }
 
 } // namespace vxctl

@@ -24,6 +24,9 @@ public:
 
     const CLI::App& App() const { return app; }
 
+    // The command or family that the last words led to; null when they led nowhere.
+    const Command* Found() const;
+
     // The part of that command. Throws UsageError when there is none.
     const CLI::App& AppOf(const std::string& name) const;
 

@@ -40,20 +40,9 @@ public:
     }
 
 private:
-    std::vector<const Argument*> InForce() const
-    {
-        std::vector<const Argument*> all;
-        for (const Argument& argument : CommonArguments())
-            all.push_back(&argument);
-        for (const Command* const row : command == nullptr ? std::vector<const Command*>() : PathOf(*command))
-            for (const Argument& argument : row->arguments)
-                all.push_back(&argument);
-        return all;
-    }
-
     void TakeOption(const std::string& word)
     {
-        for (const Argument* const argument : InForce()) {
+        for (const Argument* const argument : ArgumentsOf(command)) {
             const auto names = Split(argument->name, ',');
             if (!argument->IsFlag() && std::ranges::find(names, word) != names.end())
                 valueOf = argument;
@@ -84,7 +73,7 @@ private:
     std::string Options(const std::string& typed) const
     {
         std::string lines = Line("--help", "all about it", typed);
-        for (const Argument* const argument : InForce())
+        for (const Argument* const argument : ArgumentsOf(command))
             for (const std::string_view name : Split(argument->name, ','))
                 lines += name.starts_with('-') ? Line(name, argument->help, typed) : "";
         return lines;

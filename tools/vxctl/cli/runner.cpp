@@ -2,6 +2,7 @@
 #include "vxctl/cli/runner.h"
 
 #include "vxctl/cli/commandLine.h"
+#include "vxctl/cli/complaint.h"
 #include "vxctl/cli/completion.h"
 #include "vxctl/cli/documents.h"
 #include "vxctl/cli/terminal.h"
@@ -19,15 +20,28 @@ Options OptionsOf(const Args& args)
             args.Number<std::uint16_t>("--destination")};
 }
 
-// Help and versions are no failure, but come the same way.
-int ExitWith(const CLI::App& app, const CLI::ParseError& error)
+std::string NameOf(const Command* command)
 {
+    return command == nullptr ? "" : std::string(command->name);
+}
+
+// Nothing was sent.
+int Refuse(const std::string& command, const std::string& complaint)
+{
+    PrintLine(Stream::kError, "vxctl: " + (command.empty() ? "" : command + ": ") + complaint);
+    PrintLine(Stream::kError, "  " + WhereToRead(command));
+    return kExitUsage;
+}
+
+// Help and versions are no failure, but come the same way.
+int EndOfParsing(const CommandLine& line, const std::string& command, const CLI::ParseError& error)
+{
+    if (error.get_exit_code() != 0)
+        return Refuse(command, Complaint(line, error));
     std::ostringstream help;
-    std::ostringstream complaint; // which repeats arguments
-    const int status = app.exit(error, help, complaint);
+    line.App().exit(error, help, help);
     PrintLines(Stream::kOut, help.str());
-    PrintLines(Stream::kError, complaint.str());
-    return status == 0 ? EXIT_SUCCESS : kExitUsage;
+    return EXIT_SUCCESS;
 }
 
 // What the completion scripts and scripts/documents.sh ask for; no help names it.
@@ -89,10 +103,9 @@ int RunTool(const std::vector<std::string>& words)
         session.report.Finish(failure.code, failure.reason);
         return session.exitStatus.value_or(kExitFailure);
     } catch (const UsageError& error) {
-        PrintLine(Stream::kError, std::string("vxctl: ") + error.what());
-        return kExitUsage;
+        return Refuse(NameOf(line.Found()), error.what());
     } catch (const CLI::ParseError& error) {
-        return ExitWith(line.App(), error);
+        return EndOfParsing(line, NameOf(line.Found()), error);
     }
 }
 

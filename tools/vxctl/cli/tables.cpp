@@ -81,6 +81,18 @@ std::vector<const Command*> PathOf(const Command& command)
     return path;
 }
 
+std::vector<const Argument*> ArgumentsOf(const Command* command)
+{
+    std::vector<const Argument*> all;
+    for (const Argument& argument : kCommon)
+        all.push_back(&argument);
+    for (const Command* const row : command == nullptr ? std::vector<const Command*>() : PathOf(*command)) {
+        for (const Argument& argument : row->arguments)
+            all.push_back(&argument);
+    }
+    return all;
+}
+
 const Command* FindCommand(std::string_view name)
 {
     for (const CommandTable* const table : AllTables()) {

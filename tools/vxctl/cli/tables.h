@@ -54,6 +54,9 @@ std::span<const CommandTable* const> AllTables();
 // The rows ahead of a command that are its families, the outermost first; itself at the end.
 std::vector<const Command*> PathOf(const Command& command);
 
+// All that a command takes, the options of its families and those for every command with it; the latter alone for null.
+std::vector<const Argument*> ArgumentsOf(const Command* command);
+
 // The command of that name; null when there is none.
 const Command* FindCommand(std::string_view name);
 

@@ -90,7 +90,7 @@ std::uint32_t Set(Session& /*session*/, const Args& args)
     if (args.Has("--outputs"))
         return vxExtraIOCtrl(args.Bytes("--outputs").data(), board);
     if (!args.Has("OUTPUT=STATE"))
-        throw UsageError("extra set takes outputs such as 3=on, or --outputs, or --collect");
+        throw UsageError("takes outputs such as 3=on, or --outputs, or --collect");
     return ChangeOutputs(board, args.List("OUTPUT=STATE"));
 }
 

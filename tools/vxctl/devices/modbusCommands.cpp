@@ -109,7 +109,7 @@ Register RegisterOf(const DeviceClass& of, const std::vector<std::string>& numbe
     const std::size_t least = set ? 3 : 2;
     const std::size_t count = numbers.size();
     if (count != least && (count != least + 1 || !of.sections))
-        throw UsageError(std::string("modbus ") + of.name + (set ? " set" : " get") + " takes DEVICE " +
+        throw UsageError(std::string(of.name) + (set ? " set" : " get") + " takes DEVICE " +
                          (of.sections ? "[SECTION] " : "") + "REGISTER" + (set ? " VALUE" : ""));
     const std::size_t at = count > least ? 2 : 1;
     return {Byte(numbers[0], "device"), count > least ? Byte(numbers[1], "section") : kWholeDevice, Word(numbers[at]),

@@ -72,7 +72,7 @@ std::uint32_t SetWifi(Session& /*session*/, const Args& args)
     if (args.Has("--raw"))
         return vxExtraWifiSetInfo(args.Bytes("--raw").data());
     if (!args.Has("--mode") && !args.Has("--channel") && !args.Has("--name") && !args.Has("--key"))
-        throw UsageError("extra wifi set takes what is to change: --mode, --channel, --name, --key, or --raw");
+        throw UsageError("takes what is to change: --mode, --channel, --name, --key, or --raw");
     WifiBlock block{};
     ChangeWifi(block, args); // refused before anything is sent
     block = ReadWifi();

@@ -66,8 +66,8 @@ bool IsCut(FileBytes bytes)
     if (text.starts_with("BM")) {
         const std::uint32_t packing = Load32(bytes, 30);
         const std::uint64_t row = (std::uint64_t{Load32(bytes, 18)} * Load16(bytes, 28) + 31) / 32 * 4;
-        const auto height = static_cast<std::int32_t>(Load32(bytes, 22));
-        const std::uint64_t rows = height < 0 ? -std::int64_t{height} : height;
+        const std::int64_t height = static_cast<std::int32_t>(Load32(bytes, 22)); // below 0 from the top down
+        const auto rows = static_cast<std::uint64_t>(height < 0 ? -height : height);
         const bool isPlain = packing == 0 || packing == kBitFields;
         return isPlain && Load32(bytes, 14) >= 40 && Load32(bytes, 10) + row * rows > bytes.size();
     }

@@ -2,6 +2,7 @@
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/tables.h"
 #include "vxctl/files/readBack.h"
+#include "vxctl/show/messageText.h"
 #include "vxctl/show/showOptions.h"
 
 #include <vxsign/content.h>
@@ -15,21 +16,20 @@ namespace vxctl {
 namespace {
 
 // The message as it goes to the sign, which differs from a message file in its first bytes.
-void WriteMessage(const std::string& local, const Args& args)
+void WriteMessage(const std::string& local, const std::string& text, const Args& args)
 {
     constexpr std::string_view kBegin = "\x01Z00\x02\x41\x41";
-    const std::string& text = args.Text("TEXT");
     Check(vxShowMsgToNmg(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size()),
                          local.c_str(), static_cast<int>(ParseFont(args.Text("--font"))),
                          ParseColour(args.Text("--colour")), ParseMode(args.Text("--mode")), args.Number("--stay")));
     std::fstream(local, std::ios::binary | std::ios::in | std::ios::out) << kBegin;
 }
 
-void VerifyText(Session& session, const Args& args)
+void VerifyText(Session& session, const std::string& text, const Args& args)
 {
     const TemporaryFolder folder;
     const std::string local = folder.Path() + "message";
-    WriteMessage(local, args);
+    WriteMessage(local, text, args);
     const char drive = ToE(args) != 0 ? 'E' : DriveOfSign();
     session.Connect();
     Verify(session, {std::string(1, drive) + ":\\T\\QMSG.Nmg"}, local);
@@ -39,14 +39,14 @@ std::uint32_t ShowText(Session& session, const Args& args)
 {
     const SignUrl sign = session.Sign();
     const Options& options = session.options;
-    const std::string& text = args.Text("TEXT");
+    const std::string text = MessageText(args);
     Check(vxShowMsgTimeout(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size()),
                            ParseFont(args.Text("--font")), ParseColour(args.Text("--colour")),
                            ParseMode(args.Text("--mode")), args.Number("--stay"), sign.host.c_str(), sign.port,
                            ToE(args), args.Has("--no-play") ? 0 : 1, static_cast<std::uint8_t>(options.retries),
                            options.timeoutMs, sign.kind, sign.serialName.c_str(), sign.baudRate, options.destination));
     if (args.Has("--verify"))
-        VerifyText(session, args);
+        VerifyText(session, text, args);
     return VX_OK;
 }
 
@@ -75,15 +75,18 @@ const Command kCommands[] = {
         .help = "Show a text",
         .details =
             R"(Fonts, modes and colour codes are the sign's own. Colours by name and #RRGGBB go out as three colour bytes.
---chunk does not apply: text goes out in packets of 768 bytes. A text that begins with a dash stands behind "--".)",
+--chunk does not apply: text goes out in packets of 768 bytes.
+\n in a text breaks the line, \\n stands for these two characters, and all else goes out as it is. - reads the text from
+standard input, without its last end of line. A text that begins with a dash stands behind "--".)",
         .examples = R"(vxctl show "HELLO 42"
 vxctl show --colour "#FF8000" --mode 3 --stay 10 "Lane closed"
 vxctl show --no-play --drive E "for later"
+vxctl show "Lane 2\nclosed"
+date +%H:%M | vxctl show -
 vxctl show -- "-5 C")",
-        .arguments = {Text("TEXT", "the text, sent as it is"),
-                      Of(kFontCode, "--font", "a character or its code, 48 to 169").Default("1"),
+        .arguments = {kMessageText, Of(kFontCode, "--font", "a character or its code, 48 to 169").Default("1"),
                       Of(kColourCode, "--colour,--color", "a name, #RRGGBB, or a code of the sign").Default("1"), kMode,
-                      kStay, kDrive, Flag("--no-play", "leave the sign's play list as it is"),
+                      kStay, kDrive, Flag("--no-play", "leave the sign's play list as it is"), kAllowEmpty,
                       Flag("--verify", "read the message back and compare")},
         .line = Line::kOwn,
         .signs = Signs::kMany,

@@ -43,7 +43,7 @@ std::uint32_t RunTicker(Session& session, const Args& args)
 std::uint32_t Ticker(Session& session, const Args& args)
 {
     if (!args.Has("--stop") && !args.Has("FILE"))
-        throw UsageError("ticker takes a file, or --stop");
+        throw UsageError("takes a file, or --stop");
     return args.Has("--stop") ? vxTickerStop() : RunTicker(session, args);
 }
 

@@ -101,7 +101,7 @@ void CheckCalibration(const Args& args)
 {
     const std::string& levels = args.Text("--level");
     if (levels.empty() && !args.Has("--pixels") && !args.Has("--plain"))
-        throw UsageError("calibrate takes --level, --pixels or --plain");
+        throw UsageError("takes --level, --pixels or --plain");
     if (levels.empty())
         return;
     TilePixels one = PlainTile(1, 1, kFullCoefficient);

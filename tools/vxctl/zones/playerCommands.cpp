@@ -52,7 +52,7 @@ std::uint32_t Emergency(Session& /*session*/, const Args& args)
     if (args.Has("--stop"))
         return vxCoreStopEmergencyProgram();
     if (args.Text("PROJECT").empty())
-        throw UsageError("player emergency takes a project, or --stop");
+        throw UsageError("takes a project, or --stop");
     return vxCorePlayEmergencyProgram(Bytes(args.Text("PROJECT")), Bytes(args.Text("PROGRAM")),
                                       Bytes(args.Text("--from")));
 }

@@ -2,6 +2,7 @@
 #include "vxctl/cli/bytes.h"
 #include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/tables.h"
+#include "vxctl/show/messageText.h"
 #include "vxctl/show/showCodes.h"
 #include "vxctl/zones/zonePlace.h"
 
@@ -68,11 +69,12 @@ const Command kCommands[] = {
     {
         .name = "zone text",
         .help = "Show a text in a zone",
-        .details = "A text that begins with a dash stands behind \"--\".",
+        .details = "As for show: \\n breaks the line, - reads standard input, a text that begins with a dash stands "
+                   "behind \"--\".",
         .examples = R"(vxctl zone text 1 2 "Lane closed")",
-        .arguments = {kPage, kZone, Text("TEXT", "the text, sent as it is")},
+        .arguments = {kPage, kZone, kMessageText, kAllowEmpty},
         .signs = Signs::kMany,
-        .run = [](Session&, const Args& args) { return SetContent(args, ContentKind::kText, args.Text("TEXT")); },
+        .run = [](Session&, const Args& args) { return SetContent(args, ContentKind::kText, MessageText(args)); },
     },
     {
         .name = "zone file",

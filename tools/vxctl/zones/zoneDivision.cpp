@@ -61,7 +61,7 @@ std::uint32_t DivideInPixels(const Args& args, const std::vector<FaceArea>& area
 std::uint32_t Divide(Session& /*session*/, const Args& args)
 {
     if (args.Has("AREA") == args.Has("--grid"))
-        throw UsageError("zone divide takes areas, or --grid");
+        throw UsageError("takes areas, or --grid");
     std::vector<FaceArea> areas;
     for (const std::string& area : args.List("AREA"))
         areas.push_back(ParseArea(area));
