@@ -402,14 +402,21 @@ expect 1 put "$work/empty" D:/F/EMPTY.BIN --json
 member "PC File is empty!" text
 expect 1 -s udp://127.0.0.1:9 --timeout 50 --retries 1 blank
 says err "20736 (0x5100): Communication Error!"
-says err "--timeout"
+says err "  connection refused by 127.0.0.1:9"
 expect 1 -s tcp://127.0.0.1:9 --timeout 50 --retries 1 info --json
 member 20736 result
+member "connection refused by 127.0.0.1:9" reason
+expect 1 -s serial:ttyNONE9 --timeout 50 --retries 1 blank --json
+member 20736 result
+member "/dev/ttyNONE9: no such device" reason
+expect 2 -s udp://no-such-sign.invalid blank
+says err "vxctl: blank: "
 expect 1 -s udp://127.0.0.1:9 --timeout 50 ping -n 2 --json
 member 2 sent
 member 0 answered
 member 20736 result
 expect 1 -s serial:/dev/null@9600 blank
+says err "/dev/null is no serial line"
 for wrong in "" "frobnicate" "show" "show a b" "blank --timeout 49" "blank --chunk 1281" "blank -s udp://1.2.3:4" \
     "blank -s ftp://127.0.0.1" "raw 1 256" "raw 1 1 --payload 0" "error x" "put $work/none D:/X" "put $work D:/X" \
     "put --system $work/config THIRTEENCHARS" "show --font 200 a" "show --drive D a" "show --colour reddish a" \
@@ -509,6 +516,8 @@ start "$work/deaf" --verbose 2>"$work/heard"
 relay "$port" lost
 expect 1 -s "$url" --timeout 50 --retries 1 put --window "$work/kept" D:/F/A.BIN
 says err "Communication Error!"
+says err "no answer from 127.0.0.1:$port within 1 try of 50 ms"
+says err "--timeout"
 stop "$sign"
 [ "$(grep -c "write file" "$work/heard")" -eq 2 ] || fail "the window was not tried twice"
 

@@ -59,13 +59,16 @@ void Report::Value(const std::string& name, const std::string& key, Json value, 
     Put(key, std::move(value));
 }
 
-bool Report::Finish(std::uint32_t result, std::string_view reason) const
+bool Report::Finish(std::uint32_t result, std::string_view reason, std::string_view advice) const
 {
-    const std::string_view advice = reason.empty() ? AdviceFor(result) : reason;
+    if (reason.empty() && advice.empty())
+        advice = AdviceFor(result);
     if (json) {
         Json object = {{"result", result}, {"text", vxErrorDesc(result)}};
+        if (!reason.empty())
+            object["reason"] = reason;
         if (!advice.empty())
-            object[reason.empty() ? "advice" : "reason"] = advice;
+            object["advice"] = advice;
         object.update(values);
         PrintLine(Stream::kOut, JsonText(object));
     }
@@ -76,8 +79,10 @@ bool Report::Finish(std::uint32_t result, std::string_view reason) const
         return isTaken;
     PrintLine(Stream::kError,
               "vxctl: error " + std::to_string(result) + " (" + FormatWord(result) + "): " + vxErrorDesc(result));
-    if (!advice.empty())
-        PrintLine(Stream::kError, "  " + std::string(advice));
+    for (const std::string_view line : {reason, advice}) {
+        if (!line.empty())
+            PrintLine(Stream::kError, "  " + std::string(line));
+    }
     return isTaken;
 }
 

@@ -33,8 +33,9 @@ public:
     void Value(const std::string& name, const std::string& key, Json value, const Shown& text = {});
 
     // The end of the command: JSON gets the result word, its text and all values. In text a failure goes to standard
-    // error, with its reason or else with what to try next. False when standard output did not take it all.
-    bool Finish(std::uint32_t result, std::string_view reason = {}) const;
+    // error, with its reason and what to try next; where neither is known, with what helps against the result. False
+    // when standard output did not take it all.
+    bool Finish(std::uint32_t result, std::string_view reason = {}, std::string_view advice = {}) const;
 
 private:
     bool json = false;

@@ -5,6 +5,7 @@
 #include "vxctl/cli/complaint.h"
 #include "vxctl/cli/completion.h"
 #include "vxctl/cli/documents.h"
+#include "vxctl/cli/lineFault.h"
 #include "vxctl/cli/terminal.h"
 
 #include <cstdlib>
@@ -23,6 +24,16 @@ Options OptionsOf(const Args& args)
 std::string NameOf(const Command* command)
 {
     return command == nullptr ? "" : std::string(command->name);
+}
+
+// With the reason of a silence, which no command knows.
+int Fail(const Session& session, const SignFailure& failure)
+{
+    LineFault fault{failure.reason, {}};
+    if (failure.code == VX_COMMUNICATION && failure.reason.empty())
+        fault = FindLineFault(session.options);
+    session.report.Finish(failure.code, fault.reason, fault.advice);
+    return session.exitStatus.value_or(kExitFailure);
 }
 
 // Nothing was sent.
@@ -97,11 +108,11 @@ int RunTool(const std::vector<std::string>& words)
     Session session;
     try {
         const std::uint32_t result = Run(line, line.Parse(words), session);
-        const bool isTaken = session.report.Finish(result);
-        return result == VX_OK && isTaken ? session.exitStatus.value_or(EXIT_SUCCESS) : kExitFailure;
+        if (result != VX_OK)
+            return Fail(session, SignFailure(result));
+        return session.report.Finish(VX_OK) ? session.exitStatus.value_or(EXIT_SUCCESS) : kExitFailure;
     } catch (const SignFailure& failure) {
-        session.report.Finish(failure.code, failure.reason);
-        return session.exitStatus.value_or(kExitFailure);
+        return Fail(session, failure);
     } catch (const UsageError& error) {
         return Refuse(NameOf(line.Found()), error.what());
     } catch (const CLI::ParseError& error) {

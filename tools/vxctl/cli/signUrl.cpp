@@ -91,11 +91,13 @@ std::string DottedAddress(const std::string& host)
     const int error = ::getaddrinfo(host.c_str(), nullptr, &hints, &found);
     const std::unique_ptr<addrinfo, void (*)(addrinfo*)> owner(found, ::freeaddrinfo);
     if (error != 0 || !found)
-        throw UsageError("no IPv4 address for '" + host + "': " + ::gai_strerror(error));
+        throw UsageError(error == EAI_NONAME || error == EAI_NODATA
+                             ? "name " + host + " is unknown"
+                             : "no IPv4 address for " + host + ": " + ::gai_strerror(error));
     std::array<char, NI_MAXHOST> text{};
     if (::getnameinfo(found->ai_addr, found->ai_addrlen, text.data(), static_cast<socklen_t>(text.size()), nullptr, 0,
                       NI_NUMERICHOST) != 0)
-        throw UsageError("no IPv4 address for '" + host + "'");
+        throw UsageError("no IPv4 address for " + host);
     return text.data();
 }
 

@@ -45,7 +45,7 @@ std::string WrongContents(const SignCopy& copy, const std::string& local)
     const TemporaryFolder folder;
     const std::string back = folder.Path() + "back";
     std::string refusal = Refusal(copy.isSystem ? vxReadSysFile(copy.path.c_str(), back.c_str())
-                                                      : vxReadSpecPathFileEx(copy.path.c_str(), back.c_str()));
+                                                : vxReadSpecPathFileEx(copy.path.c_str(), back.c_str()));
     if (!refusal.empty())
         return refusal;
     return ReadWhole(back) == ReadWhole(local) ? "" : "has other contents";

@@ -22,9 +22,10 @@ namespace vxctl {
 
 namespace {
 
-std::uint32_t ShowBytes(const Session& session, const Args& args, const std::vector<std::uint8_t>& bytes)
+std::uint32_t ShowBytes(Session& session, const Args& args, const std::vector<std::uint8_t>& bytes)
 {
     const SignUrl sign = session.Sign();
+    TakeTries(session, 3);
     return vxShowPicEx(bytes.data(), static_cast<std::uint32_t>(bytes.size()), ParseMode(args.Text("--mode")),
                        args.Number("--stay"), sign.host.c_str(), sign.port, ToE(args), sign.kind,
                        sign.serialName.c_str(), sign.baudRate, session.options.destination);
@@ -60,7 +61,7 @@ void WriteFrame(const Frame& frame, const std::string& local, const Args& args)
                          (frame.milliseconds + 500) / 1000));
 }
 
-std::uint32_t ShowFrames(const Session& session, const Args& args, const std::vector<Frame>& frames)
+std::uint32_t ShowFrames(Session& session, const Args& args, const std::vector<Frame>& frames)
 {
     const TemporaryFolder folder;
     std::vector<std::string> files;
@@ -71,6 +72,7 @@ std::uint32_t ShowFrames(const Session& session, const Args& args, const std::ve
     std::vector<const char*> paths;
     std::ranges::transform(files, std::back_inserter(paths), &std::string::c_str);
     const SignUrl sign = session.Sign();
+    TakeTries(session, 6);
     return vxShowFilesSpe(paths.data(), static_cast<std::uint32_t>(paths.size()),
                           static_cast<int>(ParseMode(args.Text("--mode"))), args.Number("--stay"), sign.host.c_str(),
                           sign.port, ToE(args), sign.kind, sign.serialName.c_str(), sign.baudRate,

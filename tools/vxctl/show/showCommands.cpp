@@ -63,6 +63,7 @@ std::uint32_t ShowFiles(Session& session, const Args& args)
     std::vector<const char*> paths;
     for (const std::string& file : args.List("FILE"))
         paths.push_back(file.c_str());
+    TakeTries(session, 6);
     return vxShowFilesSpe(paths.data(), static_cast<std::uint32_t>(paths.size()),
                           static_cast<int>(ParseMode(args.Text("--mode"))), args.Number("--stay"), sign.host.c_str(),
                           sign.port, ToE(args), sign.kind, sign.serialName.c_str(), sign.baudRate,

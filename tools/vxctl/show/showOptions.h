@@ -2,6 +2,7 @@
 #pragma once
 
 #include "vxctl/cli/args.h"
+#include "vxctl/cli/session.h"
 #include "vxctl/show/showCodes.h"
 
 #include <cstdint>
@@ -16,6 +17,13 @@ inline constexpr Argument kDrive =
 inline std::uint32_t ToE(const Args& args)
 {
     return args.Text("--drive") == "E" ? 1 : 0;
+}
+
+// What the library takes in place of the options.
+inline void TakeTries(Session& session, std::uint32_t tries)
+{
+    session.options.retries = tries;
+    session.options.timeoutMs = 3000;
 }
 
 } // namespace vxctl
