@@ -516,7 +516,7 @@ start "$work/deaf" --verbose 2>"$work/heard"
 relay "$port" lost
 expect 1 -s "$url" --timeout 50 --retries 1 put --window "$work/kept" D:/F/A.BIN
 says err "Communication Error!"
-says err "no answer from 127.0.0.1:$port within 1 try of 50 ms"
+says err "no answer from ${url#udp://} within 1 try of 50 ms"
 says err "--timeout"
 stop "$sign"
 [ "$(grep -c "write file" "$work/heard")" -eq 2 ] || fail "the window was not tried twice"
