@@ -162,8 +162,16 @@ for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port"; do
 done
 expect 0 beacon 00
 expect 0 clock --set now
+expect 2 zone txt --json
+member zone command
+member "unknown command txt (did you mean text?)" reason
+member '"vxctl help zone" tells more' advice
+expect 0 zone text --help --json
+member 0 result
 expect 0 info --json
 member OK text
+member info command
+member "udp://127.0.0.1:$port" sign
 member "$port" communication port
 member ON hasDriveF
 for command in info status; do
@@ -429,6 +437,10 @@ for wrong in "" "frobnicate" "show" "show a b" "blank --timeout 49" "blank --chu
     # shellcheck disable=SC2086 # each case is a list of words
     expect 2 $wrong
     grep -q '^vxctl: ' "$work/err" || fail "nothing is said about: vxctl $wrong"
+    # shellcheck disable=SC2086
+    expect 2 --json $wrong
+    member 2 result
+    [ "$(wc -l <"$work/out")" -eq 1 ] && [ ! -s "$work/err" ] || fail "not one object alone: vxctl --json $wrong"
 done
 expect 2 raw 1 1 --extended "$(printf '00%.0s' $(seq 256))"
 expect 0 --help

@@ -59,19 +59,18 @@ void Report::Value(const std::string& name, const std::string& key, Json value, 
     Put(key, std::move(value));
 }
 
+void Report::SetHead(std::string_view command, std::string_view sign)
+{
+    const auto orNull = [](std::string_view text) { return text.empty() ? Json() : Json(text); };
+    head = {{"command", orNull(command)}, {"sign", orNull(sign)}};
+}
+
 bool Report::Finish(std::uint32_t result, std::string_view reason, std::string_view advice) const
 {
     if (reason.empty() && advice.empty())
         advice = AdviceFor(result);
-    if (json) {
-        Json object = {{"result", result}, {"text", vxErrorDesc(result)}};
-        if (!reason.empty())
-            object["reason"] = reason;
-        if (!advice.empty())
-            object["advice"] = advice;
-        object.update(values);
-        PrintLine(Stream::kOut, JsonText(object));
-    }
+    if (json)
+        PrintObject(result, reason, advice);
     const bool isTaken = Flush();
     if (!isTaken)
         PrintLine(Stream::kError, "vxctl: standard output takes no more");
@@ -84,6 +83,27 @@ bool Report::Finish(std::uint32_t result, std::string_view reason, std::string_v
             PrintLine(Stream::kError, "  " + std::string(line));
     }
     return isTaken;
+}
+
+void Report::Refuse(const std::string& complaint, const std::string& advice) const
+{
+    if (json)
+        return PrintObject(VX_ARGUMENTS, complaint, advice);
+    const std::string command = head["command"].is_string() ? head["command"].get<std::string>() + ": " : "";
+    PrintLine(Stream::kError, "vxctl: " + command + complaint);
+    PrintLine(Stream::kError, "  " + advice);
+}
+
+void Report::PrintObject(std::uint32_t result, std::string_view reason, std::string_view advice) const
+{
+    Json object = head;
+    object["result"] = result;
+    object["text"] = vxErrorDesc(result);
+    object["advice"] = advice;
+    if (!reason.empty())
+        object["reason"] = reason;
+    object.update(values);
+    PrintLine(Stream::kOut, JsonText(object));
 }
 
 } // namespace vxctl

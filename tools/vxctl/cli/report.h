@@ -22,6 +22,9 @@ public:
     void UseJson(bool wanted) { json = wanted; }
     bool IsJson() const { return json; }
 
+    // What the report is about: the name of the command, and the URL of the sign where one is asked.
+    void SetHead(std::string_view command, std::string_view sign);
+
     // For people alone: a line, or several with their ends.
     void Line(const Shown& line) const;
     void Lines(std::string_view lines) const;
@@ -37,8 +40,14 @@ public:
     // when standard output did not take it all.
     bool Finish(std::uint32_t result, std::string_view reason = {}, std::string_view advice = {}) const;
 
+    // The end of a command line that asks for what cannot be: nothing was sent.
+    void Refuse(const std::string& complaint, const std::string& advice) const;
+
 private:
+    void PrintObject(std::uint32_t result, std::string_view reason, std::string_view advice) const;
+
     bool json = false;
+    Json head = {{"command", nullptr}, {"sign", nullptr}};
     Json values = Json::object();
 };
 

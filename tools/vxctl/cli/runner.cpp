@@ -8,6 +8,7 @@
 #include "vxctl/cli/lineFault.h"
 #include "vxctl/cli/terminal.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <sstream>
 
@@ -36,23 +37,32 @@ int Fail(const Session& session, const SignFailure& failure)
     return session.exitStatus.value_or(kExitFailure);
 }
 
-// Nothing was sent.
-int Refuse(const std::string& command, const std::string& complaint)
+int Refuse(Report& report, const Command* found, const std::string& complaint)
 {
-    PrintLine(Stream::kError, "vxctl: " + (command.empty() ? "" : command + ": ") + complaint);
-    PrintLine(Stream::kError, "  " + WhereToRead(command));
+    const std::string name = NameOf(found);
+    report.SetHead(name, {});
+    report.Refuse(complaint, WhereToRead(name));
     return kExitUsage;
 }
 
 // Help and versions are no failure, but come the same way.
-int EndOfParsing(const CommandLine& line, const std::string& command, const CLI::ParseError& error)
+int EndOfParsing(Report& report, const CommandLine& line, const CLI::ParseError& error)
 {
     if (error.get_exit_code() != 0)
-        return Refuse(command, Complaint(line, error));
+        return Refuse(report, line.Found(), Complaint(line, error));
     std::ostringstream help;
     line.App().exit(error, help, help);
-    PrintLines(Stream::kOut, help.str());
-    return EXIT_SUCCESS;
+    report.SetHead(NameOf(line.Found()), {});
+    report.Lines(help.str());
+    report.Put("help", help.str());
+    return report.Finish(VX_OK) ? EXIT_SUCCESS : kExitFailure;
+}
+
+// Whether a command line wants JSON, right or wrong as it may be.
+bool WantsJson(const std::vector<std::string>& words)
+{
+    const auto end = std::ranges::find(words, "--");
+    return std::find(words.begin(), end, "--json") != end;
 }
 
 // What the completion scripts and scripts/documents.sh ask for; no help names it.
@@ -75,6 +85,7 @@ std::uint32_t Run(const CommandLine& line, const Command& command, Session& sess
     const Args args = line.ArgsOf(command);
     session.options = OptionsOf(args);
     session.report.UseJson(args.Has("--json"));
+    session.report.SetHead(command.name, command.line == Line::kNone ? "" : session.options.url);
     if (command.line == Line::kReady)
         session.Connect();
     return command.run(session, args);
@@ -106,6 +117,7 @@ int RunTool(const std::vector<std::string>& words)
         return EXIT_SUCCESS;
     CommandLine line;
     Session session;
+    session.report.UseJson(WantsJson(words));
     try {
         const std::uint32_t result = Run(line, line.Parse(words), session);
         if (result != VX_OK)
@@ -114,9 +126,9 @@ int RunTool(const std::vector<std::string>& words)
     } catch (const SignFailure& failure) {
         return Fail(session, failure);
     } catch (const UsageError& error) {
-        return Refuse(NameOf(line.Found()), error.what());
+        return Refuse(session.report, line.Found(), error.what());
     } catch (const CLI::ParseError& error) {
-        return EndOfParsing(line, NameOf(line.Found()), error);
+        return EndOfParsing(session.report, line, error);
     }
 }
 
