@@ -1,8 +1,14 @@
 // Reads sizes.
 #include "vxctl/cli/faceSize.h"
 
+#include "vxctl/cli/bytes.h"
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/numbers.h"
+
+#include <vxsign/read.h>
+
+#include <array>
+#include <cstdint>
 
 namespace vxctl {
 
@@ -18,6 +24,12 @@ int ParseSide(std::string_view text)
 }
 
 } // namespace
+
+FaceSize ReadFaceSize()
+{
+    std::array<std::uint8_t, 16> settings{};
+    return IsDone(vxReadSystemSet(settings.data())) ? FaceSize{Load16(settings, 0), Load16(settings, 2)} : FaceSize{};
+}
 
 FaceSize ParseFaceSize(std::string_view text)
 {

@@ -19,6 +19,9 @@ struct FaceSize
 // WIDTHxHEIGHT, each side from 1 to kMostPictureSide. Throws UsageError for anything else.
 FaceSize ParseFaceSize(std::string_view text);
 
+// That of the sign's face, as it tells it; zeros where it refuses. Throws SignFailure when the line fails.
+FaceSize ReadFaceSize();
+
 inline constexpr ArgumentType kFaceSize{"WxH", Checked<ParseFaceSize>};
 
 } // namespace vxctl

@@ -34,10 +34,16 @@ public:
     std::string reason;
 };
 
+// The sign was not reached, so that it makes no sense to ask it something else.
+constexpr bool IsLineDown(std::uint32_t result)
+{
+    return result == VX_ABORTED || result == VX_COMMUNICATION;
+}
+
 // False when the sign refuses. Throws SignFailure when the line fails.
 inline bool IsDone(std::uint32_t result)
 {
-    if (result == VX_ABORTED || result == VX_COMMUNICATION)
+    if (IsLineDown(result))
         throw SignFailure(result);
     return result == VX_OK;
 }

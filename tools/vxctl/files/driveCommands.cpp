@@ -58,11 +58,10 @@ std::uint32_t ShowDrives(Session& session, const Args& args)
             continue;
         }
         failure = result;
-        if (!names.empty() || result == VX_ABORTED || result == VX_COMMUNICATION)
+        if (!names.empty() || IsLineDown(result))
             break;
     }
-    const bool isLineDown = failure == VX_ABORTED || failure == VX_COMMUNICATION;
-    const bool isEnough = names.empty() && !drives.empty() && !isLineDown;
+    const bool isEnough = names.empty() && !drives.empty() && !IsLineDown(failure);
     session.report.Put("drives", std::move(drives));
     return isEnough ? static_cast<std::uint32_t>(VX_OK) : failure;
 }

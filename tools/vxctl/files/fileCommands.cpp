@@ -95,7 +95,7 @@ std::uint32_t Receive(const Session& session, const Args& args, const LocalTarge
     const auto ask = [&](std::uint32_t& size) { return AskSize(path, system, session.options.chunk, size); };
     std::uint32_t before = 0;
     const std::uint32_t asked = ask(before);
-    if (asked == VX_COMMUNICATION || asked == VX_ABORTED)
+    if (IsLineDown(asked))
         return asked;
     const std::string local = target.Temporary().string();
     const std::uint32_t result =

@@ -62,7 +62,7 @@ std::uint32_t List(Session& session, const Args& args)
     Entries entries;
     std::uint32_t result = ReadLong(path, entries);
     // A sign that makes no long listing has the pages; one that cannot list at all says why once more.
-    const bool isShort = result != VX_OK && result != VX_COMMUNICATION && result != VX_ABORTED;
+    const bool isShort = result != VX_OK && !IsLineDown(result);
     if (isShort) {
         entries.clear();
         result = ReadPages(path, entries);

@@ -35,9 +35,7 @@ std::string SentForm(const std::string& local)
 // The text of what the sign refuses; a line that is down is another matter.
 std::string Refusal(std::uint32_t result)
 {
-    if (result == VX_COMMUNICATION || result == VX_ABORTED)
-        throw SignFailure(result);
-    return result == VX_OK ? "" : vxErrorDesc(result);
+    return IsDone(result) ? "" : vxErrorDesc(result);
 }
 
 std::string WrongContents(const SignCopy& copy, const std::string& local)

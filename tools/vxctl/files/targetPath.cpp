@@ -23,11 +23,10 @@ bool IsListed(const std::string& path)
 {
     std::uint32_t total = 0;
     std::array<std::uint8_t, kShortEntrySize> page{};
-    const std::uint32_t result = vxGetDirFileEx(path.c_str(), 0, 1, &total, page.data(), 1);
-    if (result == VX_COMMUNICATION || result == VX_ABORTED)
-        throw SignFailure(result);
-    if (result != VX_OK || total == 0)
-        return result == VX_OK && vxIsFileExist(path.c_str()) == VX_OK;
+    if (!IsDone(vxGetDirFileEx(path.c_str(), 0, 1, &total, page.data(), 1)))
+        return false;
+    if (total == 0)
+        return vxIsFileExist(path.c_str()) == VX_OK;
     const auto entry = DecodeShortEntry(page);
     return total > 1 || !entry || entry->isFolder || entry->name != path.substr(path.find_last_of("\\:") + 1);
 }

@@ -2,6 +2,7 @@
 #include "vxctl/playlist/fileList.h"
 
 #include "vxctl/cli/bytes.h"
+#include "vxctl/cli/failure.h"
 #include "vxctl/cli/localFiles.h"
 
 #include <vxsign/read.h>
@@ -51,7 +52,7 @@ std::uint32_t Change(const std::function<bool(std::uint16_t)>& isDropped)
     const TemporaryFolder folder;
     const std::string local = folder.Path() + "list";
     const std::uint32_t result = vxReadSpecPathFileEx(kPath, local.c_str());
-    if (result == VX_COMMUNICATION || result == VX_ABORTED)
+    if (IsLineDown(result))
         return result;
     if (result != VX_OK)
         return VX_OK;

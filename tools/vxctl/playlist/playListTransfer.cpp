@@ -61,19 +61,17 @@ std::string Missing(const Session& session, const PlayList& list, const VXPLAYLI
     std::error_code error;
     if (fs::is_regular_file(local, error))
         return Difference(session, {path}, local, depth);
-    const std::uint32_t result = vxIsFileExist(path.c_str());
-    if (result == VX_COMMUNICATION || result == VX_ABORTED)
-        throw SignFailure(result);
-    return result == VX_OK ? "" : "neither on this PC nor on the sign";
+    return IsDone(vxIsFileExist(path.c_str())) ? "" : "neither on this PC nor on the sign";
 }
 
 // The library passes over a file that does not arrive, and the sign's file list names it all the same. So the sign is
 // asked for each, and what it lacks is taken out of that list, so that the next sending repairs it.
 void CheckArrival(Session& session, const PlayList& list, Depth depth)
 {
+    const std::vector<VXPLAYLIST_FILE_INFO> files = list.Files();
     Report::Json missing = Report::Json::array();
     std::vector<std::string> names;
-    for (const VXPLAYLIST_FILE_INFO& info : list.Files()) {
+    for (const VXPLAYLIST_FILE_INFO& info : files) {
         const std::string why = Missing(session, list, info, depth);
         if (why.empty())
             continue;
@@ -82,12 +80,12 @@ void CheckArrival(Session& session, const PlayList& list, Depth depth)
         session.report.Line(names.back() + ": " + why);
     }
     session.report.Put("missing", std::move(missing));
-    session.report.Put("files", list.Files().size());
+    session.report.Put("files", files.size());
     if (names.empty())
         return;
     const char* const next = ForgetFiles(names) == VX_OK ? "the next sending tries them again"
                                                          : "the sign's file list has them all the same: try --all";
-    throw SignFailure(VX_FAILED_OPERATION, std::to_string(names.size()) + " of " + std::to_string(list.Files().size()) +
+    throw SignFailure(VX_FAILED_OPERATION, std::to_string(names.size()) + " of " + std::to_string(files.size()) +
                                                " files are not whole on the sign; " + next);
 }
 
@@ -103,7 +101,7 @@ std::uint32_t Send(Session& session, const Args& args)
         result = args.Has("--index") ? vxPLSpeSendToLED(args.Number<std::uint8_t>("--index"), withFiles)
                                      : vxPLSendToLED(withFiles);
     }
-    if (withFiles != 0 && result != VX_COMMUNICATION && result != VX_ABORTED)
+    if (withFiles != 0 && !IsLineDown(result))
         CheckArrival(session, list, args.Has("--verify") ? Depth::kContents : Depth::kSize);
     return result;
 }

@@ -1,5 +1,4 @@
 // picture: a picture file on the face at once.
-#include "vxctl/cli/bytes.h"
 #include "vxctl/cli/faceSize.h"
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/tables.h"
@@ -11,10 +10,8 @@
 
 #include <vxsign/content.h>
 #include <vxsign/quickshow.h>
-#include <vxsign/read.h>
 
 #include <algorithm>
-#include <array>
 #include <fstream>
 #include <vector>
 
@@ -38,13 +35,9 @@ FaceSize SizeOfFace(const Session& session, const Args& args)
     if (args.Has("--size"))
         return ParseFaceSize(args.Text("--size"));
     session.Connect();
-    std::array<std::uint8_t, 16> told{};
-    const std::uint32_t result = vxReadSystemSet(told.data());
-    if (result == VX_COMMUNICATION || result == VX_ABORTED)
-        throw SignFailure(result);
-    const FaceSize size{Load16(told, 0), Load16(told, 2)};
+    const FaceSize size = ReadFaceSize();
     constexpr int kMost = vxsim::Canvas::kMostPixelsPerSide;
-    if (result != VX_OK || size.width < 1 || size.height < 1 || size.width > kMost || size.height > kMost)
+    if (size.width < 1 || size.height < 1 || size.width > kMost || size.height > kMost)
         throw UsageError("the sign does not tell the size of its face: give --size WIDTHxHEIGHT");
     return size;
 }

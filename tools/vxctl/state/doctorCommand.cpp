@@ -31,7 +31,6 @@ public:
     // Throws SignFailure when nothing answers or the sign wants a login.
     Tone Run()
     {
-        session.report.Put("sign", session.options.url);
         try {
             RunChecks();
         } catch (const SignFailure&) {

@@ -1,7 +1,6 @@
 // Asks a sign about its face.
 #include "vxctl/state/faceState.h"
 
-#include "vxctl/cli/bytes.h"
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/numbers.h"
 #include "vxctl/zones/programProperty.h"
@@ -146,11 +145,7 @@ std::string AskName(std::uint32_t (*ask)(char*, std::uint32_t))
 FaceState ReadFace()
 {
     FaceState face;
-    std::array<std::uint8_t, 16> settings{};
-    if (IsDone(vxReadSystemSet(settings.data()))) {
-        face.width = Load16(settings, 0);
-        face.height = Load16(settings, 2);
-    }
+    face.size = ReadFaceSize();
     std::array<std::uint8_t, kTextRoom> text{};
     std::uint32_t length = 0;
     if (IsDone(vxReadSystemInfo(text.data(), static_cast<std::uint32_t>(text.size()), &length))) {
@@ -167,10 +162,11 @@ void ShowFace(Report& report, const FaceState& face)
     const auto numberOf = [](const std::optional<std::uint32_t>& number) {
         return number ? Report::Json(*number) : Report::Json();
     };
-    const bool hasSize = face.width != 0 && face.height != 0;
+    const bool hasSize = face.size.width != 0 && face.size.height != 0;
     report.Value("face", "face",
-                 hasSize ? Report::Json{{"width", face.width}, {"height", face.height}} : Report::Json(),
-                 hasSize ? std::to_string(face.width) + "x" + std::to_string(face.height) + " pixels" : unknown);
+                 hasSize ? Report::Json{{"width", face.size.width}, {"height", face.size.height}} : Report::Json(),
+                 hasSize ? std::to_string(face.size.width) + "x" + std::to_string(face.size.height) + " pixels"
+                         : unknown);
     report.Value("colours", "colours", numberOf(face.colours), face.colours ? std::to_string(*face.colours) : unknown);
     report.Value("light", "light", numberOf(face.light),
                  face.light ? std::to_string(*face.light) + " of 8" + (face.isLightFixed ? ", set" : ", by the hour")

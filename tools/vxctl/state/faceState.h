@@ -1,6 +1,7 @@
 // What a sign says of its face: its size, its light, and what lies over its play list.
 #pragma once
 
+#include "vxctl/cli/faceSize.h"
 #include "vxctl/cli/report.h"
 
 #include <cstdint>
@@ -15,8 +16,7 @@ namespace vxctl {
 // What the sign does not tell is missing.
 struct FaceState
 {
-    unsigned width = 0;
-    unsigned height = 0;
+    FaceSize size;
     std::optional<std::uint32_t> colours;
     std::optional<std::uint32_t> light; // eighths
     bool isLightFixed = false;
