@@ -33,12 +33,6 @@ constexpr char32_t kDottedCircle = 0x25CC;
 // What the cache keeps at most, so that a text of all characters there are doesn't keep them all.
 constexpr std::size_t kMostCachedLamps = std::size_t{1} << 25;
 
-// The rows above the foot in a line of so many rows.
-int FootOf(int pixels)
-{
-    return (3 * pixels + 2) / 4;
-}
-
 // Unifont is made of squares: it keeps whole multiples of its size, and is scaled only where it would not fit at all.
 int UnifontPixels(int pixels)
 {

@@ -24,4 +24,10 @@ struct Glyph
     }
 };
 
+// The rows above the foot in a line of so many rows.
+constexpr int FootOf(int rows)
+{
+    return (3 * rows + 2) / 4;
+}
+
 } // namespace vxsim

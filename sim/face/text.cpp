@@ -89,11 +89,8 @@ public:
 private:
     void SetRows(std::size_t size, int rows)
     {
-        if (const std::vector<char32_t> codes = CodesOf(characters, size); !codes.empty() || size == kOpen)
-            sizes[size] =
-                SizeForRows(codes, std::clamp(rows, Font::kSmallest, std::max(height, Font::kSmallest)), font);
-        else
-            sizes[size] = {rows, std::min(rows, height), std::min(rows, height)};
+        const int highest = std::max(height, Font::kSmallest);
+        sizes[size] = SizeForRows(CodesOf(characters, size), std::min(rows, highest), font);
     }
 
     Setting SetAs(int leading)

@@ -23,7 +23,7 @@ TextSize SizeForRows(std::span<const char32_t> characters, int rows, Font& font)
     while (size.rows > rows && size.pixels > Font::kSmallest)
         size = SizeForPixels(characters, size.pixels - 1, font);
     // A line keeps its height and its foot, whatever stands on it.
-    const int foot = std::max(size.foot, std::min((3 * rows + 2) / 4, rows - (size.rows - size.foot)));
+    const int foot = std::max(size.foot, std::min(FootOf(rows), rows - (size.rows - size.foot)));
     return {size.pixels, std::max(rows, size.rows), foot};
 }
 
