@@ -46,7 +46,7 @@ std::string PngOf(const Canvas& face)
     Bytes pixels;
     for (int y = 0; y < face.Height(); ++y)
         for (int x = 0; x < face.Width(); ++x)
-            pixels = pixels + Bytes{face.At(x, y).red, face.At(x, y).green, face.At(x, y).blue};
+            pixels.insert(pixels.end(), {face.At(x, y).red, face.At(x, y).green, face.At(x, y).blue});
     std::string png;
     const auto append = [](void* to, void* data, int size) {
         static_cast<std::string*>(to)->append(static_cast<char*>(data), static_cast<std::size_t>(size));
