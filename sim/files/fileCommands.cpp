@@ -1,12 +1,12 @@
 #include "sim/files/fileCommands.h"
 
-#include "sim/files/directory.h"
 #include "sim/files/signText.h"
 #include "sim/files/storedRecord.h"
 #include "sim/protocol/bytes.h"
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <limits>
 #include <system_error>
 
@@ -233,10 +233,19 @@ Reply FileCommands::ListPart(const Call& call) const
     return Listing(TextAt(call.payload, kListPartPath), Load16(call.payload, 2), Load16(call.payload, 0));
 }
 
-Reply FileCommands::Listing(std::string_view path, std::size_t start, std::size_t count) const
+// A standard folder is there from the first day on, with nothing in it.
+std::optional<std::vector<DirectoryEntry>> FileCommands::EntriesOf(std::string_view path) const
 {
     const auto folder = drives.Resolve(WithoutWildcard(path));
-    const auto entries = folder ? ReadDirectory(*folder) : std::nullopt;
+    if (!folder)
+        return std::nullopt;
+    return drives.IsStandardFolder(*folder) && !std::filesystem::exists(*folder) ? std::vector<DirectoryEntry>{}
+                                                                                 : ReadDirectory(*folder);
+}
+
+Reply FileCommands::Listing(std::string_view path, std::size_t start, std::size_t count) const
+{
+    const auto entries = EntriesOf(path);
     if (!entries)
         return Reply::WithCode(Code::kListFailed);
     const std::size_t from = std::min(start, entries->size());
@@ -248,10 +257,9 @@ Reply FileCommands::Listing(std::string_view path, std::size_t start, std::size_
 
 Reply FileCommands::ListLong(const Call& call) const
 {
-    const auto folder = drives.Resolve(WithoutWildcard(TextAt(call.payload, 0)));
+    const auto entries = EntriesOf(TextAt(call.payload, 0));
     const auto listing = drives.Resolve(kLongListingPath);
-    const auto entries = folder && listing ? ReadDirectory(*folder) : std::nullopt;
-    if (!entries)
+    if (!entries || !listing)
         return Reply::WithCode(Code::kListFailed);
     return Reply::WithCode(ReplaceFile(*listing, PackLongListing(*entries)) ? Code::kOk : Code::kWriteFailed);
 }

@@ -3,11 +3,13 @@
 
 #include "sim/command/commandFamily.h"
 #include "sim/command/signEvents.h"
+#include "sim/files/directory.h"
 #include "sim/files/drives.h"
 #include "sim/files/transferCommands.h"
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -40,6 +42,7 @@ private:
     Reply Exists(const Call& call) const;
     Reply ClearPlayFiles(const Call& call) const;
 
+    std::optional<std::vector<DirectoryEntry>> EntriesOf(std::string_view path) const;
     Reply Listing(std::string_view path, std::size_t start, std::size_t count) const;
     std::pair<std::string, std::string> SplitPaths(std::string_view paths) const;
     bool IsEntry(std::string_view path) const;

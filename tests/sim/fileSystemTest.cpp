@@ -133,6 +133,7 @@ TEST_F(FileSystem, AListingIsMadeOfFatEntries)
     EXPECT_EQ(ExtendedOf(part), one + two);
     EXPECT_EQ(ExtendedOf(Ask(7, 12, Bytes{255, 255, 4, 0} + Text("D:\\L"))), four);
     EXPECT_EQ(ExtendedOf(Ask(7, 12, Bytes{5, 0, 5, 0} + Text("D:\\L"))), Bytes{});
+    EXPECT_EQ(PayloadOf(Ask(7, 11, Path("D:\\t\\*.*"))), Bytes(4)) << "a standard folder without anything in it";
     EXPECT_EQ(On(11, "D:\\NONE"), 31489U);
     EXPECT_EQ(On(11, "D:\\L\\NOEXT"), 31489U);
 
