@@ -42,3 +42,14 @@ kill "$sign" && wait "$sign" || true
 sign=
 tail -n 16 "$work/vxsim.out" | sed 's/^\x1b\[[0-9]*A//'
 echo "The same as a picture: $picture"
+
+cat <<END
+
+The programs are vxctl and vxsim in $PWD/build/release/bin. To go on, type here:
+
+    export PATH=$PWD/build/release/bin:\$PATH
+    vxsim --face ansi                # a virtual sign, in a terminal of its own
+    vxctl show "ROAD WORKS"          # and in this one, what it shows
+
+README.md has more to try, docs/tasks/ a page for each task.
+END
