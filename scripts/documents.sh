@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Compares what docs/vxctl.md, docs/man/vxctl.1 and docs/vxsim.md say of commands with the commands themselves, or with
-# --update writes it anew: documents.sh [--update] [FOLDER], the folder of the programs, build/asan/bin if not said
+# Compares what the documents say of commands and functions with the commands and headers themselves, or with --update
+# writes it anew: documents.sh [--update] [FOLDER], the folder of the programs, build/asan/bin if not said
 set -euo pipefail
 update=
 [ "${1:-}" != --update ] || { update=yes && shift; }
@@ -8,9 +8,9 @@ programs=${1:+$(realpath "$1")}
 cd "$(dirname "$0")/.."
 programs=${programs:-$PWD/build/asan/bin}
 
-# splice FILE FIRST LAST PROGRAM SWITCH: what the switch prints, between these two lines of the file.
+# splice FILE FIRST LAST COMMAND...: what the command prints, between these two lines of the file.
 splice() {
-    "$programs/$4" "$5" | first=$2 last=$3 file=$1 awk '
+    PATH=$programs:$PATH "${@:4}" | first=$2 last=$3 file=$1 awk '
         { text = text $0 "\n" }
         END {
             while ((getline line <ENVIRON["file"]) > 0) {
@@ -42,4 +42,5 @@ result=0
 compare docs/vxctl.md "$begin" "$end" vxctl --commands-table || result=1
 compare docs/man/vxctl.1 '.\" from the commands' '.\" end of what is from the commands' vxctl --manual-sections || result=1
 compare docs/vxsim.md "$begin" "$end" vxsim --commands || result=1
+compare docs/functions.md '<!-- from the headers -->' '<!-- end of what is from the headers -->' scripts/functionIndex.py || result=1
 exit $result

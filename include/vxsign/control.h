@@ -38,6 +38,7 @@ VXSIGN_API uint32_t vxChangeBaudRate(uint8_t rateCode);
 VXSIGN_API uint32_t vxSetEthCheck(uint8_t value);
 VXSIGN_API uint32_t vxReadEthCheck(uint8_t* first, uint8_t* second);
 
+/* Switches the sign between online and offline operation; mode is the sign's. */
 VXSIGN_API uint32_t vxSwitchOnlineOffline(uint8_t mode);
 
 /* Beacons, the sign's own beacon and external equipment: 8 bytes each. What is read is as long as the sign's answer, 8

@@ -38,6 +38,7 @@
 
 VXSIGN_BEGIN
 
+/* Reads and writes a register of a device of the class in the name. */
 VXSIGN_API uint32_t vxMB_LCGet(uint8_t device, uint16_t registerNumber, uint16_t* value);
 VXSIGN_API uint32_t vxMB_LCSet(uint8_t device, uint16_t registerNumber, uint16_t value);
 

@@ -16,6 +16,7 @@
 
 VXSIGN_BEGIN
 
+/* System files and fonts by name, content files by drive and name, as the functions of write.h put them. */
 VXSIGN_API uint32_t vxReadSysFile(const char* name, const char* local);
 VXSIGN_API uint32_t vxReadFontFile(const char* name, const char* local);
 VXSIGN_API uint32_t vxReadTextFile(char disk, const char* name, const char* local);

@@ -9,6 +9,7 @@
 
 VXSIGN_BEGIN
 
+/* Starts the ticker that runs what is uploaded, and stops it. */
 VXSIGN_API uint32_t vxTickerStart(uint8_t first, uint8_t second, uint8_t third);
 VXSIGN_API uint32_t vxTickerStop(void);
 
