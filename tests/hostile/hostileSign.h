@@ -1,0 +1,31 @@
+// A sign that answers well-framed nonsense.
+#pragma once
+
+#include "hostile/arguments.h"
+#include "support/bytes.h"
+
+#include <vxsign/vxsign.h>
+
+namespace vxsign::test {
+
+// The reply to a request: any status, lengths up to what a header can say, contents that look like what was asked for.
+// `mostBytes` bounds it for lines where a longer datagram is none; without a bound its tail may be missing too.
+constexpr std::size_t kAnyReply = 16 + 1020 + 4700;
+Bytes HostileReply(const Bytes& request, Random& random, std::size_t mostBytes);
+
+// Contents of a file as signs and hosts have them, more or less.
+Bytes HostileFile(Random& random);
+
+// The calling thread's sign for one call, by callbacks that misbehave too.
+class HostileSign
+{
+public:
+    explicit HostileSign(Random& random);
+    ~HostileSign();
+    HostileSign(const HostileSign&) = delete;
+    HostileSign& operator=(const HostileSign&) = delete;
+
+    static vxApiConfig Config(Random& random);
+};
+
+} // namespace vxsign::test
