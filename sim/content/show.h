@@ -41,6 +41,12 @@ public:
     // When, after the start, the page behind the one of that moment begins; behind the last page the end.
     std::uint64_t NextPageMs(std::uint64_t elapsedMs) const { return (elapsedMs / PageMs() + 1) * PageMs(); }
 
+    std::uint64_t Pages() const { return pages; }
+
+    // When, after the start, that page, counted from 0, has come, and when it begins to leave.
+    std::uint64_t WholeMs(std::uint64_t page) const { return page * PageMs() + entry->durationMs; }
+    std::uint64_t LeaveMs(std::uint64_t page) const { return WholeMs(page) + stayMs; }
+
     // Draws what is to be seen elapsedMs after the start. After the end: the last page's last sight.
     void Draw(std::uint64_t elapsedMs, Font& font, Canvas& face) const;
 

@@ -34,6 +34,7 @@ public:
         }
         if (!characters.empty())
             EndPage();
+        setting.isCut = setting.pages.size() > kMostPages;
         return std::move(setting);
     }
 

@@ -30,6 +30,7 @@ struct Setting
 {
     std::vector<std::vector<Line>> pages;
     bool brokenWord = false;
+    bool isCut = false; // there are more pages than a text has
 };
 
 // Sets characters whose '\n' ends a line and '\f' a page, on at most kMostPages pages of a face of that size. The last

@@ -3,12 +3,14 @@
 
 #include "sim/face/lineSetter.h"
 #include "sim/face/textDecoder.h"
+#include "sim/face/utf8.h"
 
 #include <algorithm>
 #include <array>
 #include <climits>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 namespace vxsim {
 namespace {
@@ -19,6 +21,11 @@ using Sizes = std::array<TextSize, kSizes>;
 
 constexpr int kNarrowest = 2; // columns of a character and its gap
 constexpr int kLeading = 8;   // large letters' lines lie the eighth part of their size apart
+
+bool IsOpen(const Character& character)
+{
+    return character.size == kOpen;
+}
 
 std::vector<char32_t> CodesOf(std::span<const Character> characters, std::size_t size)
 {
@@ -67,13 +74,13 @@ void Measure(std::span<Character> characters, const Sizes& sizes, Font& font)
 class Composition
 {
 public:
-    Composition(std::span<const TextRun> runs, int faceWidth, int faceHeight, Font& faceFont)
-        : width(faceWidth), height(faceHeight), font(faceFont), characters(Decode(runs))
+    Composition(std::span<const Character> text, int faceWidth, int faceHeight, Font& faceFont)
+        : width(faceWidth), height(faceHeight), font(faceFont), characters(text.begin(), text.end())
     {
         for (std::size_t i = kOpen + 1; i < kSizes; ++i)
             SetRows(i, RowsOfFontCode(static_cast<std::uint8_t>('0' + i)));
         openCodes = CodesOf(characters, kOpen);
-        onlyOpen = std::ranges::all_of(characters, [](const Character& c) { return c.size == kOpen; });
+        onlyOpen = std::ranges::all_of(characters, IsOpen);
     }
 
     Setting Set()
@@ -185,18 +192,86 @@ Page Composition::Place(const std::vector<Line>& lines) const
     return page;
 }
 
+bool IsFeed(const Character& character)
+{
+    return character.code == U'\f';
+}
+
+std::size_t CountFeeds(std::span<const Character> text)
+{
+    return static_cast<std::size_t>(std::ranges::count_if(text, IsFeed));
+}
+
+// Takes the characters up to the next page feed off the front of the text, and the feed.
+std::span<const Character> TakePage(std::span<const Character>& text)
+{
+    const auto size = static_cast<std::size_t>(std::ranges::find_if(text, IsFeed) - text.begin());
+    const auto page = text.first(size);
+    text = text.subspan(std::min(size + 1, text.size()));
+    return page;
+}
+
+std::string TextOf(const std::vector<Line>& lines)
+{
+    std::string text;
+    for (const Line& line : lines) {
+        text += &line == &lines.front() ? "" : "\n";
+        for (const Character& character : line.characters)
+            AppendCharacter(character.code, text);
+    }
+    return text;
+}
+
+// Whether a letter has lamps beyond the face.
+bool IsCut(const Page& page, int width, int height, Font& font)
+{
+    return std::ranges::any_of(page, [&](const PlacedGlyph& placed) {
+        const Glyph& glyph = font.GlyphOf(placed.glyph);
+        const int left = placed.x + glyph.left;
+        const int top = placed.y + glyph.top;
+        return glyph.width > 0 && (left < 0 || top < 0 || left + glyph.width > width || top + glyph.Height() > height);
+    });
+}
+
+void AddPages(std::span<const Character> text, int width, int height, Font& font, Layout& layout)
+{
+    Composition composition(text, width, height, font);
+    Setting setting = composition.Set();
+    layout.brokenWord = layout.brokenWord || setting.brokenWord;
+    layout.isCut = layout.isCut || setting.isCut;
+    if (text.empty())
+        setting.pages.emplace_back();
+    for (const std::vector<Line>& lines : setting.pages) {
+        if (layout.pages.size() == kMostPages) {
+            layout.isCut = true;
+            return;
+        }
+        layout.pages.push_back(composition.Place(lines));
+        layout.texts.push_back(TextOf(lines));
+        layout.isCut = layout.isCut || IsCut(layout.pages.back(), width, height, font);
+    }
+}
+
 } // namespace
+
+Layout LayOut(std::span<const TextRun> runs, int width, int height, Font& font)
+{
+    const Decoded decoded = Decode(runs);
+    Layout layout;
+    layout.isCut = decoded.isCut;
+    std::span<const Character> rest = decoded.characters;
+    layout.pagesMeant = rest.empty() ? 0 : CountFeeds(rest) + 1;
+    // Each page has its own largest letters.
+    const bool goesByPage = std::ranges::any_of(rest, IsOpen);
+    while (!rest.empty() && layout.pages.size() < kMostPages)
+        AddPages(goesByPage ? TakePage(rest) : std::exchange(rest, {}), width, height, font, layout);
+    layout.isCut = layout.isCut || !rest.empty();
+    return layout;
+}
 
 std::vector<Page> SetText(std::span<const TextRun> runs, int width, int height, Font& font)
 {
-    Composition composition(runs, width, height, font);
-    const Setting setting = composition.Set();
-    std::vector<Page> pages;
-    for (const std::vector<Line>& lines : setting.pages) {
-        if (pages.size() < kMostPages)
-            pages.push_back(composition.Place(lines));
-    }
-    return pages;
+    return LayOut(runs, width, height, font).pages;
 }
 
 TextLine SetLine(std::string_view text, int rows, Rgb colour, Font& font)
@@ -205,7 +280,7 @@ TextLine SetLine(std::string_view text, int rows, Rgb colour, Font& font)
     std::ranges::replace_if(
         plain, [](char c) { return c >= '\0' && c < ' '; }, ' ');
     const TextRun run{std::move(plain), '0', colour};
-    Line line{Decode({&run, 1}), 0, 0};
+    Line line{Decode({&run, 1}).characters, 0, 0};
     Sizes sizes;
     sizes[kOpen] = SizeForRows(CodesOf(line.characters, kOpen), std::max(rows, Font::kSmallest), font);
     TextLine set;

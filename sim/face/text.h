@@ -43,6 +43,18 @@ inline constexpr std::size_t kMostPages = 256;
 // gives no page.
 std::vector<Page> SetText(std::span<const TextRun> runs, int width, int height, Font& font);
 
+// The same, with what became of the text.
+struct Layout
+{
+    std::vector<Page> pages;
+    std::vector<std::string> texts; // of the pages, with '\n' between their lines
+    std::size_t pagesMeant = 0;     // by its page feeds
+    bool brokenWord = false;        // one is wider than the face
+    bool isCut = false;             // there is more than a text can fill, or a letter is larger than the face
+};
+
+Layout LayOut(std::span<const TextRun> runs, int width, int height, Font& font);
+
 // A text in one line, from column 0 and with its foot on row 0, whatever its width.
 struct TextLine
 {

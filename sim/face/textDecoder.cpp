@@ -65,17 +65,20 @@ void Append(const Character& character, std::vector<Character>& characters)
 
 } // namespace
 
-std::vector<Character> Decode(std::span<const TextRun> runs)
+Decoded Decode(std::span<const TextRun> runs)
 {
-    std::vector<Character> characters;
+    Decoded decoded;
+    std::vector<Character>& characters = decoded.characters;
     for (const TextRun& run : runs) {
-        for (std::string_view rest = run.text; !rest.empty() && characters.size() < kMostCharacters;)
+        std::string_view rest = run.text;
+        while (!rest.empty() && characters.size() < kMostCharacters)
             Append({TakeCharacter(rest), SizeOf(run.font), run.colour}, characters);
+        decoded.isCut = decoded.isCut || !rest.empty();
     }
     // A line or page feed that closes the text opens no further line.
     if (!characters.empty() && characters.back().code < U' ')
         characters.pop_back();
-    return characters;
+    return decoded;
 }
 
 } // namespace vxsim

@@ -9,9 +9,15 @@
 
 namespace vxsim {
 
-// The runs' characters, unmeasured, up to kMostCharacters. Letters and accents that have one code together become one
+struct Decoded
+{
+    std::vector<Character> characters; // unmeasured, up to kMostCharacters
+    bool isCut = false;                // the runs have more
+};
+
+// The runs' characters. Letters and accents that have one code together become one
 // character; Indic vowel signs stand where they are seen; control characters other than '\n' and '\f' are dropped. The
 // size of a character is its font code's multiple of the smallest, 0 for font code '0'.
-std::vector<Character> Decode(std::span<const TextRun> runs);
+Decoded Decode(std::span<const TextRun> runs);
 
 } // namespace vxsim

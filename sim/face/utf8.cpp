@@ -1,5 +1,6 @@
 #include "sim/face/utf8.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace vxsim {
@@ -48,6 +49,17 @@ char32_t TakeCharacter(std::string_view& text)
     const bool good = IsWellFormed(character, length);
     text.remove_prefix(good ? length : 1);
     return good ? character : kReplacementCharacter;
+}
+
+void AppendCharacter(char32_t character, std::string& text)
+{
+    constexpr char32_t kFirstOf[] = {0x80, 0x800, 0x10000};
+    constexpr unsigned char kLeads[] = {0, 0xC0, 0xE0, 0xF0};
+    const auto more =
+        static_cast<unsigned>(std::ranges::count_if(kFirstOf, [&](char32_t c) { return character >= c; }));
+    text += static_cast<char>(kLeads[more] | character >> (6 * more));
+    for (unsigned i = more; i-- > 0;)
+        text += static_cast<char>(0x80U | (character >> (6 * i) & 0x3FU));
 }
 
 } // namespace vxsim

@@ -156,7 +156,53 @@ TEST_F(Text, EnlargesNoFurtherThanTheFaceAllows)
     EXPECT_LT(pixels("HELLO 421 HELLO", 64, 32, '0'), 19);
     EXPECT_EQ(Lines("longword", 64, 64, '0'), "longword") << "breaks no word to be larger";
     EXPECT_EQ(pixels("H", 128, 32, '0'), 46) << "a capital fills the face";
+    EXPECT_EQ(pixels("H\fHELLO 42", 128, 32, '0'), 46) << "on each page for itself";
     EXPECT_EQ(pixels(std::string(200, 'x'), 64, 16, '0'), 16) << "what fits at no size has that of '1'";
+}
+
+TEST_F(Text, TellsWhatBecomesOfIt)
+{
+    struct Row
+    {
+        std::string text;
+        int width;
+        int height;
+        const char* texts; // pages, with '/' between
+        std::size_t pagesMeant;
+        char font = '1';
+        bool brokenWord = false;
+        bool isCut = false;
+    };
+    const Row rows[] = {
+        {"ab cd", Width("ab"), 32, "ab\ncd", 1},
+        {"ab cd\u00E9", Width("cd\u00E9"), 16, "ab/cd\u00E9", 1},
+        {"ab\fcd\f", 64, 16, "ab/cd", 2},
+        {"a\f\fb", 64, 16, "a//b", 3, '0'},
+        {"abcd", Width("ab"), 32, "ab\ncd", 1, '1', true},
+        {"ab", 2, 16, "a/b", 1, '1', true, true},
+        {"gA", 64, 3, "gA", 1, '1', false, true},
+    };
+    for (const Row& row : rows) {
+        const TextRun run{row.text, static_cast<std::uint8_t>(row.font), kRed};
+        const Layout layout = LayOut({&run, 1}, row.width, row.height, font);
+        std::string texts;
+        for (const std::string& text : layout.texts)
+            texts.append(&text == &layout.texts.front() ? "" : "/").append(text);
+        EXPECT_EQ(texts, row.texts);
+        EXPECT_EQ(layout.texts.size(), layout.pages.size()) << row.text;
+        EXPECT_EQ(layout.pagesMeant, row.pagesMeant) << row.text;
+        EXPECT_EQ(layout.brokenWord, row.brokenWord) << row.text;
+        EXPECT_EQ(layout.isCut, row.isCut) << row.text;
+    }
+    const auto isCut = [&](const std::string& text) {
+        const TextRun run{text, '1', kRed};
+        return LayOut({&run, 1}, 4096, 16, font).isCut;
+    };
+    const std::string feeds(kMostPages - 1, '\f');
+    EXPECT_FALSE(isCut(feeds + 'x'));
+    EXPECT_TRUE(isCut(feeds + "\fx"));
+    EXPECT_FALSE(isCut(std::string(kMostCharacters, 'i')));
+    EXPECT_TRUE(isCut(std::string(kMostCharacters + 1, 'i')));
 }
 
 TEST_F(Text, SetsOtherScriptsAsTheyAreWritten)
