@@ -30,8 +30,14 @@ keeps $'Lane 3\rIn use'
 expect 2 show --drive E - </dev/null
 says err "vxctl: show: the text is empty"
 keeps $'Lane 3\rIn use'
-expect 0 show --drive E "" --allow-empty
-keeps ''
+expect 0 show --drive E "" --allow-empty --verify
+keeps ' '
+expect 0 show --drive E --markup '{font 2}{{a}{line}{flash}b' --stay 2
+printf '\0162%s\0322{a}\rb\f{a}\r\034/\0\0\0%s\004' 0001 b >"$work/wanted"
+tail -c "$(wc -c <"$work/wanted")" "$work/sign/E/T/QMSG.Nmg" | cmp -s - "$work/wanted" || fail "no marks"
+expect 2 show --markup '{flash}b' --mode 3
+expect 2 show --markup '{rde}b'
+says err "vxctl: show: '{rde}' at character 1: there is no such mark (did you mean {red}?)"
 cp "$work/sign/C/SEQUENT.SYS" "$work/sequence"
 expect 0 show --no-play "not now"
 same "$work/sequence" "$work/sign/C/SEQUENT.SYS"

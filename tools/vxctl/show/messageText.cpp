@@ -2,9 +2,14 @@
 #include "vxctl/show/messageText.h"
 
 #include "vxctl/cli/failure.h"
+#include "vxctl/show/markup.h"
+#include "vxctl/show/showOptions.h"
+
+#include <vxsign/content.h>
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace vxctl {
 
@@ -13,8 +18,7 @@ namespace {
 // More than any message that a sign takes.
 constexpr std::size_t kLongestText = std::size_t{1} << 20U;
 
-// In a message a line feed ahead of I or O may be a mode; a return never is.
-constexpr char kLineBreak = '\r';
+constexpr std::uint32_t kAtOnce = '0'; // the mode
 
 std::string ReadStandardInput()
 {
@@ -65,6 +69,31 @@ std::string MessageText(const Args& args)
     if (text.empty() && !args.Has("--allow-empty"))
         throw UsageError("the text is empty; --allow-empty shows a dark face");
     return text;
+}
+
+Message MessageOf(const Args& args)
+{
+    Message message{MessageText(args), ParseFont(args.Text("--font")), ParseColour(args.Text("--colour")),
+                    ParseMode(args.Text("--mode")), args.Number("--stay")};
+    if (message.text.empty())
+        message.text = " "; // as dark, and something for a file
+    if (!args.Has("--markup"))
+        return message;
+    MarkedText marked = ReadMarkup(message.text, {message.font, message.colour}, message.staySeconds);
+    message.text = std::move(marked.text);
+    if (!marked.flashes)
+        return message;
+    if (message.mode != kAtOnce)
+        throw UsageError("what flashes comes and goes at once: --mode 0");
+    message.staySeconds = 1;
+    return message;
+}
+
+void WriteMessage(const Message& message, const std::string& local)
+{
+    Check(vxShowMsgToNmg(reinterpret_cast<const std::uint8_t*>(message.text.data()),
+                         static_cast<std::uint32_t>(message.text.size()), local.c_str(), static_cast<int>(message.font),
+                         message.colour, message.mode, message.staySeconds));
 }
 
 } // namespace vxctl

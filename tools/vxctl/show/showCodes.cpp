@@ -5,6 +5,7 @@
 #include "vxctl/cli/numbers.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 
 namespace vxctl {
@@ -54,6 +55,13 @@ std::uint32_t ParseMode(std::string_view text)
     return ParseCode(text, 255, "mode");
 }
 
+std::vector<std::string_view> ColourNames()
+{
+    std::vector<std::string_view> names;
+    std::ranges::transform(kColours, std::back_inserter(names), &NamedColour::name);
+    return names;
+}
+
 std::uint32_t ParseColour(std::string_view text)
 {
     const auto* const named = std::find_if(std::begin(kColours), std::end(kColours),
@@ -68,8 +76,8 @@ std::uint32_t ParseColour(std::string_view text)
     }
     if (text.size() > 1 && !ParseNumber(text)) {
         std::string names;
-        for (const NamedColour& colour : kColours)
-            names.append(1, ' ').append(colour.name);
+        for (const std::string_view name : ColourNames())
+            names.append(1, ' ').append(name);
         throw UsageError("'" + std::string(text) + "' is no colour: #RRGGBB, a code of the sign, or one of" + names);
     }
     return ParseCode(text, 255, "colour");

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 namespace vxctl {
 
@@ -18,7 +19,10 @@ std::uint32_t ParseMode(std::string_view text);
 // of the sign's own.
 std::uint32_t ParseColour(std::string_view text);
 
-// All throw UsageError for anything else. The arguments:
+// The names of colours.
+std::vector<std::string_view> ColourNames();
+
+// The others throw UsageError for anything else. The arguments:
 inline constexpr ArgumentType kFontCode{"FONT", Checked<ParseFont>};
 inline constexpr ArgumentType kModeCode{"MODE", Checked<ParseMode>};
 inline constexpr ArgumentType kColourCode{"COLOUR", Checked<ParseColour>};

@@ -5,7 +5,6 @@
 #include "vxctl/show/messageText.h"
 #include "vxctl/show/showOptions.h"
 
-#include <vxsign/content.h>
 #include <vxsign/quickshow.h>
 
 #include <fstream>
@@ -15,21 +14,14 @@ namespace vxctl {
 
 namespace {
 
-// The message as it goes to the sign, which differs from a message file in its first bytes.
-void WriteMessage(const std::string& local, const std::string& text, const Args& args)
+// The message goes to the sign with other first bytes than a message file has.
+void VerifyText(Session& session, const Message& message, const Args& args)
 {
     constexpr std::string_view kBegin = "\x01Z00\x02\x41\x41";
-    Check(vxShowMsgToNmg(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size()),
-                         local.c_str(), static_cast<int>(ParseFont(args.Text("--font"))),
-                         ParseColour(args.Text("--colour")), ParseMode(args.Text("--mode")), args.Number("--stay")));
-    std::fstream(local, std::ios::binary | std::ios::in | std::ios::out) << kBegin;
-}
-
-void VerifyText(Session& session, const std::string& text, const Args& args)
-{
     const TemporaryFolder folder;
     const std::string local = folder.Path() + "message";
-    WriteMessage(local, text, args);
+    WriteMessage(message, local);
+    std::fstream(local, std::ios::binary | std::ios::in | std::ios::out) << kBegin;
     const char drive = ToE(args) != 0 ? 'E' : DriveOfSign();
     session.Connect();
     Verify(session, {std::string(1, drive) + ":\\T\\QMSG.Nmg"}, local);
@@ -39,14 +31,14 @@ std::uint32_t ShowText(Session& session, const Args& args)
 {
     const SignUrl sign = session.Sign();
     const Options& options = session.options;
-    const std::string text = MessageText(args);
-    Check(vxShowMsgTimeout(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size()),
-                           ParseFont(args.Text("--font")), ParseColour(args.Text("--colour")),
-                           ParseMode(args.Text("--mode")), args.Number("--stay"), sign.host.c_str(), sign.port,
-                           ToE(args), args.Has("--no-play") ? 0 : 1, static_cast<std::uint8_t>(options.retries),
-                           options.timeoutMs, sign.kind, sign.serialName.c_str(), sign.baudRate, options.destination));
+    const Message message = MessageOf(args);
+    Check(vxShowMsgTimeout(reinterpret_cast<const std::uint8_t*>(message.text.data()),
+                           static_cast<std::uint32_t>(message.text.size()), message.font, message.colour, message.mode,
+                           message.staySeconds, sign.host.c_str(), sign.port, ToE(args), args.Has("--no-play") ? 0 : 1,
+                           static_cast<std::uint8_t>(options.retries), options.timeoutMs, sign.kind,
+                           sign.serialName.c_str(), sign.baudRate, options.destination));
     if (args.Has("--verify"))
-        VerifyText(session, text, args);
+        VerifyText(session, message, args);
     return VX_OK;
 }
 
@@ -83,11 +75,12 @@ standard input, without its last end of line. A text that begins with a dash sta
 vxctl show --colour "#FF8000" --mode 3 --stay 10 "Lane closed"
 vxctl show --no-play --drive E "for later"
 vxctl show "Lane 2\nclosed"
+vxctl show --markup "{red}Lane 2{line}{yellow}closed{page}Use M4"
+vxctl show --markup "Fog {flash}SLOW{/flash}"
 date +%H:%M | vxctl show -
 vxctl show -- "-5 C")",
-        .arguments = {kMessageText, Of(kFontCode, "--font", "a character or its code, 48 to 169").Default("1"),
-                      Of(kColourCode, "--colour,--color", "a name, #RRGGBB, or a code of the sign").Default("1"), kMode,
-                      kStay, kDrive, Flag("--no-play", "leave the sign's play list as it is"), kAllowEmpty,
+        .arguments = {kMessageText, kMarkup, kFont, kColour, kMode, kStay, kDrive,
+                      Flag("--no-play", "leave the sign's play list as it is"), kAllowEmpty,
                       Flag("--verify", "read the message back and compare")},
         .line = Line::kOwn,
         .signs = Signs::kMany,

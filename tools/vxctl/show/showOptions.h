@@ -9,6 +9,9 @@
 
 namespace vxctl {
 
+inline constexpr Argument kFont = Of(kFontCode, "--font", "a character or its code, 48 to 169").Default("1");
+inline constexpr Argument kColour =
+    Of(kColourCode, "--colour,--color", "a name, #RRGGBB, or a code of the sign").Default("1");
 inline constexpr Argument kMode = Of(kModeCode, "--mode", "entry and exit mode: a character or its code").Default("0");
 inline constexpr Argument kStay = Number("--stay", 0, 9999, "seconds to stay").In("SECONDS").Default("5");
 inline constexpr Argument kDrive =
