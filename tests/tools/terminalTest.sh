@@ -68,7 +68,10 @@ line 0 playlist ls -l $hostileName
 . 1 get $hostile got.nmg
 . 1 mv $hostile B.NMG
 line 2 bright $hostile
-. 0 show 'HELLO 42'
+. 0 show --preview 'HELLO 42'
+line 0 message $hostile --size 32x16 -o $hostileName
+. 0 preview $hostileName
+text 0 preview --text $hostile
 . 0 picture face.bmp
 . 0 files face.bmp
 . 0 put hello.nmg D:/T/HELLO.NMG

@@ -39,12 +39,6 @@ Taken Take(std::string_view& text)
     return {character, whole.substr(0, whole.size() - text.size())};
 }
 
-bool IsColoured()
-{
-    const char* const refusal = std::getenv("NO_COLOR");
-    return ::isatty(STDOUT_FILENO) != 0 && (refusal == nullptr || *refusal == '\0');
-}
-
 const char* Escape(Tone tone)
 {
     switch (tone) {
@@ -79,6 +73,12 @@ bool IsUtf8(std::string_view text)
             return false;
     }
     return true;
+}
+
+bool IsColoured()
+{
+    const char* const refusal = std::getenv("NO_COLOR");
+    return ::isatty(STDOUT_FILENO) != 0 && (refusal == nullptr || *refusal == '\0');
 }
 
 Shown Toned(Shown shown, Tone tone)

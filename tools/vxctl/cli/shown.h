@@ -4,6 +4,11 @@
 #include <concepts>
 #include <string>
 #include <string_view>
+#include <vector>
+
+namespace vxsim {
+class Canvas;
+}
 
 namespace vxctl {
 
@@ -14,6 +19,9 @@ std::string Printable(std::string_view text);
 
 bool IsUtf8(std::string_view text);
 
+// Whether standard output is a terminal, and the environment does not ask for no colours with NO_COLOR.
+bool IsColoured();
+
 enum class Tone
 {
     kPlain,
@@ -23,7 +31,7 @@ enum class Tone
 };
 
 // Any text becomes one by conversion, and printable by it: texts come from signs, files and shells. Only colours of
-// vxctl's own get past that.
+// vxctl's own get past that, and faces that it draws.
 class Shown
 {
 public:
@@ -42,9 +50,10 @@ public:
         return left;
     }
 
-    // In the colour of its tone, when standard output is a terminal and the environment does not ask for none with
-    // NO_COLOR; else as it is.
+    // In the colour of its tone where colours are wanted; else as it is.
     friend Shown Toned(Shown shown, Tone tone);
+
+    friend std::vector<Shown> DrawnFace(const vxsim::Canvas& face);
 
 private:
     std::string text;

@@ -20,6 +20,10 @@ constexpr Argument kCommon[] = {
 
 constexpr const CommandTable* kTables[] = {
     &kShowCommands,
+    &kMessageCommands,
+#ifdef VXCTL_HAS_PREVIEW
+    &kPreviewCommands,
+#endif
     &kPictureCommands,
     &kFileCommands,
     &kFolderCommands,

@@ -9,6 +9,8 @@
 namespace vxctl {
 
 extern const CommandTable kShowCommands;
+extern const CommandTable kMessageCommands;
+extern const CommandTable kPreviewCommands;
 extern const CommandTable kPictureCommands;
 extern const CommandTable kFileCommands;
 extern const CommandTable kFolderCommands;

@@ -131,7 +131,7 @@ void WriteAnimation(const PlayList& list, const Wanted& wanted, const std::vecto
     target.Keep();
 }
 
-// Each file in the middle of its first page, in columns.
+// Each file as its first page is when it has come, in columns.
 void WriteSheet(const PlayList& list, const Wanted& wanted, const std::vector<vxsim::FileEntry>& files,
                 const Report& report)
 {
@@ -155,7 +155,7 @@ void WriteSheet(const PlayList& list, const Wanted& wanted, const std::vector<vx
                                             wanted.size.height, font);
         vxsim::Canvas face(wanted.size.width, wanted.size.height);
         if (show)
-            show->Draw(show->NextPageMs(0) / 2, font, face);
+            show->Draw(show->WholeMs(0), font, face);
         const int column = i / rows;
         const int row = i % rows;
         for (int y = 0; y < wanted.size.height; ++y)

@@ -62,18 +62,18 @@ std::string WithLineBreaks(std::string text)
 
 } // namespace
 
-std::string MessageText(const Args& args)
+std::string MessageText(const Args& args, std::string_view name)
 {
-    const std::string& typed = args.Text("TEXT");
+    const std::string& typed = args.Text(name);
     std::string text = WithLineBreaks(typed == "-" ? ReadStandardInput() : WithoutEscapes(typed));
     if (text.empty() && !args.Has("--allow-empty"))
         throw UsageError("the text is empty; --allow-empty shows a dark face");
     return text;
 }
 
-Message MessageOf(const Args& args)
+Message MessageOf(const Args& args, std::string_view name)
 {
-    Message message{MessageText(args), ParseFont(args.Text("--font")), ParseColour(args.Text("--colour")),
+    Message message{MessageText(args, name), ParseFont(args.Text("--font")), ParseColour(args.Text("--colour")),
                     ParseMode(args.Text("--mode")), args.Number("--stay")};
     if (message.text.empty())
         message.text = " "; // as dark, and something for a file

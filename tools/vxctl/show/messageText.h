@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace vxctl {
 
@@ -15,7 +16,7 @@ inline constexpr Argument kMarkup = Flag(
     "--markup", "the text has marks: {red} {#FF8000} {font 2} {line} {page} {flash} {/flash} {plain}, {{ is a brace");
 
 // The text with the sign's line breaks. Throws UsageError for an empty one without --allow-empty.
-std::string MessageText(const Args& args);
+std::string MessageText(const Args& args, std::string_view name = "TEXT");
 
 // A text with what it looks like, as the library takes it.
 struct Message
@@ -28,7 +29,7 @@ struct Message
 };
 
 // What a command with kMessageText, kAllowEmpty, kMarkup, kFont, kColour, kMode and kStay has for arguments.
-Message MessageOf(const Args& args);
+Message MessageOf(const Args& args, std::string_view name = "TEXT");
 
 // Makes a message file of this PC, as signs and play lists take it. Throws SignFailure.
 void WriteMessage(const Message& message, const std::string& local);

@@ -1,8 +1,8 @@
 // picture: a picture file on the face at once.
-#include "vxctl/cli/faceSize.h"
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/tables.h"
 #include "vxctl/show/showOptions.h"
+#include "vxctl/show/wantedFace.h"
 
 #ifdef VXCTL_HAS_PREVIEW
 #include "vxctl/show/pictures.h"
@@ -30,19 +30,6 @@ std::uint32_t ShowBytes(Session& session, const Args& args, const std::vector<st
 
 #ifdef VXCTL_HAS_PREVIEW
 
-FaceSize SizeOfFace(const Session& session, const Args& args)
-{
-    if (args.Has("--size"))
-        return ParseFaceSize(args.Text("--size"));
-    session.Connect();
-    const FaceSize size = ReadFaceSize();
-    constexpr int kMost = vxsim::Canvas::kMostPixelsPerSide;
-    if (size.width < 1 || size.height < 1 || size.width > kMost || size.height > kMost)
-        throw UsageError("the sign does not tell the size of its face: give --size WIDTHxHEIGHT");
-    return size;
-}
-
-// The stay time of a message counts in seconds; 0 is as short as the sign can.
 void WriteFrame(const Frame& frame, const std::string& local, const Args& args)
 {
     const std::string picture = local + ".bmp";
@@ -50,8 +37,7 @@ void WriteFrame(const Frame& frame, const std::string& local, const Args& args)
     std::ofstream file(picture, std::ios::binary);
     file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     file.close();
-    Check(vxShowBmpToNmg(picture.c_str(), local.c_str(), ParseMode(args.Text("--mode")),
-                         (frame.milliseconds + 500) / 1000));
+    Check(vxShowBmpToNmg(picture.c_str(), local.c_str(), ParseMode(args.Text("--mode")), SecondsOf(frame)));
 }
 
 std::uint32_t ShowFrames(Session& session, const Args& args, const std::vector<Frame>& frames)
@@ -80,7 +66,7 @@ std::uint32_t ShowFitted(Session& session, const Args& args, const std::vector<s
     } catch (const UsageError& error) {
         throw UsageError(args.Text("FILE") + " is " + error.what() + "; --raw sends it as it is");
     }
-    const FaceSize face = SizeOfFace(session, args);
+    const FaceSize face = KnownFaceOfSign(session, args).size;
     const bool isLarger = frames[0].picture.Width() > face.width || frames[0].picture.Height() > face.height;
     for (Frame& frame : frames)
         frame.picture = Fit(frame.picture, face.width, face.height, args.Text("--fit"));
@@ -119,8 +105,7 @@ own time in whole seconds. Anything else is refused, unless --raw sends it uncha
 --timeout, --retries and --chunk do not apply: 3 tries of 3000 ms, packets of 768 bytes.)",
         .examples = R"(vxctl picture --stay 20 logo.bmp
 vxctl picture --fit cover photo.jpeg)",
-        .arguments = {ReadFile("FILE", "the picture"), kMode, kStay, kDrive,
-                      Choice("--fit", "contain|cover|stretch|none", "how it fits the face").Default("contain"),
+        .arguments = {ReadFile("FILE", "the picture"), kMode, kStay, kDrive, kFit,
                       Of(kFaceSize, "--size", "pixels of the face; otherwise the sign is asked"),
                       Flag("--raw", "send the file unchanged").Excludes("--fit --size")},
         .line = Line::kOwn,

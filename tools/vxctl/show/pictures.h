@@ -17,6 +17,12 @@ struct Frame
     std::uint32_t milliseconds = 0;
 };
 
+// Its time as a message has it; 0 is as short as the sign can.
+inline std::uint32_t SecondsOf(const Frame& frame)
+{
+    return (frame.milliseconds + 500) / 1000;
+}
+
 using FileBytes = std::span<const std::uint8_t>;
 
 // The frames of a BMP, PNG, JPEG or GIF file, told by its contents; what is transparent is unlit. Throws UsageError

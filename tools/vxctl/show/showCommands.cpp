@@ -2,7 +2,7 @@
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/tables.h"
 #include "vxctl/files/readBack.h"
-#include "vxctl/show/messageText.h"
+#include "vxctl/show/lookAhead.h"
 #include "vxctl/show/showOptions.h"
 
 #include <vxsign/quickshow.h>
@@ -32,6 +32,7 @@ std::uint32_t ShowText(Session& session, const Args& args)
     const SignUrl sign = session.Sign();
     const Options& options = session.options;
     const Message message = MessageOf(args);
+    LookAhead(session, args, message);
     Check(vxShowMsgTimeout(reinterpret_cast<const std::uint8_t*>(message.text.data()),
                            static_cast<std::uint32_t>(message.text.size()), message.font, message.colour, message.mode,
                            message.staySeconds, sign.host.c_str(), sign.port, ToE(args), args.Has("--no-play") ? 0 : 1,
@@ -70,7 +71,8 @@ const Command kCommands[] = {
             R"(Fonts, modes and colour codes are the sign's own. Colours by name and #RRGGBB go out as three colour bytes.
 --chunk does not apply: text goes out in packets of 768 bytes.
 \n in a text breaks the line, \\n stands for these two characters, and all else goes out as it is. - reads the text from
-standard input, without its last end of line. A text that begins with a dash stands behind "--".)",
+standard input, without its last end of line. A text that begins with a dash stands behind "--".
+A text that does not fit the face by the letters of vxsim is told of ahead: the pages that it becomes, words that are broken.)",
         .examples = R"(vxctl show "HELLO 42"
 vxctl show --colour "#FF8000" --mode 3 --stay 10 "Lane closed"
 vxctl show --no-play --drive E "for later"
@@ -81,7 +83,9 @@ date +%H:%M | vxctl show -
 vxctl show -- "-5 C")",
         .arguments = {kMessageText, kMarkup, kFont, kColour, kMode, kStay, kDrive,
                       Flag("--no-play", "leave the sign's play list as it is"), kAllowEmpty,
-                      Flag("--verify", "read the message back and compare")},
+                      Flag("--verify", "read the message back and compare"),
+                      Flag("--preview", "draw it in the terminal before it goes"), kMustFit,
+                      Of(kFaceSize, "--size", "pixels of the face; otherwise the sign is asked")},
         .line = Line::kOwn,
         .signs = Signs::kMany,
         .run = ShowText,

@@ -22,6 +22,9 @@ inline std::uint32_t ToE(const Args& args)
     return args.Text("--drive") == "E" ? 1 : 0;
 }
 
+inline constexpr Argument kFit =
+    Choice("--fit", "contain|cover|stretch|none", "how a picture fits the face").Default("contain");
+
 // What the library takes in place of the options.
 inline void TakeTries(Session& session, std::uint32_t tries)
 {

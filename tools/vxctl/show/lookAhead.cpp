@@ -1,0 +1,52 @@
+// Looks at messages before they go.
+#include "vxctl/show/lookAhead.h"
+
+#include "vxctl/cli/failure.h"
+#include "vxctl/cli/localFiles.h"
+
+#ifdef VXCTL_HAS_PREVIEW
+#include "vxctl/show/preview.h"
+#endif
+
+namespace vxctl {
+
+#ifdef VXCTL_HAS_PREVIEW
+
+void CheckFit(Session& session, const Args& args, const Message& message, const WantedFace& face)
+{
+    ReportFit(session.report, FileOf(message), face.size, args.Has("--must-fit"));
+}
+
+void LookAhead(Session& session, const Args& args, const Message& message)
+{
+    const bool mustKnow = args.Has("--must-fit") || args.Has("--preview");
+    const WantedFace face = mustKnow ? KnownFaceOfSign(session, args) : FaceOfSign(session, args);
+    if (!face.IsKnown())
+        return;
+    ReportFace(session.report, face);
+    if (args.Has("--preview")) {
+        Preview preview(face.size);
+        preview.AddFile(FileOf(message));
+        preview.Print(session.report);
+    }
+    CheckFit(session, args, message, face);
+}
+
+#else
+
+void CheckFit(Session& /*session*/, const Args& args, const Message& /*message*/, const WantedFace& /*face*/)
+{
+    if (args.Has("--must-fit"))
+        throw UsageError("this vxctl was built without a face: it knows nothing that fits");
+}
+
+void LookAhead(Session& session, const Args& args, const Message& message)
+{
+    if (args.Has("--preview"))
+        throw UsageError("this vxctl was built without a face, and draws nothing");
+    CheckFit(session, args, message, {});
+}
+
+#endif
+
+} // namespace vxctl
