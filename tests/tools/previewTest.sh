@@ -66,6 +66,8 @@ expect 0 picture --fit cover hello.png
 isShown --fit cover hello.png
 expect 0 preview --markup "Fog {flash}SLOW{/flash}" -o fog.gif --json
 member 6 pages
+expect 0 preview --colour amber a -o amber.gif
+LC_ALL=C grep -qaP '\xff\xb0\x00' amber.gif || fail "the animation has another amber"
 expect 0 picture fog.gif
 isShown fog.gif
 isShown fog.gif --page 2

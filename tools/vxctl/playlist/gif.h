@@ -12,8 +12,8 @@ struct GifFileType;
 
 namespace vxctl {
 
-// An animation of a face, each pixel a square lamp of four pixels with its gap, repeated for ever. Colours are brought
-// to a cube of 6 by 7 by 6.
+// An animation of a face, each pixel a square lamp of four pixels with its gap, repeated for ever. The colours of a
+// frame with more than 254 of them are brought to a cube of 6 by 7 by 6.
 class Gif
 {
 public:

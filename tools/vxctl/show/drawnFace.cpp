@@ -4,6 +4,7 @@
 #include "sim/face/ansi.h"
 #include "sim/platform/terminal.h"
 
+#include <algorithm>
 #include <array>
 
 namespace vxctl {
@@ -13,7 +14,11 @@ namespace {
 std::string PlainBlocks(const vxsim::Canvas& face)
 {
     constexpr std::array<const char*, 4> kBlocks{" ", "\u2580", "\u2584", "\u2588"};
-    const auto isLit = [&face](int x, int y) { return face.At(x, y) != vxsim::Rgb{}; };
+    constexpr int kFaintest = 32;
+    const auto isLit = [&face](int x, int y) {
+        const vxsim::Rgb pixel = face.At(x, y);
+        return std::max({pixel.red, pixel.green, pixel.blue}) >= kFaintest;
+    };
     std::string lines;
     for (int y = 0; y < face.Height(); y += 2) {
         for (int x = 0; x < face.Width(); ++x)
