@@ -7,8 +7,8 @@
 #include "vxctl/cli/tables.h"
 #include "vxctl/playlist/gif.h"
 #include "vxctl/playlist/playList.h"
+#include "vxctl/show/preview.h"
 
-#include "sim/content/nmg.h"
 #include "sim/content/player.h"
 #include "sim/content/show.h"
 #include "sim/face/png.h"
@@ -51,13 +51,6 @@ vxsim::FileEntry ToEntry(const VXPLAYLIST_FILE_INFO& info)
     return entry;
 }
 
-// How many faces the text of a message fills; nothing for a file that has no text.
-std::size_t PagesOf(const std::vector<std::uint8_t>& bytes, const Wanted& wanted, vxsim::Font& font)
-{
-    const auto message = vxsim::ParseNmg(bytes);
-    return message ? vxsim::SetText(message->runs, wanted.size.width, wanted.size.height, font).size() : 0;
-}
-
 // What is wrong with the files of the list; the rest of them stays in `files`.
 Report::Json Examine(const PlayList& list, const Wanted& wanted, std::vector<vxsim::FileEntry>& files,
                      const Report& report)
@@ -80,9 +73,8 @@ Report::Json Examine(const PlayList& list, const Wanted& wanted, std::vector<vxs
             warn(file.path, "nothing that can be shown");
             return true;
         }
-        const std::size_t pages = PagesOf(bytes, wanted, font);
-        if (pages > 1)
-            warn(file.path, "its text does not fit, and needs " + std::to_string(pages) + " pages");
+        if (const std::string why = WhyNotFitting(bytes, wanted.size); !why.empty())
+            warn(file.path, "the text does not fit: " + why);
         return false;
     });
     return warnings;
@@ -180,7 +172,7 @@ Wanted WantedBy(const Args& args)
     return wanted;
 }
 
-std::uint32_t Preview(Session& session, const Args& args)
+std::uint32_t DrawList(Session& session, const Args& args)
 {
     const Wanted wanted = WantedBy(args);
     const PlayList list = PlayList::Open(args.Text("--list"));
@@ -202,7 +194,7 @@ const Command kCommands[] = {
         .help = "Draw what the list shows, without a sign",
         .details =
             R"(As a .gif its first seconds, as a .png every file once, in columns. Groups play in the order of the list. Warns of
-files that are missing or cannot be shown, and of text that needs more than one page.)",
+files that are missing or cannot be shown, and of text that does not fit its pages.)",
         .examples = R"(vxctl playlist preview shop.gif
 vxctl playlist preview --size 192x64 shop.png
 vxctl playlist preview --at "2026-12-24 18:00" --seconds 60 christmas.gif)",
@@ -211,7 +203,7 @@ vxctl playlist preview --at "2026-12-24 18:00" --seconds 60 christmas.gif)",
                       Number("--seconds", 1, 600, "length of a .gif").In("SECONDS").Default("20"),
                       Of(kTimeOrNow, "--at", "as of that time, by the schedules; otherwise every file plays (.gif)")},
         .line = Line::kNone,
-        .run = Preview,
+        .run = DrawList,
     },
 };
 

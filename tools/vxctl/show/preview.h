@@ -46,6 +46,9 @@ private:
 // The message as a file.
 std::vector<std::uint8_t> FileOf(const Message& message);
 
+// What becomes of the text of a message that does not fit the face; "" where it fits, or is no text.
+std::string WhyNotFitting(FileBytes message, const FaceSize& face);
+
 // Says what of the text of a message does not fit, and reports how it lies on the face; nothing for a message without
 // text. Throws UsageError for one that must fit and does not.
 void ReportFit(Report& report, FileBytes message, const FaceSize& face, bool mustFit);

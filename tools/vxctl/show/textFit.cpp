@@ -7,6 +7,7 @@
 #include "sim/face/text.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace vxctl {
 
@@ -14,7 +15,18 @@ namespace {
 
 constexpr std::size_t kMostPagesTold = 8;
 
-// What becomes of it; "" when it fits.
+// Nothing for what is no message with a text.
+std::optional<vxsim::Layout> LayOutText(FileBytes message, const FaceSize& face)
+{
+    const auto parsed = vxsim::ParseNmg(message);
+    if (!parsed || parsed->picture)
+        return std::nullopt;
+    vxsim::Font font;
+    vxsim::Layout layout = vxsim::LayOut(parsed->runs, face.width, face.height, font);
+    layout.isCut = layout.isCut || message.size() > vxsim::kMostMessageBytes;
+    return layout;
+}
+
 std::string WhyNotFitting(const vxsim::Layout& layout)
 {
     std::string why;
@@ -43,28 +55,31 @@ void TellPages(const Report& report, const std::vector<std::string>& texts)
 
 } // namespace
 
+std::string WhyNotFitting(FileBytes message, const FaceSize& face)
+{
+    const auto layout = LayOutText(message, face);
+    return layout ? WhyNotFitting(*layout) : "";
+}
+
 void ReportFit(Report& report, FileBytes message, const FaceSize& face, bool mustFit)
 {
-    const auto parsed = vxsim::ParseNmg(message);
-    if (!parsed || parsed->picture)
+    const auto layout = LayOutText(message, face);
+    if (!layout)
         return;
-    vxsim::Font font;
-    vxsim::Layout layout = vxsim::LayOut(parsed->runs, face.width, face.height, font);
-    layout.isCut = layout.isCut || message.size() > vxsim::kMostMessageBytes;
-    const std::string why = WhyNotFitting(layout);
+    const std::string why = WhyNotFitting(*layout);
     report.Put("fits", why.empty());
-    report.Put("pages", layout.pages.size());
-    report.Put("pagesMeant", layout.pagesMeant);
-    report.Put("pageTexts", layout.texts);
-    report.Put("wordBroken", layout.brokenWord);
-    report.Put("cut", layout.isCut);
+    report.Put("pages", layout->pages.size());
+    report.Put("pagesMeant", layout->pagesMeant);
+    report.Put("pageTexts", layout->texts);
+    report.Put("wordBroken", layout->brokenWord);
+    report.Put("cut", layout->isCut);
     if (why.empty())
         return;
     const std::string complaint = "the text does not fit a face of " + SizeText(face) + ": " + why;
     if (mustFit)
         throw UsageError(complaint);
     report.Line(complaint);
-    TellPages(report, layout.texts);
+    TellPages(report, layout->texts);
 }
 
 } // namespace vxctl
