@@ -20,15 +20,15 @@ cmp -s "$work/bars.jpeg" "$work/tinted.jpeg" && fail "the brightness is not seen
 expect 0 video vpu bright
 says out "255 128 0 255"
 expect 0 video vpu signal --json
-member 2 signal 0
-member 128 signal 1
+member 2 signal channel
+member 128 signal width
 expect 0 video vpu pixel-mode 4
 expect 0 video vpu info --json
-says out '"info":"565856505531'
+says out '"bytes":"565856505531'
 expect 0 video vpu channel 0
 expect 0 video mpu channel 3
 expect 0 video mpu window 0 8 4 64 24 --json
-member 100 progress
+member 100 progressPercent
 picture window
 cmp -s "$work/dark.jpeg" "$work/window.jpeg" && fail "the window is not seen"
 expect 0 video mpu progress 1

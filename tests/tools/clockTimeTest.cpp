@@ -1,7 +1,10 @@
 // Times as the tool reads and prints them.
 #include "vxctl/cli/clockTime.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <string>
+#include <tuple>
 
 namespace vxctl_tests {
 namespace {
@@ -47,6 +50,26 @@ TEST(ClockTime, OfAFolderIsUnpacked)
     EXPECT_EQ(FolderTime(0, 0), std::nullopt);
     EXPECT_EQ(FolderTime(0x5D75, 0xFFFF), std::nullopt); // 31:63:62
     EXPECT_EQ(FolderTime(0xFFFF, 0), std::nullopt);      // month 15
+}
+
+TEST(ClockTime, HasTheZoneOfThisPc)
+{
+    const std::tuple<const char*, ClockTime, const char*> rows[] = {
+        {"CET-1CEST,M3.5.0,M10.5.0/3", {2026, 1, 4, 3, 2, 1}, "2026-01-04T03:02:01+01:00"},
+        {"CET-1CEST,M3.5.0,M10.5.0/3", {2026, 7, 9, 0, 0, 0}, "2026-07-09T00:00:00+02:00"},
+        {"NST3:30", {9999, 12, 31, 23, 59, 59}, "9999-12-31T23:59:59-03:30"},
+        {"UTC0", {1970, 1, 1, 0, 0, 0}, "1970-01-01T00:00:00+00:00"},
+        {"UTC0", {2026, 2, 29, 0, 0, 0}, ""}, // a sign may tell any numbers
+        {"UTC0", {0, 0, 0, 0, 0, 0}, ""},
+        {"UTC0", {65535, 1, 1, 0, 0, 0}, ""},
+    };
+    const char* const former = std::getenv("TZ");
+    const std::string kept = former != nullptr ? former : "";
+    for (const auto& [zone, time, wanted] : rows) {
+        ::setenv("TZ", zone, 1);
+        EXPECT_EQ(vxctl::IsoTime(time), wanted);
+    }
+    former != nullptr ? ::setenv("TZ", kept.c_str(), 1) : ::unsetenv("TZ");
 }
 
 TEST(ClockTime, IsWrittenWithItsWeekday)

@@ -3,6 +3,7 @@
 #include "vxctl/cli/jsonText.h"
 #include "vxctl/cli/numbers.h"
 #include "vxctl/cli/progressBar.h"
+#include "vxctl/cli/textTable.h"
 #include "vxctl/show/showCodes.h"
 
 #include <gtest/gtest.h>
@@ -66,6 +67,28 @@ TEST(CommandLineText, SizesHaveTheirUnits)
     EXPECT_EQ(vxctl::FormatSize(999), "999 bytes");
     EXPECT_EQ(vxctl::FormatSize(200000), "200.0 kB");
     EXPECT_EQ(vxctl::FormatSize(4.2e12), "4200.0 GB");
+}
+
+// What a sign gives need not be what the column is for.
+TEST(CommandLineText, TablesLoseNothing)
+{
+    static constexpr std::string_view kNames[] = {"", "door", "tile"};
+    vxctl::TextTable table({{"time", vxctl::kTimes}, {"event", vxctl::kNumbers, kNames}, {"count", vxctl::kNumbers}});
+    table.Add({"2026-13-01 00:00:00", "1", "-7"});
+    table.Add({"", "0", "many"});
+    table.Add({"", "bell", ""});
+    vxctl::Report report;
+    report.UseJson(true);
+    table.Show(report, "rows");
+    testing::internal::CaptureStdout();
+    report.Finish(0);
+    const std::string json = testing::internal::GetCapturedStdout();
+    EXPECT_NE(
+        json.find(R"("rows":[{"time":null,"timeText":"2026-13-01 00:00:00","event":"door","eventCode":1,"count":-7},)"
+                  R"({"time":null,"event":"0","eventCode":0,"count":null,"countText":"many"},)"
+                  R"({"time":null,"event":"bell","eventCode":null,"count":null}])"),
+        std::string::npos)
+        << json;
 }
 
 TEST(CommandLineText, JsonIsAsciiAndLosesNothing)

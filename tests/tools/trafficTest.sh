@@ -21,20 +21,21 @@ settle() {
 
 # Orders and what comes of them.
 traffic manual 2
-settle 255
+settle null
 member manual run
 member 2 phase
-member red groups 0
-member green groups 1
+member red groups 0 lamps
+member green groups 1 lamps
 expect 0 traffic status
 says out "manual, mode 2"
 says out "1 red, 2 green, 3 red, 4 green, 5 red, 6 red"
 traffic lamps jkc "01 02" 04
 traffic status --real
-member "lamp test" run
-member yellow groups 1
-member dark groups 2
-member green groups 4
+member lamp-test run
+member yellow groups 1 lamps
+member dark groups 2 lamps
+member green groups 4 lamps
+member 4 groups 4 lampsCode
 traffic lamps jkb
 traffic status
 member manual run
@@ -42,7 +43,7 @@ expect 1 --json traffic phase 03
 member 36881 result
 traffic phase "05 C8"
 traffic status
-member "temporary phase" run
+member temporary-phase run
 traffic phase 00 --flag 0
 traffic manual 0
 
@@ -77,7 +78,7 @@ member 2 rows 1 level
 traffic temperatures
 member 100 rows 0 source
 expect 0 traffic temperatures --csv
-says out "date,source,sample"
+says out "date,source,temperatureC"
 
 # An address of the error log is a number, as a controller with a broken output board has it.
 printf '%32s\1\0\0\0\46\40\1\2\3\4\5\0\43\17\11\0%20s' '' '' >"$work/sign/E/ERR_REC/ERRMSG.ERR"

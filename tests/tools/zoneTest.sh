@@ -51,7 +51,7 @@ same "$work/zones.jpeg" "$work/again.jpeg"
 expect 0 zone divide 2 --step 16 0,0,1x1 1,1,3x1 --stay 7
 expect 0 zone list 2 --json
 member 48 zones 1 width
-member 7 zones 1 stay
+member 7 zones 1 staySeconds
 member nothing zones 1 holds
 expect 0 zone clear 2
 expect 1 zone list 2
@@ -107,10 +107,10 @@ expect 0 player emergency --stop
 expect 0 player switch CLOSED --then next
 expect 0 player list SHOP --json
 member 3 programs 0 files
-member yes programs 1 plays
+member ON programs 1 plays
 expect 0 player info SHOP OPEN --json
 member 7 version
-member 9999 files 0 stay
+member 9999 files 0 staySeconds
 expect 0 player delete shop closed --json
 member 1 files # the red one is needed by the other program
 expect 0 player list

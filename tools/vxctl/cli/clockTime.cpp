@@ -7,6 +7,7 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 
 namespace vxctl {
@@ -14,6 +15,7 @@ namespace vxctl {
 namespace {
 
 constexpr int kFirstYear = 1970;
+constexpr int kLastYear = 9999;
 constexpr int kFolderYear = 1980; // from which folders count
 
 std::chrono::year_month_day DayOf(const ClockTime& time)
@@ -101,6 +103,26 @@ std::string FormatTime(const ClockTime& time, char between, bool seconds)
         std::snprintf(text.data() + length, text.size() - static_cast<std::size_t>(length), ":%02u",
                       unsigned{time.second});
     return text.data();
+}
+
+std::string IsoTime(const ClockTime& time)
+{
+    if (time.year < kFirstYear || time.year > kLastYear || !IsTime(time))
+        return {};
+    std::tm local = {};
+    local.tm_year = time.year - 1900;
+    local.tm_mon = time.month - 1;
+    local.tm_mday = time.day;
+    local.tm_hour = time.hour;
+    local.tm_min = time.minute;
+    local.tm_sec = time.second;
+    local.tm_isdst = -1;
+    std::mktime(&local);
+    const long ahead = local.tm_gmtoff / 60; // minutes
+    std::array<char, 48> zone{};
+    std::snprintf(zone.data(), zone.size(), "%c%02ld:%02ld", ahead < 0 ? '-' : '+', std::labs(ahead) / 60,
+                  std::labs(ahead) % 60);
+    return FormatTime(time, 'T') + zone.data();
 }
 
 ClockTime ReadTime(const std::string& text)

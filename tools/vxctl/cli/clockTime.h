@@ -39,6 +39,10 @@ std::uint8_t Weekday(const ClockTime& time);
 // "2026-11-21", then the given character, then "14:05:30" or without the seconds "14:05".
 std::string FormatTime(const ClockTime& time, char between, bool seconds = true);
 
+// "2026-11-21T14:05:30+01:00"; empty when there is no such time, as a sign may tell any numbers. It tells no zone: its
+// clock is taken to run in that of this PC.
+std::string IsoTime(const ClockTime& time);
+
 // A time of the command line, or "now". Throws UsageError for anything else.
 ClockTime ReadTime(const std::string& text);
 

@@ -36,6 +36,12 @@ std::string_view AdviceFor(std::uint32_t code)
     return found == std::end(kAdvice) ? std::string_view() : found->text;
 }
 
+nlohmann::ordered_json JsonTime(const std::optional<ClockTime>& time)
+{
+    const std::string text = time ? IsoTime(*time) : "";
+    return text.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json(text);
+}
+
 void Report::Line(const Shown& line) const
 {
     if (!json)
@@ -57,6 +63,28 @@ void Report::Value(const std::string& name, const std::string& key, Json value, 
     else
         Line(front + (value.is_string() ? value.get<std::string>() : value.dump()));
     Put(key, std::move(value));
+}
+
+void Report::ValueOrNull(const std::string& name, const std::string& key, const std::string& value,
+                         const std::string& ifEmpty)
+{
+    Value(name, key, value.empty() ? Json() : Json(value), value.empty() ? ifEmpty : value);
+}
+
+void Report::Time(const std::string& name, const std::string& key, const std::optional<ClockTime>& time,
+                  const std::string& text)
+{
+    Json value = JsonTime(time);
+    if (value.is_null() && !text.empty())
+        Put(key + "Text", text);
+    Value(name, key, std::move(value), text);
+}
+
+void Report::Code(const std::string& name, const std::string& key, CodeNames names, std::uint32_t code,
+                  const Shown& text)
+{
+    Value(name, key, NameOf(names, code), text.IsEmpty() ? Words(NameOf(names, code)) : text);
+    Put(key + "Code", code);
 }
 
 void Report::SetHead(std::string_view command, std::string_view sign)

@@ -1,11 +1,14 @@
 // What a command found: lines of text as it goes, or with --json one object at its end.
 #pragma once
 
+#include "vxctl/cli/clockTime.h"
+#include "vxctl/cli/codeNames.h"
 #include "vxctl/cli/shown.h"
 
 #include <nlohmann/json.hpp>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,6 +16,9 @@ namespace vxctl {
 
 // What to try after a failure with this code; empty when there is nothing to say beyond its text.
 std::string_view AdviceFor(std::uint32_t code);
+
+// A time of the sign for programs: with zone, or null when there is none.
+nlohmann::ordered_json JsonTime(const std::optional<ClockTime>& time);
 
 class Report
 {
@@ -34,6 +40,18 @@ public:
 
     // A value for both: the line has its name and, where the value itself does not read well, the text for it.
     void Value(const std::string& name, const std::string& key, Json value, const Shown& text = {});
+
+    // A text for both, in JSON null where it is empty.
+    void ValueOrNull(const std::string& name, const std::string& key, const std::string& value,
+                     const std::string& ifEmpty);
+
+    // A time of the sign for both, in JSON with zone; what is no time is null there, with the text behind it.
+    void Time(const std::string& name, const std::string& key, const std::optional<ClockTime>& time,
+              const std::string& text);
+
+    // A code for both: its name, for programs with the number behind it, whose key ends in "Code".
+    void Code(const std::string& name, const std::string& key, CodeNames names, std::uint32_t code,
+              const Shown& text = {});
 
     // The end of the command: JSON gets the result word, its text and all values. In text a failure goes to standard
     // error, with its reason and what to try next; where neither is known, with what helps against the result. False

@@ -1,6 +1,8 @@
 // Tables in columns, as CSV and as JSON.
 #include "vxctl/cli/textTable.h"
 
+#include "vxctl/cli/numbers.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
@@ -18,13 +20,36 @@ std::size_t Width(const std::string& text)
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), isFirst));
 }
 
-Report::Json ToJson(const std::string& field, bool number)
+// Null for what is none.
+Report::Json NumberIn(const std::string& field)
 {
     std::int64_t value = 0;
     const char* const end = field.data() + field.size();
     const auto [stop, error] = std::from_chars(field.data(), end, value);
-    const bool isNumber = number && error == std::errc() && stop == end;
-    return isNumber ? Report::Json(value) : Report::Json(field);
+    return error == std::errc() && stop == end ? Report::Json(value) : Report::Json();
+}
+
+Report::Json ValueOf(ColumnKind kind, const std::string& field)
+{
+    switch (kind) {
+    case kNumbers:
+        return NumberIn(field);
+    case kTimes:
+        return JsonTime(ParseClockTime(field));
+    case kTruths:
+        return field == "yes";
+    default:
+        return field;
+    }
+}
+
+void PutField(Report::Json& object, const TextColumn& column, const std::string& field)
+{
+    Report::Json value = ValueOf(column.kind, field);
+    const bool isLost = value.is_null() && !field.empty();
+    object[column.key] = std::move(value);
+    if (isLost)
+        object[column.key + "Text"] = field;
 }
 
 } // namespace
@@ -39,20 +64,19 @@ void TextTable::Show(Report& report, const std::string& key, TableForm form) con
 {
     if (report.IsJson()) {
         Report::Json objects = Report::Json::array();
-        for (const TextRow& row : rows) {
-            Report::Json object = Report::Json::object();
-            for (std::size_t i = 0; i < columns.size(); ++i)
-                object[columns[i].key] = ToJson(row[i], columns[i].number);
-            objects.push_back(std::move(object));
-        }
+        for (const TextRow& row : rows)
+            objects.push_back(ObjectOf(row));
         return report.Put(key, std::move(objects));
     }
     // As they are shown, since that is what the columns are to hold.
     std::vector<TextRow> shown(1);
     for (const TextColumn& column : columns)
         shown.front().push_back(column.key);
-    for (const TextRow& row : rows)
-        std::ranges::transform(row, std::back_inserter(shown.emplace_back()), Printable);
+    for (const TextRow& row : rows) {
+        TextRow& line = shown.emplace_back();
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            line.push_back(Printable(TextOf(row, i)));
+    }
     std::vector<std::size_t> widths(columns.size());
     for (const TextRow& row : shown) {
         for (std::size_t i = 0; i < row.size(); ++i)
@@ -62,12 +86,35 @@ void TextTable::Show(Report& report, const std::string& key, TableForm form) con
         report.Line(form == TableForm::kCsv ? CsvLine(row) : Columns(row, widths));
 }
 
+// A code shows as its name.
+std::string TextTable::TextOf(const TextRow& row, std::size_t column) const
+{
+    const CodeNames names = columns[column].names;
+    const auto code = ParseNumber(row[column]);
+    return names.empty() || !code ? row[column] : NameOf(names, *code);
+}
+
+Report::Json TextTable::ObjectOf(const TextRow& row) const
+{
+    Report::Json object = Report::Json::object();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const TextColumn& column = columns[i];
+        if (column.names.empty()) {
+            PutField(object, column, row[i]);
+            continue;
+        }
+        object[column.key] = TextOf(row, i);
+        object[column.key + "Code"] = NumberIn(row[i]);
+    }
+    return object;
+}
+
 std::string TextTable::Columns(const TextRow& row, const std::vector<std::size_t>& widths) const
 {
     std::string line;
     for (std::size_t i = 0; i < row.size(); ++i) {
         const std::string padding(widths[i] - Width(row[i]), ' ');
-        line += columns[i].number ? padding + row[i] : row[i] + padding;
+        line += columns[i].kind == kNumbers && columns[i].names.empty() ? padding + row[i] : row[i] + padding;
         line.append(kGap, ' ');
     }
     line.erase(line.find_last_not_of(' ') + 1);

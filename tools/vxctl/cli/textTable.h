@@ -3,15 +3,26 @@
 
 #include "vxctl/cli/report.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace vxctl {
 
+// What the fields are in JSON. What is no such number or time is null there, with its text behind it.
+enum ColumnKind : std::uint8_t
+{
+    kTexts,
+    kNumbers,
+    kTimes, // of the sign; in JSON with zone
+    kTruths // "yes" or "no"
+};
+
 struct TextColumn
 {
     std::string key; // in JSON and CSV
-    bool number = false;
+    ColumnKind kind = kTexts;
+    CodeNames names = {}; // of the numbers in the column, which are codes
 };
 
 using TextRow = std::vector<std::string>; // a field for each column
@@ -32,11 +43,12 @@ public:
 
     std::size_t Size() const { return rows.size(); }
 
-    // The rows below a line that names the columns; for programs they are objects in the array with this key. Fields of
-    // number columns become numbers where they are some.
+    // The rows below a line that names the columns; for programs they are objects in the array with this key.
     void Show(Report& report, const std::string& key, TableForm form = TableForm::kColumns) const;
 
 private:
+    std::string TextOf(const TextRow& row, std::size_t column) const;
+    Report::Json ObjectOf(const TextRow& row) const;
     std::string Columns(const TextRow& row, const std::vector<std::size_t>& widths) const;
 
     std::vector<TextColumn> columns;

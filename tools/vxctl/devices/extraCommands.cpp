@@ -19,6 +19,10 @@ constexpr std::size_t kCollectSize = 8;
 constexpr std::size_t kOutputs = 16;
 constexpr std::size_t kCollected = 38;
 constexpr std::size_t kInputRecord = 68;
+
+// What the first inputs tell.
+constexpr std::array kInputs = {"door-open", "hot-tile", "bad-pixel", "no-power", "dark-face"};
+
 void ShowBlock(Report& report, const std::uint8_t* bytes, std::size_t size)
 {
     report.Put("bytes", FormatHex(bytes, size, ""));
@@ -39,11 +43,11 @@ std::uint32_t ShowCollected(Session& session, const Args& args)
                                  std::to_string(std::abs(tenths) % 10) + " C";
         report.Value(name, key, tenths / 10.0, text);
     };
-    degrees("outside", "outside", 0);
-    degrees("inside", "inside", 2);
-    degrees("hottest tile", "hottestTile", 4);
-    report.Value("humidity", "humidity", field(6), std::to_string(field(6)) + " %");
-    report.Value("light", "light", field(8), std::to_string(field(8)) + " of 8");
+    degrees("outside", "outsideC", 0);
+    degrees("inside", "insideC", 2);
+    degrees("hottest tile", "hottestTileC", 4);
+    report.Value("humidity", "humidityPercent", field(6), std::to_string(field(6)) + " %");
+    report.Value("light", "lightEighths", field(8), std::to_string(field(8)) + " of 8");
     ShowBlock(report, block.data(), block.size());
     return VX_OK;
 }
@@ -52,9 +56,10 @@ std::uint32_t ShowInputs(Session& session, const Args& args)
 {
     std::array<std::uint8_t, kInputRecord> block{};
     Check(vxExtraIORead(block.data(), args.Number<std::uint8_t>("BOARD")));
-    TextTable table({{"number", true}, {"input", true}, {"output", true}});
+    TextTable table({{"number", kNumbers}, {"input", kNumbers}, {"output", kNumbers}, {"inputTells"}});
     for (std::size_t i = 0; i < kOutputs; ++i)
-        table.Add({std::to_string(i), std::to_string(+block.at(i)), std::to_string(+block.at(kOutputs + i))});
+        table.Add({std::to_string(i), std::to_string(+block.at(i)), std::to_string(+block.at(kOutputs + i)),
+                   i < kInputs.size() ? kInputs.at(i) : ""});
     table.Show(session.report, "lines");
     ShowBlock(session.report, block.data(), block.size());
     return VX_OK;

@@ -48,7 +48,7 @@ std::uint32_t SetWindow(Session& session, const Args& args)
     if (args.Has("--no-wait"))
         return VX_OK;
     const std::uint8_t progress = AwaitTask(session, task, args.Number("--seconds"));
-    session.report.Value("progress", "progress", progress, std::to_string(progress) + " %");
+    session.report.Value("progress", "progressPercent", progress, std::to_string(progress) + " %");
     return progress < kDone ? VX_TIME_LIMIT : VX_OK;
 }
 
@@ -56,7 +56,7 @@ std::uint32_t ShowProgress(Session& session, const Args& args)
 {
     std::uint8_t progress = 0;
     Check(vxMPUProgressByTaskID(args.Number("TASK"), &progress));
-    session.report.Value("progress", "progress", progress, std::to_string(progress) + " %");
+    session.report.Value("progress", "progressPercent", progress, std::to_string(progress) + " %");
     return VX_OK;
 }
 

@@ -1,4 +1,5 @@
 // video vpu: the second of the video processors.
+#include "vxctl/cli/bytes.h"
 #include "vxctl/cli/numbers.h"
 #include "vxctl/cli/tables.h"
 #include "vxctl/devices/videoNumbers.h"
@@ -7,6 +8,7 @@
 
 #include <array>
 #include <sstream>
+#include <utility>
 
 namespace vxctl {
 
@@ -34,7 +36,9 @@ std::uint32_t Bright(Session& session, const Args& args)
         return vxVPUSetBright(Level(args, 0), Level(args, 1), Level(args, 2), Level(args, 3));
     std::array<std::uint8_t, 4> found{};
     Check(vxVPUGetBright(&found[0], &found[1], &found[2], &found[3]));
-    session.report.Value("brightness", "brightness", found, Joined(found));
+    session.report.Value("brightness", "brightness",
+                         {{"red", found[0]}, {"green", found[1]}, {"blue", found[2]}, {"all", found[3]}},
+                         Joined(found));
     return VX_OK;
 }
 
@@ -42,7 +46,10 @@ std::uint32_t ShowSignal(Session& session, const Args& /*args*/)
 {
     std::array<std::uint16_t, 4> status{};
     Check(vxVPUGetSignalStatus(&status[0], &status[1], &status[2], &status[3]));
-    session.report.Value("signal", "signal", status, Joined(status));
+    session.report.Value(
+        "signal", "signal",
+        {{"channel", status[0]}, {"width", status[1]}, {"height", status[2]}, {"framesPerSecond", status[3]}},
+        Joined(status));
     return VX_OK;
 }
 
@@ -50,7 +57,15 @@ std::uint32_t ShowInfo(Session& session, const Args& /*args*/)
 {
     std::array<std::uint8_t, 24> info{};
     Check(vxVPUGetInfo(info.data()));
-    session.report.Value("information", "info", FormatHex(info.data(), info.size(), ""),
+    // In the usual layout.
+    static constexpr std::pair<const char*, std::size_t> kNumbersAt[] = {
+        {"type", 8},  {"channel", 9},    {"ratio", 10}, {"gamma", 11},
+        {"ldus", 12}, {"pixelMode", 13}, {"mode", 14},  {"modeSecond", 15}};
+    for (const auto& [key, at] : kNumbersAt)
+        session.report.Put(key, info.at(at));
+    session.report.Put("startLine", Load16(info, 16));
+    session.report.Put("colourTemperature", FormatHex(&info[20], 4, ""));
+    session.report.Value("information", "bytes", FormatHex(info.data(), info.size(), ""),
                          FormatHex(info.data(), info.size()));
     return VX_OK;
 }

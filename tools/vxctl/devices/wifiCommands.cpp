@@ -17,7 +17,7 @@ constexpr std::size_t kWifiSize = 44;
 constexpr std::size_t kWifiName = 4;
 constexpr std::size_t kWifiKey = 24;
 constexpr std::size_t kLongestName = 20;
-constexpr std::array kWifiModes = {"off", "ap", "station"};
+constexpr std::string_view kWifiModes[] = {"off", "ap", "station"};
 
 using WifiBlock = std::array<std::uint8_t, kWifiSize>;
 
@@ -38,10 +38,10 @@ std::uint32_t ShowWifi(Session& session, const Args& /*args*/)
 {
     const WifiBlock block = ReadWifi();
     Report& report = session.report;
-    report.Value("mode", "mode", block[0] < kWifiModes.size() ? kWifiModes.at(block[0]) : std::to_string(+block[0]));
+    report.Code("mode", "mode", kWifiModes, block[0]);
     report.Value("channel", "channel", block[1]);
     const std::string name = TextAt(block, kWifiName);
-    report.Value("name", "name", name, name.empty() ? "none" : name);
+    report.ValueOrNull("name", "name", name, "none");
     report.Value("key", "hasKey", !TextAt(block, kWifiKey).empty(), TextAt(block, kWifiKey).empty() ? "none" : "set");
     return VX_OK;
 }

@@ -70,8 +70,10 @@ std::uint32_t List(Session& session, const Args& args)
     Check(result);
     Report::Json list = Report::Json::array();
     for (const DirectoryEntry& entry : entries) {
-        const std::string changed = entry.changed ? FormatTime(*entry.changed, 'T') : "";
-        list.push_back({{"name", entry.name}, {"folder", entry.isFolder}, {"size", entry.size}, {"changed", changed}});
+        list.push_back({{"name", entry.name},
+                        {"folder", entry.isFolder},
+                        {"bytes", entry.size},
+                        {"changed", JsonTime(entry.changed)}});
         std::array<char, 64> front{};
         if (args.Has("-l"))
             std::snprintf(front.data(), front.size(), "%10u  %-19s  ", static_cast<unsigned>(entry.size),

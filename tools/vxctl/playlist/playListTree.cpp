@@ -2,6 +2,7 @@
 #include "vxctl/cli/tables.h"
 #include "vxctl/playlist/playList.h"
 #include "vxctl/playlist/scheduleText.h"
+#include "vxctl/show/showCodes.h"
 
 #include <algorithm>
 #include <system_error>
@@ -59,29 +60,43 @@ private:
             return {{"group", name}, {"entries", Entries(row.level + name + '/', below, isTop ? name : "")}};
         }
         const auto info = list.Get(row.level, name);
-        Report::Json shown{{"file", name}};
         std::error_code error;
-        if (!std::filesystem::exists(list.Folder() / name, error)) {
-            shown["missing"] = true;
+        const bool isMissing = !std::filesystem::exists(list.Folder() / name, error);
+        Report::Json shown{{"file", name}, {"missing", isMissing}};
+        if (isMissing)
             report.Line(front + name + "  (missing)");
-        } else {
+        else
             report.Line(front + name + (info ? Details(*info) : std::string()));
-        }
         if (!info)
             return shown;
         shown["times"] = info->playTimes;
         shown["staySeconds"] = info->PicStaySec;
-        shown["entryMode"] = info->PicInMode;
-        shown["exitMode"] = info->PicOutMode;
+        shown["entryMode"] = ModeOf(info->PicInMode);
+        shown["exitMode"] = ModeOf(info->PicOutMode);
         shown["source"] = info->pcFileName;
         shown["schedules"] = Report::Json::array();
         const std::string inside = below + "  ";
         for (std::size_t i = 0; i < info->schCount; ++i) {
             const std::string words = DescribeSchedule(info->SCH[i]);
-            shown["schedules"].push_back(words);
+            shown["schedules"].push_back(Limits(info->SCH[i], words));
             report.Line(inside + words);
         }
         return shown;
+    }
+
+    // 0 leaves it to the sign.
+    static Report::Json ModeOf(std::uint8_t code) { return code != 0 ? Report::Json(CodeText(code)) : Report::Json(); }
+
+    static Report::Json Limits(const SCH& schedule, const std::string& words)
+    {
+        const ScheduleLimits limits = LimitsOf(schedule);
+        const auto orNull = [](const std::string& text) { return text.empty() ? Report::Json() : Report::Json(text); };
+        return {{"text", words},
+                {"days", limits.days.empty() ? Report::Json() : Report::Json(limits.days)},
+                {"firstDate", orNull(limits.firstDate)},
+                {"lastDate", orNull(limits.lastDate)},
+                {"from", orNull(limits.from)},
+                {"until", orNull(limits.until)}};
     }
 
     static std::string Details(const VXPLAYLIST_FILE_INFO& info)

@@ -2,6 +2,7 @@
 #include "vxctl/playlist/scheduleText.h"
 
 #include "vxctl/cli/clockTime.h"
+#include "vxctl/cli/codeNames.h"
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/numbers.h"
 
@@ -134,24 +135,11 @@ std::string DescribeSpan(const std::string& from, const std::string& until)
     return until.empty() ? "from " + from : from + " to " + until;
 }
 
-std::string DescribeDates(const SCH& at)
+// How hosts mark a file that always plays.
+bool HasUsualDates(const SCH& at)
 {
-    const bool always = at.b_date_valid != 0 && at.e_date_valid != 0 && at.b_year == kAlwaysYear &&
-                        at.e_year == kAlwaysYear && at.b_month == 1 && at.e_month == 1 && at.b_day == 1 &&
-                        at.e_day == 1;
-    if (always)
-        return "";
-    constexpr const char* kForm = "%04x-%02x-%02x";
-    return DescribeSpan(at.b_date_valid != 0 ? Print(kForm, at.b_year, at.b_month, at.b_day) : "",
-                        at.e_date_valid != 0 ? Print(kForm, at.e_year, at.e_month, at.e_day) : "");
-}
-
-std::string DescribeHours(const SCH& at)
-{
-    constexpr const char* kForm = "%02x:%02x";
-    const std::string from = at.b_time_valid != 0 ? Print(kForm, at.b_hour, at.b_minute) : "";
-    const std::string until = at.e_time_valid != 0 ? Print(kForm, at.e_hour, at.e_minute) : "";
-    return from == "00:00" && until == "23:59" ? "" : DescribeSpan(from, until);
+    return at.b_date_valid != 0 && at.e_date_valid != 0 && at.b_year == kAlwaysYear && at.e_year == kAlwaysYear &&
+           at.b_month == 1 && at.e_month == 1 && at.b_day == 1 && at.e_day == 1;
 }
 
 } // namespace
@@ -189,6 +177,26 @@ SCH MakeSchedule(std::string_view days, std::string_view dates, std::string_view
     return schedule;
 }
 
+ScheduleLimits LimitsOf(const SCH& at)
+{
+    constexpr const char* kDate = "%04x-%02x-%02x";
+    constexpr const char* kTime = "%02x:%02x";
+    ScheduleLimits limits;
+    for (std::size_t day = 0; day < kDays.size(); ++day) {
+        if ((at.bweek_rep & kAllDays) != kAllDays && (at.bweek_rep >> day & 1) != 0)
+            limits.days.emplace_back(kWeekdays[day]);
+    }
+    if (!HasUsualDates(at)) {
+        limits.firstDate = at.b_date_valid != 0 ? Print(kDate, at.b_year, at.b_month, at.b_day) : "";
+        limits.lastDate = at.e_date_valid != 0 ? Print(kDate, at.e_year, at.e_month, at.e_day) : "";
+    }
+    limits.from = at.b_time_valid != 0 ? Print(kTime, at.b_hour, at.b_minute) : "";
+    limits.until = at.e_time_valid != 0 ? Print(kTime, at.e_hour, at.e_minute) : "";
+    if (limits.from == "00:00" && limits.until == "23:59")
+        limits.from = limits.until = "";
+    return limits;
+}
+
 std::string DescribeSchedule(const SCH& schedule)
 {
     std::string text;
@@ -197,9 +205,10 @@ std::string DescribeSchedule(const SCH& schedule)
             text += (text.empty() ? "" : ", ") + part;
     };
     const unsigned days = schedule.bweek_rep & kAllDays;
+    const ScheduleLimits limits = LimitsOf(schedule);
     add(days == kAllDays ? "" : DescribeDays(days));
-    add(DescribeDates(schedule));
-    add(DescribeHours(schedule));
+    add(DescribeSpan(limits.firstDate, limits.lastDate));
+    add(DescribeSpan(limits.from, limits.until));
     return text.empty() ? "always" : text;
 }
 

@@ -35,10 +35,8 @@ std::uint32_t Play(Session& /*session*/, const Args& args)
 
 std::uint32_t ShowPlaying(Session& session, const Args& /*args*/)
 {
-    const std::string current = PlayingFile();
-    const std::string next = NextFile();
-    session.report.Value("playing", "playing", current, current.empty() ? "nothing" : current);
-    session.report.Value("next", "next", next, next.empty() ? "nothing" : next);
+    session.report.ValueOrNull("playing", "playing", PlayingFile(), "nothing");
+    session.report.ValueOrNull("next", "next", NextFile(), "nothing");
     return VX_OK;
 }
 

@@ -83,4 +83,9 @@ std::uint32_t ParseColour(std::string_view text)
     return ParseCode(text, 255, "colour");
 }
 
+std::string CodeText(std::uint8_t code)
+{
+    return code > ' ' && code <= '~' ? std::string(1, static_cast<char>(code)) : std::to_string(code);
+}
+
 } // namespace vxctl

@@ -4,6 +4,7 @@
 #include "vxctl/cli/argument.h"
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -22,7 +23,10 @@ std::uint32_t ParseColour(std::string_view text);
 // The names of colours.
 std::vector<std::string_view> ColourNames();
 
-// The others throw UsageError for anything else. The arguments:
+// A code as it may be given: the character that it is, otherwise the number.
+std::string CodeText(std::uint8_t code);
+
+// The arguments, which throw UsageError for anything else.
 inline constexpr ArgumentType kFontCode{"FONT", Checked<ParseFont>};
 inline constexpr ArgumentType kModeCode{"MODE", Checked<ParseMode>};
 inline constexpr ArgumentType kColourCode{"COLOUR", Checked<ParseColour>};

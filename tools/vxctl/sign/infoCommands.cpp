@@ -3,6 +3,7 @@
 #include "vxctl/cli/fieldText.h"
 #include "vxctl/cli/numbers.h"
 #include "vxctl/cli/tables.h"
+#include "vxctl/show/showCodes.h"
 #include "vxctl/state/condition.h"
 #include "vxctl/state/faceState.h"
 
@@ -21,8 +22,7 @@ namespace {
 // One part of what a sign tells of itself. show is called after read gave 0.
 struct Part
 {
-    std::string name; // in text
-    std::string key;  // in JSON
+    std::string name;
     std::function<std::uint32_t()> read;
     std::function<void()> show;
 };
@@ -33,6 +33,7 @@ void ReadParts(Report& report, const std::vector<Part>& parts)
 {
     std::uint32_t firstFailure = VX_OK;
     bool any = false;
+    Report::Json refused = Report::Json::array();
     for (const Part& part : parts) {
         const std::uint32_t result = part.read();
         if (result == VX_OK) {
@@ -43,9 +44,10 @@ void ReadParts(Report& report, const std::vector<Part>& parts)
         firstFailure = firstFailure == VX_OK ? result : firstFailure;
         if (result == VX_ABORTED || (result == VX_COMMUNICATION && !any))
             throw SignFailure(result);
-        report.Value(part.name, part.key, Report::Json{{"error", result}, {"text", vxErrorDesc(result)}},
-                     "refused: " + std::to_string(result) + " " + vxErrorDesc(result));
+        refused.push_back({{"part", part.name}, {"result", result}, {"text", vxErrorDesc(result)}});
+        report.Line(part.name + ": refused: " + std::to_string(result) + " " + vxErrorDesc(result));
     }
+    report.Put("refused", std::move(refused));
     if (!any)
         throw SignFailure(firstFailure);
 }
@@ -58,11 +60,11 @@ public:
     {
         const bool hasDriveF = Get<std::uint32_t>(VX_PROPERTY_HAS_DRIVE_F) != 0;
         report.Value("drive F", "hasDriveF", hasDriveF, hasDriveF ? "yes" : "no");
-        report.Value("content from", "contentSource", Letter(Get<std::uint8_t>(VX_PROPERTY_CONTENT_SOURCE)));
+        report.Value("content from", "contentSource", CodeText(Get<std::uint8_t>(VX_PROPERTY_CONTENT_SOURCE)));
         report.Value("sequence form", "sequenceForm", Get<std::uint8_t>(VX_PROPERTY_SEQUENCE_FORM));
         const auto style = Get<std::array<std::uint8_t, 52>>(VX_PROPERTY_DISPLAY_STYLE);
-        report.Value("entry mode", "entryMode", Letter(style[11]));
-        report.Value("exit mode", "exitMode", Letter(style[12]));
+        report.Value("entry mode", "entryMode", CodeText(style[11]));
+        report.Value("exit mode", "exitMode", CodeText(style[12]));
         report.Value("stay seconds", "staySeconds", StaySeconds(style));
     }
 
@@ -75,12 +77,6 @@ private:
         Value value{};
         std::memcpy(&value, bytes.data(), sizeof value);
         return value;
-    }
-
-    // A code that is a printable character in most signs.
-    static std::string Letter(std::uint8_t code)
-    {
-        return code > ' ' && code <= '~' ? std::string(1, static_cast<char>(code)) : FormatWord(code, 2);
     }
 
     // A short stay time of 255 stands for the long one.
@@ -114,7 +110,8 @@ void ShowCommunication(Report& report, const vxCommunicationSet& set)
     report.Value("network address", "communication",
                  Report::Json{{"address", address},
                               {"port", port},
-                              {"settings", settings},
+                              {"firstSetting", settings[0]},
+                              {"secondSetting", settings[1]},
                               {"secondAddress", second},
                               {"thirdAddress", third}},
                  address + ":" + std::to_string(port));
@@ -136,24 +133,24 @@ std::uint32_t Info(Session& session, const Args& /*args*/)
         report.Value("board", "board", sign.board, std::to_string(sign.board) + " (" + FormatWord(sign.board) + ")");
         report.Value("board ports", "boardPorts", sign.ports);
     };
-    ReadParts(report,
-              {{"properties", "properties", vxInitProperty, [&] { Properties::Show(report); }},
-               {"identity", "identity",
-                [&] {
-                    return vxGetSNMAC(sign.serialNumber.data(), static_cast<std::uint32_t>(sign.serialNumber.size()),
-                                      sign.hardwareAddress.data(),
-                                      static_cast<std::uint32_t>(sign.hardwareAddress.size()));
-                },
-                showIdentity},
-               {"board", "board", [&] { return vxReadPCBIDAndPort(&sign.board, &sign.ports); }, showBoard},
-               {"brightness", "brightness",
-                [&] { return vxReadBrightInfo(sign.brightness.data(), &sign.brightness[1], &sign.brightness[2]); },
-                [&] {
-                    report.Value("brightness", "brightness", sign.brightness,
-                                 FormatHex(sign.brightness.data(), sign.brightness.size()));
-                }},
-               {"communication", "communication", [&] { return vxReadCommunicationSet(&sign.communication); },
-                [&] { ShowCommunication(report, sign.communication); }}});
+    ReadParts(
+        report,
+        {{"properties", vxInitProperty, [&] { Properties::Show(report); }},
+         {"identity",
+          [&] {
+              return vxGetSNMAC(sign.serialNumber.data(), static_cast<std::uint32_t>(sign.serialNumber.size()),
+                                sign.hardwareAddress.data(), static_cast<std::uint32_t>(sign.hardwareAddress.size()));
+          },
+          showIdentity},
+         {"board", [&] { return vxReadPCBIDAndPort(&sign.board, &sign.ports); }, showBoard},
+         {"brightness",
+          [&] { return vxReadBrightInfo(sign.brightness.data(), &sign.brightness[1], &sign.brightness[2]); },
+          [&] {
+              report.Value("brightness", "brightness", FormatHex(sign.brightness.data(), sign.brightness.size(), ""),
+                           FormatHex(sign.brightness.data(), sign.brightness.size()));
+          }},
+         {"communication", [&] { return vxReadCommunicationSet(&sign.communication); },
+          [&] { ShowCommunication(report, sign.communication); }}});
     ShowFace(report, ReadFace());
     ShowDrives(report, ReadSpaces());
     return VX_OK;

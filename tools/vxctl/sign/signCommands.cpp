@@ -42,7 +42,7 @@ std::uint32_t Reset(Session& session, const Args& args)
 std::uint32_t SetClock(Report& report, const ClockTime& time)
 {
     Check(vxAjustLEDTimeEx(time.year, time.month, time.day, time.hour, time.minute, time.second, Weekday(time), 0));
-    report.Value("set to", "set", FormatTime(time, 'T'), FormatTime(time, ' '));
+    report.Time("set to", "set", time, FormatTime(time, ' '));
     return VX_OK;
 }
 
@@ -53,8 +53,8 @@ std::uint32_t ShowClock(Report& report)
     std::uint8_t weekday = 0;
     std::uint8_t mark = 0;
     Check(vxReadLEDTime(&time.year, &time.month, &time.day, &time.hour, &time.minute, &unused, &weekday, &mark));
-    report.Value("clock", "clock", FormatTime(time, 'T', false), FormatTime(time, ' ', false));
-    report.Put("weekday", weekday);
+    report.Time("clock", "clock", time, FormatTime(time, ' ', false));
+    report.Code("weekday", "weekday", kWeekdays, weekday);
     report.Put("mark", mark);
     return VX_OK;
 }

@@ -42,17 +42,26 @@ std::uint32_t TakeStatus(std::uint32_t /*user*/, const vxStatusRecord* record, c
 }
 
 // The state as signs in the field count it.
+std::vector<std::string> StateNames(std::uint8_t mode)
+{
+    static constexpr std::array kNames = {"bad-pixels", "hot-tiles", "door-open", "no-power", "dark-face"};
+    if (mode == VX_MODE_BY_STATISTICS)
+        return {"overheated"};
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < kNames.size(); ++i) {
+        if ((mode >> i & 1) != 0)
+            names.emplace_back(kNames[i]);
+    }
+    return names;
+}
+
 std::string StateWords(std::uint8_t mode)
 {
-    static constexpr std::array kWords = {"bad pixels", "hot tiles", "door open", "no power", "dark face"};
     if (mode == 0)
         return "all well";
-    if (mode == VX_MODE_BY_STATISTICS)
-        return "overheated (241)";
     std::string words;
-    for (std::size_t i = 0; i < kWords.size(); ++i)
-        if ((mode >> i & 1) != 0)
-            words += (words.empty() ? "" : ", ") + std::string(kWords[i]);
+    for (const std::string& name : StateNames(mode))
+        words += (words.empty() ? "" : ", ") + Words(name);
     return words + " (" + std::to_string(mode) + ")";
 }
 
@@ -60,16 +69,20 @@ void ShowRecord(Report& report, const Status& found)
 {
     const vxStatusRecord& record = found.record;
     const auto degrees = [](std::uint8_t value) { return static_cast<int>(static_cast<std::int8_t>(value)); };
-    report.Value("state", "state", record.Mode,
+    report.Value("state", "state", StateNames(record.Mode),
                  Toned(StateWords(record.Mode), record.Mode == 0 ? Tone::kFine : Tone::kWrong));
+    report.Put("stateCode", record.Mode);
     const int inside = degrees(record.Value0);
     const int outside = degrees(record.Value1);
-    report.Value("measured", "values", {record.Value0, record.Value1, record.Value2, record.Value3},
-                 std::to_string(inside) + " C inside, " + std::to_string(outside) + " C outside, hottest tile " +
-                     std::to_string(record.Value2) + " C, " + std::to_string(record.Value3) + " % humidity");
+    const int tile = degrees(record.Value2);
+    report.Value(
+        "measured", "measured",
+        {{"insideC", inside}, {"outsideC", outside}, {"hottestTileC", tile}, {"humidityPercent", record.Value3}},
+        std::to_string(inside) + " C inside, " + std::to_string(outside) + " C outside, hottest tile " +
+            std::to_string(tile) + " C, " + std::to_string(record.Value3) + " % humidity");
     report.Value("beacons", "beacon", FormatHex(found.beacon.data(), found.beacon.size(), ""),
                  FormatHex(found.beacon.data(), found.beacon.size()));
-    report.Value("playing", "playing", found.message, found.message.empty() ? "nothing" : found.message);
+    report.ValueOrNull("playing", "playing", found.message, "nothing");
 }
 
 void ShowPower(Report& report)
@@ -90,14 +103,14 @@ void ShowClock(Report& report)
     if (result != VX_OK)
         return report.Line(std::string("clock               ") + vxErrorDesc(result));
     const bool right = std::abs(MinutesAhead(time, LocalTime())) <= kClockTolerance;
-    report.Value("clock", "clock", FormatTime(time, 'T', false),
+    report.Value("clock", "clock", JsonTime(time),
                  Toned(FormatTime(time, ' ', false) + (right ? "" : " (not the time of this PC)"),
                        right ? Tone::kFine : Tone::kDoubtful));
 }
 
 TextTable TableOf(const std::vector<Warning>& warnings)
 {
-    TextTable table({{"where"}, {"what"}, {"value"}, {"time"}});
+    TextTable table({{"where"}, {"what"}, {"value"}, {"time", kTimes}});
     for (const Warning& warning : warnings)
         table.Add({warning.where, warning.what, warning.value, warning.time});
     return table;
@@ -126,7 +139,7 @@ std::uint32_t ShowStatus(Session& session, const Args& /*args*/)
     const std::uint32_t result = vxReadStatusInfo("", 0, 0, TakeStatus, 0, 0, 0);
     status = nullptr;
     Check(result);
-    report.Value("sign", "sign", session.options.url);
+    report.Line("sign                " + session.options.url);
     ShowRecord(report, found);
     ShowFace(report, ReadFace());
     ShowPower(report);
@@ -141,7 +154,7 @@ void ShowRing(Report& report, const std::string& local)
 {
     const std::array<std::uint8_t, 100> noName{};
     const std::uint32_t result = vxReadSignWaringLog(local.c_str(), noName.data(), Collect<vxWaringLogRow>);
-    TextTable table({{"time"}, {"level", true}, {"warning"}});
+    TextTable table({{"time", kTimes}, {"level", kNumbers}, {"warning"}});
     for (const vxWaringLogRow& row : TakeCollected<vxWaringLogRow>())
         table.Add({FieldText(row.Time), std::to_string(+row.Level), FieldText(row.Text)});
     std::error_code error;
@@ -178,7 +191,7 @@ const Command kCommands[] = {
         .help = "Show on one screen how the sign is",
         .details =
             R"(What is wrong is red on a terminal; NO_COLOR in the environment turns colours off. State and measurements are read in
-the usual way; a sign may mean something else. The JSON has the four values as they are.)",
+the usual way; a sign may mean something else.)",
         .examples = R"(vxctl status
 vxctl --json status | jq .warnings)",
         .signs = Signs::kMany,

@@ -190,8 +190,8 @@ std::uint32_t ListAdvice(Report& report)
     for (const DoctorAdvice& advice : AllDoctorAdvice())
         table.Add({std::string(advice.check), advice.cause.empty() ? "as the sign tells" : std::string(advice.cause),
                    NextCommand(advice, advice.usual)});
-    table.Show(report, "advice");
-    TextTable ends({{"on the face"}, {"ends it"}});
+    table.Show(report, "checks");
+    TextTable ends({{"cover"}, {"end"}});
     for (const Cover& cover : AllCovers())
         ends.Add({std::string(cover.text), cover.command.empty() ? "its end" : std::string(cover.command)});
     report.Line("");

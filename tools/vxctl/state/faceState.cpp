@@ -168,9 +168,10 @@ void ShowFace(Report& report, const FaceState& face)
                  hasSize ? std::to_string(face.size.width) + "x" + std::to_string(face.size.height) + " pixels"
                          : unknown);
     report.Value("colours", "colours", numberOf(face.colours), face.colours ? std::to_string(*face.colours) : unknown);
-    report.Value("light", "light", numberOf(face.light),
+    report.Value("light", "lightEighths", numberOf(face.light),
                  face.light ? std::to_string(*face.light) + " of 8" + (face.isLightFixed ? ", set" : ", by the hour")
                             : unknown);
+    report.Put("lightFixed", face.light ? Report::Json(face.isLightFixed) : Report::Json());
 }
 
 std::span<const Cover> AllCovers()

@@ -30,12 +30,31 @@ struct TableLog
     std::vector<TextColumn> columns;
 };
 
-std::vector<TextColumn> NumberedColumns(const std::string& name, std::uint32_t count)
+constexpr std::string_view kEvents[] = {"", "door", "pixel", "signal", "tile"};
+constexpr std::string_view kEventStates[] = {"went", "came"};
+constexpr std::string_view kTileStates[] = {"good", "hot"};
+
+// Those of the usual table.
+std::vector<TextColumn> TileColumns()
 {
-    std::vector<TextColumn> columns;
-    for (std::uint32_t i = 1; i <= count; ++i)
-        columns.push_back({name + std::to_string(i), true});
-    return columns;
+    return {{"address", kNumbers},
+            {"x", kNumbers},
+            {"y", kNumbers},
+            {"width", kNumbers},
+            {"height", kNumbers},
+            {"temperatureC", kNumbers},
+            {"voltageMv", kNumbers},
+            {"hardware"},
+            {"firmware"},
+            {"runSeconds", kNumbers},
+            {"lamps"},
+            {"badLamps", kNumbers},
+            {"signalErrors", kNumbers},
+            {"state", kNumbers, kTileStates},
+            {"serial"},
+            {"limitsC", kNumbers},
+            {"note"},
+            {"lightEighths", kNumbers}};
 }
 
 std::vector<TableLog> TableLogs()
@@ -44,28 +63,31 @@ std::vector<TableLog> TableLogs()
         {"play",
          "PlayLog",
          "Time,FileName,GroupName,WinID,PlayTimes,TotalSeconds",
-         {{"time"}, {"file"}, {"group"}, {"window", true}, {"times", true}, {"seconds", true}}},
+         {{"time", kTimes}, {"file"}, {"group"}, {"window", kNumbers}, {"times", kNumbers}, {"seconds", kNumbers}}},
         {"system",
          "SysLog",
          "DateTime,Type,Operate,Author,Result",
-         {{"time"}, {"type", true}, {"operation"}, {"user"}, {"outcome"}}},
+         {{"time", kTimes}, {"type", kNumbers}, {"operation"}, {"user"}, {"outcome"}}},
         {"temperature",
          "TempLog",
          "BeginTime,EndTime,OutHightTemp,OutLowTemp,OutAvgTemp,InHightTemp,InLowTemp,InAvgTemp,BoxHightTemp,BoxLowTemp,"
          "BoxAvgTemp",
-         {{"from"},
-          {"to"},
-          {"outHigh", true},
-          {"outLow", true},
-          {"outAvg", true},
-          {"inHigh", true},
-          {"inLow", true},
-          {"inAvg", true},
-          {"boxHigh", true},
-          {"boxLow", true},
-          {"boxAvg", true}}},
-        {"tile", "TileInfo", "*", NumberedColumns("c", 18)}, // only the sign names them
-        {"event", "EventLog", "DateTime,EventType,Status,Note", {{"time"}, {"type", true}, {"status", true}, {"note"}}},
+         {{"from", kTimes},
+          {"to", kTimes},
+          {"outHighC", kNumbers},
+          {"outLowC", kNumbers},
+          {"outAvgC", kNumbers},
+          {"inHighC", kNumbers},
+          {"inLowC", kNumbers},
+          {"inAvgC", kNumbers},
+          {"boxHighC", kNumbers},
+          {"boxLowC", kNumbers},
+          {"boxAvgC", kNumbers}}},
+        {"tile", "TileInfo", "*", TileColumns()},
+        {"event",
+         "EventLog",
+         "DateTime,EventType,Status,Note",
+         {{"time", kTimes}, {"event", kNumbers, kEvents}, {"status", kNumbers, kEventStates}, {"note"}}},
     };
 }
 
@@ -82,9 +104,10 @@ TextTable ReadRadar(const Wanted& wanted, const std::string& folder)
 {
     if (wanted.from == "lanes") {
         Check(vxReadTJRadarLog(folder.c_str(), 0, 0, CollectForUser<TJRadarLogRecord>));
-        std::vector<TextColumn> columns{{"time"}, {"lane", true}};
-        for (int i = 0; i < 8; ++i)
-            columns.push_back({"byte" + std::to_string(i), true});
+        std::vector<TextColumn> columns{
+            {"time", kTimes}, {"lane", kNumbers}, {"vehicles", kNumbers}, {"speedKmh", kNumbers}};
+        for (int i = 2; i < 8; ++i)
+            columns.push_back({"byte" + std::to_string(i), kNumbers});
         TextTable table(std::move(columns));
         AddLatest<TJRadarLogRecord>(table, wanted.limit, [](const TJRadarLogRecord& record) {
             TextRow row{FieldText(record.Time), std::to_string(record.Lane)};
@@ -97,7 +120,7 @@ TextTable ReadRadar(const Wanted& wanted, const std::string& folder)
     }
     const auto read = wanted.from == "new" ? vxReadNewRadarLog : vxReadRadarLog;
     Check(read(folder.c_str(), 0, 0, CollectForUser<RadarLogRecord>));
-    TextTable table({{"time"}, {"first", true}, {"second", true}});
+    TextTable table({{"time", kTimes}, {"vehicles", kNumbers}, {"speedKmh", kNumbers}});
     AddLatest<RadarLogRecord>(table, wanted.limit, [](const RadarLogRecord& record) {
         return TextRow{FieldText(record.Time), std::to_string(record.First), std::to_string(record.Second)};
     });
@@ -108,14 +131,19 @@ TextTable ReadBattery(const Wanted& wanted, const std::string& folder)
 {
     const auto kind = static_cast<std::int8_t>(wanted.from == "second" ? VX_BATTERY_SECOND_LOG : 0);
     Check(vxReadBatInfoLog(folder.c_str(), 0, 0, kind, CollectForUser<BatInfoLogRecord>));
-    std::vector<TextColumn> columns = NumberedColumns("value", 12);
-    columns.insert(columns.begin(), {"time"});
+    std::vector<TextColumn> columns{{"time", kTimes},          {"voltageMv", kNumbers}, {"currentMa", kNumbers},
+                                    {"value3", kNumbers},      {"value4", kNumbers},    {"chargePercent", kNumbers},
+                                    {"temperatureC", kNumbers}};
+    for (int i = 7; i <= 12; ++i)
+        columns.push_back({"value" + std::to_string(i), kNumbers});
     TextTable table(std::move(columns));
     AddLatest<BatInfoLogRecord>(table, wanted.limit, [](const BatInfoLogRecord& record) {
         TextRow row{FieldText(record.Time)};
-        for (const std::uint32_t value :
-             {+record.Value1, +record.Value2, std::uint32_t{record.Value3}, std::uint32_t{record.Value4},
-              std::uint32_t{record.Value5}, std::uint32_t{record.Value6}})
+        // A current flows in or out, and it freezes in winter.
+        for (const std::int64_t value :
+             {std::int64_t{record.Value1}, std::int64_t{static_cast<std::int32_t>(record.Value2)},
+              std::int64_t{record.Value3}, std::int64_t{record.Value4}, std::int64_t{record.Value5},
+              std::int64_t{static_cast<std::int8_t>(record.Value6)}})
             row.push_back(std::to_string(value));
         // The members of the packed record are copied, never referred to.
         for (std::size_t i = 0; i < std::size(record.Value7To12); ++i)
@@ -184,11 +212,11 @@ const Command kCommands[] = {
         .help = "Read a log of plays, system, temperatures, tiles, events, radar or batteries",
         .details =
             R"(play, system, temperature, tile and event are tables of the sign's database, radar and battery are files. The sign
-keeps them all, except for the radar logs new and lanes, which it deletes as soon as they are read. The columns of the
-tile table, the radar and the battery mean what the sign means by them.)",
+keeps them all, except for the radar logs new and lanes, which it deletes as soon as they are read. The columns have their
+usual names; those of tiles, radar and battery mean what the sign means by them.)",
         .examples = R"(vxctl log play --limit 20
 vxctl log temperature --csv >temperatures.csv
-vxctl log event --json | jq '.rows[] | select(.status == 1)'
+vxctl log event --json | jq '.rows[] | select(.status == "came")'
 vxctl log radar --from lanes --csv >>lanes.csv)",
         .arguments = {Choice("LOG", "play|system|temperature|tile|event|radar|battery", "which one"),
                       Flag("--csv", "comma-separated values, with a first line that names them"),

@@ -57,7 +57,7 @@ std::uint32_t ShowPixels(Session& session, const Args& args)
 {
     Report& report = session.report;
     const std::vector<BadPixel> found = args.Has("--last") ? ReadLast() : RunCheck(session);
-    TextTable table({{"x", true}, {"y", true}, {"kind"}, {"status"}, {"time"}});
+    TextTable table({{"x", kNumbers}, {"y", kNumbers}, {"kind"}, {"status"}, {"time", kTimes}});
     for (const BadPixel& pixel : found)
         table.Add({std::to_string(pixel.x), std::to_string(pixel.y), pixel.isSignal ? "signal" : "pixel", pixel.status,
                    pixel.time});

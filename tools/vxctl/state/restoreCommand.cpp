@@ -29,9 +29,7 @@ std::uint32_t Restore(Session& session, const Args& /*args*/)
         report.Line("nothing was over the play list");
     report.Put("ended", std::move(ended));
     report.Put("endedUnseen", std::move(unseen));
-    const std::string playing = PlayingFile();
-    report.Value("playing", "playing", playing,
-                 playing.empty() ? "nothing: the play list has nothing to show" : playing);
+    report.ValueOrNull("playing", "playing", PlayingFile(), "nothing: the play list has nothing to show");
     return VX_OK;
 }
 

@@ -93,6 +93,7 @@ std::uint32_t Read(Session& session, const Args& args)
     }
     ShowBytes(session.report, std::filesystem::file_size(target.Temporary()));
     target.Keep();
+    session.report.Put("local", target.Final().string());
     return VX_OK;
 }
 

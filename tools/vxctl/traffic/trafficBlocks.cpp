@@ -22,19 +22,8 @@ constexpr std::uint8_t kMonitorKind = 4;
 constexpr std::size_t kFlowHead = 8;
 constexpr std::uint8_t kNoEnd = 255;
 
-// A word of a list; the number for what has none.
-template <std::size_t size>
-std::string WordOf(const std::array<const char*, size>& words, std::uint8_t number)
-{
-    return number < size ? words[number] : std::to_string(number);
-}
-
-std::string LampText(std::uint8_t lamps)
-{
-    static constexpr std::array kWords = {"dark",  "red",       "yellow",       "red+yellow",
-                                          "green", "red+green", "yellow+green", "all"};
-    return WordOf(kWords, lamps);
-}
+constexpr std::string_view kLamps[] = {"dark",  "red",       "yellow",       "red+yellow",
+                                       "green", "red+green", "yellow+green", "all"};
 
 void ShowBytes(Report& report, TrafficBytes block)
 {
@@ -50,22 +39,27 @@ bool HasSignals(TrafficBytes signals)
 
 void ShowSignals(Report& report, TrafficBytes signals)
 {
-    static constexpr std::array kRuns = {"automatic", "manual", "temporary phase", "lamp test"};
-    static constexpr std::array kIntervals = {"green", "yellow", "all red"};
-    const std::string run = WordOf(kRuns, signals[0]);
-    const std::string interval = WordOf(kIntervals, signals[3]);
-    const std::string left = signals[4] == kNoEnd ? "no end" : std::to_string(signals[4]) + " s left";
-    report.Value("running", "run", run, run + ", mode " + std::to_string(signals[1]));
+    static constexpr std::string_view kRuns[] = {"automatic", "manual", "temporary-phase", "lamp-test"};
+    static constexpr std::string_view kIntervals[] = {"green", "yellow", "all-red"};
+    const std::string interval = NameOf(kIntervals, signals[3]);
+    const bool ends = signals[4] != kNoEnd;
+    const std::string left = ends ? std::to_string(signals[4]) + " s left" : "no end";
+    report.Code("running", "run", kRuns, signals[0],
+                Words(NameOf(kRuns, signals[0])) + ", mode " + std::to_string(signals[1]));
     report.Put("mode", signals[1]);
     report.Value("phase", "phase", signals[2],
-                 std::to_string(signals[2]) + " of " + std::to_string(signals[5]) + ", " + interval + ", " + left);
+                 std::to_string(signals[2]) + " of " + std::to_string(signals[5]) + ", " + Words(interval) + ", " +
+                     left);
+    report.Put("phases", signals[5]);
     report.Put("interval", interval);
-    report.Put("secondsLeft", signals[4]);
+    report.Put("intervalCode", signals[3]);
+    report.Put("secondsLeft", ends ? Report::Json(signals[4]) : Report::Json());
     Report::Json groups = Report::Json::array();
     std::string text;
     for (std::size_t i = 0; i < signals[kGroupsAt]; ++i) {
-        const std::string lamps = LampText(signals[kSignalsHead + i]);
-        groups.push_back(lamps);
+        const std::uint8_t code = signals[kSignalsHead + i];
+        const std::string lamps = NameOf(kLamps, code);
+        groups.push_back({{"group", i + 1}, {"lamps", lamps}, {"lampsCode", code}});
         text += (i != 0 ? ", " : "") + std::to_string(i + 1) + " " + lamps;
     }
     report.Value("groups", "groups", std::move(groups), text);
@@ -80,7 +74,7 @@ void ShowTrafficStatus(Report& report, TrafficBytes block)
         const auto degrees = [](std::uint8_t value) { return value < 128 ? int{value} : value - 256; };
         const int cabinet = degrees(block[14]);
         const int outside = degrees(block[15]);
-        report.Value("measured", "degrees", {cabinet, outside},
+        report.Value("measured", "measured", {{"cabinetC", cabinet}, {"outsideC", outside}},
                      std::to_string(cabinet) + " C in the cabinet, " + std::to_string(outside) + " C outside");
         const std::uint32_t seconds = Load32(block, 16);
         report.Value("up", "runSeconds", seconds, std::to_string(seconds) + " s");
@@ -92,8 +86,9 @@ void ShowTrafficRealStatus(Report& report, TrafficBytes block)
 {
     if (block.size() > kRealSignalsAt && HasSignals(block.subspan(kRealSignalsAt))) {
         const auto pair = [block](std::size_t at) { return FormatHex(&block[at], 1); }; // BCD reads as it stands
-        report.Value("clock", "clock",
-                     pair(1) + pair(0) + "-" + pair(2) + "-" + pair(3) + " " + pair(4) + ":" + pair(5) + ":" + pair(6));
+        const std::string text =
+            pair(1) + pair(0) + "-" + pair(2) + "-" + pair(3) + " " + pair(4) + ":" + pair(5) + ":" + pair(6);
+        report.Time("clock", "clock", ParseClockTime(text), text);
         ShowSignals(report, block.subspan(kRealSignalsAt));
     }
     ShowBytes(report, block);
@@ -105,9 +100,10 @@ void ShowTrafficMonitor(Report& report, TrafficBytes block)
     if (block.size() < kMonitorHead || block[0] != kMonitorKind ||
         block.size() != kMonitorHead + kMonitorRecord * block[1])
         return;
-    TextTable table({{"group", true}, {"lamps"}, {"vehicles", true}, {"wholeHour", true}});
+    TextTable table(
+        {{"group", kNumbers}, {"lamps", kNumbers, kLamps}, {"vehicles", kNumbers}, {"vehiclesPerHour", kNumbers}});
     for (std::size_t at = kMonitorHead; at < block.size(); at += kMonitorRecord)
-        table.Add({std::to_string(block[at]), LampText(block[at + 1]), std::to_string(Load16(block, at + 2)),
+        table.Add({std::to_string(block[at]), std::to_string(block[at + 1]), std::to_string(Load16(block, at + 2)),
                    std::to_string(Load32(block, at + 4))});
     table.Show(report, "detectors");
 }
@@ -118,9 +114,9 @@ void ShowTrafficFlow(Report& report, TrafficBytes flow)
         return ShowBytes(report, flow);
     const auto pair = [flow](std::size_t at) { return FormatHex(&flow[at], 1); };
     report.Value("date", "date", pair(1) + pair(0) + "-" + pair(2) + "-" + pair(3));
-    std::vector<TextColumn> columns{{"hour", true}};
+    std::vector<TextColumn> columns{{"hour", kNumbers}};
     for (unsigned group = 1; group <= flow[4]; ++group)
-        columns.push_back({"group" + std::to_string(group), true});
+        columns.push_back({"group" + std::to_string(group), kNumbers});
     TextTable table(std::move(columns));
     std::size_t at = kFlowHead;
     for (unsigned hour = 0; hour < flow[5]; ++hour) {

@@ -18,7 +18,7 @@ constexpr std::uint32_t kMostLamps = 255;
 std::uint32_t SavedAs(Report& report, const std::string& file, std::uint32_t result)
 {
     Check(result);
-    report.Value("saved as", "file", file);
+    report.Value("saved as", "local", file);
     return VX_OK;
 }
 
@@ -66,7 +66,7 @@ std::uint32_t SetClock(Report& report, const ClockTime& time, const Args& args)
     Check(vxAjustTrafficTime(time.year, time.month, time.day, time.hour, time.minute, time.second,
                              args.Number<std::uint8_t>("--field7", Weekday(time)),
                              args.Number<std::uint8_t>("--field8")));
-    report.Value("set to", "set", FormatTime(time, 'T'), FormatTime(time, ' '));
+    report.Time("set to", "set", time, FormatTime(time, ' '));
     return VX_OK;
 }
 
@@ -79,7 +79,7 @@ std::uint32_t Clock(Session& session, const Args& args)
     std::uint8_t field8 = 0;
     Check(vxReadTrafficTime(&time.year, &time.month, &time.day, &time.hour, &time.minute, &time.second, &field7,
                             &field8));
-    session.report.Value("clock", "clock", FormatTime(time, 'T'), FormatTime(time, ' '));
+    session.report.Time("clock", "clock", time, FormatTime(time, ' '));
     session.report.Value("field 7", "field7", field7);
     session.report.Value("field 8", "field8", field8);
     return VX_OK;

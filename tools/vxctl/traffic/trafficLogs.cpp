@@ -45,7 +45,7 @@ std::uint32_t ShowFlow(Session& session, const Args& args)
     Check(result == VX_NOT_INITIALISED ? static_cast<std::uint32_t>(VX_COMMUNICATION) : result);
     ShowTrafficFlow(session.report, ReadWhole(path));
     if (!file.empty())
-        session.report.Value("saved as", "file", file);
+        session.report.Value("saved as", "local", file);
     return VX_OK;
 }
 
@@ -87,7 +87,7 @@ std::uint32_t ShowErrors(Session& session, const Args& args)
     const std::size_t limit = args.Number("--limit", UINT32_MAX);
     const auto records = Collected<TrafficLogEntry>(
         session, args, [](char* path) { return vxReadTrafficErrLog(path, "", Collect<TrafficLogEntry>); });
-    TextTable table({{"time"}, {"level", true}, {"text"}});
+    TextTable table({{"time", kTimes}, {"level", kNumbers}, {"text"}});
     for (std::size_t i = records.size() - std::min(limit, records.size()); i < records.size(); ++i)
         table.Add(
             {FieldText(records[i].time), std::to_string(+records[i].level), WithAddress(FieldText(records[i].text))});
@@ -101,13 +101,14 @@ std::uint32_t ShowTemperatures(Session& session, const Args& args)
     constexpr std::size_t kDateSize = 10;
     const auto records = Collected<TrafficTempEntry>(
         session, args, [](char* path) { return vxReadTrafficTempLog(path, "", Collect<TrafficTempEntry>); });
-    TextTable table({{hours ? "time" : "date"}, {"source", true}, {"sample", true}});
+    TextTable table(
+        {{hours ? "time" : "date", hours ? kTimes : kTexts}, {"source", kNumbers}, {"temperatureC", kNumbers}});
     std::string former;
     for (const TrafficTempEntry& record : records) {
         const std::string time = FieldText(record.time).substr(0, hours ? std::string::npos : kDateSize);
         const std::string source = std::to_string(+record.sourceId);
         if (former != time + source)
-            table.Add({time, source, std::to_string(+record.sample)});
+            table.Add({time, source, std::to_string(static_cast<std::int8_t>(record.sample))});
         former = time + source;
     }
     return Show(session.report, table, args);

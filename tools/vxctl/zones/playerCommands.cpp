@@ -18,12 +18,7 @@ constexpr std::size_t kStartSize = sizeof(ProjectExtra);
 // By the sign's numbers.
 constexpr std::string_view kFollow = "repeat|next|list";
 constexpr std::string_view kWindowModes = "over|alone|hidden";
-
-std::string WordOf(std::string_view words, std::uint8_t number)
-{
-    const auto all = Split(words, '|');
-    return number < all.size() ? std::string(all[number]) : std::to_string(number);
-}
+constexpr std::string_view kArrivals[] = {"none", "under-way", "complete"};
 
 const std::uint8_t* Bytes(const std::string& text)
 {
@@ -60,8 +55,8 @@ std::uint32_t Emergency(Session& /*session*/, const Args& args)
 std::uint32_t ShowPlaying(Session& session, const Args& /*args*/)
 {
     const PlayingPrograms playing = ReadPlaying();
-    session.report.Value("then", "then", WordOf(kFollow, playing.follow));
-    session.report.Value("windows", "windows", WordOf(kWindowModes, playing.windowMode));
+    session.report.Code("then", "then", Split(kFollow, '|'), playing.follow);
+    session.report.Code("windows", "windows", Split(kWindowModes, '|'), playing.windowMode);
     TextTable table({{"place"}, {"project"}, {"program"}, {"file"}});
     for (const PlayingProgram& program : playing.programs)
         table.Add({program.place, program.project, program.program, program.file});
@@ -100,7 +95,7 @@ std::uint32_t ShowProgress(Session& session, const Args& /*args*/)
     std::uint8_t state = 0;
     Check(vxCorePrjSyncProgress(&percent, &state));
     session.report.Value("percent", "percent", percent);
-    session.report.Value("project", "state", WordOf("none|under way|complete", state));
+    session.report.Code("project", "state", kArrivals, state);
     return VX_OK;
 }
 

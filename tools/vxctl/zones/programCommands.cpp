@@ -97,11 +97,11 @@ std::uint32_t List(Session& session, const Args& args)
     const std::string& project = args.Text("PROJECT");
     const ProgramProperty all = ReadProperty(project);
     TextTable table({{project.empty() ? "project" : "program"},
-                     {project.empty() ? "programs" : "files", true},
-                     {"bytes", true},
-                     {"complete"},
-                     {"plays"},
-                     {"changed"}});
+                     {project.empty() ? "programs" : "files", kNumbers},
+                     {"bytes", kNumbers},
+                     {"complete", kTruths},
+                     {"plays", kTruths},
+                     {"changed", kTimes}});
     for (const std::string& name : all.names) {
         const ProgramProperty one = project.empty() ? ReadProperty(name) : ReadProperty(project, name);
         table.Add({name, std::to_string(one.count), std::to_string(one.bytes), YesNo(one.isComplete), YesNo(one.plays),
@@ -113,7 +113,7 @@ std::uint32_t List(Session& session, const Args& args)
 
 void ShowFiles(Report& report, const ProgramProperty& program)
 {
-    TextTable table({{"file"}, {"stay", true}});
+    TextTable table({{"file"}, {"staySeconds", kNumbers}});
     for (const std::string& line : program.names) {
         const auto [file, stay] = SplitFile(line);
         table.Add({file, std::to_string(stay)});
@@ -130,7 +130,7 @@ std::uint32_t Info(Session& session, const Args& args)
     report.Value("bytes", "bytes", property.bytes);
     report.Value("complete", "complete", property.isComplete, YesNo(property.isComplete));
     report.Value("plays", "plays", property.plays, YesNo(property.plays));
-    report.Value("changed", "changed", property.changed);
+    report.Time("changed", "changed", ParseClockTime(property.changed), property.changed);
     report.Value("announced", "announced", property.programs, std::to_string(property.programs) + " programs");
     report.Value("version", "version", property.version);
     if (isProject)

@@ -70,7 +70,7 @@ ProgramProperty ReadProperty(const std::string& project, const std::string& prog
     property.count = Load16(record, 2);
     property.bytes = Load32(record, 4);
     if (const auto changed = FolderTime(Load16(record, 8), Load16(record, 10)))
-        property.changed = FormatTime(*changed, 'T');
+        property.changed = FormatTime(*changed, ' ');
     property.programs = Load16(record, 12);
     property.version = Load16(record, 14);
     property.names = Parts(TextBehind(record, kHeadSize), '\n');

@@ -15,7 +15,7 @@ struct ProgramProperty
     bool isComplete = false; // all its files are on the sign
     unsigned count = 0;      // of the names below, those included that had no room in the answer
     std::uint32_t bytes = 0;
-    std::string changed;   // "YYYY-MM-DDTHH:MM:SS"; empty when the sign does not tell
+    std::string changed;   // "YYYY-MM-DD HH:MM:SS"; empty when the sign does not tell
     unsigned programs = 0; // as announced
     unsigned version = 0;
     std::vector<std::string> names; // of projects or programs; of a program's files with "|SECONDS" behind them

@@ -12,6 +12,7 @@
 #include <array>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vxctl {
@@ -19,7 +20,7 @@ namespace vxctl {
 namespace {
 
 // What a zone holds, by its number.
-constexpr std::array<const char*, 3> kKindNames{"nothing", "text", "file"};
+constexpr std::string_view kKinds[] = {"nothing", "text", "file"};
 
 std::vector<FaceArea> GridOnFace(const std::string& grid)
 {
@@ -80,10 +81,9 @@ void AddRows(std::uint8_t page, TextTable& table)
     for (std::size_t i = 0; i < std::min<std::size_t>(head.zoneCount, kMostZones); ++i) {
         const auto entry = std::span(entries).subspan(i * sizeof(ZoneEntry), sizeof(ZoneEntry));
         const FaceArea area = LoadArea(entry.first<kFaceAreaSize>());
-        const std::uint8_t kind = entry[kFaceAreaSize + 1];
         table.Add({std::to_string(page), std::to_string(Load16(head.head, 0)), std::to_string(entry[kFaceAreaSize]),
                    std::to_string(area.left), std::to_string(area.top), std::to_string(area.width),
-                   std::to_string(area.height), kind < kKindNames.size() ? kKindNames[kind] : std::to_string(kind)});
+                   std::to_string(area.height), std::to_string(entry[kFaceAreaSize + 1])});
     }
 }
 
@@ -92,14 +92,14 @@ std::uint32_t List(Session& session, const Args& args)
     std::uint8_t enabled = 0;
     std::uint8_t count = 0;
     Check(vxGetMulitZoneSetting(&enabled, &count));
-    TextTable table({{"page", true},
-                     {"stay", true},
-                     {"zone", true},
-                     {"left", true},
-                     {"top", true},
-                     {"width", true},
-                     {"height", true},
-                     {"holds", false}});
+    TextTable table({{"page", kNumbers},
+                     {"staySeconds", kNumbers},
+                     {"zone", kNumbers},
+                     {"left", kNumbers},
+                     {"top", kNumbers},
+                     {"width", kNumbers},
+                     {"height", kNumbers},
+                     {"holds", kNumbers, kKinds}});
     if (args.Has("PAGE")) {
         AddRows(PageOf(args), table);
     } else {
