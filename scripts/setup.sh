@@ -9,6 +9,7 @@ packages=(
     fonts-liberation fonts-unifont                                # its lettering
     libcli11-dev nlohmann-json3-dev libgif-dev                    # the command line
     libgtest-dev libgmock-dev libbenchmark-dev libmodbus-dev lrzsz # tests and measurements
+    python3-jsonschema                                            # what --json prints, beside its schema
     mbpoll python3-pymodbus python3-serial-asyncio                # hosts of the Modbus devices
     jq                                                            # the commands of the documents
     clang-format clang-tidy binutils                              # style and the export check

@@ -27,6 +27,7 @@ expect() {
     shift
     "$vxctl" "$@" >"$work/out" 2>"$work/err" || status=$?
     [ "$status" -eq "$wanted" ] || fail "exit status $status, not $wanted: vxctl $*"
+    [[ " $* " != *" --json "* ]] || cat "$work/out" >>"$work/objects"
 }
 
 # says FILE TEXT: the last run wrote TEXT there.
@@ -84,8 +85,10 @@ stop() {
     signs=(${signs[@]+${signs[@]}})
 }
 
-# The last line of a test.
+# The last line of a test. Whatever was printed with --json is as the schema says; what COMMANDS is, jsonCheck.py tells.
 conclude() {
+    [ ! -s "$work/objects" ] ||
+        python3 "$here/jsonCheck.py" "$here/../../docs/vxctl.schema.json" "$work/objects" ${1+"$1"} || failures=1
     [ "$failures" -eq 0 ] || exit 1
     echo "all as expected"
 }

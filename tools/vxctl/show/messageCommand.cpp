@@ -16,7 +16,7 @@ std::uint32_t MakeMessage(Session& session, const Args& args)
     const LocalTarget target(args.Text("--out"), "message.nmg");
     WriteMessage(message, target.Temporary().string());
     target.Keep();
-    session.report.Put("file", target.Final().string());
+    session.report.Put("local", target.Final().string());
     return VX_OK;
 }
 
