@@ -51,11 +51,14 @@ typedef void (*vxOnTempPath)(struct vxApiConfig* config, char* buffer, uint32_t 
  * A try writes the request, for timeoutMs at most, and gathers the reply. Over a channel that is in time as long as
  * timeoutMs is not over, in however many pieces it comes. A try that gets nothing ends after timeoutMs, with onRead
  * after about twice that. It counts reads rather than time, though: the header of a reply with nothing behind it makes
- * a try last up to twice timeoutMs over a channel, with onRead up to four times timeoutMs and half a second. abortFlag
- * is looked at between two tries.
+ * a try last up to twice timeoutMs over a channel, with onRead up to four times timeoutMs and half a second.
  *
- * A TCP connection that is not made within retries x timeoutMs gives VX_COMMUNICATION; abortFlag ends the wait for it
- * with VX_ABORTED.
+ * A TCP connection that is not made within retries x timeoutMs gives VX_COMMUNICATION.
+ *
+ * abortFlag ends whatever waits: for a connection, for an answer, for room to write, between two polls of a long
+ * operation. A wait looks at it every 50 ms, and at once behind a signal that comes in the thread; one of the caller's
+ * own, in onRead or onWrite, has its time. The command then gives VX_ABORTED, unless its answer is there already. What
+ * has reached the sign stays there.
  */
 typedef struct vxApiConfig
 {

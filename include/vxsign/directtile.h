@@ -79,7 +79,7 @@ VXSIGN_API uint32_t vxDirectTilePHYWriteCoefficent2(const char* path, uint8_t po
                                                     const uint8_t* params, uint32_t paramsLength);
 
 /* Sends bytes as they are and waits timeoutMs of the configuration for whatever comes back, which is dropped: 0 for any
- * byte, VX_NO_ANSWER for none. */
+ * byte, VX_NO_ANSWER for none, VX_ABORTED when abortFlag ended the wait. */
 VXSIGN_API uint32_t vxWriteCmdBuf(const uint8_t* buffer, uint32_t length);
 
 VXSIGN_END

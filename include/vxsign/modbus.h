@@ -3,7 +3,7 @@
  * The frames go over the thread's channel, or through onWrite and onRead, without the packets of the sign: one write of
  * 8 bytes and an answer of up to 1536, each limited by timeoutMs (vxApiConfig), up to retries times. Over TCP the
  * answer may come in pieces, with any gaps between them, on a serial line with gaps of 50 ms; the reading ends with the
- * answer. Over UDP, and through onRead, the answer is what one read gives. abortFlag is not looked at.
+ * answer. Over UDP, and through onRead, the answer is what one read gives. abortFlag ends the wait.
  *
  * device: the Modbus address. section: the sub-unit of a device; classes without it have none. registerNumber counts
  * within the section and goes over as section * 100 + registerNumber, or 0xFF00 + registerNumber for section 255 and
@@ -11,8 +11,8 @@
  *
  * Results: 0 done; VX_ARGUMENTS, with nothing sent, for a register that the class does not have or that a Set refuses;
  * VX_INCONSISTENT_MAJOR when the device confirmed another write than the one sent; VX_COMMUNICATION when it gave no
- * valid answer in all tries. A register that is told by the address of the device or by 255 answers a Get, and ends a
- * Set as done. A value of null is left out.
+ * valid answer in all tries, VX_ABORTED when abortFlag was set before it gave one. A register that is told by the
+ * address of the device or by 255 answers a Get, and ends a Set as done. A value of null is left out.
  *
  * A device that answers with an exception has given no valid answer. What it said goes to onLog, for each try, as
  * "the device refused: " (line 620, level 6) and one of: illegal function (1), illegal data address (2), illegal data

@@ -28,14 +28,14 @@ void CommLink::Initialise(std::uint32_t channelKind, const char* hostText, std::
         channel = std::make_unique<VXSerialPort>();
 }
 
-bool CommLink::OpenChannel(const Patience& patience)
+bool CommLink::OpenChannel(std::uint32_t timeoutMs)
 {
     if (!channel)
         return false;
     const Route route{static_cast<std::uint16_t>(localPort), host.data(), static_cast<std::uint16_t>(remotePort),
                       FieldText(serialName.data(), serialName.size()), baudRate};
     try {
-        return channel->Open(route, patience);
+        return channel->Open(route, timeoutMs);
     } catch (const std::exception&) { // a serial port: the caller sees what a refused connection gives
         return false;
     }

@@ -19,7 +19,7 @@ public:
                     std::uint32_t baud);
 
     /// False when there is no channel or it could not be opened, whatever the reason.
-    bool OpenChannel(const Patience& patience);
+    bool OpenChannel(std::uint32_t timeoutMs);
 
     std::array<char, 32> host{"169.254.10.49"};
     std::array<char, 16> serialName{"COM1"};

@@ -1,14 +1,13 @@
-// The channel over TCP: connecting with patience, reading and writing.
+// The channel over TCP: connecting, reading and writing.
 #include "channels/VXClientTCP.h"
 
 #include "util/text.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace vxsign {
 
-bool VXClientTCP::Open(std::uint16_t port, const char* hostText, std::uint16_t signPort, const Patience& patience)
+bool VXClientTCP::Open(std::uint16_t port, const char* hostText, std::uint16_t signPort, std::uint32_t timeoutMs)
 {
     using platform::Socket;
     if (socket.IsOpen() || hostText == nullptr || !socket.Open(Socket::Kind::kStream) || !socket.Bind(port))
@@ -20,21 +19,10 @@ bool VXClientTCP::Open(std::uint16_t port, const char* hostText, std::uint16_t s
     if (!address)
         return false;
     server = {*address, remotePort};
-    return Connect(patience);
-}
-
-bool VXClientTCP::Connect(const Patience& patience)
-{
-    using Connection = platform::Socket::Connection;
-    constexpr std::uint32_t kSliceMs = 50; // between two looks at whether it is still wanted
-    std::uint32_t left = patience.timeoutMs;
-    Connection connection = socket.Connect(server);
-    while (connection == Connection::kPending && left != 0 && !patience.isOver()) {
-        const std::uint32_t slice = std::min(left, kSliceMs);
-        connection = socket.AwaitConnection(slice);
-        left -= slice;
-    }
-    return connection == Connection::kMade;
+    Socket::Connection connection = socket.Connect(server);
+    if (connection == Socket::Connection::kPending)
+        connection = socket.AwaitConnection(timeoutMs);
+    return connection == Socket::Connection::kMade;
 }
 
 std::uint32_t VXClientTCP::Write(const char* buffer, std::uint32_t length, std::uint32_t timeoutMs)

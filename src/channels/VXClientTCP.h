@@ -12,12 +12,12 @@ namespace vxsign {
 class VXClientTCP : public VXCommBase
 {
 public:
-    /// False when a socket is open already, host is null or no IPv4 address within its 16 bytes, the sign does not take
-    /// the connection, or patience is over before it does.
-    bool Open(std::uint16_t port, const char* hostText, std::uint16_t signPort, const Patience& patience);
-    bool Open(const Route& route, const Patience& patience) override
+    /// False when a socket is open already, host is null or no IPv4 address within its 16 bytes, or the sign does not
+    /// take the connection within timeoutMs.
+    bool Open(std::uint16_t port, const char* hostText, std::uint16_t signPort, std::uint32_t timeoutMs);
+    bool Open(const Route& route, std::uint32_t timeoutMs) override
     {
-        return Open(route.localPort, route.host, route.remotePort, patience);
+        return Open(route.localPort, route.host, route.remotePort, timeoutMs);
     }
 
     std::uint32_t Write(const char* buffer, std::uint32_t length, std::uint32_t timeoutMs) override;
@@ -26,8 +26,6 @@ public:
     void Close() override;
 
 private:
-    bool Connect(const Patience& patience);
-
     platform::Socket socket;
     platform::Endpoint server;
     std::uint16_t localPort = 0;

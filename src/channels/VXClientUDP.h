@@ -14,7 +14,7 @@ class VXClientUDP : public VXCommBase
 public:
     /// False when a socket is open already, host is null, or there is no socket to be had.
     bool Open(std::uint16_t port, const char* hostText, std::uint16_t signPort);
-    bool Open(const Route& route, const Patience& /*patience*/) override
+    bool Open(const Route& route, std::uint32_t /*timeoutMs*/) override
     {
         return Open(route.localPort, route.host, route.remotePort);
     }

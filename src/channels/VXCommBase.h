@@ -2,17 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string_view>
 
 namespace vxsign {
-
-/// How long the opening of a channel may take; meanwhile isOver is asked whether to give up.
-struct Patience
-{
-    std::uint32_t timeoutMs;
-    std::function<bool()> isOver;
-};
 
 /// The way to a sign. Each kind of channel looks at its own part of it.
 struct Route
@@ -24,7 +16,7 @@ struct Route
     std::uint32_t baudRate;
 };
 
-/// A byte channel to one sign. It knows nothing of packets.
+/// A byte channel to one sign. It knows nothing of packets. Its waits end when the thread is to stop (platform/stop.h).
 class VXCommBase
 {
 public:
@@ -34,7 +26,7 @@ public:
     virtual ~VXCommBase() = default;
 
     /// False when it could not be opened; a serial line throws std::system_error.
-    virtual bool Open(const Route& route, const Patience& patience) = 0;
+    virtual bool Open(const Route& route, std::uint32_t timeoutMs) = 0;
     /// The bytes written, 0 on failure.
     virtual std::uint32_t Write(const char* buffer, std::uint32_t length, std::uint32_t timeoutMs) = 0;
     /// The bytes read, 0 for nothing or on failure.

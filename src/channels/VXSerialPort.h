@@ -14,7 +14,7 @@ class VXSerialPort : public VXCommBase
 public:
     /// Closes what is open first.
     void Open(std::string_view serialName, std::uint32_t baudRate);
-    bool Open(const Route& route, const Patience& /*patience*/) override
+    bool Open(const Route& route, std::uint32_t /*timeoutMs*/) override
     {
         Open(route.serialName, route.baudRate);
         return true;

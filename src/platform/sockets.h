@@ -1,4 +1,4 @@
-// IPv4 sockets and waiting on them. No operation throws; none raises SIGPIPE.
+// IPv4 sockets and waiting on them, which ends when the thread is to stop. No operation throws; none raises SIGPIPE.
 #pragma once
 
 #include <cstdint>

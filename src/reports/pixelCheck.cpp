@@ -1,5 +1,5 @@
 // The pixel check from its start to the fetched results.
-#include "platform/clock.h"
+#include "platform/stop.h"
 #include "thread/threadRecords.h"
 #include "util/localCall.h"
 
@@ -25,7 +25,7 @@ std::uint32_t WaitForEnd(vxApiConfig& config)
             break;
         if (config.onProgress != nullptr)
             config.onProgress(&config, 0, percent);
-        platform::clock.sleepMs(kPollMs);
+        platform::Rest(kPollMs);
     }
     return result;
 }

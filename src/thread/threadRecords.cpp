@@ -1,6 +1,8 @@
 // The records of each thread, and the functions that fill and hand them out.
 #include "thread/threadRecords.h"
 
+#include "platform/stop.h"
+
 #include <vxsign/result.h>
 
 #include <new>
@@ -35,6 +37,11 @@ namespace {
 
 struct Records
 {
+    Records() = default;
+    Records(const Records&) = delete;
+    Records& operator=(const Records&) = delete;
+    ~Records() { platform::StopBy(nullptr); }
+
     std::unique_ptr<vxApiConfig> configuration;
     std::unique_ptr<vxApiState> state;
     std::unique_ptr<vxPlaylistState> playlist;
@@ -53,7 +60,9 @@ Record* OnDemand(std::unique_ptr<Record>& record) noexcept
 
 vxApiConfig* ThreadConfig() noexcept
 {
-    return OnDemand(records.configuration);
+    if (!records.configuration && OnDemand(records.configuration) != nullptr)
+        platform::StopBy(&records.configuration->abortFlag);
+    return records.configuration.get();
 }
 
 vxApiState* ThreadState() noexcept

@@ -12,11 +12,8 @@ std::uint32_t RunFrame(CBaseCMD& command, Step step) noexcept
     if (command.config == nullptr || command.state == nullptr || command.config->initialised != 1)
         return result;
     const bool channel = command.useChannel == 1;
-    bool aborted = false;
-    const Patience patience{command.config->retries * command.config->timeoutMs,
-                            [&] { return aborted = command.Aborted(); }};
-    if (channel && !command.link.OpenChannel(patience))
-        return aborted ? static_cast<std::uint32_t>(VX_ABORTED) : result;
+    if (channel && !command.link.OpenChannel(command.config->retries * command.config->timeoutMs))
+        return command.Aborted() ? static_cast<std::uint32_t>(VX_ABORTED) : result;
     try {
         result = step();
     } catch (...) { // nothing thrown leaves an export

@@ -106,6 +106,8 @@ std::uint32_t CBaseCMD::Exchange(const std::uint8_t* request, std::uint32_t requ
             return VX_ABORTED;
         const std::uint32_t got = ReceiveFrame(kept, requestLength, reply, kReplySize);
         status = CheckReply(major, minor, reply, got);
+        if (status == kBadReply && Aborted())
+            return VX_ABORTED;
         if (status == kBadReply)
             Log(kFailedTryLine, 6, "Read Data Timeout Or Error");
     }
@@ -159,7 +161,7 @@ void CBaseCMD::Gather(const std::uint8_t* request, std::uint32_t requestLength, 
     };
 
     bool found = false;
-    while (!found && reads.Left()) {
+    while (!found && reads.Left() && !Aborted()) {
         if (got < header::kSize && got >= room)
             return;
         if (got < header::kSize) {
@@ -179,7 +181,7 @@ void CBaseCMD::Gather(const std::uint8_t* request, std::uint32_t requestLength, 
         return; // more than there is place for: this try is lost
     if (!pace.sharedPolls)
         reads.BeginAnew();
-    while (got < total && reads.Left())
+    while (got < total && reads.Left() && !Aborted())
         append(pace.restMs);
 }
 

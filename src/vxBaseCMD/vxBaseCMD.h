@@ -51,7 +51,7 @@ public:
     /// Stores the checksum of a packet that is laid out: for those who change a field of it. Returns the checksum.
     std::uint32_t Seal(std::uint8_t* request) const;
 
-    /// Sends a request until a reply to it comes or the tries are used up. Returns the result word.
+    /// Sends a request until a reply to it comes, the tries are used up, or the caller aborts. Returns the result word.
     std::uint32_t Exchange(const std::uint8_t* request, std::uint32_t requestLength, std::uint8_t* reply);
 
     /// Sends a request once and gathers what comes back, `capacity` bytes at most (kReplyRoom when `reply` is

@@ -1,5 +1,5 @@
 // Play control that ends in a file: screenshot, radar log, default screen settings.
-#include "platform/clock.h"
+#include "platform/stop.h"
 #include "thread/tempFile.h"
 #include "util/file.h"
 #include "vxBaseCMD/call.h"
@@ -57,7 +57,7 @@ std::uint32_t vxReadCurScreenshot(const char* localFile)
             return result;
         // The sign takes its time over the picture.
         for (int tries = 0; tries < kScreenshotTries; ++tries) {
-            platform::clock.sleepMs(kScreenshotMs);
+            platform::Rest(kScreenshotMs);
             result = vxReadSpecPathFileEx(kScreenshot, localFile);
             if (result == VX_OK)
                 break;

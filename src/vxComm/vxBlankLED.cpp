@@ -1,5 +1,5 @@
 // The exports of major 4.
-#include "platform/clock.h"
+#include "platform/stop.h"
 #include "vxBaseCMD/call.h"
 #include "vxComm/families.h"
 
@@ -102,13 +102,13 @@ std::uint32_t vxResetSystemToDataFlash()
 {
     return Call<vxBlankLED>([](vxBlankLED& sign) {
         std::uint32_t result = sign.Request(4, 25);
-        platform::clock.sleepMs(kStartMs);
+        platform::Rest(kStartMs);
         if (result != VX_OK)
             return result;
         sign.config->progressTotal = kPolls;
         for (std::uint16_t poll = 0; poll < kPolls; ++poll) {
             result = sign.Request(12, 13);
-            platform::clock.sleepMs(kPollMs);
+            platform::Rest(kPollMs);
             sign.config->progressPos = poll;
             sign.Progress(poll);
             if (result == VX_OK) {

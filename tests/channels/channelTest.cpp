@@ -5,6 +5,7 @@
 #include "platform/serialLine.h"
 #include "platform/sockets.h"
 #include "support/servedSign.h"
+#include "support/tempFolder.h"
 #include "support/udpPeer.h"
 
 #include <vxsign/vxsign.h>
@@ -13,6 +14,7 @@
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
+#include <functional>
 #include <future>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
@@ -38,7 +40,7 @@ vxApiConfig ConfigFor(std::uint32_t kind, const std::string& host, std::uint16_t
     return config;
 }
 
-const Patience kPatience{60000, [] { return false; }};
+constexpr std::uint32_t kPatienceMs = 60000;
 
 // A TCP port on loopback that nobody accepts from, with room for so many who wait.
 struct Listener
@@ -192,7 +194,7 @@ TEST(ClientTCP, TheSignsEndReadsAsNothing)
 {
     const Listener listener(1);
     VXClientTCP client;
-    ASSERT_TRUE(client.Open(0, "127.0.0.1", listener.port, kPatience));
+    ASSERT_TRUE(client.Open(0, "127.0.0.1", listener.port, kPatienceMs));
     const int peer = ::accept(listener.descriptor, nullptr, nullptr);
     EXPECT_EQ(client.Write("abc", 3, 1000), 3u);
     char buffer[8];
@@ -211,7 +213,7 @@ TEST(ClientTCP, TheSignsEndReadsAsNothing)
 class SilentHost : public testing::Test
 {
 protected:
-    void SetUp() override { ASSERT_TRUE(filler.Open(0, "127.0.0.1", listener.port, kPatience)); }
+    void SetUp() override { ASSERT_TRUE(filler.Open(0, "127.0.0.1", listener.port, kPatienceMs)); }
 
     const Listener listener{0};
     VXClientTCP filler;
@@ -226,20 +228,6 @@ TEST_F(SilentHost, CostsNoMoreThanTheTriesOfTheCommand)
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(vxBlackScreen(), 20736u);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(30)) << "not the time of the system";
-}
-
-TEST_F(SilentHost, IsLeftWhenTheCallerAborts)
-{
-    vxApiConfig config = ConfigFor(VX_CHANNEL_TCP, "127.0.0.1", listener.port);
-    config.retries = 100;
-    config.timeoutMs = 60000;
-    vxInitAPI(&config);
-    auto* const record = static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION));
-    const std::jthread caller([record] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        std::atomic_ref(record->abortFlag).store(1);
-    });
-    EXPECT_EQ(vxBlackScreen(), 20497u);
 }
 
 // The time of a wait goes on behind a signal: it neither begins anew nor ends.
@@ -353,6 +341,70 @@ TEST_F(Pty, ALineThatTakesNothingEndsInTime)
     const std::string much(1 << 20, 'x');
     const std::uint32_t written = line.Write(much.data(), static_cast<std::uint32_t>(much.size()), 20);
     EXPECT_LT(written, much.size());
+}
+
+// Whatever a command waits for, abortFlag ends it long before its time is over.
+class StandStill : public Pty
+{
+protected:
+    using Export = std::function<std::uint32_t()>;
+
+    static std::uint32_t Stop(vxApiConfig config, const Export& call)
+    {
+        config.retries = 100;
+        config.timeoutMs = 60000;
+        vxInitAPI(&config);
+        auto* const record = static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION));
+        const std::jthread caller([record] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+            std::atomic_ref(record->abortFlag).store(1);
+        });
+        return call();
+    }
+    void TearDown() override
+    {
+        const vxApiConfig config{};
+        vxInitAPI(&config);
+        Pty::TearDown();
+    }
+
+    const Listener silent{1};
+    const Listener full{0};
+    UdpPeer mute{[](const Bytes&) { return Bytes(); }};
+    const TempFolder folder;
+};
+
+TEST_F(StandStill, EndsWithTheFlag)
+{
+    VXClientTCP filler;
+    ASSERT_TRUE(filler.Open(0, "127.0.0.1", full.port, kPatienceMs));
+    const std::string file = folder.Write("file", "x");
+    const vxApiConfig udp = ConfigFor(VX_CHANNEL_UDP, "127.0.0.1", mute.Port());
+    const vxApiConfig tcp = ConfigFor(VX_CHANNEL_TCP, "127.0.0.1", silent.port);
+    const vxApiConfig unconnected = ConfigFor(VX_CHANNEL_TCP, "127.0.0.1", full.port);
+    const vxApiConfig serial = ConfigFor(VX_CHANNEL_SERIAL, "", 0, path);
+    const Export modbus = [] { return vxMB_LCGet(1, 0, nullptr); };
+    const Export plain = [] { return vxWriteCmdBuf(reinterpret_cast<const std::uint8_t*>("x"), 1); };
+    const std::tuple<const char*, vxApiConfig, Export, std::uint32_t> rows[] = {
+        {"connection", unconnected, vxBlackScreen, VX_ABORTED},
+        {"answer over TCP", tcp, vxBlackScreen, VX_ABORTED},
+        {"answer over UDP", udp, vxBlackScreen, VX_ABORTED},
+        {"answer of a serial line", serial, vxBlackScreen, VX_ABORTED},
+        {"answer of a field device", serial, modbus, VX_ABORTED},
+        {"datagram of a field device", udp, modbus, VX_ABORTED},
+        {"any bytes", udp, plain, VX_ABORTED},
+        {"window", udp, [&] { return vxWriteFileOptimize("D:\\A", file.c_str()); }, VX_ABORTED},
+        {"boot loader", serial, [&] { return vxXModem_Upgrade(file.c_str()); }, VX_UPGRADE_FAILED},
+    };
+    for (const auto& [name, config, call, wanted] : rows)
+        EXPECT_EQ(Stop(config, call), wanted) << name;
+
+    platform::SerialLine line;
+    line.Open(path, 9600);
+    const std::string much(1 << 20, 'x');
+    line.Write(much.data(), static_cast<std::uint32_t>(much.size()), 20);
+    line.Close();
+    EXPECT_EQ(Stop(serial, vxBlackScreen), VX_ABORTED) << "room on a line that takes nothing";
 }
 
 } // namespace

@@ -24,7 +24,7 @@ public:
     {
     }
 
-    bool Open(const Route& /*route*/, const Patience& /*patience*/) override { return true; }
+    bool Open(const Route& /*route*/, std::uint32_t /*timeoutMs*/) override { return true; }
 
     std::uint32_t Write(const char* buffer, std::uint32_t length, std::uint32_t /*timeoutMs*/) override
     {

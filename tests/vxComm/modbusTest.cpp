@@ -261,7 +261,7 @@ class PiecewiseLine : public VXCommBase
 public:
     explicit PiecewiseLine(std::vector<std::vector<Piece>> answers) : toCome(answers.begin(), answers.end()) {}
 
-    bool Open(const Route&, const Patience&) override { return true; }
+    bool Open(const Route&, std::uint32_t) override { return true; }
     std::uint32_t Write(const char*, std::uint32_t length, std::uint32_t) override
     {
         ++requests;

@@ -37,6 +37,8 @@ std::uint32_t vxMBLED::ModbusExchange(std::uint8_t device, std::uint8_t section,
 
     std::uint32_t result = VX_COMMUNICATION;
     for (std::uint32_t tries = 0; result != VX_OK && tries < config->retries; ++tries) {
+        if (Aborted())
+            return VX_ABORTED;
         const modbus::Answer answer = FindAnswer(ModbusTransact());
         if (answer.kind == Kind::kValue)
             value = answer.value;
@@ -47,7 +49,7 @@ std::uint32_t vxMBLED::ModbusExchange(std::uint8_t device, std::uint8_t section,
         else if (answer.kind == Kind::kException)
             Log(kRefusedLine, 6, ("the device refused: " + modbus::ExceptionName(answer.value)).c_str());
     }
-    return result;
+    return result == VX_COMMUNICATION && Aborted() ? static_cast<std::uint32_t>(VX_ABORTED) : result;
 }
 
 std::uint32_t vxMBLED::ModbusTransact()

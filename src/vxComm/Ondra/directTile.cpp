@@ -73,6 +73,8 @@ std::uint32_t vxWriteCmdBuf(const std::uint8_t* buffer, std::uint32_t length)
     return Call<vxOndraLED>(!Bytes(buffer, length).refused, [=](vxOndraLED& sign) -> std::uint32_t {
         const std::uint32_t timeoutMs = sign.config->timeoutMs;
         sign.RawSend(buffer, length, timeoutMs);
-        return sign.RawRecv(sign.replyBuffer, kReplySize, timeoutMs) != 0 ? VX_OK : VX_NO_ANSWER;
+        if (sign.RawRecv(sign.replyBuffer, kReplySize, timeoutMs) != 0)
+            return VX_OK;
+        return sign.Aborted() ? VX_ABORTED : VX_NO_ANSWER;
     });
 }

@@ -1,5 +1,6 @@
 // Tasks of the control board for tiles of the second family.
 #include "platform/clock.h"
+#include "platform/stop.h"
 #include "vxComm/Ondra/vxOndraLED.h"
 
 #include <vxsign/ondra.h>
@@ -54,7 +55,7 @@ std::uint32_t vxOndraLED::RunTask(const TileTask& task, const TaskWait& wait)
             return taskState == kSucceeded ? VX_OK : VX_TASK_FAILED;
         }
         Progress(reply.U8(offsetof(TileTaskState, progress)));
-        platform::clock.sleepMs(wait.sleepMs);
+        platform::Rest(wait.sleepMs);
     }
     return result;
 }

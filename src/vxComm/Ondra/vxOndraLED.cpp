@@ -1,7 +1,7 @@
 // The exports of major 28.
 #include "vxComm/Ondra/vxOndraLED.h"
 
-#include "platform/clock.h"
+#include "platform/stop.h"
 
 #include <vxsign/ondra.h>
 #include <vxsign/read.h>
@@ -132,7 +132,7 @@ std::uint32_t WaitForStart(vxOndraLED& sign, std::uint32_t taskId)
             still = TimeLimit(kStillMs);
         else if (still.IsPassed())
             return VX_COMMUNICATION;
-        platform::clock.sleepMs(kTaskMs);
+        platform::Rest(kTaskMs);
     }
 }
 

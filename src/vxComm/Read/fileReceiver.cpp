@@ -1,7 +1,7 @@
 // Files from the sign, one packet after the other.
 #include "vxComm/Read/vxReadLED.h"
 
-#include "platform/clock.h"
+#include "platform/stop.h"
 #include "vxBaseCMD/call.h"
 
 namespace vxsign {
@@ -107,7 +107,7 @@ std::uint32_t vxReadLED::ReceiveDataFlash(const char* local, std::uint32_t size)
         size = std::uint32_t{Load16(info)} * Load16(info + 2);
     if (size == 0)
         return VX_FILE_NOT_EXISTS;
-    platform::clock.sleepMs(kDataFlashWaitMs);
+    platform::Rest(kDataFlashWaitMs);
     FileRecord record;
     record.U16(chunkSize).Zeros(2).PacketNumber32();
     return ReceiveAll(kDataFlashMinor, 1, PacketCount(size, chunkSize), record, file);

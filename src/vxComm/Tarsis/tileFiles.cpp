@@ -1,5 +1,5 @@
 // Files between the PC and a tile of the first family.
-#include "platform/clock.h"
+#include "platform/stop.h"
 #include "util/file.h"
 #include "util/littleEndian.h"
 #include "vxComm/Tarsis/vxTarsisLED.h"
@@ -73,7 +73,7 @@ std::optional<std::uint32_t> vxTarsisLED::FailedStatus(std::uint16_t tile, std::
 {
     std::uint32_t task = 0;
     StartStatus(tile, &task); // one that does not start shows when it is waited for
-    platform::clock.sleepMs(kStatusMs);
+    platform::Rest(kStatusMs);
     return FailedResult(task, out);
 }
 

@@ -1,7 +1,7 @@
 // Tasks of the control board for tiles: how they are started and waited for.
 #include "vxComm/Tarsis/vxTarsisLED.h"
 
-#include "platform/clock.h"
+#include "platform/stop.h"
 #include "vxBaseCMD/call.h"
 #include "vxComm/shared/repeatedRequest.h"
 #include "vxComm/shared/tileBlock.h"
@@ -118,7 +118,7 @@ std::uint32_t vxTarsisLED::PollTaskResult(std::uint32_t taskId, std::span<std::u
         if (status != VX_TASK_WAITING && status != VX_TASK_PROCESSING)
             return result;
         Progress(kFixedPercent);
-        platform::clock.sleepMs(kPollMs);
+        platform::Rest(kPollMs);
         result = query.Exchange();
         if (--rounds == 0)
             return result;
@@ -146,7 +146,7 @@ std::uint32_t vxTarsisLED::PollTaskProgress(std::uint32_t taskId)
         else
             Progress(Percentage(reply.U32(5), reply.U32(1)));
         // The board is asked once more after the end too, and that answer is the result.
-        platform::clock.sleepMs(kPollMs);
+        platform::Rest(kPollMs);
         result = query.Exchange();
     }
     const bool failed = ended && status != VX_OK;
