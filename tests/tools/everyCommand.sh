@@ -65,7 +65,7 @@ text 0 playlist ls -l fetched/list.xml
 . 0 playlist send
 . 0 playlist new -l $hostileName
 . 0 playlist add hello.nmg -l $hostileName
-line 0 playlist send -l $hostileName
+. 0 playlist send -l $hostileName
 line 0 playlist ls -l $hostileName
 . 0 playlist import --sequence $work/sign/C/SEQUENT.SYS
 . 0 get 'D:/T/a name of some length.txt' got.nmg

@@ -525,7 +525,7 @@ done
 kill -TERM "$transfer"
 wait "$transfer"
 status=$?
-[ "$status" -eq 1 ] || fail "an interrupted transfer ended with $status"
+[ "$status" -eq 143 ] || fail "an interrupted transfer ended with $status"
 says err "Operation Abort!"
 [ "$(cat "$work/kept")" = kept ] || fail "an interrupted read touched its target"
 stop "$sign"

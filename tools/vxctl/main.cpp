@@ -1,6 +1,5 @@
 // vxctl, the command line.
 #include "vxctl/cli/failure.h"
-#include "vxctl/cli/interrupt.h"
 #include "vxctl/cli/runner.h"
 #include "vxctl/cli/terminal.h"
 
@@ -11,7 +10,6 @@ int main(int argc, char** argv)
 {
     using namespace vxctl;
     try {
-        AbortOnInterrupt();
         return RunTool({argv + 1, argv + argc});
     } catch (const std::exception& error) {
         PrintLine(Stream::kError, std::string("vxctl: ") + error.what());

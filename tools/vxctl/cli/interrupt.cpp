@@ -1,4 +1,4 @@
-// Ctrl-C: ends a transfer, then the program.
+// Ctrl-C: ends what waits, then the program.
 #include "vxctl/cli/interrupt.h"
 
 #include <vxsign/api.h>
@@ -12,12 +12,15 @@ namespace {
 
 // The record of a thread stays in its place for as long as the thread lives: vxInitAPI only fills it anew.
 std::atomic<vxApiConfig*> record{nullptr};
+std::atomic<int> caught{0};
 
-static_assert(std::atomic<vxApiConfig*>::is_always_lock_free && std::atomic_ref<std::uint32_t>::is_always_lock_free,
+static_assert(std::atomic<vxApiConfig*>::is_always_lock_free && std::atomic<int>::is_always_lock_free &&
+                  std::atomic_ref<std::uint32_t>::is_always_lock_free,
               "a signal handler may use atomics that take no lock");
 
-extern "C" void OnSignal(int /*signal*/)
+extern "C" void OnSignal(int signal)
 {
+    caught.store(signal);
     Abort();
 }
 
@@ -27,6 +30,11 @@ void Abort()
 {
     if (vxApiConfig* const config = record.load())
         std::atomic_ref(config->abortFlag).store(1);
+}
+
+int CaughtSignal()
+{
+    return caught.load();
 }
 
 void AbortOnInterrupt()

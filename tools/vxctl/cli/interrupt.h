@@ -3,9 +3,12 @@
 
 namespace vxctl {
 
-// From now on the first SIGINT or SIGTERM sets the abort flag of the calling thread, so that the running operation ends
-// between two packets; the second ends the program at once.
+// From now on the first SIGINT or SIGTERM sets the abort flag of the calling thread, so that whatever waits for the
+// sign ends at once; the second ends the program.
 void AbortOnInterrupt();
+
+// That signal; 0 as long as there was none.
+int CaughtSignal();
 
 // What the first signal does. Any thread may call it.
 void Abort();

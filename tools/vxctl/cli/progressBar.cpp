@@ -13,6 +13,7 @@ namespace vxctl {
 namespace {
 
 constexpr std::uint32_t kWidth = 40;
+constexpr double kQuickSeconds = 0.5; // needs no bar
 
 // The library's callback brings nothing along that could name a bar.
 ProgressBar* current = nullptr;
@@ -45,7 +46,8 @@ double ProgressBar::Seconds() const
 
 void ProgressBar::Draw(std::uint32_t percent)
 {
-    if (!visible || (drawn && percent == shown))
+    moved = true;
+    if (!visible || (drawn ? percent == shown : Seconds() < kQuickSeconds))
         return;
     const std::uint32_t done = percent * kWidth / 100;
     std::array<char, 8> figure{};

@@ -1,4 +1,4 @@
-// The progress of one transfer on standard error, when that is a terminal.
+// The progress of one transfer on standard error, when that is a terminal and it takes its time.
 #pragma once
 
 #include <vxsign/api.h>
@@ -21,6 +21,9 @@ public:
     // To be called by the library: shows the percentage on the bar that is alive.
     static void OnProgress(vxApiConfig* config, std::uint32_t reserved, std::uint32_t percent);
 
+    // Whether the library has told of any progress under a bar.
+    static bool HasMoved() { return moved; }
+
     double Seconds() const;
 
 private:
@@ -28,6 +31,7 @@ private:
 
     std::string title;
     bool visible;
+    static inline bool moved = false;
     bool drawn = false;
     std::uint32_t shown = 0;
     std::chrono::steady_clock::time_point started = std::chrono::steady_clock::now();

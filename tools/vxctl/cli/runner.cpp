@@ -5,6 +5,7 @@
 #include "vxctl/cli/complaint.h"
 #include "vxctl/cli/completion.h"
 #include "vxctl/cli/documents.h"
+#include "vxctl/cli/interrupt.h"
 #include "vxctl/cli/lineFault.h"
 #include "vxctl/cli/terminal.h"
 
@@ -25,6 +26,14 @@ Options OptionsOf(const Args& args)
 std::string NameOf(const Command* command)
 {
     return command == nullptr ? "" : std::string(command->name);
+}
+
+// On Ctrl-C.
+int Stop(const Session& session, const SignFailure& failure)
+{
+    session.report.Finish(VX_ABORTED, failure.code == VX_ABORTED ? failure.reason : "",
+                          ProgressBar::HasMoved() ? session.leftOver : "");
+    return kExitSignal + CaughtSignal();
 }
 
 // With the reason of a silence, which no command knows.
@@ -86,6 +95,8 @@ std::uint32_t Run(const CommandLine& line, const Command& command, Session& sess
     session.options = OptionsOf(args);
     session.report.UseJson(args.Has("--json"));
     session.report.SetHead(command.name, command.line == Line::kNone ? "" : session.options.url);
+    if (command.line != Line::kNone)
+        AbortOnInterrupt();
     if (command.line == Line::kReady)
         session.Connect();
     return command.run(session, args);
@@ -120,13 +131,14 @@ int RunTool(const std::vector<std::string>& words)
     session.report.UseJson(WantsJson(words));
     try {
         const std::uint32_t result = Run(line, line.Parse(words), session);
-        if (result != VX_OK)
-            return Fail(session, SignFailure(result));
+        if (result != VX_OK || CaughtSignal() != 0)
+            throw SignFailure(result);
         return session.report.Finish(VX_OK) ? session.exitStatus.value_or(EXIT_SUCCESS) : kExitFailure;
     } catch (const SignFailure& failure) {
-        return Fail(session, failure);
+        return CaughtSignal() != 0 ? Stop(session, failure) : Fail(session, failure);
     } catch (const UsageError& error) {
-        return Refuse(session.report, line.Found(), error.what());
+        return CaughtSignal() != 0 ? Stop(session, SignFailure(VX_ABORTED))
+                                   : Refuse(session.report, line.Found(), error.what());
     } catch (const CLI::ParseError& error) {
         return EndOfParsing(session.report, line, error);
     }

@@ -2,6 +2,7 @@
 #include "vxctl/cli/session.h"
 
 #include "vxctl/cli/failure.h"
+#include "vxctl/cli/interrupt.h"
 
 namespace vxctl {
 
@@ -22,6 +23,8 @@ void Session::Connect(vxOnProgress onProgress, vxOnLog onLog) const
     config.onProgress = onProgress;
     config.onLog = onLog;
     Check(vxInitAPI(&config));
+    if (CaughtSignal() != 0) // which the new record has forgotten
+        throw SignFailure(VX_ABORTED);
 }
 
 } // namespace vxctl

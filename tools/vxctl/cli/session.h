@@ -27,6 +27,7 @@ struct Session
     Options options;
     Report report;
     std::optional<int> exitStatus; // in place of the usual one, for what the sign is asked about
+    std::string leftOver;          // what a command leaves that is stopped behind the first progress; often nothing
 
     // The sign, ready for functions that take the connection as arguments. Throws UsageError.
     SignUrl Sign() const { return Resolve(ParseSignUrl(options.url)); }

@@ -114,7 +114,7 @@ Outcome Judge(std::uint32_t result, const std::string& steps, bool silent, bool 
     if (silent)
         return {VX_COMMUNICATION, "the receiver does not answer any more" + behind};
     if (aborted)
-        return {VX_ABORTED, "stopped" + behind};
+        return {VX_ABORTED, answered != 0 ? "stopped" + behind : ""};
     if (told("is not ready"))
         return {VX_COMMUNICATION, "the receiver does not ask for blocks"};
     if (result != VX_OK)
@@ -139,6 +139,7 @@ std::uint32_t Upgrade(Session& session, const Args& args)
         const ProgressBar bar("upgrade", session.report.IsJson());
         SilenceWatch watch(session.options);
         LibraryOutput output;
+        session.leftOver = "the device has a part of the firmware: send all of it before it is used";
         result = vxXModem_Upgrade(file.c_str());
         steps = output.Take();
         silent = watch.IsSilent();

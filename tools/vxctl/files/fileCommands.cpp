@@ -4,6 +4,7 @@
 #include "vxctl/cli/tables.h"
 #include "vxctl/files/announcedSize.h"
 #include "vxctl/files/readBack.h"
+#include "vxctl/files/sending.h"
 #include "vxctl/files/targetPath.h"
 
 #include <vxsign/filesystem.h>
@@ -78,6 +79,7 @@ std::uint32_t Put(Session& session, const Args& args)
             return vxWriteSystemFile(path.c_str(), local.c_str());
         return window ? SendThroughWindow(path.c_str(), local.c_str()) : vxWriteSpecFileEx(path.c_str(), local.c_str());
     };
+    session.leftOver = PartOf(path);
     // The windowed transfer reports its start alone: a bar would stand at 0 until the end.
     Transfer(session, "put " + path, args.Has("--window"), send, local);
     session.report.Put("path", path);

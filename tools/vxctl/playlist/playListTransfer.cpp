@@ -96,6 +96,7 @@ std::uint32_t Send(Session& session, const Args& args)
     std::uint32_t result = VX_OK;
     {
         const ProgressBar bar("send " + args.Text("--list"), session.report.IsJson());
+        session.leftOver = "the sign has a part of the list: send it once more";
         if (args.Has("--all"))
             Check(ForgetAllFiles());
         result = args.Has("--index") ? vxPLSpeSendToLED(args.Number<std::uint8_t>("--index"), withFiles)

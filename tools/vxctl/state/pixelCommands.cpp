@@ -19,10 +19,11 @@ namespace vxctl {
 
 namespace {
 
-std::vector<BadPixel> RunCheck(const Session& session)
+std::vector<BadPixel> RunCheck(Session& session)
 {
     const TemporaryFolder folder;
     const ProgressBar bar("pixel check", session.report.IsJson());
+    session.leftOver = "the sign goes on with its check: pixels --last shows what it has found";
     Check(vxReadPixelInfo(folder.Path().c_str(), 0, VX_PIXELS_FROM_CSV, CollectForUser<vxPixelRow>));
     std::vector<BadPixel> found;
     for (const vxPixelRow& row : TakeCollected<vxPixelRow>())

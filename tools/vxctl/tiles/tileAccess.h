@@ -65,6 +65,9 @@ struct TileFile
     std::uint8_t Extra() const { return static_cast<std::uint8_t>(extra); }
 };
 
+// What a writing leaves that is stopped.
+inline constexpr const char* kPartOfFile = "the tile may have a part of the file: write it once more";
+
 // The tile of a connected sign. All throw SignFailure, and UsageError for what its way does not know.
 TileStatus ReadTileStatus(Session& session, const TileChoice& choice);
 void TestTile(const TileChoice& choice, std::uint8_t testCode);

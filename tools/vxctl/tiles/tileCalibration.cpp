@@ -126,6 +126,7 @@ bool WritePixels(Session& session, const Args& args, const TileShape& shape, con
     const TemporaryFolder folder;
     const std::string local = folder.Path() + "pixels";
     SaveTilePixels(pixels, local, FormOfWay(choice.Way()), shape);
+    session.leftOver = kPartOfFile;
     WriteTileCalibration(session, choice, local, args.Number<std::uint8_t>("--mode"), args.Bytes("--params"));
     return choice.Way() != TileWay::kFirst ||
            ReadCalibration(session, choice, shape).coefficients == pixels.coefficients;

@@ -102,6 +102,7 @@ std::uint32_t Write(Session& session, const Args& args)
     const std::size_t bytes = ReadWhole(args.Text("FILE")).size();
     {
         const ProgressBar bar("write", session.report.IsJson());
+        session.leftOver = kPartOfFile;
         WriteTileFile(session, TileChoice(args), FileOf(args), args.Text("FILE"));
     }
     ShowBytes(session.report, bytes);

@@ -1,8 +1,8 @@
 // player: making programs, looking at them, deleting them.
 #include "vxctl/cli/localFiles.h"
-#include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/tables.h"
 #include "vxctl/cli/textTable.h"
+#include "vxctl/files/sending.h"
 #include "vxctl/files/signPaths.h"
 #include "vxctl/zones/programProperty.h"
 
@@ -75,12 +75,11 @@ std::uint32_t Put(Session& session, const Args& args)
     list.close();
     if (!list)
         return VX_OPEN_FILE;
-    const ProgressBar bar("put", session.report.IsJson());
     for (const std::string& file : files) {
         if (!IsOnSign(file))
-            Check(vxWriteSpecFileEx(PathOnSign(project, file).c_str(), file.c_str()));
+            Check(SendFile(session, PathOnSign(project, file), file, vxWriteSpecFileEx));
     }
-    Check(vxWriteSpecFileEx(listPath.c_str(), local.c_str()));
+    Check(SendFile(session, listPath, local, vxWriteSpecFileEx));
     session.report.Put("path", listPath);
     session.report.Put("files", files.size());
     return VX_OK;

@@ -1,7 +1,7 @@
 // zone: what zones hold, and how they show it.
 #include "vxctl/cli/bytes.h"
-#include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/tables.h"
+#include "vxctl/files/sending.h"
 #include "vxctl/show/messageText.h"
 #include "vxctl/show/showCodes.h"
 #include "vxctl/zones/zonePlace.h"
@@ -44,9 +44,8 @@ std::uint32_t SetContent(const Args& args, ContentKind kind, const std::string& 
 
 std::uint32_t ShowFile(Session& session, const Args& args)
 {
-    const ProgressBar bar("put", session.report.IsJson() || !args.Has("--put"));
     if (args.Has("--put"))
-        Check(vxWriteSpecFileEx(args.Text("PATH").c_str(), args.Text("--put").c_str()));
+        Check(SendFile(session, args.Text("PATH"), args.Text("--put"), vxWriteSpecFileEx));
     return SetContent(args, ContentKind::kFile, args.Text("PATH"));
 }
 

@@ -1,0 +1,20 @@
+// Sends a file, and knows what is there when it is stopped.
+#include "vxctl/files/sending.h"
+
+#include "vxctl/cli/progressBar.h"
+
+namespace vxctl {
+
+std::string PartOf(const std::string& path)
+{
+    return path + " did not arrive whole: send it again";
+}
+
+std::uint32_t SendFile(Session& session, const std::string& path, const std::string& local, SendOf send)
+{
+    const ProgressBar bar(path, session.report.IsJson());
+    session.leftOver = PartOf(path);
+    return send(path.c_str(), local.c_str());
+}
+
+} // namespace vxctl
