@@ -2,8 +2,10 @@
 # Ctrl-C at any time: interruptTest.sh VXCTL VXSIM CMAKE
 . "$(dirname "$0")/endToEnd.sh"
 
+# takesSignals PROCESS: it is vxctl by now, and waits for Ctrl-C itself.
 takesSignals() {
     local caught
+    [ "/proc/$1/exe" -ef "$vxctl" ] || return
     caught=$(sed -n 's/^SigCgt:[[:space:]]*//p' "/proc/$1/status" 2>/dev/null)
     [ -n "$caught" ] && ((0x$caught & 2))
 }

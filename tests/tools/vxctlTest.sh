@@ -528,6 +528,12 @@ status=$?
 [ "$status" -eq 143 ] || fail "an interrupted transfer ended with $status"
 says err "Operation Abort!"
 [ "$(cat "$work/kept")" = kept ] || fail "an interrupted read touched its target"
+# What takes its time shows how far it is.
+head -c 40000 "$work/file" >"$work/long"
+for shown in "files --no-play" "picture --raw"; do
+    script -qec "$vxctl -s udp://127.0.0.1:$port $shown $work/long" /dev/null >"$work/out"
+    says out "[####"
+done
 stop "$sign"
 
 # A window that fails is tried once more.

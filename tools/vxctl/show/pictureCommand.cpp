@@ -2,6 +2,7 @@
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/tables.h"
 #include "vxctl/show/showOptions.h"
+#include "vxctl/show/showing.h"
 #include "vxctl/show/wantedFace.h"
 
 #ifdef VXCTL_HAS_PREVIEW
@@ -9,9 +10,7 @@
 #endif
 
 #include <vxsign/content.h>
-#include <vxsign/quickshow.h>
 
-#include <algorithm>
 #include <fstream>
 #include <vector>
 
@@ -19,26 +18,28 @@ namespace vxctl {
 
 namespace {
 
-std::uint32_t ShowBytes(Session& session, const Args& args, const std::vector<std::uint8_t>& bytes)
+using Bytes = std::vector<std::uint8_t>;
+
+// Makes a message file of a picture file.
+void Wrap(const Bytes& picture, const std::string& local, const Args& args, std::uint32_t staySeconds)
 {
-    const SignUrl sign = session.Sign();
-    TakeTries(session, 3);
-    return vxShowPicEx(bytes.data(), static_cast<std::uint32_t>(bytes.size()), ParseMode(args.Text("--mode")),
-                       args.Number("--stay"), sign.host.c_str(), sign.port, ToE(args), sign.kind,
-                       sign.serialName.c_str(), sign.baudRate, session.options.destination);
+    const std::string source = local + ".bmp";
+    std::ofstream file(source, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(picture.data()), static_cast<std::streamsize>(picture.size()));
+    file.close();
+    Check(vxShowBmpToNmg(source.c_str(), local.c_str(), ParseMode(args.Text("--mode")), staySeconds));
+}
+
+std::uint32_t ShowBytes(Session& session, const Args& args, const Bytes& picture)
+{
+    const TemporaryFolder folder;
+    const std::string local = folder.Path() + "message";
+    Wrap(picture, local, args, args.Number("--stay"));
+    ShowMessage(session, args, local, "PMSG.Nmg", true);
+    return VX_OK;
 }
 
 #ifdef VXCTL_HAS_PREVIEW
-
-void WriteFrame(const Frame& frame, const std::string& local, const Args& args)
-{
-    const std::string picture = local + ".bmp";
-    const std::vector<std::uint8_t> bytes = EncodeBmp(frame.picture);
-    std::ofstream file(picture, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    Check(vxShowBmpToNmg(picture.c_str(), local.c_str(), ParseMode(args.Text("--mode")), SecondsOf(frame)));
-}
 
 std::uint32_t ShowFrames(Session& session, const Args& args, const std::vector<Frame>& frames)
 {
@@ -46,19 +47,13 @@ std::uint32_t ShowFrames(Session& session, const Args& args, const std::vector<F
     std::vector<std::string> files;
     for (const Frame& frame : frames) {
         files.push_back(folder.Path() + "FRAME" + std::to_string(100 + files.size()) + ".NMG");
-        WriteFrame(frame, files.back(), args);
+        Wrap(EncodeBmp(frame.picture), files.back(), args, SecondsOf(frame));
     }
-    std::vector<const char*> paths;
-    std::ranges::transform(files, std::back_inserter(paths), &std::string::c_str);
-    const SignUrl sign = session.Sign();
-    TakeTries(session, 6);
-    return vxShowFilesSpe(paths.data(), static_cast<std::uint32_t>(paths.size()),
-                          static_cast<int>(ParseMode(args.Text("--mode"))), args.Number("--stay"), sign.host.c_str(),
-                          sign.port, ToE(args), sign.kind, sign.serialName.c_str(), sign.baudRate,
-                          session.options.destination, 0);
+    ShowList(session, args, files, Parts::kAll);
+    return VX_OK;
 }
 
-std::uint32_t ShowFitted(Session& session, const Args& args, const std::vector<std::uint8_t>& bytes)
+std::uint32_t ShowFitted(Session& session, const Args& args, const Bytes& bytes)
 {
     std::vector<Frame> frames;
     try {
@@ -80,7 +75,7 @@ std::uint32_t ShowFitted(Session& session, const Args& args, const std::vector<s
 
 #else
 
-std::uint32_t ShowFitted(Session&, const Args&, const std::vector<std::uint8_t>&)
+std::uint32_t ShowFitted(Session&, const Args&, const Bytes&)
 {
     throw UsageError("this vxctl was built without pictures: --raw sends the file as it is");
 }
@@ -89,7 +84,7 @@ std::uint32_t ShowFitted(Session&, const Args&, const std::vector<std::uint8_t>&
 
 std::uint32_t ShowPicture(Session& session, const Args& args)
 {
-    const std::vector<std::uint8_t> bytes = ReadWhole(args.Text("FILE"));
+    const Bytes bytes = ReadWhole(args.Text("FILE"));
     return args.Has("--raw") ? ShowBytes(session, args, bytes) : ShowFitted(session, args, bytes);
 }
 
@@ -101,8 +96,7 @@ const Command kCommands[] = {
             R"(A BMP, PNG, JPEG or GIF file, told by its contents, is brought to the size of the face, which the sign tells unless
 --size does, and goes over as a BMP. --fit contain shows all of it, cover fills the face and cuts what is left over,
 stretch fills it and distorts, none leaves the picture as large as it is. The frames of a GIF become a list, each with its
-own time in whole seconds. Anything else is refused, unless --raw sends it unchanged to a sign that knows it.
---timeout, --retries and --chunk do not apply: 3 tries of 3000 ms, packets of 768 bytes.)",
+own time in whole seconds. Anything else is refused, unless --raw sends it unchanged to a sign that knows it.)",
         .examples = R"(vxctl picture --stay 20 logo.bmp
 vxctl picture --fit cover photo.jpeg)",
         .arguments = {ReadFile("FILE", "the picture"), kMode, kStay, kDrive, kFit,

@@ -4,63 +4,43 @@
 #include "vxctl/files/readBack.h"
 #include "vxctl/show/lookAhead.h"
 #include "vxctl/show/showOptions.h"
-
-#include <vxsign/quickshow.h>
+#include "vxctl/show/showing.h"
 
 #include <fstream>
-#include <vector>
+#include <string>
 
 namespace vxctl {
 
 namespace {
 
 // The message goes to the sign with other first bytes than a message file has.
-void VerifyText(Session& session, const Message& message, const Args& args)
+void WriteForSign(const Message& message, const std::string& local)
 {
     constexpr std::string_view kBegin = "\x01Z00\x02\x41\x41";
-    const TemporaryFolder folder;
-    const std::string local = folder.Path() + "message";
     WriteMessage(message, local);
     std::fstream(local, std::ios::binary | std::ios::in | std::ios::out) << kBegin;
-    const char drive = ToE(args) != 0 ? 'E' : DriveOfSign();
-    session.Connect();
-    Verify(session, {std::string(1, drive) + ":\\T\\QMSG.Nmg"}, local);
 }
 
 std::uint32_t ShowText(Session& session, const Args& args)
 {
-    const SignUrl sign = session.Sign();
-    const Options& options = session.options;
     const Message message = MessageOf(args);
     LookAhead(session, args, message);
-    Check(vxShowMsgTimeout(reinterpret_cast<const std::uint8_t*>(message.text.data()),
-                           static_cast<std::uint32_t>(message.text.size()), message.font, message.colour, message.mode,
-                           message.staySeconds, sign.host.c_str(), sign.port, ToE(args), args.Has("--no-play") ? 0 : 1,
-                           static_cast<std::uint8_t>(options.retries), options.timeoutMs, sign.kind,
-                           sign.serialName.c_str(), sign.baudRate, options.destination));
+    const TemporaryFolder folder;
+    const std::string local = folder.Path() + "message";
+    WriteForSign(message, local);
+    const std::string path = ShowMessage(session, args, local, "QMSG.Nmg", !args.Has("--no-play"));
     if (args.Has("--verify"))
-        VerifyText(session, message, args);
+        Verify(session, {path}, local);
     return VX_OK;
 }
 
 std::uint32_t ShowFiles(Session& session, const Args& args)
 {
-    enum : std::uint8_t
-    {
-        kBoth = 0,
-        kFilesAlone = 1,
-        kSequenceAlone = 2
-    };
-    const std::uint8_t what = args.Has("--no-play") ? kFilesAlone : args.Has("--only-play") ? kSequenceAlone : kBoth;
-    const SignUrl sign = session.Sign();
-    std::vector<const char*> paths;
-    for (const std::string& file : args.List("FILE"))
-        paths.push_back(file.c_str());
-    TakeTries(session, 6);
-    return vxShowFilesSpe(paths.data(), static_cast<std::uint32_t>(paths.size()),
-                          static_cast<int>(ParseMode(args.Text("--mode"))), args.Number("--stay"), sign.host.c_str(),
-                          sign.port, ToE(args), sign.kind, sign.serialName.c_str(), sign.baudRate,
-                          session.options.destination, what);
+    const Parts parts = args.Has("--no-play")     ? Parts::kFilesAlone
+                        : args.Has("--only-play") ? Parts::kSequenceAlone
+                                                  : Parts::kAll;
+    ShowList(session, args, args.List("FILE"), parts);
+    return VX_OK;
 }
 
 const Command kCommands[] = {
@@ -69,7 +49,6 @@ const Command kCommands[] = {
         .help = "Show a text",
         .details =
             R"(Fonts, modes and colour codes are the sign's own. Colours by name and #RRGGBB go out as three colour bytes.
---chunk does not apply: text goes out in packets of 768 bytes.
 \n in a text breaks the line, \\n stands for these two characters, and all else goes out as it is. - reads the text from
 standard input, without its last end of line. A text that begins with a dash stands behind "--".
 A text that does not fit the face by the letters of vxsim is told of ahead: the pages that it becomes, words that are broken.)",
@@ -95,8 +74,7 @@ vxctl show -- "-5 C")",
         .help = "Show up to 128 files one after the other",
         .details =
             R"(Mode and stay time become the sign's defaults, for all files alike. The files get the names of this PC, shortened
-to 8.3, and folders by their kind. --timeout, --retries and --chunk do not apply: 6 tries of 3000 ms, packets of 768
-bytes.)",
+to 8.3, and folders by their kind.)",
         .examples = R"(vxctl files --stay 8 welcome.nmg logo.bmp
 vxctl files --no-play next-week.nmg)",
         .arguments = {ReadFile("FILE", "up to 128 files, in their order").Repeated(1, 128), kMode, kStay, kDrive,

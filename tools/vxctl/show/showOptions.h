@@ -2,7 +2,6 @@
 #pragma once
 
 #include "vxctl/cli/args.h"
-#include "vxctl/cli/session.h"
 #include "vxctl/show/showCodes.h"
 
 #include <cstdint>
@@ -24,12 +23,5 @@ inline std::uint32_t ToE(const Args& args)
 
 inline constexpr Argument kFit =
     Choice("--fit", "contain|cover|stretch|none", "how a picture fits the face").Default("contain");
-
-// What the library takes in place of the options.
-inline void TakeTries(Session& session, std::uint32_t tries)
-{
-    session.options.retries = tries;
-    session.options.timeoutMs = 3000;
-}
 
 } // namespace vxctl
