@@ -164,7 +164,7 @@ text 0 preview --text $hostile
 . 0 traffic errors
 . 1 traffic temperatures
 . 1 modbus LC get 1 5 --timeout 50
-. 1 upgrade hello.nmg --timeout 50 --retries 1
+. 1 upgrade hello.nmg --anyway --timeout 50 --retries 1
 . 0 ports
 . 0 error 0x5100
 . 0 raw 1 12

@@ -10,6 +10,7 @@ head -c 20000 /dev/urandom >"$work/firmware"
 start "$work/loader" --bootloader --verbose 2>"$work/told"
 loader=serial:$(sed -n 's/^serial //p' "$work/loader.lines")@115200
 expect 0 -s "$loader" upgrade "$work/firmware"
+says out "waiting up to 90 s for the boot loader at $loader"
 says out "upgrade: 157 blocks, 20.0 kB"
 same "$work/wanted" "$work/loader/sign/firmware.bin"
 grep -q "upgrade: done: 157 blocks, 20096 bytes" "$work/told" || fail "vxsim tells nothing of the upgrade"
@@ -55,5 +56,11 @@ expect 1 -s "$silent" --timeout 50 --retries 1 --json upgrade "$work/firmware"
 member 20736 result
 member "the receiver does not ask for blocks" reason
 expect 2 -s "$silent" upgrade "$work/none"
+# A sign's own line is none for firmware, unless it is meant.
+network=udp://127.0.0.1:$port
+expect 2 -s "$network" upgrade "$work/firmware"
+says err "a boot loader takes firmware on a serial line"
+expect 1 -s "$network" --timeout 50 --retries 1 upgrade --anyway "$work/firmware"
+says err "the receiver does not ask for blocks"
 
 conclude

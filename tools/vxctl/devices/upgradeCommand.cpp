@@ -126,8 +126,28 @@ Outcome Judge(std::uint32_t result, const std::string& steps, bool silent, bool 
     return {};
 }
 
+// Boot loaders listen on serial lines. Through a converter one may be reached over a network too.
+void CheckLine(const Session& session, const Args& args)
+{
+    if (session.Sign().kind != VX_CHANNEL_SERIAL && !args.Has("--anyway"))
+        throw UsageError("a boot loader takes firmware on a serial line, such as -s serial:/dev/ttyUSB0@115200, and "
+                         "not from " +
+                         session.options.url + "; --anyway tries it there");
+}
+
+void TellWait(const Session& session)
+{
+    constexpr std::uint32_t kSteps = 10;
+    const Options& options = session.options;
+    session.report.Line("waiting up to " + std::to_string(kSteps * options.retries * options.timeoutMs / 1000) +
+                        " s for the boot loader at " + options.url +
+                        " to ask for the firmware: start it now, Ctrl-C ends the wait");
+}
+
 std::uint32_t Upgrade(Session& session, const Args& args)
 {
+    CheckLine(session, args);
+    TellWait(session);
     const std::string& file = args.Text("FILE");
     std::uint32_t result = VX_OK;
     double seconds = 0;
@@ -166,11 +186,12 @@ const Command kCommands[] = {
         .name = "upgrade",
         .help = "Send firmware to a boot loader by XMODEM",
         .details =
-            R"(The boot loader asks for the file, normally on a serial line. --timeout and --retries hold for each step; a
-receiver that does not ask is given ten steps.)",
+            R"(The boot loader asks for the file, on a serial line. --timeout and --retries hold for each step; a receiver that does
+not ask is given ten steps.)",
         .examples = R"(vxctl -s serial:/dev/ttyUSB0@115200 upgrade firmware.bin
 vxctl -s serial:/dev/ttyUSB0@115200 --timeout 500 upgrade firmware.bin)",
-        .arguments = {ReadFile("FILE", "the firmware on this PC")},
+        .arguments = {ReadFile("FILE", "the firmware on this PC"),
+                      Flag("--anyway", "try it over UDP or TCP, as through a converter")},
         .line = Line::kOwn,
         .run = Upgrade,
     },
