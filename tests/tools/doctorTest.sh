@@ -85,9 +85,17 @@ badsum=1|2 with a wrong sum
 wrongid=1|2 with the answer to something else
 drop=1|2 silent
 END
-expect 5 -s tcp://127.0.0.1:9 --timeout 100 doctor --exit-code
-says out "2 without connection"
-expect 1 -s tcp://127.0.0.1:9 --timeout 100 doctor
+# What the system knows of a line is said at once, whatever the time for a try.
+for row in "udp://127.0.0.1:9 connection refused by 127.0.0.1:9|nothing listens there" \
+    "tcp://127.0.0.1:9 connection refused by 127.0.0.1:9|nothing listens there" \
+    "serial:/dev/null /dev/null is no serial line|vxctl ports"; do
+    expect 5 -s "${row%% *}" --timeout 60000 doctor --exit-code
+    text=${row#* }
+    says out "wrong     ${text%|*}"
+    says out "${text#*|}"
+    says err "${text%|*}"
+done
+expect 1 -s tcp://127.0.0.1:9 doctor
 start "$work/line" --delay 150
 expect 5 -s "udp://127.0.0.1:$port" --timeout 100 doctor --exit-code
 says out "the sign answers, but later than --timeout"

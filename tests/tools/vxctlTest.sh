@@ -503,7 +503,8 @@ export VXSIGN=udp://127.0.0.1:$(sed -n 's/^udp 127\.0\.0\.1:\([0-9]*\)$/\1/p' "$
 expect 0 doctor
 says out "never checked"
 expect 1 -s udp://127.0.0.1:9 --timeout 50 doctor --json
-member "vxctl ping" findings 0 next
+member "vxctl ping -n 1" findings 0 next
+member "connection refused by 127.0.0.1:9" reason
 for wrong in "log" "log x" "log play --limit 0" "log play --from old" "log radar --from second" "log play --csv --json" \
     "pixels --size 4x4" "pixels --png x --size 4"; do
     # shellcheck disable=SC2086

@@ -18,8 +18,6 @@ namespace vxctl {
 
 namespace {
 
-constexpr int kWaitMs = 500; // for what a host or a router sends back
-
 class Descriptor
 {
 public:
@@ -39,7 +37,7 @@ private:
 };
 
 // The error of a way to the host; 0 when nothing speaks against it.
-int NetworkError(const SignUrl& sign)
+int NetworkError(const SignUrl& sign, int waitMs)
 {
     const int type = sign.kind == VX_CHANNEL_TCP ? SOCK_STREAM : SOCK_DGRAM;
     const Descriptor probe(::socket(AF_INET, type | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
@@ -54,7 +52,7 @@ int NetworkError(const SignUrl& sign)
     if (type == SOCK_DGRAM && ::send(probe.Number(), "", 0, MSG_NOSIGNAL) < 0)
         return errno;
     pollfd wait{probe.Number(), static_cast<short>(type == SOCK_STREAM ? POLLOUT : POLLIN), 0};
-    if (::poll(&wait, 1, kWaitMs) < 1)
+    if (::poll(&wait, 1, waitMs) < 1)
         return 0;
     int error = 0;
     socklen_t size = sizeof error;
@@ -79,9 +77,15 @@ int SerialError(const std::string& device)
     return ::isatty(probe.Number()) != 0 ? 0 : ENOTTY;
 }
 
-LineFault Silence(const Options& options, const std::string& place)
+// The sign, or its end of the line, as people know it.
+std::string PlaceOf(const SignUrl& sign)
 {
-    return {"no answer from " + place + " within " + std::to_string(options.retries) +
+    return sign.kind == VX_CHANNEL_SERIAL ? DeviceOf(sign.serialName) : sign.host + ":" + std::to_string(sign.port);
+}
+
+LineFault Silence(const Options& options)
+{
+    return {"no answer from " + PlaceOf(ParseSignUrl(options.url)) + " within " + std::to_string(options.retries) +
                 (options.retries == 1 ? " try of " : " tries of ") + std::to_string(options.timeoutMs) + " ms",
             std::string(AdviceFor(VX_COMMUNICATION))};
 }
@@ -118,13 +122,18 @@ LineFault FaultOf(int systemError, const std::string& place)
     }
 }
 
-LineFault FindLineFault(const Options& options)
+LineFault LookAtLine(const Options& options, int waitMs)
 {
     const SignUrl typed = ParseSignUrl(options.url);
+    const std::string place = PlaceOf(typed);
     const bool isSerial = typed.kind == VX_CHANNEL_SERIAL;
-    const std::string place = isSerial ? DeviceOf(typed.serialName) : typed.host + ":" + std::to_string(typed.port);
-    LineFault fault = FaultOf(isSerial ? SerialError(place) : NetworkError(Resolve(typed)), place);
-    return fault.reason.empty() ? Silence(options, place) : fault;
+    return FaultOf(isSerial ? SerialError(place) : NetworkError(Resolve(typed), waitMs), place);
+}
+
+LineFault FindLineFault(const Options& options)
+{
+    LineFault fault = LookAtLine(options);
+    return fault.reason.empty() ? Silence(options) : fault;
 }
 
 } // namespace vxctl

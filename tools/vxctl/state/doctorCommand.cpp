@@ -50,7 +50,7 @@ private:
         const LineState line = ExamineLine(session);
         if (line.answered == 0) {
             TellLine(line, session.options, findings);
-            throw SignFailure(line.isAborted ? VX_ABORTED : VX_COMMUNICATION);
+            throw SignFailure(line.isAborted ? VX_ABORTED : VX_COMMUNICATION, line.fault.reason);
         }
         AskForLogin();
         Try("face", &Examination::Face);

@@ -55,7 +55,7 @@ void Findings::Add(const std::string& what, Tone tone, const std::string& text, 
 {
     const DoctorAdvice& advice = AdviceFor(trouble);
     Note(what, tone, text);
-    Tell("cause", "cause:    ", advice.cause.empty() ? toldCause : advice.cause);
+    Tell("cause", "cause:    ", toldCause.empty() ? advice.cause : toldCause);
     Tell("next", "next:     ", NextCommand(advice, brought));
 }
 

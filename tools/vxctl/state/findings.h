@@ -15,8 +15,8 @@ public:
 
     void Add(const std::string& what, const std::string& text) { Add(what, Tone::kFine, text, Trouble::kNone); }
 
-    // The cause is that of the trouble's advice, unless the sign tells it; `brought` goes into the next command.
-    // A plain tone is for what is not known.
+    // The cause is that of the trouble's advice, unless the sign or the system tells it; `brought` goes into the next
+    // command. A plain tone is for what is not known.
     void Add(const std::string& what, Tone tone, const std::string& text, Trouble trouble,
              const std::string& toldCause = {}, const std::string& brought = {});
 

@@ -112,13 +112,22 @@ std::string CountsOf(const LineState& line)
 
 LineState ExamineLine(Session& session)
 {
+    // Over UDP alone a port at which nothing listens is as silent as a sign. What takes longer to come back than this
+    // look shows when nothing has answered.
+    constexpr int kShortLookMs = 100;
     LineState line;
+    if (session.Sign().kind == VX_CHANNEL_UDP)
+        line.fault = LookAtLine(session.options, kShortLookMs);
+    if (!line.fault.reason.empty())
+        return line;
     const std::uint32_t tries = session.options.retries;
     session.options.retries = 1; // so that lost packets are seen
     session.Connect();
     while (line.asked < kQuestions && (line.answered != 0 || line.asked < kEnough) && !line.isAborted)
         AskOnce(line);
-    line.isLate = line.silent == line.asked && !line.isAborted && IsLate(session);
+    if (line.answered == 0 && !line.isAborted)
+        line.fault = LookAtLine(session.options);
+    line.isLate = line.silent == line.asked && !line.isAborted && line.fault.reason.empty() && IsLate(session);
     session.options.retries = tries;
     session.Connect();
     return line;
@@ -126,7 +135,11 @@ LineState ExamineLine(Session& session)
 
 void TellLine(const LineState& line, const Options& options, Findings& findings)
 {
-    const Trouble trouble = TroubleOf(line, options.url.starts_with("serial:"));
+    const bool isSerial = options.url.starts_with("serial:");
+    if (!line.fault.reason.empty())
+        return findings.Add("line", Tone::kWrong, line.fault.reason,
+                            isSerial ? Trouble::kDeadSerialLine : Trouble::kNoConnection, line.fault.advice);
+    const Trouble trouble = TroubleOf(line, isSerial);
     const std::string longer = std::to_string(std::min(options.timeoutMs * 4, kLongestTimeoutMs));
     std::string text = CountsOf(line);
     if (line.answered == 0)

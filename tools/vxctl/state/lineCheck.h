@@ -1,6 +1,7 @@
 // How well the line to a sign works, and what is wrong with it.
 #pragma once
 
+#include "vxctl/cli/lineFault.h"
 #include "vxctl/cli/session.h"
 #include "vxctl/state/findings.h"
 
@@ -13,7 +14,7 @@ struct LineState
 {
     int asked = 0;
     int answered = 0;
-    int unconnected = 0; // no connection was made, or there is no such device
+    int unconnected = 0; // no connection was made
     int silent = 0;
     int noisy = 0;    // bytes came, but no packet
     int damaged = 0;  // a packet with a wrong sum, or a part of one
@@ -21,6 +22,7 @@ struct LineState
     double slowestMs = 0;
     bool isLate = false; // an answer comes after the time for a try
     bool isAborted = false;
+    LineFault fault; // what the system knows of a line on which nothing answers
 };
 
 LineState ExamineLine(Session& session);
