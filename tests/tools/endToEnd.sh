@@ -62,6 +62,7 @@ awaitPort() {
 start() {
     local folder=$1
     shift
+    rm -f "$folder.lines" # of a former one, whose port would be taken for this one's
     "$vxsim" --port 0 --face none --dir "$folder" "$@" >"$folder.lines" &
     sign=$!
     signs+=("$sign")
