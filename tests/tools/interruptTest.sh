@@ -24,7 +24,7 @@ interrupt() {
     local condition=$1 start took status=0
     shift
     set -m # so that the job does not ignore the signal
-    "$vxctl" --timeout 60000 "$@" >"$work/out" 2>"$work/err" </dev/null &
+    "$vxctl" --timeout 60000 "$@" >"$work/out" 2>"$work/err" <"$input" &
     set +m
     process=$!
     await takesSignals "$process"
@@ -37,6 +37,8 @@ interrupt() {
     [ "$took" -lt 6000 ] || fail "Ctrl-C took $took ms: vxctl $*"
     case " $* " in *" --json "*) member 20497 result ;; *) says err "Operation Abort!" ;; esac
 }
+
+input=/dev/null
 
 saysNothingMore() {
     [ "$(wc -l <"$work/err")" -eq 1 ] || fail "there is advice where nothing was left"
@@ -66,6 +68,13 @@ for line in "bright 4" "-s $tcp bright 4" "-s $serial bright 4" "show HELLO" "pi
     case $line in *--json*) ;; *) saysNothingMore ;; esac
 done
 [ ! -e "$work/kept" ] && [ ! -e "$work/kept.part" ] || fail "an interrupted read left something"
+# Nor does it wait for what is not typed.
+input=$work/pipe
+mkfifo "$input"
+exec 9<>"$input"
+interrupt true show -
+interrupt true login operator
+input=/dev/null
 stop "$sign"
 
 # A slow one: a transfer that is under way leaves half a file, a question nothing.

@@ -39,10 +39,12 @@ int CaughtSignal()
 
 void AbortOnInterrupt()
 {
+    if (record.load() != nullptr)
+        return;
     record = static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION));
     struct sigaction action = {};
     action.sa_handler = OnSignal;
-    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+    action.sa_flags = static_cast<int>(SA_RESETHAND); // and what waits for standard input ends too
     ::sigemptyset(&action.sa_mask);
     for (const int signal : {SIGINT, SIGTERM}) {
         // A signal that whoever started the program had ignored, as for a job in the background, stays so.

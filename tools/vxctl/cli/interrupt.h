@@ -3,8 +3,8 @@
 
 namespace vxctl {
 
-// From now on the first SIGINT or SIGTERM sets the abort flag of the calling thread, so that whatever waits for the
-// sign ends at once; the second ends the program.
+// From the first call on the first SIGINT or SIGTERM sets the abort flag of the calling thread, so that whatever waits
+// for the sign ends at once; the second ends the program.
 void AbortOnInterrupt();
 
 // That signal; 0 as long as there was none.

@@ -95,8 +95,6 @@ std::uint32_t Run(const CommandLine& line, const Command& command, Session& sess
     session.options = OptionsOf(args);
     session.report.UseJson(args.Has("--json"));
     session.report.SetHead(command.name, command.line == Line::kNone ? "" : session.options.url);
-    if (command.line != Line::kNone)
-        AbortOnInterrupt();
     if (command.line == Line::kReady)
         session.Connect();
     return command.run(session, args);

@@ -8,7 +8,8 @@ namespace vxctl {
 
 void Session::Connect(vxOnProgress onProgress, vxOnLog onLog) const
 {
-    const SignUrl sign = Sign();
+    const SignUrl sign = Sign(); // which may take its time over a name, and has sent nothing yet
+    AbortOnInterrupt();
     vxApiConfig config{};
     config.kind = sign.kind;
     // Both fit with their ends: a dotted address has 15 characters, and Resolve looks at the serial name.

@@ -96,9 +96,8 @@ private:
 };
 
 // The drive that content goes to.
-char Reach(const Session& session, const Args& args)
+char DriveFor(const Args& args)
 {
-    session.Connect();
     Check(vxInitProperty());
     return ToE(args) != 0 ? 'E' : DriveOfSign();
 }
@@ -108,7 +107,7 @@ char Reach(const Session& session, const Args& args)
 std::string ShowMessage(Session& session, const Args& args, const std::string& local, const std::string& name,
                         bool isPlayed)
 {
-    const char drive = Reach(session, args);
+    const char drive = DriveFor(args);
     Style(drive).Write();
     const std::string path = std::string(1, drive) + ":\\T\\" + name;
     Check(SendFile(session, path, local, vxWriteSpecFile));
@@ -121,7 +120,7 @@ std::string ShowMessage(Session& session, const Args& args, const std::string& l
 
 void ShowList(Session& session, const Args& args, const std::vector<std::string>& files, Parts parts)
 {
-    const char drive = Reach(session, args);
+    const char drive = DriveFor(args);
     Style style(drive);
     style.SetModeAndStay(ParseMode(args.Text("--mode")), args.Number("--stay"));
     style.Write();

@@ -18,7 +18,7 @@ enum class Parts
 };
 
 // Sends a message file under a name such as "QMSG.Nmg" and has the sign play it alone, if that is wanted. Gives its
-// path there. As ShowList it makes the connection and takes --drive; it throws SignFailure.
+// path there. As ShowList it takes --drive, and throws SignFailure.
 std::string ShowMessage(Session& session, const Args& args, const std::string& local, const std::string& name,
                         bool isPlayed);
 
