@@ -85,6 +85,11 @@ written() { [ "$(grep -c "write file" "$work/told")" -gt 3 ]; }
 interrupt written put "$work/file" D:/F/A.BIN
 says err "D:\\F\\A.BIN did not arrive whole: send it again"
 : >"$work/told"
+reading() { grep -q "read file" "$work/told"; }
+head -c 3000 "$work/file" >"$work/short"
+interrupt reading put --verify "$work/short" D:/F/C.BIN
+saysNothingMore
+: >"$work/told"
 interrupt written put --window "$work/file" D:/F/B.BIN
 says err "D:\\F\\B.BIN did not arrive whole: send it again"
 cp "$work/file" "$work/slow/D/A.BIN"

@@ -82,6 +82,7 @@ std::uint32_t Put(Session& session, const Args& args)
     session.leftOver = PartOf(path);
     // The windowed transfer reports its start alone: a bar would stand at 0 until the end.
     Transfer(session, "put " + path, args.Has("--window"), send, local);
+    session.leftOver.clear();
     session.report.Put("path", path);
     if (args.Has("--verify"))
         Verify(session, {path, args.Has("--system")}, local);

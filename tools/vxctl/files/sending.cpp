@@ -3,6 +3,8 @@
 
 #include "vxctl/cli/progressBar.h"
 
+#include <vxsign/result.h>
+
 namespace vxctl {
 
 std::string PartOf(const std::string& path)
@@ -14,7 +16,10 @@ std::uint32_t SendFile(Session& session, const std::string& path, const std::str
 {
     const ProgressBar bar(path, session.report.IsJson());
     session.leftOver = PartOf(path);
-    return send(path.c_str(), local.c_str());
+    const std::uint32_t result = send(path.c_str(), local.c_str());
+    if (result == VX_OK)
+        session.leftOver.clear();
+    return result;
 }
 
 } // namespace vxctl

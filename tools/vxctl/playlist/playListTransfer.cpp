@@ -102,6 +102,8 @@ std::uint32_t Send(Session& session, const Args& args)
         result = args.Has("--index") ? vxPLSpeSendToLED(args.Number<std::uint8_t>("--index"), withFiles)
                                      : vxPLSendToLED(withFiles);
     }
+    if (result == VX_OK)
+        session.leftOver.clear();
     if (withFiles != 0 && !IsLineDown(result))
         CheckArrival(session, list, args.Has("--verify") ? Depth::kContents : Depth::kSize);
     return result;

@@ -79,7 +79,7 @@ public:
         Store(std::span(bytes).subspan(4, 2), ++count);
     }
 
-    std::uint32_t Send(Session& session) const
+    void Send(Session& session) const
     {
         session.leftOver = "the files are on the sign, but do not play: show them once more";
         const TemporaryFolder folder;
@@ -87,7 +87,8 @@ public:
         std::ofstream file(local, std::ios::binary);
         file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
         file.close();
-        return file ? vxWriteSystemFile("SEQUENT.SYS", local.c_str()) : std::uint32_t{VX_OPEN_FILE};
+        Check(file ? vxWriteSystemFile("SEQUENT.SYS", local.c_str()) : std::uint32_t{VX_OPEN_FILE});
+        session.leftOver.clear();
     }
 
 private:
@@ -109,12 +110,12 @@ std::string ShowMessage(Session& session, const Args& args, const std::string& l
 {
     const char drive = DriveFor(args);
     Style(drive).Write();
-    const std::string path = std::string(1, drive) + ":\\T\\" + name;
+    std::string path = std::string(1, drive) + ":\\T\\" + name;
     Check(SendFile(session, path, local, vxWriteSpecFile));
     Sequence sequence;
     sequence.Add(drive, 'T', name);
     if (isPlayed)
-        Check(sequence.Send(session));
+        sequence.Send(session);
     return path;
 }
 
@@ -136,7 +137,7 @@ void ShowList(Session& session, const Args& args, const std::vector<std::string>
         sequence.Add(drive, folder, shortName.data());
     }
     if (parts != Parts::kFilesAlone)
-        Check(sequence.Send(session));
+        sequence.Send(session);
 }
 
 } // namespace vxctl

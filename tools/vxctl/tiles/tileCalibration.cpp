@@ -128,6 +128,7 @@ bool WritePixels(Session& session, const Args& args, const TileShape& shape, con
     SaveTilePixels(pixels, local, FormOfWay(choice.Way()), shape);
     session.leftOver = kPartOfFile;
     WriteTileCalibration(session, choice, local, args.Number<std::uint8_t>("--mode"), args.Bytes("--params"));
+    session.leftOver.clear();
     return choice.Way() != TileWay::kFirst ||
            ReadCalibration(session, choice, shape).coefficients == pixels.coefficients;
 }
