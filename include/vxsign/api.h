@@ -57,8 +57,8 @@ typedef void (*vxOnTempPath)(struct vxApiConfig* config, char* buffer, uint32_t 
  *
  * abortFlag ends whatever waits: for a connection, for an answer, for room to write, between two polls of a long
  * operation. A wait looks at it every 50 ms, and at once behind a signal that comes in the thread; one of the caller's
- * own, in onRead or onWrite, has its time. The command then gives VX_ABORTED, unless its answer is there already. What
- * has reached the sign stays there.
+ * own, in onRead or onWrite, has its time. The next try then gives VX_ABORTED; a last one that was cut short gives
+ * VX_COMMUNICATION, as for any other silence. What has reached the sign stays there.
  */
 typedef struct vxApiConfig
 {

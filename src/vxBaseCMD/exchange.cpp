@@ -106,8 +106,6 @@ std::uint32_t CBaseCMD::Exchange(const std::uint8_t* request, std::uint32_t requ
             return VX_ABORTED;
         const std::uint32_t got = ReceiveFrame(kept, requestLength, reply, kReplySize);
         status = CheckReply(major, minor, reply, got);
-        if (status == kBadReply && Aborted())
-            return VX_ABORTED;
         if (status == kBadReply)
             Log(kFailedTryLine, 6, "Read Data Timeout Or Error");
     }
@@ -160,8 +158,10 @@ void CBaseCMD::Gather(const std::uint8_t* request, std::uint32_t requestLength, 
         reads.Count(fits);
     };
 
+    // The waits of a channel end with the flag; those of onRead are the caller's, and have their reads.
+    const auto isCutShort = [this] { return useChannel != 0 && Aborted(); };
     bool found = false;
-    while (!found && reads.Left() && !Aborted()) {
+    while (!found && reads.Left() && !isCutShort()) {
         if (got < header::kSize && got >= room)
             return;
         if (got < header::kSize) {
@@ -181,7 +181,7 @@ void CBaseCMD::Gather(const std::uint8_t* request, std::uint32_t requestLength, 
         return; // more than there is place for: this try is lost
     if (!pace.sharedPolls)
         reads.BeginAnew();
-    while (got < total && reads.Left() && !Aborted())
+    while (got < total && reads.Left() && !isCutShort())
         append(pace.restMs);
 }
 
