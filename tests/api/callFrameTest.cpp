@@ -1,46 +1,35 @@
 // What stands around every command: the thread's record, its limits, its callbacks.
 #include "support/scriptedSign.h"
-#include "support/tempFolder.h"
 #include "thread/socketSupport.h"
 #include "vxBaseCMD/call.h"
 
 #include <cstring>
-#include <gtest/gtest.h>
 #include <thread>
 
 namespace vxsign::test {
 namespace {
 
-TEST(CallFrame, CorrectsNumbersOutOfRangeForGood)
+using CallFrame = ScriptedTest;
+
+TEST_F(CallFrame, CorrectsNumbersOutOfRangeForGood)
 {
-    struct Limits
-    {
-        std::uint32_t timeoutMs, retries;
-        std::uint16_t dataSize;
-    };
-    const std::pair<Limits, Limits> cases[] = {
-        {{49, 0, 63}, {3000, 3, 768}},
-        {{50, 1, 64}, {50, 1, 64}},
-        {{60000, 100, 1280}, {60000, 100, 1280}},
-        {{60001, 101, 1281}, {3000, 3, 768}},
-    };
+    using Limits = std::tuple<std::uint32_t, std::uint32_t, std::uint16_t>;
+    const Limits standard{3000, 3, 768};
+    const std::pair<Limits, Limits> cases[] = {{{49, 0, 63}, standard},
+                                               {{50, 1, 64}, {50, 1, 64}},
+                                               {{60000, 100, 1280}, {60000, 100, 1280}},
+                                               {{60001, 101, 1281}, standard}};
     for (const auto& [given, kept] : cases) {
-        ScriptedSign sign;
-        sign.otherwise = [](const Packet&) { return Good(); };
-        vxApiConfig& config = sign.Config();
-        config.timeoutMs = given.timeoutMs;
-        config.retries = given.retries;
-        config.dataSize = given.dataSize;
+        auto live = std::tie(sign.Config().timeoutMs, sign.Config().retries, sign.Config().dataSize);
+        live = given;
+        sign.Then(Good());
         vxBlackScreen();
-        EXPECT_EQ(config.timeoutMs, kept.timeoutMs);
-        EXPECT_EQ(config.retries, kept.retries);
-        EXPECT_EQ(config.dataSize, kept.dataSize);
+        EXPECT_EQ(live, kept);
     }
 }
 
-TEST(CallFrame, InitMarksTheRecordWhateverTheCallerLeftThere)
+TEST_F(CallFrame, InitMarksTheRecordWhateverTheCallerLeftThere)
 {
-    ScriptedSign sign;
     vxApiConfig config = sign.MakeConfig();
     config.initialised = 0;
     config.port = 4711;
@@ -53,9 +42,8 @@ TEST(CallFrame, InitMarksTheRecordWhateverTheCallerLeftThere)
     EXPECT_EQ(sign.Config().initialised, 1u);
 }
 
-TEST(CallFrame, WithoutInitNothingIsSentButTheCallbacksRun)
+TEST_F(CallFrame, WithoutInitNothingIsSentButTheCallbacksRun)
 {
-    ScriptedSign sign;
     sign.Config().initialised = 0;
     EXPECT_EQ(vxBlackScreen(), 20736u);
     EXPECT_EQ(sign.opened, 1);
@@ -63,9 +51,8 @@ TEST(CallFrame, WithoutInitNothingIsSentButTheCallbacksRun)
     EXPECT_TRUE(sign.requests.empty());
 }
 
-TEST(CallFrame, AThreadThatWasNeverSetUp)
+TEST_F(CallFrame, AThreadThatWasNeverSetUp)
 {
-    ScriptedSign sign;
     std::uint32_t result = 0;
     vxApiConfig seen{};
     std::thread([&] {
@@ -78,9 +65,8 @@ TEST(CallFrame, AThreadThatWasNeverSetUp)
     EXPECT_EQ(seen.timeoutMs, 3000u) << "its record is put right all the same";
 }
 
-TEST(CallFrame, OneCallbackAloneDoesNotCount)
+TEST_F(CallFrame, OneCallbackAloneDoesNotCount)
 {
-    ScriptedSign sign;
     sign.Config().onWrite = nullptr;
     sign.Config().kind = 9; // no such channel
     EXPECT_EQ(vxBlackScreen(), 20736u);
@@ -88,7 +74,7 @@ TEST(CallFrame, OneCallbackAloneDoesNotCount)
 }
 
 // Every place that calls a callback, with one that throws there.
-TEST(CallFrame, NothingThatACallbackThrowsLeavesAnExport)
+TEST_F(CallFrame, NothingThatACallbackThrowsLeavesAnExport)
 {
     using Config = vxApiConfig;
     using Number = std::uint32_t;
@@ -107,20 +93,13 @@ TEST(CallFrame, NothingThatACallbackThrowsLeavesAnExport)
     constexpr auto convert = [](Config& c) {
         c.onMessageToGif = [](Config*, const char*, const char*, Number, Number) -> Number { throw 1; };
     };
-    constexpr auto folder = [](Config& c) { c.onTempPath = [](Config*, char*, Number) { throw 1; }; };
+    constexpr auto place = [](Config& c) { c.onTempPath = [](Config*, char*, Number) { throw 1; }; };
 
-    const TempFolder temp;
-    const std::string lights = temp.Path("TRAFFICLIGHT.SYS");
+    const std::string lights = folder.Path("TRAFFICLIGHT.SYS");
     const std::uint8_t byte = 1;
     constexpr auto ignore = [](Number, const vxStatusRecord*, const std::uint8_t*, const char*) { return 0U; };
     *ThreadState() = {};
-    struct Row
-    {
-        void (*install)(Config&);
-        std::function<Number()> call;
-        Number result;
-    };
-    const Row rows[] = {
+    const std::tuple<void (*)(Config&), std::function<Number()>, Number> rows[] = {
         {open, [] { return vxBlackScreen(); }, 20736},
         {close, [] { return vxBlackScreen(); }, 0},
         {progress, [&] { return vxUploadBuffer(&byte, 1); }, 20736},
@@ -133,14 +112,14 @@ TEST(CallFrame, NothingThatACallbackThrowsLeavesAnExport)
         {log, [] { return Call<CBaseCMD>([](CBaseCMD&) -> Number { throw 1; }); }, 20736},
         {convert, [] { return vxCurrentMsg2Gif("x", "y"); }, 20736},
         {convert, [&] { return vxReadStatusInfo("x", 1, 0, ignore, 0, 0, 0); }, 20736},
-        {folder, [] { return vxInitProperty(); }, 20737},
+        {place, [] { return vxInitProperty(); }, 20737},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(&row - rows);
-        ScriptedSign sign;
+    int row = 0;
+    for (const auto& [install, call, result] : rows) {
         sign.otherwise = [](const Packet& request) { return request.Major() == 3 ? Refusal(36912) : Good(); };
-        row.install(sign.Config());
-        EXPECT_EQ(row.call(), row.result);
+        sign.Renew();
+        install(sign.Config());
+        EXPECT_EQ(call(), result) << "row " << ++row;
     }
 }
 

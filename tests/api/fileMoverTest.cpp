@@ -1,9 +1,5 @@
 // Files by their names, and the picture of what the sign shows.
 #include "support/scriptedSign.h"
-#include "support/tempFolder.h"
-
-#include <gtest/gtest.h>
-#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -11,34 +7,22 @@ namespace {
 constexpr std::uint32_t kRead = VX_MOVE_READ;
 constexpr std::uint32_t kWrite = VX_MOVE_WRITE;
 
-// What a converter was called with.
-struct Conversion
-{
-    static inline std::string message;
-    static inline std::string gif;
-    static inline std::uint32_t first;
-    static inline std::uint32_t second;
-    static inline int calls;
+// What a converter was called with, one behind the other.
+std::vector<std::string> converted;
 
-    static std::uint32_t Take(vxApiConfig*, const char* messagePath, const char* gifPath, std::uint32_t a,
-                              std::uint32_t b)
-    {
-        message = messagePath;
-        gif = gifPath;
-        first = a;
-        second = b;
-        ++calls;
-        return 99; // does not count
-    }
-};
-
-TEST(FileMover, OrdinaryFilesAndTheConfiguration)
+std::uint32_t Convert(vxApiConfig*, const char* message, const char* gif, std::uint32_t first, std::uint32_t second)
 {
-    const TempFolder folder;
+    converted.push_back(std::string(message) + " " + gif + " " + std::to_string(first) + " " + std::to_string(second));
+    return 99; // does not count
+}
+
+using FileMover = ScriptedTest;
+
+TEST_F(FileMover, OrdinaryFilesAndTheConfiguration)
+{
     const std::string plain = folder.Write("CONFIG.SYS2", "abc");
     const std::string config = folder.Write("Config.sys", "def");
     const Bytes path = FromText("D:\\A") + Hex("00000000");
-    ScriptedSign sign;
 
     sign.Then(2, Good());
     EXPECT_EQ(vxRWFile(plain.c_str(), "D:\\A", kWrite), 0u);
@@ -67,9 +51,8 @@ TEST(FileMover, OrdinaryFilesAndTheConfiguration)
     EXPECT_EQ(vxRWFile(plain.c_str(), "D:\\A", kWrite), 36872u);
 }
 
-TEST(FileMover, WhatItDoesNotMove)
+TEST_F(FileMover, WhatItDoesNotMove)
 {
-    ScriptedSign sign;
     EXPECT_EQ(vxRWFile(nullptr, "D:\\A", kRead), 3u);
     EXPECT_EQ(vxRWFile("A", "D:\\A", 0), 3u);
     EXPECT_EQ(vxRWFile("A", "D:\\A", 3), 3u);
@@ -80,15 +63,10 @@ TEST(FileMover, WhatItDoesNotMove)
     EXPECT_TRUE(sign.requests.empty());
 }
 
-TEST(FileMover, ReadsTheBeaconIntoAFile)
+TEST_F(FileMover, ReadsTheBeaconIntoAFile)
 {
-    const TempFolder folder;
     const std::string file = folder.Path("TrafficLight.sys");
-    const auto contents = [&] {
-        const std::string text = folder.Read("TrafficLight.sys");
-        return Bytes(text.begin(), text.end());
-    };
-    ScriptedSign sign;
+    const auto contents = [&] { return FromText(folder.Read("TrafficLight.sys")); };
     sign.Then(Good(Hex("0102030405060708"))).Then(Good(Hex("A1A2A3A4"))).Then(Refusal(36881));
     EXPECT_EQ(vxRWFile(file.c_str(), nullptr, kRead), 0u);
     EXPECT_EQ(contents(), Hex("4C54 0100 14000000 00000000 0102030405060708"));
@@ -101,15 +79,11 @@ TEST(FileMover, ReadsTheBeaconIntoAFile)
     EXPECT_EQ(sign.progress.size(), 3u);
 }
 
-TEST(FileMover, SetsTheBeaconFromAFile)
+TEST_F(FileMover, SetsTheBeaconFromAFile)
 {
-    const TempFolder folder;
     const auto write = [&](const Bytes& bytes) {
-        const std::string file =
-            folder.Write("TRAFFICLIGHT.SYS", {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-        return vxRWFile(file.c_str(), nullptr, kWrite);
+        return vxRWFile(folder.Write("TRAFFICLIGHT.SYS", ToText(bytes)).c_str(), nullptr, kWrite);
     };
-    ScriptedSign sign;
     EXPECT_EQ(vxRWFile(folder.Path("TRAFFICLIGHT.SYS").c_str(), nullptr, kWrite), 20737u);
     sign.Then(Good()).Then(Refusal(36912));
     EXPECT_EQ(write(Hex("4C54 0100 14000000 00000000 0102030405060708 99")), 0u);
@@ -122,7 +96,7 @@ TEST(FileMover, SetsTheBeaconFromAFile)
     EXPECT_EQ(sign.requests.size(), 2u);
 }
 
-TEST(CurrentMessage, IsConvertedByTheCaller)
+TEST_F(FileMover, TheCurrentMessageIsConvertedByTheCaller)
 {
     using Row = std::tuple<Answer, std::uint32_t, std::string>;
     for (const auto& [answer, result, message] :
@@ -132,34 +106,28 @@ TEST(CurrentMessage, IsConvertedByTheCaller)
           Row{Good(), 0, "tmp\\"}, Row{Good(Bytes(1020, 'A')), 0, "tmp\\" + std::string(256, 'A')},
           Row{Refusal(26369), 26369, "tmp\\__BLANK.VXB"}}) {
         SCOPED_TRACE(message);
-        ScriptedSign sign;
-        sign.Config().onMessageToGif = Conversion::Take;
-        Conversion::calls = 0;
+        sign.Renew();
+        sign.Config().onMessageToGif = Convert;
+        converted.clear();
         sign.Then(2, answer);
         EXPECT_EQ(vxCurrentMsg2Gif("tmp", "out.gif"), result);
         EXPECT_EQ(vxRWFile("/x/monitor.gif", "tmp", kWrite), result);
-        EXPECT_EQ(sign.requests[1].Major(), 6);
-        EXPECT_EQ(sign.requests[1].Minor(), 7);
-        EXPECT_EQ(Conversion::calls, 2);
-        EXPECT_EQ(Conversion::message, message);
-        EXPECT_EQ(Conversion::gif, "/x/monitor.gif");
-        EXPECT_EQ(Conversion::first, 20u);
-        EXPECT_EQ(Conversion::second, 1000u);
+        EXPECT_EQ(sign.Road(), "6.7 6.7");
+        EXPECT_EQ(converted, (std::vector{message + " out.gif 20 1000", message + " /x/monitor.gif 20 1000"}));
     }
 }
 
-TEST(CurrentMessage, WithoutConverterOrSign)
+TEST_F(FileMover, NoMessageWithoutConverterOrSign)
 {
-    ScriptedSign sign;
     sign.Then(Good(FromText("A.NMG"))).Then(Refusal(26369));
     EXPECT_EQ(vxCurrentMsg2Gif("tmp", "out.gif"), 0u);
     EXPECT_EQ(vxCurrentMsg2Gif("tmp", "out.gif"), 26369u);
-    sign.Config().onMessageToGif = Conversion::Take;
-    Conversion::calls = 0;
+    sign.Config().onMessageToGif = Convert;
+    converted.clear();
     sign.Then(Refusal(26370));
     EXPECT_EQ(vxCurrentMsg2Gif("tmp", "out.gif"), 26370u);
     EXPECT_EQ(vxRWFile("MONITOR.GIF", nullptr, kRead), 2u);
-    EXPECT_EQ(Conversion::calls, 0);
+    EXPECT_TRUE(converted.empty());
 }
 
 } // namespace

@@ -1,187 +1,157 @@
 // What the thread learns of its sign, and the settings inside the sign's "CONFIG.SYS".
 #include "support/scriptedSign.h"
-#include "support/tempFolder.h"
+#include "thread/threadRecords.h"
 
-#include <cstdlib>
 #include <cstring>
-#include <gtest/gtest.h>
-#include <thread>
 
 namespace vxsign::test {
 namespace {
 
 Bytes Config()
 {
-    Bytes config(320, 0x11); // longer than what is kept
-    config[16] = 0;
-    config[17] = 2;
-    config[32] = 0xA1;
-    config[33] = 0xA2;
-    const Bytes first = Hex("0A31FEA9"); // 169.254.49.10, last octet first
-    std::copy(first.begin(), first.end(), config.begin() + 36);
-    const Bytes second = Hex("01020304");
-    std::copy(second.begin(), second.end(), config.begin() + 136);
-    std::copy(second.rbegin(), second.rend(), config.begin() + 140);
-    config[152] = config[153] = config[154] = 0;
-    config[155] = 0x08; // bit 27
-    config[186] = 0x30;
-    config[187] = 0x25;
-    return config;
+    return Bytes(16, 0x11) + Hex("0002") + Bytes(14, 0x11) +
+           Hex("A1A2 1111 0A31FEA9") + // 169.254.49.10, last octet first
+           Bytes(96, 0x11) + Hex("01020304 04030201") + Bytes(8, 0x11) + Hex("00000008") + // bit 27
+           Bytes(30, 0x11) + Hex("3025") + Bytes(132, 0x11);
 }
 
 Answer Style()
 {
-    Bytes style(52, 0x22);
-    style[2] = 'E';
-    return Good(style);
+    return Good(Bytes(2, 0x22) + FromText("E") + Bytes(49, 0x22));
 }
 
 Answer ConfigFile()
 {
-    const Bytes config = Config();
-    return Good(Hex("00000000 40010000"), config);
+    return Good(Hex("00000000 40010000"), Config());
 }
 
-// Each test on a thread of its own: the record of the sign is the thread's.
-void OnFreshThread(const std::function<void(ScriptedSign&)>& test)
+// The record of the sign is the thread's: each test begins without.
+class Properties : public ScriptedTest
 {
-    std::thread([&] {
-        ScriptedSign sign;
-        test(sign);
-    }).join();
+protected:
+    Properties() { *ThreadState() = {}; }
+    ~Properties() override { *ThreadState() = {}; }
+};
+
+TEST_F(Properties, AreUnsetUntilTheSignWasRead)
+{
+    std::uint8_t out[4];
+    EXPECT_EQ(vxGetProperty(out, 4, 1), 3u);
+    sign.Then(Style()).Then(Refusal(36872));
+    EXPECT_EQ(vxInitProperty(), 36872u);
+    EXPECT_EQ(vxGetProperty(out, 4, 1), 3u);
+    sign.Then(Refusal(36912));
+    EXPECT_EQ(vxInitProperty(), 36912u);
 }
 
-TEST(Properties, AreUnsetUntilTheSignWasRead)
+TEST_F(Properties, ByKind)
 {
-    OnFreshThread([](ScriptedSign& sign) {
-        std::uint8_t out[4];
-        EXPECT_EQ(vxGetProperty(out, 4, 1), 3u);
-        sign.Then(Style()).Then(Refusal(36872));
-        EXPECT_EQ(vxInitProperty(), 36872u);
-        EXPECT_EQ(vxGetProperty(out, 4, 1), 3u);
-        sign.Then(Refusal(36912));
-        EXPECT_EQ(vxInitProperty(), 36912u);
-    });
+    sign.Then(Style()).Then(ConfigFile()).Then(Style());
+    EXPECT_EQ(vxInitProperty(), 0u);
+    Bytes out(400, 0xEE);
+    EXPECT_EQ(vxGetProperty(out.data(), 4, VX_PROPERTY_HAS_DRIVE_F), 0u);
+    EXPECT_EQ(Part(out, 0, 5), Hex("01000000EE"));
+    EXPECT_EQ(vxGetProperty(out.data(), 1, VX_PROPERTY_CONTENT_SOURCE), 0u);
+    EXPECT_EQ(out[0], 'E');
+    EXPECT_EQ(vxGetProperty(out.data(), 1, VX_PROPERTY_SEQUENCE_FORM), 0u);
+    EXPECT_EQ(out[0], 1);
+    EXPECT_EQ(vxGetProperty(out.data(), 360, VX_PROPERTY_DISPLAY_STYLE), 0u);
+    EXPECT_EQ(out[0], 0x22);
+    EXPECT_EQ(out[52 + 17], 2) << "the configuration lies behind the style";
+    EXPECT_EQ(out[359], 0) << "and nothing behind that";
+    EXPECT_EQ(out[360], 0xEE);
+
+    out.assign(4, 0xEE);
+    EXPECT_EQ(vxGetProperty(out.data(), 2, VX_PROPERTY_HAS_DRIVE_F), 0u);
+    EXPECT_EQ(out, Hex("0100EEEE"));
+    out.assign(4, 0xEE);
+    EXPECT_EQ(vxGetProperty(out.data(), 4, 5), 0u);
+    EXPECT_EQ(out, Bytes(4, 0xEE));
+    EXPECT_EQ(vxGetProperty(nullptr, 4, 1), 3u);
+    EXPECT_EQ(vxGetProperty(out.data(), 0, 1), 3u);
 }
 
-TEST(Properties, ByKind)
+TEST_F(Properties, TheCommunicationSetReadAndAfterwardsReadAfresh)
 {
-    OnFreshThread([](ScriptedSign& sign) {
+    vxCommunicationSet set{};
+    for (int round = 0; round < 2; ++round) {
         sign.Then(Style()).Then(ConfigFile()).Then(Style());
-        EXPECT_EQ(vxInitProperty(), 0u);
-        Bytes out(400, 0xEE);
-        EXPECT_EQ(vxGetProperty(out.data(), 4, VX_PROPERTY_HAS_DRIVE_F), 0u);
-        EXPECT_EQ(Bytes(out.begin(), out.begin() + 5), Hex("01000000EE"));
-        EXPECT_EQ(vxGetProperty(out.data(), 1, VX_PROPERTY_CONTENT_SOURCE), 0u);
-        EXPECT_EQ(out[0], 'E');
-        EXPECT_EQ(vxGetProperty(out.data(), 1, VX_PROPERTY_SEQUENCE_FORM), 0u);
-        EXPECT_EQ(out[0], 1);
-        EXPECT_EQ(vxGetProperty(out.data(), 360, VX_PROPERTY_DISPLAY_STYLE), 0u);
-        EXPECT_EQ(out[0], 0x22);
-        EXPECT_EQ(out[52 + 17], 2) << "the configuration lies behind the style";
-        EXPECT_EQ(out[359], 0) << "and nothing behind that";
-        EXPECT_EQ(out[360], 0xEE);
-
-        out.assign(4, 0xEE);
-        EXPECT_EQ(vxGetProperty(out.data(), 2, VX_PROPERTY_HAS_DRIVE_F), 0u);
-        EXPECT_EQ(out, Hex("0100EEEE"));
-        out.assign(4, 0xEE);
-        EXPECT_EQ(vxGetProperty(out.data(), 4, 5), 0u);
-        EXPECT_EQ(out, Bytes(4, 0xEE));
-        EXPECT_EQ(vxGetProperty(nullptr, 4, 1), 3u);
-        EXPECT_EQ(vxGetProperty(out.data(), 0, 1), 3u);
-    });
+        EXPECT_EQ(vxReadCommunicationSet(&set), 0u);
+    }
+    EXPECT_STREQ(set.address, "169.254.49.10");
+    EXPECT_STREQ(set.secondAddress, "4.3.2.1");
+    EXPECT_STREQ(set.thirdAddress, "1.2.3.4");
+    EXPECT_EQ(set.port, 0x2530);
+    EXPECT_EQ(set.firstSetting, 0xA1);
+    EXPECT_EQ(set.secondSetting, 0xA2);
+    sign.Then(Refusal(36912));
+    EXPECT_EQ(vxReadCommunicationSet(&set), 36912u);
 }
 
-TEST(CommunicationSet, ReadAndAfterwardsReadAfresh)
+TEST_F(Properties, TheCommunicationSetWriteChangesWhatItNames)
 {
-    OnFreshThread([](ScriptedSign& sign) {
-        vxCommunicationSet set{};
-        for (int round = 0; round < 2; ++round) {
-            sign.Then(Style()).Then(ConfigFile()).Then(Style());
-            EXPECT_EQ(vxReadCommunicationSet(&set), 0u);
-        }
-        EXPECT_STREQ(set.address, "169.254.49.10");
-        EXPECT_STREQ(set.secondAddress, "4.3.2.1");
-        EXPECT_STREQ(set.thirdAddress, "1.2.3.4");
-        EXPECT_EQ(set.port, 0x2530);
-        EXPECT_EQ(set.firstSetting, 0xA1);
-        EXPECT_EQ(set.secondSetting, 0xA2);
-        sign.Then(Refusal(36912));
-        EXPECT_EQ(vxReadCommunicationSet(&set), 36912u);
-    });
+    vxCommunicationSet set{};
+    std::strcpy(set.address, "10.20.30.40");
+    std::strcpy(set.secondAddress, "");
+    std::memcpy(set.thirdAddress, "255.255.255.2551", 16); // no terminator, and no address
+    set.port = 9520;
+    set.firstSetting = 1;
+    set.secondSetting = 2;
+    sign.Then(Style()).Then(ConfigFile()).Then(Style());
+    EXPECT_EQ(vxWriteCommunicationSet(&set), 2u);
+    EXPECT_EQ(sign.requests.back().Major(), 1) << "nothing was written";
+
+    std::strcpy(set.thirdAddress, "255.0.0.1");
+    sign.Then(Style()).Then(Good());
+    EXPECT_EQ(vxWriteCommunicationSet(&set), 0u);
+    const Packet& write = sign.requests.back();
+    EXPECT_EQ(write.Major(), 2);
+    EXPECT_EQ(write.Minor(), 2);
+    const Bytes record = write.Payload();
+    EXPECT_EQ(Part(record, 0, 12), FromText("CONFIG.SYS") + Bytes(2));
+    Bytes expected = Config();
+    expected.resize(300);
+    const auto put = [&](std::size_t at, const Bytes& bytes) {
+        std::copy(bytes.begin(), bytes.end(), expected.begin() + static_cast<std::ptrdiff_t>(at));
+    };
+    put(32, Hex("0102"));
+    put(36, Hex("281E140A"));
+    put(140, Hex("010000FF"));
+    put(186, Hex("3025"));
+    EXPECT_EQ(write.Extended(), expected) << "an empty address leaves the sign's own";
 }
 
-TEST(CommunicationSet, WriteChangesWhatItNames)
+TEST_F(Properties, TheCommunicationSetFormsOfAnAddress)
 {
-    OnFreshThread([](ScriptedSign& sign) {
+    sign.Then(Style()).Then(ConfigFile()).Then(Style());
+    EXPECT_EQ(vxInitProperty(), 0u);
+    for (const char* const text : {"10.20.30.40", " 10.\t20. 30.40", "010.020.0030.00040", "10.20.30.40 and more",
+                                   "10.20.30.40.50", "+10.20.30.40-"}) {
         vxCommunicationSet set{};
-        std::strcpy(set.address, "10.20.30.40");
-        std::strcpy(set.secondAddress, "");
-        std::memcpy(set.thirdAddress, "255.255.255.2551", 16); // no terminator, and no address
-        set.port = 9520;
-        set.firstSetting = 1;
-        set.secondSetting = 2;
-        sign.Then(Style()).Then(ConfigFile()).Then(Style());
-        EXPECT_EQ(vxWriteCommunicationSet(&set), 2u);
-        EXPECT_EQ(sign.requests.back().Major(), 1) << "nothing was written";
-
-        std::strcpy(set.thirdAddress, "255.0.0.1");
+        std::strcpy(set.address, text);
         sign.Then(Style()).Then(Good());
-        EXPECT_EQ(vxWriteCommunicationSet(&set), 0u);
-        const Packet& write = sign.requests.back();
-        EXPECT_EQ(write.Major(), 2);
-        EXPECT_EQ(write.Minor(), 2);
-        const Bytes record = write.Payload();
-        EXPECT_EQ(Bytes(record.begin(), record.begin() + 12), FromText("CONFIG.SYS") + Bytes(2));
-        Bytes expected = Config();
-        expected.resize(300);
-        const auto put = [&](std::size_t at, const Bytes& bytes) {
-            std::copy(bytes.begin(), bytes.end(), expected.begin() + static_cast<std::ptrdiff_t>(at));
-        };
-        put(32, Hex("0102"));
-        put(36, Hex("281E140A"));
-        put(140, Hex("010000FF"));
-        put(186, Hex("3025"));
-        EXPECT_EQ(write.Extended(), expected) << "an empty address leaves the sign's own";
-    });
-}
-
-TEST(CommunicationSet, FormsOfAnAddress)
-{
-    OnFreshThread([](ScriptedSign& sign) {
-        sign.Then(Style()).Then(ConfigFile()).Then(Style());
-        EXPECT_EQ(vxInitProperty(), 0u);
-        for (const char* const text : {"10.20.30.40", " 10.\t20. 30.40", "010.020.0030.00040", "10.20.30.40 and more",
-                                       "10.20.30.40.50", "+10.20.30.40-"}) {
-            vxCommunicationSet set{};
-            std::strcpy(set.address, text);
-            sign.Then(Style()).Then(Good());
-            EXPECT_EQ(vxWriteCommunicationSet(&set), 0u) << text;
-            const Bytes written = sign.requests.back().Extended();
-            ASSERT_EQ(written.size(), 300u) << text;
-            EXPECT_EQ(Bytes(written.begin() + 36, written.begin() + 40), Hex("281E140A")) << text;
-        }
-        for (const char* const text :
-             {" ", "x", "10", "10.20.30", "10.20.30.", "10.20.30.256", "10 .20.30.40", "-1.2.3.4", "99999999999.2.3.4",
-              "4294967297.2.3.4", "18446744073709551617.2.3.4", "10,20,30,40"}) {
-            vxCommunicationSet set{};
-            std::strcpy(set.address, text);
-            sign.Then(Style());
-            EXPECT_EQ(vxWriteCommunicationSet(&set), 2u) << text;
-        }
-    });
-}
-
-TEST(CommunicationSet, AnUnreachableSignCountsAsWritten)
-{
-    OnFreshThread([](ScriptedSign& sign) {
+        EXPECT_EQ(vxWriteCommunicationSet(&set), 0u) << text;
+        const Bytes written = sign.requests.back().Extended();
+        ASSERT_EQ(written.size(), 300u) << text;
+        EXPECT_EQ(Part(written, 36, 4), Hex("281E140A")) << text;
+    }
+    for (const char* const text :
+         {" ", "x", "10", "10.20.30", "10.20.30.", "10.20.30.256", "10 .20.30.40", "-1.2.3.4", "99999999999.2.3.4",
+          "4294967297.2.3.4", "18446744073709551617.2.3.4", "10,20,30,40"}) {
         vxCommunicationSet set{};
-        sign.Then(Refusal(36912));
-        EXPECT_EQ(vxWriteCommunicationSet(&set), 0u);
-        EXPECT_EQ(sign.requests.size(), 1u);
-        EXPECT_EQ(vxWriteCommunicationSet(nullptr), 2u);
-    });
+        std::strcpy(set.address, text);
+        sign.Then(Style());
+        EXPECT_EQ(vxWriteCommunicationSet(&set), 2u) << text;
+    }
+}
+
+TEST_F(Properties, TheCommunicationSetAnUnreachableSignCountsAsWritten)
+{
+    vxCommunicationSet set{};
+    sign.Then(Refusal(36912));
+    EXPECT_EQ(vxWriteCommunicationSet(&set), 0u);
+    EXPECT_EQ(sign.requests.size(), 1u);
+    EXPECT_EQ(vxWriteCommunicationSet(nullptr), 2u);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "channels/VXClientUDP.h"
 #include "platform/serialLine.h"
 #include "platform/sockets.h"
+#include "support/bytes.h"
 #include "support/servedSign.h"
 #include "support/tempFolder.h"
 #include "support/udpPeer.h"
@@ -16,28 +17,31 @@
 #include <fcntl.h>
 #include <functional>
 #include <future>
-#include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <pty.h>
 #include <sys/socket.h>
 #include <sys/time.h>
 #include <system_error>
 #include <thread>
+#include <tuple>
 
 namespace vxsign::test {
 namespace {
 
-vxApiConfig ConfigFor(std::uint32_t kind, const std::string& host, std::uint16_t port, const std::string& serial = {})
+// Sets the thread's library up for one try.
+vxApiConfig& Use(std::uint32_t kind, const std::string& host, std::uint16_t port, const std::string& serial = {},
+                 std::uint32_t timeoutMs = 1000)
 {
     vxApiConfig config{};
     config.kind = kind;
     config.port = port;
     config.retries = 1;
-    config.timeoutMs = 1000;
+    config.timeoutMs = timeoutMs;
     config.baudRate = 115200;
     std::snprintf(config.host, sizeof config.host, "%s", host.c_str());
     std::snprintf(config.serialName, sizeof config.serialName, "%s", serial.c_str());
-    return config;
+    vxInitAPI(&config);
+    return *static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION));
 }
 
 constexpr std::uint32_t kPatienceMs = 60000;
@@ -69,26 +73,18 @@ TEST(Channels, CarryFilesBothWays)
 {
     const ServedSign sign;
     const TempFolder folder;
-    std::string content(4000, '\0');
-    for (std::size_t i = 0; i < content.size(); ++i)
-        content[i] = static_cast<char>(i * 31 + i / 256);
+    const std::string content = ToText(Ramp(4000));
     const std::string file = folder.Write("up", content);
     const std::string back = folder.Path("down");
-    const vxApiConfig configs[] = {
-        ConfigFor(VX_CHANNEL_UDP, "127.0.0.1", sign.Port()),
-        ConfigFor(VX_CHANNEL_TCP, "127.0.0.1", sign.Port()),
-        ConfigFor(VX_CHANNEL_SERIAL, "", 0, sign.SerialPath()),
-    };
-    for (vxApiConfig config : configs) {
-        SCOPED_TRACE(config.kind);
-        config.dataSize = 1280;
-        vxInitAPI(&config);
-        const std::string path = "D:\\T\\FILE" + std::to_string(config.kind);
+    for (const std::uint32_t kind : {VX_CHANNEL_UDP, VX_CHANNEL_TCP, VX_CHANNEL_SERIAL}) {
+        SCOPED_TRACE(kind);
+        Use(kind, "127.0.0.1", sign.Port(), sign.SerialPath()).dataSize = 1280;
+        const std::string path = "D:\\T\\FILE" + std::to_string(kind);
         EXPECT_EQ(vxWriteSpecFileEx(path.c_str(), file.c_str()), 0u);
         EXPECT_EQ(vxReadSpecPathFileEx(path.c_str(), back.c_str()), 0u);
         EXPECT_EQ(folder.Read("down"), content);
         EXPECT_EQ(vxWriteFileOptimize((path + "W").c_str(), file.c_str()), 0u);
-        EXPECT_EQ(sign.Read("D/T/FILE" + std::to_string(config.kind) + "W"), content);
+        EXPECT_EQ(sign.Read("D/T/FILE" + std::to_string(kind) + "W"), content);
         EXPECT_EQ(vxInitProperty(), 0u);
         EXPECT_EQ(vxGetDirLongFileEx("D:\\T", back.c_str()), 0u) << "a call inside a call has a channel of its own";
     }
@@ -108,10 +104,7 @@ TEST(Channels, FaultsOnTheLineCostTriesAlone)
     const std::string file = folder.Write("up", content);
     for (const std::uint32_t kind : {VX_CHANNEL_UDP, VX_CHANNEL_TCP}) {
         SCOPED_TRACE(kind);
-        vxApiConfig config = ConfigFor(kind, "127.0.0.1", sign.Port());
-        config.retries = 100;
-        config.timeoutMs = 50;
-        vxInitAPI(&config);
+        Use(kind, "127.0.0.1", sign.Port(), {}, 50).retries = 100;
         EXPECT_EQ(vxWriteSpecFileEx("D:\\T\\A", file.c_str()), 0u);
         EXPECT_EQ(vxReadSpecPathFileEx("D:\\T\\A", folder.Path("down").c_str()), 0u);
         EXPECT_EQ(folder.Read("down"), content);
@@ -123,8 +116,7 @@ TEST(Channels, AddressesAreReadInEveryFormOfTheSystem)
     const ServedSign sign;
     for (const char* const host : {"127.1", "0177.0.0.1", "0x7f000001", "127.0.0.1 sign", "127.000.000.001 "})
         for (const std::uint32_t kind : {VX_CHANNEL_UDP, VX_CHANNEL_TCP}) {
-            const vxApiConfig config = ConfigFor(kind, host, sign.Port());
-            vxInitAPI(&config);
+            Use(kind, host, sign.Port());
             EXPECT_EQ(vxBlackScreen(), 0u) << host << " over kind " << kind;
         }
     EXPECT_EQ(platform::ParseIpv4("010.0.0.255"), 0x080000FFu);
@@ -141,30 +133,26 @@ TEST(Channels, SignsThatCannotBeReached)
         const UdpPeer peer([](const Bytes&) { return Bytes(); });
         deadPort = peer.Port();
     }
-    std::string full(32, '1');
-    for (vxApiConfig config : {
-             ConfigFor(VX_CHANNEL_TCP, "127.0.0.1", deadPort),
-             ConfigFor(VX_CHANNEL_TCP, "", 1),
-             ConfigFor(VX_CHANNEL_TCP, "localhost", 1),
-             ConfigFor(VX_CHANNEL_TCP, "127.0.0.1.2", 1),
-             ConfigFor(VX_CHANNEL_SERIAL, "", 0, "/dev/null"),
-             ConfigFor(VX_CHANNEL_SERIAL, "", 0, "COM77777777"),
-             ConfigFor(VX_CHANNEL_SERIAL, "", 0, ""),
-             ConfigFor(3, "127.0.0.1", 1),
-         }) {
-        SCOPED_TRACE(std::string(config.host) + config.serialName);
-        vxInitAPI(&config);
+    const std::tuple<std::uint32_t, const char*, std::uint16_t, const char*> rows[] = {
+        {VX_CHANNEL_TCP, "127.0.0.1", deadPort, ""},
+        {VX_CHANNEL_TCP, "", 1, ""},
+        {VX_CHANNEL_TCP, "localhost", 1, ""},
+        {VX_CHANNEL_TCP, "127.0.0.1.2", 1, ""},
+        {VX_CHANNEL_SERIAL, "", 0, "/dev/null"},
+        {VX_CHANNEL_SERIAL, "", 0, "COM77777777"},
+        {VX_CHANNEL_SERIAL, "", 0, ""},
+        {3, "127.0.0.1", 1, ""}};
+    for (const auto& [kind, host, port, serial] : rows) {
+        SCOPED_TRACE(std::string(host) + serial);
+        vxApiConfig& config = Use(kind, host, port, serial);
         EXPECT_EQ(vxBlackScreen(), 20736u);
         // A host that fills its field, without terminator.
-        std::copy(full.begin(), full.end(), config.host);
+        std::fill(std::begin(config.host), std::end(config.host), '1');
         std::fill(std::begin(config.serialName), std::end(config.serialName), 'y');
-        vxInitAPI(&config);
         EXPECT_EQ(vxBlackScreen(), 20736u);
     }
     // Nobody answers a datagram to a host that is none; the reads still wait their time.
-    vxApiConfig config = ConfigFor(VX_CHANNEL_UDP, "no.such.sign", 1);
-    config.timeoutMs = 50;
-    vxInitAPI(&config);
+    Use(VX_CHANNEL_UDP, "no.such.sign", 1, {}, 50);
     EXPECT_EQ(vxBlackScreen(), 20736u);
 }
 
@@ -221,10 +209,7 @@ protected:
 
 TEST_F(SilentHost, CostsNoMoreThanTheTriesOfTheCommand)
 {
-    vxApiConfig config = ConfigFor(VX_CHANNEL_TCP, "127.0.0.1", listener.port);
-    config.retries = 2;
-    config.timeoutMs = 50;
-    vxInitAPI(&config);
+    Use(VX_CHANNEL_TCP, "127.0.0.1", listener.port, {}, 50).retries = 2;
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(vxBlackScreen(), 20736u);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(30)) << "not the time of the system";
@@ -379,10 +364,10 @@ TEST_F(StandStill, EndsWithTheFlag)
     VXClientTCP filler;
     ASSERT_TRUE(filler.Open(0, "127.0.0.1", full.port, kPatienceMs));
     const std::string file = folder.Write("file", "x");
-    const vxApiConfig udp = ConfigFor(VX_CHANNEL_UDP, "127.0.0.1", mute.Port());
-    const vxApiConfig tcp = ConfigFor(VX_CHANNEL_TCP, "127.0.0.1", silent.port);
-    const vxApiConfig unconnected = ConfigFor(VX_CHANNEL_TCP, "127.0.0.1", full.port);
-    const vxApiConfig serial = ConfigFor(VX_CHANNEL_SERIAL, "", 0, path);
+    const vxApiConfig udp = Use(VX_CHANNEL_UDP, "127.0.0.1", mute.Port());
+    const vxApiConfig tcp = Use(VX_CHANNEL_TCP, "127.0.0.1", silent.port);
+    const vxApiConfig unconnected = Use(VX_CHANNEL_TCP, "127.0.0.1", full.port);
+    const vxApiConfig serial = Use(VX_CHANNEL_SERIAL, "", 0, path);
     const Export modbus = [] { return vxMB_LCGet(1, 0, nullptr); };
     const Export plain = [] { return vxWriteCmdBuf(reinterpret_cast<const std::uint8_t*>("x"), 1); };
     const std::tuple<const char*, vxApiConfig, Export, std::uint32_t> rows[] = {

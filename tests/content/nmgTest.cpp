@@ -5,13 +5,10 @@
 #include <vxsign/content.h>
 #include <vxsign/result.h>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace vxsign;
 using namespace std::string_literals;
-using test::TempFolder;
 
 const std::uint8_t* Bytes(const std::string& text)
 {
@@ -23,9 +20,10 @@ std::string Text(const std::vector<std::uint8_t>& bytes)
     return {bytes.begin(), bytes.end()};
 }
 
-TEST(Nmg, TextFile)
+using Nmg = vxsign::test::FolderTest;
+
+TEST_F(Nmg, TextFile)
 {
-    const TempFolder folder;
     const std::string path = folder.Path("a.nmg");
     const std::string text = "HELLO\0\x04 42"s;
     EXPECT_EQ(vxShowMsgToNmg(Bytes(text), 10, path.c_str(), '5', '3', 'A', 5), 0u);
@@ -35,25 +33,24 @@ TEST(Nmg, TextFile)
                                     "20005HELLO\0\x04 42\x04"s);
 }
 
-TEST(Nmg, PictureHeaders)
+TEST_F(Nmg, PictureHeaders)
 {
-    EXPECT_EQ(Text(nmg::PictureHeader(nmg::Form::kTransmission, {'7', 12}, 0x04030201)),
-              "\x01Z00\x02"
-              "AA\nI7\nO7\x0E"
-              "20012\x14\x40"
-              "0\x04RC\x01\0\x01"
-              "0\0\0\x01\x02\x03\x04\x28\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"s);
-    EXPECT_EQ(Text(nmg::PictureHeader(nmg::Form::kFile, {'7', 12}, 0x04030201)),
-              "QZ00SAX\x1A"
-              "1\x1C/\xFF\xFF\xFF\nI7\nO7\x0E"
-              "20012\x14\x40"
-              "0\x04RC\x01\0\x01"
-              "0\0\0\x01\x02\x03\x04\x28\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"s);
+    const std::string rest = "\nI7\nO7\x0E"
+                             "20012\x14\x40"
+                             "0\x04RC\x01\0\x01"
+                             "0\0\0\x01\x02\x03\x04\x28"s +
+                             std::string(27, '\0');
+    EXPECT_EQ(Text(nmg::PictureHeader(nmg::Form::kTransmission, {'7', 12}, 0x04030201)), "\x01Z00\x02"
+                                                                                         "AA" +
+                                                                                             rest);
+    EXPECT_EQ(Text(nmg::PictureHeader(nmg::Form::kFile, {'7', 12}, 0x04030201)), "QZ00SAX\x1A"
+                                                                                 "1\x1C/\xFF\xFF\xFF" +
+                                                                                     rest);
     EXPECT_EQ(nmg::PictureHeader(nmg::Form::kTransmission, {}, 0).size(), 63u);
     EXPECT_EQ(nmg::PictureHeader(nmg::Form::kFile, {}, 0).size(), 70u);
 }
 
-TEST(Nmg, ValuesThatTheSignDoesNotTake)
+TEST_F(Nmg, ValuesThatTheSignDoesNotTake)
 {
     const auto header = [](std::uint32_t mode, std::uint32_t staySec, std::uint32_t font, std::uint32_t colour) {
         return Text(nmg::TextHeader(nmg::Form::kTransmission, {mode, staySec, font, colour})).substr(7);
@@ -65,9 +62,8 @@ TEST(Nmg, ValuesThatTheSignDoesNotTake)
     EXPECT_EQ(header(65, 0, 0xFFFFFFFF, 0x00FF002F), "\x1A\x31\x1C/\0\xFF\0\nIA\nOA\x0E\x32\x30\x30\x30\x30"s);
 }
 
-TEST(Nmg, WrapsAnyFileUnchanged)
+TEST_F(Nmg, WrapsAnyFileUnchanged)
 {
-    const TempFolder folder;
     std::string picture(10'000, '\0');
     for (std::size_t i = 0; i < picture.size(); ++i)
         picture[i] = static_cast<char>(i * 7);
@@ -91,9 +87,8 @@ TEST(Nmg, WrapsAnyFileUnchanged)
     EXPECT_EQ(folder.Read("b.nmg").substr(38, 4), "\0\0\0\0"s);
 }
 
-TEST(Nmg, PictureBytesInMemory)
+TEST_F(Nmg, PictureBytesInMemory)
 {
-    const TempFolder folder;
     const std::string picture = "BM picture";
     const std::string path = folder.Path("a.nmg");
     EXPECT_EQ(nmg::WritePicture(path.c_str(), nmg::Form::kTransmission, {'2', 9}, {Bytes(picture), 10}), 0u);
@@ -103,9 +98,8 @@ TEST(Nmg, PictureBytesInMemory)
     EXPECT_EQ(folder.Read("a.nmg").size(), 63u);
 }
 
-TEST(Nmg, Failures)
+TEST_F(Nmg, Failures)
 {
-    const TempFolder folder;
     const std::string source = folder.Write("picture", "BM");
     const std::string target = folder.Path("a.nmg");
     const std::uint8_t text[] = {'x'};

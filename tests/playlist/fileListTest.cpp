@@ -2,7 +2,6 @@
 #include "playlist/fileList.h"
 #include "support/playlistTree.h"
 
-#include <gtest/gtest.h>
 #include <tuple>
 
 namespace vxsign::test {
@@ -11,9 +10,10 @@ namespace {
 using playlist::CodeOfLocalFile;
 using playlist::FileList;
 
-TEST(FileListCodes, OfLocalFiles)
+using FileLists = FolderTest;
+
+TEST_F(FileLists, CodesOfLocalFiles)
 {
-    const TempFolder folder;
     using Row = std::tuple<std::string, std::string, std::uint32_t>;
     const std::string longFile(1024, 'x');
     for (const auto& [contents, name, code] : {
@@ -28,9 +28,8 @@ TEST(FileListCodes, OfLocalFiles)
     EXPECT_EQ(CodeOfLocalFile("", "A"), 0u);
 }
 
-TEST(FileListBlock, FindsStoresAndKeepsWhatItDoesNotKnow)
+TEST_F(FileLists, BlockFindsStoresAndKeepsWhatItDoesNotKnow)
 {
-    const TempFolder folder;
     const std::string path = WriteBytes(folder, "L", Hex("A1A2 0200 B1B2B3B4") + Hex("F2C8 0100 F2C8 0200 A3F5 0300"));
     FileList list = FileList::Load(path);
     EXPECT_EQ(list.Find("A.NMG"), 0x0001C8F2u) << "the first of two";
@@ -45,9 +44,8 @@ TEST(FileListBlock, FindsStoresAndKeepsWhatItDoesNotKnow)
     EXPECT_EQ(FileList::Load(folder.Path("none")).Find("A"), 0u);
 }
 
-TEST(FileListBlock, ThatIsFullLosesItsLastEntry)
+TEST_F(FileLists, BlockThatIsFullLosesItsLastEntry)
 {
-    const TempFolder folder;
     for (const char* const head : {"0000 FF03 00000000", "0000 FFFF 00000000"}) {
         const std::string path = WriteBytes(folder, "L", Hex(head) + Bytes(4096, 0x11));
         FileList list = FileList::Load(path);

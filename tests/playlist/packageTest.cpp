@@ -2,28 +2,29 @@
 #include "support/playlistTree.h"
 #include "support/scriptedSign.h"
 
-#include <gtest/gtest.h>
-
 namespace vxsign::test {
 namespace {
 
-// The files that were sent, of one packet each, as "path=contents"; of the last one the path alone.
-std::string Sent(const ScriptedSign& sign)
+class Packages : public ScriptedTest
 {
-    std::string text;
-    for (const Packet& request : sign.requests) {
-        const Bytes payload = request.Payload(), contents = request.Extended();
-        text += request.Minor() == 8 ? reinterpret_cast<const char*>(payload.data()) + 10 : "?";
-        if (&request != &sign.requests.back())
-            text += "=" + std::string(contents.begin(), contents.end()) + " ";
+protected:
+    // The files that were sent, of one packet each, as "path=contents"; of the last one the path alone.
+    std::string Sent() const
+    {
+        std::string text;
+        for (const Packet& request : sign.requests) {
+            text += request.Minor() == 8 ? ToText(Part(request.Payload(), 10)).c_str() : "?";
+            if (&request != &sign.requests.back())
+                text += "=" + ToText(request.Extended()) + " ";
+        }
+        return text;
     }
-    return text;
-}
 
-std::uint32_t Send(const TempFolder& folder, const char* name, const Bytes& package)
-{
-    return vxRWFile(WriteBytes(folder, name, package).c_str(), nullptr, VX_MOVE_WRITE);
-}
+    std::uint32_t Send(const char* name, const Bytes& package) const
+    {
+        return vxRWFile(WriteBytes(folder, name, package).c_str(), nullptr, VX_MOVE_WRITE);
+    }
+};
 
 Bytes FlatEntry(std::string_view name, const Bytes& contents)
 {
@@ -41,17 +42,15 @@ Bytes TreeEntry(std::string_view name, const Bytes& contents)
 const Bytes kFlatHead = Hex("4C50 0200 EEEEEEEEEEEEEEEE");
 const Bytes kTreeHead = Hex("4D50 0200 EEEEEEEEEEEEEEEE");
 
-TEST(Packages, FlatOnesAreUnpackedAndSent)
+TEST_F(Packages, FlatOnesAreUnpackedAndSent)
 {
-    const TempFolder folder;
-    ScriptedSign sign;
     sign.Then(3, Good());
     // The last file's contents are cut short.
     Bytes package = kFlatHead + FlatEntry("A.BMP", FromText("BMabc")) + FlatEntry("B.TXT", FromText("xyz"));
     package.pop_back();
-    EXPECT_EQ(Send(folder, "PlayFile.PLS", package), 0u);
+    EXPECT_EQ(Send("PlayFile.PLS", package), 0u);
     // The entry's folder counts, whatever the contents are.
-    EXPECT_EQ(Sent(sign), "D:\\T\\A.BMP=BMabc D:\\T\\B.TXT=xy C:\\SEQUENT.SYS");
+    EXPECT_EQ(Sent(), "D:\\T\\A.BMP=BMabc D:\\T\\B.TXT=xy C:\\SEQUENT.SYS");
     const Bytes record = Hex("44 54 0F 1F 2420 03 04 05 06 01 00 2520 07 08 09 10 00 01 00000000");
     const Bytes sequence = Hex("5351 0400 0200 0000") + record + Padded("A.BMP", 12) + record + Padded("B.TXT", 12);
     EXPECT_EQ(sign.requests.back().Extended(), sequence);
@@ -61,14 +60,12 @@ TEST(Packages, FlatOnesAreUnpackedAndSent)
     EXPECT_EQ(sign.Config().progressPos, 3);
 }
 
-TEST(Packages, TreeOnesKeepAllSchedules)
+TEST_F(Packages, TreeOnesKeepAllSchedules)
 {
-    const TempFolder folder;
-    ScriptedSign sign;
     sign.Then(2, Good());
     // It promises a second file.
-    EXPECT_EQ(Send(folder, "PLAYFILE.PLM", kTreeHead + TreeEntry("A.BMP", FromText("BMabc"))), 0u);
-    EXPECT_EQ(Sent(sign), "D:\\T\\A.BMP=BMabc C:\\SEQUENT.SYS");
+    EXPECT_EQ(Send("PLAYFILE.PLM", kTreeHead + TreeEntry("A.BMP", FromText("BMabc"))), 0u);
+    EXPECT_EQ(Sent(), "D:\\T\\A.BMP=BMabc C:\\SEQUENT.SYS");
     EXPECT_EQ(sign.requests.back().Extended(),
               Hex("5351 0600 0100 0000 4653 2400 0200 01 01 1F000000 00000000") + FromText("D:\\P\\A.BMP") +
                   Hex("00 00000000 1F 00 2420 03 04 05 06 01 00 2520 07 08 09 10 00 01 FF 00") + Bytes(16, 1));
@@ -76,47 +73,39 @@ TEST(Packages, TreeOnesKeepAllSchedules)
     EXPECT_EQ(sign.Config().progressPos, 2);
 }
 
-TEST(Packages, EndWithTheFirstFailure)
+TEST_F(Packages, EndWithTheFirstFailure)
 {
-    const TempFolder folder;
-    {
-        ScriptedSign sign;
-        sign.Then(Good()).Then(Refusal(8451));
-        const Bytes package = kFlatHead + FlatEntry("A.TXT", {1}) + FlatEntry("B.TXT", {2});
-        EXPECT_EQ(Send(folder, "PLAYFILE.PLS", package), 8451u);
-        EXPECT_EQ(sign.requests.size(), 2u);
-        EXPECT_EQ(sign.Config().progressPos, 1);
-        const Bytes left = ReadBytes(folder, "SEQUENT.SYS");
-        EXPECT_EQ(Bytes(left.begin(), left.begin() + 8), Hex("5351 0400 0000 0000"));
-    }
-    ScriptedSign sign;
+    sign.Then(Good()).Then(Refusal(8451));
+    EXPECT_EQ(Send("PLAYFILE.PLS", kFlatHead + FlatEntry("A.TXT", {1}) + FlatEntry("B.TXT", {2})), 8451u);
+    EXPECT_EQ(sign.requests.size(), 2u);
+    EXPECT_EQ(sign.Config().progressPos, 1);
+    EXPECT_EQ(Part(ReadBytes(folder, "SEQUENT.SYS"), 0, 8), Hex("5351 0400 0000 0000"));
+    sign.Renew();
     for (const char* const name : {"../up", "x/../../up", "..\\up", "no/such", ""}) {
-        EXPECT_EQ(Send(folder, "PLAYFILE.PLS", kFlatHead + FlatEntry(name, {1})), 20737u);
-        EXPECT_EQ(Send(folder, "PLAYFILE.PLM", kTreeHead + TreeEntry(name, {1})), 20737u);
+        EXPECT_EQ(Send("PLAYFILE.PLS", kFlatHead + FlatEntry(name, {1})), 20737u);
+        EXPECT_EQ(Send("PLAYFILE.PLM", kTreeHead + TreeEntry(name, {1})), 20737u);
     }
     EXPECT_EQ(vxRWFile(folder.Path("no/PLAYFILE.PLM").c_str(), nullptr, VX_MOVE_WRITE), 20737u);
     EXPECT_TRUE(sign.requests.empty());
     // What is no package sends the list that is there.
     WriteBytes(folder, "SEQUENT.SYS", {7, 8, 9});
     sign.Then(Good()).Then(Refusal(8451));
-    EXPECT_EQ(Send(folder, "PLAYFILE.PLS", kTreeHead + TreeEntry("A", {1})), 0u);
+    EXPECT_EQ(Send("PLAYFILE.PLS", kTreeHead + TreeEntry("A", {1})), 0u);
     EXPECT_EQ(sign.requests[0].Extended(), Bytes({7, 8, 9}));
-    EXPECT_EQ(Send(folder, "PLAYFILE.PLM", {}), 8451u);
+    EXPECT_EQ(Send("PLAYFILE.PLM", {}), 8451u);
     std::filesystem::remove(folder.Path("SEQUENT.SYS"));
-    EXPECT_EQ(Send(folder, "PLAYFILE.PLM", {}), 20737u);
+    EXPECT_EQ(Send("PLAYFILE.PLM", {}), 20737u);
     EXPECT_EQ(sign.Config().progressTotal, 1);
 }
 
-TEST(Packages, OfAnyBytes)
+TEST_F(Packages, OfAnyBytes)
 {
-    const TempFolder folder;
-    ScriptedSign sign;
     sign.otherwise = [](const Packet&) { return Good(); };
     EachDamage(kFlatHead + FlatEntry("A.TXT", FromText("abc")),
-               [&](const Bytes& damaged) { Send(folder, "PLAYFILE.PLS", damaged); });
+               [&](const Bytes& damaged) { Send("PLAYFILE.PLS", damaged); });
     EachDamage(kTreeHead + TreeEntry("A.TXT", FromText("abc")),
-               [&](const Bytes& damaged) { Send(folder, "PLAYFILE.PLM", damaged); });
-    EXPECT_EQ(Send(folder, "PLAYFILE.PLS", Hex("4C50 FFFF EEEEEEEEEEEEEEEE")), 0u);
+               [&](const Bytes& damaged) { Send("PLAYFILE.PLM", damaged); });
+    EXPECT_EQ(Send("PLAYFILE.PLS", Hex("4C50 FFFF EEEEEEEEEEEEEEEE")), 0u);
     EXPECT_EQ(sign.requests.back().Extended(), Hex("5351 0400 0000 0000"));
 }
 

@@ -1,8 +1,6 @@
 // Play lists of PC programs.
 #include "support/playlistTree.h"
 
-#include <gtest/gtest.h>
-
 namespace vxsign::test {
 namespace {
 

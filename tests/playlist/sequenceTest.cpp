@@ -2,7 +2,6 @@
 #include "playlist/sequenceWrite.h"
 #include "support/playlistTree.h"
 
-#include <gtest/gtest.h>
 #include <tuple>
 
 namespace vxsign::test {
@@ -22,9 +21,10 @@ std::string Load(const TempFolder& folder, const Bytes& file)
     return Describe(*ThreadPlaylist());
 }
 
-TEST(FlatForm, IsWrittenAsTheSignReadsIt)
+using SequenceFiles = FolderTest;
+
+TEST_F(SequenceFiles, FlatFormIsWrittenAsTheSignReadsIt)
 {
-    const TempFolder folder;
     folder.Write("A.BMP", "BM");
     folder.Write("a long name.bmp", "BM");
     vxPlaylistState& list = FreshList(folder.Path());
@@ -53,9 +53,8 @@ TEST(FlatForm, IsWrittenAsTheSignReadsIt)
     EXPECT_EQ(playlist::WriteTreeForm(list, folder.Path("no/OUT.SYS"), 'F'), 1u);
 }
 
-TEST(FlatForm, IsRead)
+TEST_F(SequenceFiles, FlatFormIsRead)
 {
-    const TempFolder folder;
     FreshList();
     const Bytes file = Hex("5351 04FF 0300 0000") + Hex("44 54 0F 1F 2420 03 04 05 06 01 00 2520 07 08 09 10 00 01") +
                        Hex("00000000") + FromText("EIGHTCHR.NMG") + Hex("46 50 0F FF") + Bytes(20) +
@@ -99,9 +98,8 @@ Bytes FileRecord(std::string_view head, std::string_view path, std::string_view 
     return FromText("FS") + Hex(head) + Hex("54010000 00000000") + Padded(path, 320) + Hex(picture);
 }
 
-TEST(TreeForm, IsWrittenAndReadBack)
+TEST_F(SequenceFiles, TreeFormIsWrittenAndReadBack)
 {
-    const TempFolder folder;
     folder.Write("A.BMP", "BM");
     const Bytes plain = FileRecord("0000 0000 00 00", "D:\\P\\A.BMP", "0000 00 00");
     const Bytes sub = Hex("4750 6601 0100 05 00 14000000 01 00 0000") + FromText("S") + Bytes(3) +
@@ -125,13 +123,12 @@ TEST(TreeForm, IsWrittenAndReadBack)
     EXPECT_EQ(playlist::WriteTreeForm(list, folder.Path("OUT.SYS"), 'D'), 0u);
     const Bytes refused = Hex("4750 5401 0100 00 00 14000000 00 01 0000") + FromText("ABCD");
     const Bytes whole = ReadBytes(folder, "OUT.SYS");
-    EXPECT_EQ(Bytes(whole.begin() + 28, whole.begin() + 48), refused);
+    EXPECT_EQ(Part(whole, 28, 20), refused);
     EXPECT_EQ(Load(folder, whole), "ABCD:1/7/0[:0/0/0[]:0/0/0[]:0/0/0[]]:0/0/0[]");
 }
 
-TEST(TreeForm, NamesAndLengthsThatDoNotFit)
+TEST_F(SequenceFiles, TreeFormNamesAndLengthsThatDoNotFit)
 {
-    const TempFolder folder;
     vxPlaylistState& list = FreshList(folder.Path());
     Add(Add(list.items, std::string(2000, 'n'), kGroup).children, "", kSubGroup);
     EXPECT_EQ(playlist::WriteTreeForm(list, folder.Path("OUT.SYS"), 'D'), 0u);
@@ -152,9 +149,8 @@ TEST(TreeForm, NamesAndLengthsThatDoNotFit)
                   loaded);
 }
 
-TEST(TreeForm, CountsSchedulesThatRestrict)
+TEST_F(SequenceFiles, TreeFormCountsSchedulesThatRestrict)
 {
-    const TempFolder folder;
     FreshList();
     const Bytes always = Hex("FF 00 0820 01 01 00 00 01 01 0820 01 01 23 59 01 01");
     Bytes noDate = always, noTime = always, everyDay = always;
@@ -174,9 +170,8 @@ TEST(TreeForm, CountsSchedulesThatRestrict)
               ":1/0/0[S:2/1/0[D\\T\\N 0x1 0/0/0;]:0/1/0[D\\T\\N 0x1 0/0/0;]]");
 }
 
-TEST(SequenceFiles, OfAnyBytesEndWithTheFile)
+TEST_F(SequenceFiles, OfAnyBytesEndWithTheFile)
 {
-    const TempFolder folder;
     FreshList();
     // Records that would lead back to themselves, and counts that promise more than there is.
     EXPECT_EQ(Load(folder, Hex("5351 0600 FFFF 0000")), "");

@@ -3,8 +3,7 @@
 #include <vxsign/result.h>
 
 #include "support/fullDisk.h"
-#include "support/listThread.h"
-#include "support/tempFolder.h"
+#include "support/playlistTree.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -42,11 +41,11 @@ const std::string kGolden =
     "<fileCount>1</fileCount></Item>\n"
     "</vxPlayList>\n";
 
-void MakeGoldenList(ListThread& list)
+void MakeGoldenList(PathList& list)
 {
     list.AddFile("/", "a<b&\xC3\xA9\xFF.Nmg");
     VXPLAYLIST_FILE_INFO info{};
-    EXPECT_EQ(vxPLGetFile(Bytes("/a<b&\xC3\xA9\xFF.Nmg"), &info), VX_OK);
+    EXPECT_EQ(vxPLGetFile(Mutable("/a<b&\xC3\xA9\xFF.Nmg"), &info), VX_OK);
     info.schCount = 1;
     info.playTimes = 255;
     info.Drive = 'D';
@@ -56,7 +55,7 @@ void MakeGoldenList(ListThread& list)
     info.PicOutMode = 200;
     info.SCH[0] = {127, 0, 0x2008, 1, 2, 3, 4, 5, 6, 0x2019, 0x12, 0x31, 0x23, 0x59, 7, 8};
     std::strcpy(info.pcFileName, "C:\\x y\\a.Nmg");
-    EXPECT_EQ(vxPLModifyFile(Bytes("/a<b&\xC3\xA9\xFF.Nmg"), &info), VX_OK);
+    EXPECT_EQ(vxPLModifyFile(Mutable("/a<b&\xC3\xA9\xFF.Nmg"), &info), VX_OK);
     list.AddGroup("/", "G", 9, 3);
     list.AddFile("/G/", "g");
     list.AddGroup("/G/", "S", 9, 4);
@@ -64,18 +63,16 @@ void MakeGoldenList(ListThread& list)
     list.AddGroup("/", "E");
 }
 
-class PlaylistXml : public testing::Test
+class PlaylistXml : public ListTest
 {
 protected:
     std::uint32_t Load(const std::string& text) const { return vxLoadSYSFromXML(folder.Write("in.xml", text).data()); }
 
     std::uint32_t LoadItems(const std::string& items) const { return Load("<r>" + items + "</r>"); }
-
-    const TempFolder folder;
 };
 
 // The files of the list: children in brackets, sub-groups with their name.
-std::string Tree(ListThread& list)
+std::string Tree(PathList& list)
 {
     std::string text;
     for (const auto& item : list.List()) {
@@ -93,35 +90,31 @@ std::string Tree(ListThread& list)
 
 TEST_F(PlaylistXml, SavesAndLoadsAllFields)
 {
-    InThread([&](ListThread& list) {
-        ASSERT_EQ(vxPLInit(Bytes(folder.Path()), Bytes("list.xml")), VX_OK);
-        EXPECT_EQ(folder.Read("list.xml"), "") << "made empty";
+    ASSERT_EQ(vxPLInit(Mutable(folder.Path()), Mutable("list.xml")), VX_OK);
+    EXPECT_EQ(folder.Read("list.xml"), "") << "made empty";
+    EXPECT_EQ(vxPLSave(), VX_OK);
+    EXPECT_EQ(folder.Read("list.xml"), kHead + "    <Count>0</Count>\n</vxPlayList>\n");
+    MakeGoldenList(list);
+    EXPECT_EQ(vxPLSave(), VX_OK);
+    EXPECT_EQ(folder.Read("list.xml"), kGolden);
+    list.AddGroup("/", "F");
+    {
+        const FullDisk full;
         EXPECT_EQ(vxPLSave(), VX_OK);
-        EXPECT_EQ(folder.Read("list.xml"), kHead + "    <Count>0</Count>\n</vxPlayList>\n");
-        MakeGoldenList(list);
-        EXPECT_EQ(vxPLSave(), VX_OK);
-        EXPECT_EQ(folder.Read("list.xml"), kGolden);
-        list.AddGroup("/", "F");
-        {
-            const FullDisk full;
-            EXPECT_EQ(vxPLSave(), VX_OK);
-        }
-        EXPECT_EQ(folder.Read("list.xml"), kGolden) << "the old file stays";
-        EXPECT_EQ(folder.Names(), "list.xml");
-    });
-    InThread([&](ListThread& list) {
-        const std::string backslashed = folder.Path() + "\\";
-        ASSERT_EQ(vxPLInit(Bytes(backslashed), Bytes("list.xml")), VX_OK);
-        EXPECT_EQ(Tree(list), "{(a<b&\xC3\xA9\xFF.Nmg )}G{(g )S(s )}E{}");
-        EXPECT_EQ(list.Types("/"), "0 3 0");
-        EXPECT_EQ(list.Indices("/"), "0 1 2");
-        EXPECT_EQ(list.Get("/G/S/s"), "s");
-        EXPECT_EQ(list.Get("/G/g"), "untouched") << "a file beside sub-groups makes no default child";
-        EXPECT_EQ(vxPLSave(), VX_OK);
-        std::string kept = kGolden; // all but the child of the empty group
-        kept.replace(kept.rfind("<fileCount>1"), 12, "<fileCount>0");
-        EXPECT_EQ(folder.Read("list.xml"), kept);
-    });
+    }
+    EXPECT_EQ(folder.Read("list.xml"), kGolden) << "the old file stays";
+    EXPECT_EQ(folder.Names(), "list.xml");
+    const std::string backslashed = folder.Path() + "\\";
+    ASSERT_EQ(vxPLInit(Mutable(backslashed), Mutable("list.xml")), VX_OK);
+    EXPECT_EQ(Tree(list), "{(a<b&\xC3\xA9\xFF.Nmg )}G{(g )S(s )}E{}");
+    EXPECT_EQ(list.Types("/"), "0 3 0");
+    EXPECT_EQ(list.Indices("/"), "0 1 2");
+    EXPECT_EQ(list.Get("/G/S/s"), "s");
+    EXPECT_EQ(list.Get("/G/g"), "untouched") << "a file beside sub-groups makes no default child";
+    EXPECT_EQ(vxPLSave(), VX_OK);
+    std::string kept = kGolden; // all but the child of the empty group
+    kept.replace(kept.rfind("<fileCount>1"), 12, "<fileCount>0");
+    EXPECT_EQ(folder.Read("list.xml"), kept);
 }
 
 TEST_F(PlaylistXml, ReadsWhatIsThere)
@@ -131,10 +124,7 @@ TEST_F(PlaylistXml, ReadsWhatIsThere)
     const auto sub = [&](const std::string& name, const std::string& rest) {
         return "<SubGroup><subGroupName>" + name + "</subGroupName><itemType>2</itemType>" + rest + "</SubGroup>";
     };
-    const struct
-    {
-        std::string items, tree;
-    } rows[] = {
+    const std::pair<std::string, std::string> rows[] = {
         {"<Item/>", ""},
         {"<Count/><Item/>", ""},
         {"<Count>-1</Count><Item/>", ""},
@@ -155,101 +145,93 @@ TEST_F(PlaylistXml, ReadsWhatIsThere)
         {"<Count>1</Count>" + group + sub("S", "") + "<fileCount>2</fileCount></Item>", "G{}"},
         {"<Count>1</Count>" + group + sub("S", "") + "</Item>", "G{}"},
     };
-    InThread([&](ListThread& list) {
-        for (const auto& row : rows) {
-            EXPECT_EQ(LoadItems(row.items), VX_OK) << row.items;
-            EXPECT_EQ(Tree(list), row.tree) << row.items;
-        }
-    });
+    for (const auto& [items, tree] : rows) {
+        EXPECT_EQ(LoadItems(items), VX_OK) << items;
+        EXPECT_EQ(Tree(list), tree) << items;
+    }
 }
 
 TEST_F(PlaylistXml, CutsToTheFields)
 {
-    InThread([&](ListThread& list) {
-        const std::string name(600, 'n');
-        const std::string file = "<File><fileName>" + name + "</fileName><pcFileName>" + name +
-                                 "</pcFileName><schCount>258</schCount><playTimes>-1</playTimes>"
-                                 "<PicStaySec>65537</PicStaySec><Drive><!--68--></Drive>"
-                                 "<SCH><b_year>8200</b_year></SCH></File>";
-        EXPECT_EQ(LoadItems("<Count>2</Count><Item><groupName>" + name + "</groupName><fileCount>1</fileCount>" + file +
-                            "</Item><Item><groupName>H</groupName><itemType>1</itemType><fileCount>1</fileCount>" +
-                            file + "<SubGroup/></Item>"),
-                  VX_OK);
-        const auto& items = list.List();
-        EXPECT_EQ(items[0]->groupName, name);
-        EXPECT_EQ(items[0]->children[0]->groupName, name);
-        EXPECT_EQ(items[1]->children[0]->groupName, "");
-        for (const auto& item : items) {
-            const VXPLAYLIST_FILE_INFO& info = *item->children[0]->children[0];
-            EXPECT_EQ(std::string(info.fileName), name.substr(0, 255));
-            EXPECT_EQ(std::string(info.pcFileName), name.substr(0, 511));
-            EXPECT_EQ(info.schCount, 2) << "as read, though one schedule follows";
-            EXPECT_EQ(info.SCH[0].b_year, 0x2008);
-            EXPECT_EQ(info.SCH[1].b_year, 0);
-            EXPECT_EQ(info.playTimes, 255);
-            EXPECT_EQ(info.Drive, 0);
-            EXPECT_EQ(info.PicStaySec, item == items[0] ? 1 : 0) << "not read beside sub-groups";
-        }
-    });
+    const std::string name(600, 'n');
+    const std::string file = "<File><fileName>" + name + "</fileName><pcFileName>" + name +
+                             "</pcFileName><schCount>258</schCount><playTimes>-1</playTimes>"
+                             "<PicStaySec>65537</PicStaySec><Drive><!--68--></Drive>"
+                             "<SCH><b_year>8200</b_year></SCH></File>";
+    EXPECT_EQ(LoadItems("<Count>2</Count><Item><groupName>" + name + "</groupName><fileCount>1</fileCount>" + file +
+                        "</Item><Item><groupName>H</groupName><itemType>1</itemType><fileCount>1</fileCount>" + file +
+                        "<SubGroup/></Item>"),
+              VX_OK);
+    const auto& items = list.List();
+    EXPECT_EQ(items[0]->groupName, name);
+    EXPECT_EQ(items[0]->children[0]->groupName, name);
+    EXPECT_EQ(items[1]->children[0]->groupName, "");
+    for (const auto& item : items) {
+        const VXPLAYLIST_FILE_INFO& info = *item->children[0]->children[0];
+        EXPECT_EQ(std::string(info.fileName), name.substr(0, 255));
+        EXPECT_EQ(std::string(info.pcFileName), name.substr(0, 511));
+        EXPECT_EQ(info.schCount, 2) << "as read, though one schedule follows";
+        EXPECT_EQ(info.SCH[0].b_year, 0x2008);
+        EXPECT_EQ(info.SCH[1].b_year, 0);
+        EXPECT_EQ(info.playTimes, 255);
+        EXPECT_EQ(info.Drive, 0);
+        EXPECT_EQ(info.PicStaySec, item == items[0] ? 1 : 0) << "not read beside sub-groups";
+    }
 }
 
 TEST_F(PlaylistXml, Failures)
 {
-    InThread([&](ListThread& list) {
-        EXPECT_EQ(vxPLInit(nullptr, Bytes("a")), VX_ARGUMENTS);
-        EXPECT_EQ(vxPLInit(Bytes("a"), nullptr), VX_ARGUMENTS);
-        EXPECT_EQ(vxPLInit(Bytes(folder.Path("no/folder")), Bytes("a")), VX_CALL);
-        EXPECT_EQ(vxPLInit(Bytes(folder.Path()), Bytes("")), VX_CALL) << "a folder";
-        EXPECT_EQ(vxPLSave(), VX_OK) << "whatever becomes of the file";
-        EXPECT_EQ(vxLoadSYSFromXML(nullptr), VX_NO_RECORD);
-        std::string deep;
-        for (int i = 0; i < 100000; ++i)
-            deep += "<Item>";
-        for (const std::string& text : {std::string(), std::string("<r>"), std::string("no XML"), deep}) {
-            EXPECT_TRUE(list.AddFile("/", "lost"));
-            EXPECT_EQ(Load(text), VX_NO_RECORD);
-            EXPECT_TRUE(list.List().empty());
-        }
-    });
+    EXPECT_EQ(vxPLInit(nullptr, Mutable("a")), VX_ARGUMENTS);
+    EXPECT_EQ(vxPLInit(Mutable("a"), nullptr), VX_ARGUMENTS);
+    EXPECT_EQ(vxPLInit(Mutable(folder.Path("no/folder")), Mutable("a")), VX_CALL);
+    EXPECT_EQ(vxPLInit(Mutable(folder.Path()), Mutable("")), VX_CALL) << "a folder";
+    EXPECT_EQ(vxPLSave(), VX_OK) << "whatever becomes of the file";
+    EXPECT_EQ(vxLoadSYSFromXML(nullptr), VX_NO_RECORD);
+    std::string deep;
+    for (int i = 0; i < 100000; ++i)
+        deep += "<Item>";
+    for (const std::string& text : {std::string(), std::string("<r>"), std::string("no XML"), deep}) {
+        EXPECT_TRUE(list.AddFile("/", "lost"));
+        EXPECT_EQ(Load(text), VX_NO_RECORD);
+        EXPECT_TRUE(list.List().empty());
+    }
 }
 
 // Whatever has happened to a file, reading it ends, and what was read can be walked.
 TEST_F(PlaylistXml, CorruptedCopies)
 {
-    InThread([&](ListThread& list) {
-        std::string path = folder.Write("in.xml", kGolden);
-        std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
-        const auto put = [&](std::size_t place, int byte) {
-            file.seekp(static_cast<std::streamoff>(place));
-            file.put(static_cast<char>(byte)).flush();
-        };
-        std::size_t loaded = 0;
-        for (std::size_t i = 0; i < kGolden.size(); ++i) {
-            put(i, kGolden[i] ^ "\x01\x08\x7F\xFF"[i % 4]);
-            loaded += vxLoadSYSFromXML(path.data()) == VX_OK;
-            Tree(list);
-            put(i, kGolden[i]);
-        }
-        EXPECT_GT(loaded, 100u) << "flipped texts and numbers";
-        EXPECT_LT(loaded, kGolden.size() / 2) << "flipped tags";
-        for (std::size_t length = kGolden.size() - 1; length-- > kHead.find('\n') + 2;) {
-            std::filesystem::resize_file(path, length);
-            EXPECT_EQ(vxLoadSYSFromXML(path.data()), VX_NO_RECORD) << length;
-        }
-    });
+    std::string path = folder.Write("in.xml", kGolden);
+    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+    const auto put = [&](std::size_t place, int byte) {
+        file.seekp(static_cast<std::streamoff>(place));
+        file.put(static_cast<char>(byte)).flush();
+    };
+    std::size_t loaded = 0;
+    for (std::size_t i = 0; i < kGolden.size(); ++i) {
+        put(i, kGolden[i] ^ "\x01\x08\x7F\xFF"[i % 4]);
+        loaded += vxLoadSYSFromXML(path.data()) == VX_OK;
+        Tree(list);
+        put(i, kGolden[i]);
+    }
+    EXPECT_GT(loaded, 100u) << "flipped texts and numbers";
+    EXPECT_LT(loaded, kGolden.size() / 2) << "flipped tags";
+    for (std::size_t length = kGolden.size() - 1; length-- > kHead.find('\n') + 2;) {
+        std::filesystem::resize_file(path, length);
+        EXPECT_EQ(vxLoadSYSFromXML(path.data()), VX_NO_RECORD) << length;
+    }
 }
 
 TEST_F(PlaylistXml, EachThreadHasItsOwnList)
 {
     const auto work = [&](const std::string& name) {
-        ListThread list;
-        vxPLInit(Bytes(folder.Path()), Bytes(name + ".xml"));
+        PathList own;
+        vxPLInit(Mutable(folder.Path()), Mutable(name + ".xml"));
         for (int i = 0; i < 50; ++i) {
-            EXPECT_TRUE(list.AddFile("/", name + std::to_string(i)));
+            EXPECT_TRUE(own.AddFile("/", name + std::to_string(i)));
             EXPECT_EQ(vxPLSave(), VX_OK);
             EXPECT_EQ(vxLoadSYSFromXML(nullptr), VX_OK);
-            EXPECT_EQ(list.Names("/").size(), static_cast<std::size_t>(i + 1));
-            EXPECT_EQ(list.Names("/").back(), "1" + name + std::to_string(i));
+            EXPECT_EQ(own.Names("/").size(), static_cast<std::size_t>(i + 1));
+            EXPECT_EQ(own.Names("/").back(), "1" + name + std::to_string(i));
         }
     };
     std::thread first(work, "first");

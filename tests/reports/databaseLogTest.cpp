@@ -2,8 +2,6 @@
 #include "reports/logTables.h"
 #include "support/reportSign.h"
 
-#include <tuple>
-
 namespace vxsign::test {
 namespace {
 
@@ -14,6 +12,8 @@ struct Reader
     const char* firstPage;
     Asked clearing;
 };
+
+using DatabaseLogs = ReportTest;
 
 const std::vector<Reader>& Readers()
 {
@@ -53,43 +53,42 @@ Asked operator+(Asked left, const Asked& right)
     return left;
 }
 
-TEST(DatabaseLogs, OrderOfQueriesAndClearing)
+TEST_F(DatabaseLogs, OrderOfQueriesAndClearing)
 {
     for (const Reader& reader : Readers()) {
         SCOPED_TRACE(reader.table);
         const std::string count = std::string("sql select count(*) from ") + reader.table;
         const Asked firstPage = {count, reader.firstPage};
 
-        const Taken taken;
-        ReportSign empty;
-        empty.answers[count] = {ReportSign::Rows(1, "<0>")};
+        sign.Renew();
+        sign.answers[count] = {ReportSign::Rows(1, "<0>")};
         EXPECT_EQ(reader.read(1), 0u);
-        EXPECT_EQ(empty.asked, Asked{count} + reader.clearing);
+        EXPECT_EQ(sign.asked, Asked{count} + reader.clearing);
 
         // A row that does not match ends its page, not the reading.
-        empty.asked.clear();
-        empty.answers[count] = {ReportSign::Rows(1, "<3>")};
-        empty.onSql = [](const std::string&) { return ReportSign::Rows(2, "<1><2><3><4><5>"); };
+        sign.asked.clear();
+        sign.answers[count] = {ReportSign::Rows(1, "<3>")};
+        sign.onSql = [](const std::string&) { return ReportSign::Rows(2, "<1><2><3><4><5>"); };
         EXPECT_EQ(reader.read(1), 0u);
         std::string second = reader.firstPage;
         second.replace(second.find("offset 0") + 7, 1, second.find("limit 5") != second.npos ? "5" : "10");
-        EXPECT_EQ(empty.asked, firstPage + Asked{second} + reader.clearing);
+        EXPECT_EQ(sign.asked, firstPage + Asked{second} + reader.clearing);
 
         // A page that fails, or brings no rows, is the last; the table is cleared.
         for (const auto& [page, result] : {std::pair{Refusal(36912), 36912u}, std::pair{ReportSign::Rows(0, ""), 0u}}) {
-            empty.asked.clear();
-            empty.answers[reader.firstPage] = {page};
+            sign.asked.clear();
+            sign.answers[reader.firstPage] = {page};
             EXPECT_EQ(reader.read(1), result);
-            EXPECT_EQ(empty.asked, firstPage + reader.clearing);
+            EXPECT_EQ(sign.asked, firstPage + reader.clearing);
         }
         // Without a count nothing is read and nothing cleared.
-        empty.asked.clear();
-        empty.answers[count] = {Refusal(36869)};
+        sign.asked.clear();
+        sign.answers[count] = {Refusal(36869)};
         EXPECT_EQ(reader.read(1), 36869u);
-        EXPECT_EQ(empty.asked, Asked{count});
+        EXPECT_EQ(sign.asked, Asked{count});
         EXPECT_TRUE(Taken::records.empty());
     }
-    ReportSign sign;
+    sign.Renew();
     for (std::size_t i = 0; i + 1 < Readers().size(); ++i)
         for (const int mode : {0, 2, -1})
             EXPECT_EQ(Readers()[i].read(mode), 0u);
@@ -97,11 +96,9 @@ TEST(DatabaseLogs, OrderOfQueriesAndClearing)
     EXPECT_TRUE(sign.asked.empty());
 }
 
-TEST(DatabaseLogs, EightBytesOfAPageArrive)
+TEST_F(DatabaseLogs, EightBytesOfAPageArrive)
 {
-    const Taken taken;
     Taken::result = 5; // not looked at
-    ReportSign sign;
     sign.answers["sql select count(*) from EventLog"] = {ReportSign::Rows(1, "<2>")};
     sign.onSql = [](const std::string&) { return ReportSign::Rows(2, "<><><><><><><><>"); };
     EXPECT_EQ(vxReadEventLog(0, 7, 1, Taken::WithUser), 0u);
@@ -128,7 +125,7 @@ Bytes Record(std::size_t size, const std::map<std::size_t, std::string>& texts,
     return record;
 }
 
-TEST(DatabaseLogs, ColumnsOfARow)
+TEST_F(DatabaseLogs, ColumnsOfARow)
 {
     const auto x = [](std::size_t count) { return std::string(count, 'x'); };
     using Row = std::tuple<const Table&, std::string, Bytes>;

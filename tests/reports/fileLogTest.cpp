@@ -1,6 +1,5 @@
 // The binary log files, and the batch of files.
 #include "support/reportSign.h"
-#include "support/tempFolder.h"
 
 namespace vxsign::test {
 namespace {
@@ -20,6 +19,8 @@ struct Log
 };
 
 const std::string kNothing36(72, '9');
+
+using FileLogs = ReportTest;
 
 const std::vector<Log>& Logs()
 {
@@ -65,13 +66,11 @@ const std::vector<Log>& Logs()
     return logs;
 }
 
-TEST(FileLogs, Records)
+TEST_F(FileLogs, Records)
 {
-    const TempFolder folder;
     for (const Log& log : Logs()) {
         SCOPED_TRACE(log.name);
-        const Taken taken;
-        ReportSign sign;
+        sign.Renew();
         const std::string fetch = std::string("read ") + log.signFile;
         const Bytes first = Hex(log.values[0]) + FromText("2020-05-13 10:20:15") + Hex("00");
         const Bytes second = Hex(log.values[1]) + FromText("2020-01-01 10:20:15") + Hex("00");
@@ -105,11 +104,8 @@ TEST(FileLogs, Records)
     }
 }
 
-TEST(FileLogs, RadarOfLanes)
+TEST_F(FileLogs, RadarOfLanes)
 {
-    const TempFolder folder;
-    const Taken taken;
-    ReportSign sign;
     const auto read = [&] { return vxReadTJRadarLog(folder.Path().c_str(), 7, 0, Taken::WithUser); };
     const Bytes page = Hex("01020304 05060708 AD50 8F52 A9 FFFFFF") + // lane code 169
                        Hex("00000304 05060708 AD50 8F52 A9 FFFFFF") + // passed over
@@ -132,9 +128,8 @@ TEST(FileLogs, RadarOfLanes)
     EXPECT_EQ(sign.asked, Asked{"6/23"}) << "a log that did not arrive stays";
 }
 
-TEST(FileBatch, SendsUntilOneFails)
+TEST_F(FileLogs, TheBatchSendsUntilOneFails)
 {
-    const TempFolder folder;
     const std::string local = folder.Write("a", "abc");
     const std::string header = "MC" + HexText("FFFF 01000000 01000000") + std::string(104, 'x');
     const auto block = [](std::string from, std::string to) {
@@ -143,14 +138,13 @@ TEST(FileBatch, SendsUntilOneFails)
         return from + to;
     };
     const auto run = [&](const std::string& bytes) { return vxExecFileCMD(folder.Write("batch", bytes).c_str()); };
-    ReportSign sign;
     EXPECT_EQ(run(header), 0u);
     EXPECT_EQ(run(header + block(local, "D:\\A") + block(local, "D:\\B") + "cut short"), 0u);
     ASSERT_EQ(sign.asked, (Asked{"2/8", "2/8"}));
-    const Bytes payload = sign.sign.requests[1].Payload();
+    const Bytes payload = sign.requests[1].Payload();
     const Bytes path = FromText("D:\\B");
     EXPECT_NE(std::search(payload.begin(), payload.end(), path.begin(), path.end()), payload.end());
-    EXPECT_EQ(sign.sign.requests[1].Extended(), FromText("abc"));
+    EXPECT_EQ(sign.requests[1].Extended(), FromText("abc"));
     // The first failure ends it, be it on the sign or here.
     sign.answers["2/8"] = {Refusal(36912)};
     EXPECT_EQ(run(header + block(local, "D:\\A") + block(local, "D:\\B")), 36912u);

@@ -1,14 +1,10 @@
 // The pixel check and its findings.
-#include "support/fakeClock.h"
 #include "support/reportSign.h"
-#include "support/tempFolder.h"
-
-#include <tuple>
 
 namespace vxsign::test {
 namespace {
 
-class PixelCheck : public testing::Test
+class PixelCheck : public ReportTest
 {
 protected:
     PixelCheck() { Done(); }
@@ -34,11 +30,6 @@ protected:
         }
         return rows;
     }
-
-    const FakeClock clock;
-    const TempFolder folder;
-    const Taken taken;
-    ReportSign sign;
 };
 
 TEST_F(PixelCheck, PollsEachSecond)
@@ -51,12 +42,12 @@ TEST_F(PixelCheck, PollsEachSecond)
     sign.answers["16/3"] = {percent("05000000"), percent("0A000000"), percent("63000000"), percent("64000000")};
     EXPECT_EQ(check(), 0u);
     EXPECT_EQ(sign.asked, (Asked{"16/1", "16/3", "16/3", "16/3", "16/3", "read D:\\PXL.CSV", "read D:\\SIGNAL.CSV"}));
-    EXPECT_EQ(sign.sign.progress, (std::vector<std::uint32_t>{10, 99}));
+    EXPECT_EQ(sign.progress, (std::vector<std::uint32_t>{10, 99}));
     EXPECT_EQ(FakeClock::SleptMs(), 2000u);
     EXPECT_EQ(folder.Read("p"), "pixels");
     EXPECT_EQ(folder.Read("s"), "signals");
-    EXPECT_EQ(sign.sign.Config().progressTotal, 4);
-    EXPECT_EQ(sign.sign.Config().progressPos, 3);
+    EXPECT_EQ(sign.Config().progressTotal, 4);
+    EXPECT_EQ(sign.Config().progressPos, 3);
 
     // All done at once still costs a second poll; results that are not there do not count.
     sign.asked.clear();
@@ -67,17 +58,17 @@ TEST_F(PixelCheck, PollsEachSecond)
     sign.asked.clear();
     sign.answers["16/3"] = {percent("05000000"), Refusal(36912)};
     EXPECT_EQ(check(), 36912u);
-    EXPECT_EQ(sign.sign.Config().progressPos, 1);
+    EXPECT_EQ(sign.Config().progressPos, 1);
     sign.answers["16/3"] = {percent("64000000"), Refusal(36913)};
     EXPECT_EQ(check(), 36913u);
     sign.answers["16/1"] = {Refusal(36869)};
     EXPECT_EQ(check(), 36869u);
-    EXPECT_EQ(sign.sign.Config().progressPos, 0);
+    EXPECT_EQ(sign.Config().progressPos, 0);
     EXPECT_EQ(sign.asked, (Asked{"16/1", "16/3", "16/3", "16/1", "16/3", "16/3", "16/1"}));
 
     // A check that never ends is aborted.
     sign.answers = {{"16/3", {percent("05000000")}}};
-    sign.sign.Config().onProgress = [](vxApiConfig* config, std::uint32_t, std::uint32_t) { config->abortFlag = 1; };
+    sign.Config().onProgress = [](vxApiConfig* config, std::uint32_t, std::uint32_t) { config->abortFlag = 1; };
     EXPECT_EQ(check(), 20497u);
 }
 

@@ -1,9 +1,7 @@
 // Every reader against files and rows that no sign would make. What counts is that each reading ends, under the
 // sanitizers.
 #include "reports/logTables.h"
-#include "support/fakeClock.h"
 #include "support/reportSign.h"
-#include "support/tempFolder.h"
 
 #include <iterator>
 #include <random>
@@ -12,7 +10,9 @@
 namespace vxsign::test {
 namespace {
 
-TEST(RandomReports, EndCleanly)
+using RandomReports = ReportTest;
+
+TEST_F(RandomReports, EndCleanly)
 {
     const std::string heads[] = {"", "<a>", "ST" + HexText("000000000000 0300") + std::string(22, '\0'),
                                  "RLOG" + HexText("01000000 0000000000000000"),
@@ -26,11 +26,8 @@ TEST(RandomReports, EndCleanly)
     pieces.emplace_back(90, 'x');
     std::mt19937 random(6123);
     const auto below = [&](std::size_t limit) { return static_cast<std::size_t>(random() % limit); };
-    const FakeClock clock;
-    const TempFolder folder;
     const std::string folderPath = folder.Path();
     const char* const where = folderPath.c_str();
-    ::setenv("TMPDIR", where, 1);
     for (int round = 0; round < 60; ++round) {
         const auto make = [&] {
             std::string file = heads[below(std::size(heads))];
@@ -38,8 +35,7 @@ TEST(RandomReports, EndCleanly)
                 file += pieces[below(pieces.size())];
             return file;
         };
-        const Taken taken;
-        ReportSign sign;
+        sign.Renew();
         for (const char* const path :
              {"D:\\RADARLog.log", "E:\\RADAR.log", "D:\\batinfo.log", "E:\\STATUS.SYS", "E:\\errors.xml",
               "D:\\log\\vxspeapp.log", "D:\\PXL.CSV", "D:\\SIGNAL.CSV", "C:\\PIXEL.SYS"})
@@ -82,12 +78,10 @@ TEST(RandomReports, EndCleanly)
             });
         }
     }
-    ::unsetenv("TMPDIR");
 }
 
-TEST(RandomReports, DeepXml)
+TEST_F(RandomReports, DeepXml)
 {
-    ReportSign sign;
     for (int i = 0; i < 20000; ++i)
         sign.files["E:\\errors.xml"] += "<a>";
     EXPECT_NE(vxReadWaringReport(Taken::Plain), 0u);

@@ -2,7 +2,6 @@
 #include "support/reportSign.h"
 
 #include <bit>
-#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -41,11 +40,12 @@ std::uint32_t Read(float longitude = kNone, float latitude = kNone, char useSign
                             std::bit_cast<std::uint32_t>(latitude), useSignBeacon);
 }
 
+using Status = ReportTest;
+
 constexpr char kState[] = "A0A1A2A3 A4A5A6A7";
 
-TEST(Status, FieldsFromRecordOrStateWord)
+TEST_F(Status, FieldsFromRecordOrStateWord)
 {
-    ReportSign sign;
     sign.answers["4/11"] = {Good(Hex("0102030405060708"))};
     const auto status = [&](const Bytes& record) {
         sign.answers["1/11"] = {Good(Hex(kState), record)};
@@ -55,7 +55,7 @@ TEST(Status, FieldsFromRecordOrStateWord)
     EXPECT_EQ(status(Bytes(4, 0) + Bytes(92, 0xEE)),
               Hex("A1A2A441") + Bytes(80, 0xEE) + Hex("A0") + Bytes(11, 0xEE)); // 0xA6 modulo 101
     EXPECT_EQ(sign.asked, (Asked{"1/11", "1/26", "4/11", "6/7"}));
-    EXPECT_EQ(sign.sign.requests[1].Payload(), Hex("09000000"));
+    EXPECT_EQ(sign.requests[1].Payload(), Hex("09000000"));
     EXPECT_EQ(Seen::beacon, Hex("0102030405060708"));
     EXPECT_EQ(status(Hex("010203CA")), Hex("01020300") + Bytes(80) + Hex("A0") + Bytes(11)) << "a short record";
     EXPECT_EQ(status(Bytes(300, 0x65)), Hex("65656500") + Bytes(80, 0x65) + Hex("A0") + Bytes(11, 0x65));
@@ -73,7 +73,7 @@ TEST(Status, FieldsFromRecordOrStateWord)
     EXPECT_TRUE(Seen::status.empty());
 }
 
-TEST(Status, Position)
+TEST_F(Status, Position)
 {
     const float infinite = std::numeric_limits<float>::infinity();
     using Row = std::tuple<float, float, const char*>;
@@ -85,16 +85,14 @@ TEST(Status, Position)
              Row{std::numeric_limits<float>::quiet_NaN(), 2031.0F, "EEEEEEEE EEEEEEEE EEEEEEEE EEEEEEEE"},
              Row{infinite, 1e30F, "454E EEEE FFFF 0000 0000 FFFF 0000 0000"},
          }) {
-        ReportSign sign;
         sign.answers["1/11"] = {Good(Hex(kState), Bytes(96, 0xEE))};
         EXPECT_EQ(Read(longitude, latitude), 0u);
-        EXPECT_EQ(Bytes(Seen::status.begin() + 64, Seen::status.begin() + 80), Hex(bytes)) << longitude;
+        EXPECT_EQ(Part(Seen::status, 64, 16), Hex(bytes)) << longitude;
     }
 }
 
-TEST(Status, SignBeacon)
+TEST_F(Status, SignBeacon)
 {
-    ReportSign sign;
     sign.answers["4/27"] = {Good(Hex("FFFFFFFFFFFFFFFF")), Good(Hex("0102030405060708"))};
     sign.answers["4/29"] = {Good(Hex("1112131415161718"))};
     sign.answers["4/5"] = {Good(Hex("00010000"))};
@@ -125,12 +123,11 @@ TEST(Status, SignBeacon)
     EXPECT_EQ(Seen::beacon, Hex("0012130100000000")) << "the second answer counts";
 }
 
-TEST(Status, ShownMessage)
+TEST_F(Status, ShownMessage)
 {
-    ReportSign sign;
     const auto shown = [&](const Answer& name, bool converter) {
         sign.answers["6/7"] = {name};
-        sign.sign.Config().onMessageToGif = converter ? Seen::Convert : nullptr;
+        sign.Config().onMessageToGif = converter ? Seen::Convert : nullptr;
         EXPECT_EQ(Read(), 0u);
         return Seen::path;
     };
@@ -147,9 +144,8 @@ TEST(Status, ShownMessage)
     EXPECT_EQ(shown(Good(Bytes(1000, 'a')), false), "tmp/" + std::string(256, 'a'));
 }
 
-TEST(Status, Update3Info)
+TEST_F(Status, Update3Info)
 {
-    ReportSign sign;
     Bytes record(569, 0xEE);
     sign.answers["1/11"] = {Good(Hex(kState), Hex("00027700"))};
     sign.answers["4/11"] = {Good(Hex("01020304"))};

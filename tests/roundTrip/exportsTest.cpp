@@ -1,17 +1,13 @@
 // Whole ways: what one export leaves with the sign another one reads, or the face shows.
 #include "roundTrip/roundTrip.h"
+#include "support/reportSign.h"
 
 namespace vxsign::test {
 namespace {
 
-std::string FromBytes(const Bytes& bytes)
-{
-    return {bytes.begin(), bytes.end()};
-}
-
 TEST_F(RoundTrip, FilesOfEveryKindGoAndComeBack)
 {
-    const std::string content = FromBytes(Ramp(2000));
+    const std::string content = ToText(Ramp(2000));
     const std::string up = local.Write("up", content);
     const char* const source = up.c_str();
     const std::string down = local.Path("down");
@@ -24,8 +20,8 @@ TEST_F(RoundTrip, FilesOfEveryKindGoAndComeBack)
         {[&] { return vxWriteTextFile('D', "A", source); }, [&] { return vxReadTextFile('D', "A", target); }, "D/T/A"},
         {[&] { return vxWriteStringFile('E', "A", source); }, [&] { return vxReadStringFile('E', "A", target); },
          "E/S/A"},
-        {[&] { return vxWritePictureFile('F', "A", source); }, [&] { return vxReadPictureFile('F', "A", target); },
-         "F/P/A"},
+        {[&] { return vxWritePictureFile('F', "LONGNAME.BMP", source); }, // fills its field
+         [&] { return vxReadPictureFile('f', "LONGNAME.BMP", target); }, "F/P/LONGNAME.BMP"},
         {[&] { return vxWriteArrPicFile('D', "A", source); }, [&] { return vxReadArrPicFile('D', "A", target); },
          "D/A/A"},
         {[&] { return vxWriteSpecFile("D:\\X\\A", source); }, [&] { return vxReadSpecPathFile("D:\\X\\A", target); },
@@ -54,7 +50,7 @@ TEST_F(RoundTrip, FoldersAreListedInEveryForm)
     Bytes entries(3200);
     EXPECT_EQ(vxGetDirFileEx("E:\\", 40, 20, &total, entries.data(), 100), 0u);
     EXPECT_EQ(total, 45u);
-    EXPECT_EQ(FromBytes({entries.begin(), entries.begin() + 4}), "1040");
+    EXPECT_EQ(ToText(Part(entries, 0, 4)), "1040");
     EXPECT_EQ(vxLstFolder(local.Path("list").c_str(), "E:\\"), 0u);
     EXPECT_EQ(local.Read("list").size(), 12u + 45 * 32) << "the first page is there twice";
     std::vector<std::string> names;
@@ -68,67 +64,40 @@ TEST_F(RoundTrip, FoldersAreListedInEveryForm)
     EXPECT_FALSE(folder.Has("E/dlist.dlt")) << "the sign's own listing is deleted";
 }
 
-TEST_F(RoundTrip, TheFaceShowsWhatExportsPut)
-{
-    PlayThree();
-    EXPECT_EQ(vxPlayNext(), 0u);
-    EXPECT_EQ(Seen(Now()), "G");
-    EXPECT_EQ(vxPatternTest(2), 0u);
-    EXPECT_EQ(Seen(Now()), "W");
-    EXPECT_EQ(vxStopTest(), 0u);
-    EXPECT_EQ(vxBlackScreen(), 0u);
-    EXPECT_EQ(Seen(Now()), ".");
-    EXPECT_EQ(vxEndBlackScreen(), 0u);
-    EXPECT_EQ(vxTickerStart(1, 0, '3'), 0u);
-    const std::string block = "\u2588";
-    EXPECT_EQ(vxUploadBuffer(reinterpret_cast<const std::uint8_t*>(block.data()), 3), 0u);
-    std::uint16_t status = 0;
-    EXPECT_EQ(vxGetBufferStatus(&status), 0u);
-    EXPECT_EQ(status, 33538) << "one of three";
-    FakeClock::Advance(1000);
-    EXPECT_NE(At(Now(), 13), kDark);
-    EXPECT_EQ(vxTickerStop(), 0u);
-    // A page of one zone with a text in green.
-    const ZoneHead head{{}, 1, {}};
-    const Bytes area = Little(0, 4) + Little(16, 2) + Little(16, 2) + Bytes(4, 0);
-    DisplayHead style{};
-    style.head[5] = '2';
-    const ContentHead content{{1}, 3};
-    EXPECT_EQ(vxDivideZone(1, 0, head, area.data()), 0u);
-    EXPECT_EQ(vxSetDisplay(1, 1, 0, style, nullptr), 0u);
-    EXPECT_EQ(vxSetContentDisplay(1, 1, content, block.data()), 0u);
-    EXPECT_EQ(vxSetEnableMulitZone(1), 0u);
-    EXPECT_NE(Drawing(Now()).find_first_not_of(".\n"), std::string::npos);
-    std::uint8_t enable = 0;
-    std::uint8_t pages = 0;
-    EXPECT_EQ(vxGetMulitZoneSetting(&enable, &pages), 0u);
-    EXPECT_EQ(enable, 1);
-}
-
 TEST_F(RoundTrip, LogsOfTheSignAreRead)
 {
+    settings.localSecondsAtZero = 1589365230; // 2020-05-13 10:20:30
+    Rebuild(16, 16);
+    const Taken taken;
     for (int i = 0; i <= 10; ++i, FakeClock::Advance(6000))
         sign->KeepUp(Now());
-    static int records;
-    records = 0;
     const std::string path = local.Path();
     const char* const where = path.c_str();
-    const auto count = [](std::uint32_t, const auto*) { return ++records, 0u; };
-    EXPECT_EQ(vxReadRadarLog(where, 0, 0, count), 0u);
-    EXPECT_EQ(vxReadNewRadarLog(where, 0, 0, count), 0u);
-    EXPECT_EQ(vxReadTJRadarLog(where, 0, 0, count), 0u);
-    EXPECT_EQ(vxReadBatInfoLog(where, 0, 0, 0, count), 0u);
-    EXPECT_EQ(vxReadBatInfoLogII(where, 0, 0, 1, count), 0u);
-    EXPECT_EQ(records, 10) << "a record a minute in each";
-    EXPECT_EQ(vxReadBatInfoLogII(where, 0, 0, 1, count), 36872u) << "deleted when it was read";
+    const auto take = [](std::uint32_t number, const auto* record) { return Taken::WithUser(number, record); };
+    EXPECT_EQ(vxReadRadarLog(where, 0, 0, take), 0u);
+    EXPECT_EQ(vxReadNewRadarLog(where, 0, 0, take), 0u);
+    EXPECT_EQ(vxReadTJRadarLog(where, 0, 0, take), 0u);
+    EXPECT_EQ(vxReadBatInfoLog(where, 0, 0, 0, take), 0u);
+    EXPECT_EQ(vxReadBatInfoLogII(where, 0, 0, 1, take), 0u);
+    ASSERT_EQ(Taken::records.size(), 10u) << "a record a minute in each";
+    const Bytes first = FromText("2020-05-13 10:20:15") + Hex("00"); // seconds by two
+    const Bytes second = FromText("2020-05-13 10:21:15") + Hex("00");
+    const Bytes lanes = Hex("01000000 0D000000 44000000") + Bytes(24);
+    const Bytes battery = Hex("C8320000 E2040000 00000000 0000 5A16") + Bytes(12);
+    const Bytes records[] = {Hex("0C000000 4A000000") + first, Hex("0D000000 44000000") + second};
+    for (const std::size_t i : {0u, 1u, 2u, 3u})
+        EXPECT_EQ(Taken::records[i], records[i % 2]) << i;
+    EXPECT_EQ(Taken::records[5], lanes + second);
+    EXPECT_EQ(Taken::records[6], battery + first);
+    EXPECT_EQ(Taken::records[8], battery + first);
+    EXPECT_EQ(vxReadBatInfoLogII(where, 0, 0, 1, take), 36872u) << "deleted when it was read";
     Tell("bad 3,4,all\nhot 1\ndoor open");
     EXPECT_EQ(vxPxlChk(local.Path("p").c_str(), local.Path("s").c_str()), 0u);
     EXPECT_NE(local.Read("p").find("1,3,4,1,\"Red Pixel Bad\""), std::string::npos);
-    records = 0;
-    EXPECT_EQ(vxReadPixelInfo(where, 0, 2, count), 0u);
-    EXPECT_EQ(records, 1) << "the board in its text";
-    EXPECT_EQ(vxReadWaringReport([](const auto*) { return ++records, 0u; }), 0u);
-    EXPECT_EQ(records, 5) << "four more: the door, a hot tile, pixels, the box";
+    EXPECT_EQ(vxReadPixelInfo(where, 0, 2, take), 0u);
+    EXPECT_EQ(Taken::records.size(), 11u) << "the board in its text";
+    EXPECT_EQ(vxReadWaringReport([](const auto* record) { return Taken::Plain(record); }), 0u);
+    EXPECT_EQ(Taken::records.size(), 15u) << "four more: the door, a hot tile, pixels, the box";
 }
 
 } // namespace

@@ -16,14 +16,7 @@ protected:
     TileWall()
     {
         Rebuild(64, 32);
-        std::filesystem::current_path(local.Path());
         std::filesystem::create_directories("c:/port1");
-        testing::internal::CaptureStdout();
-    }
-    ~TileWall() override
-    {
-        testing::internal::GetCapturedStdout();
-        std::filesystem::current_path(former);
     }
 
     const vxsim::TileWall& Wall() { return sign->Tiles(Now()); }
@@ -46,7 +39,7 @@ protected:
         return same;
     }
 
-    const std::filesystem::path former = std::filesystem::current_path();
+    const WorkingIn here{local};
 };
 
 // The host's form of the calibration, which the ports take too.
@@ -98,6 +91,10 @@ TEST_F(TileWall, FirstFamily)
     EXPECT_EQ(std::vector(pixels.end() - 9, pixels.end()),
               (std::vector<std::uint16_t>{65535, 0, 0, 0, 65535, 0, 0, 0, 65535}));
 
+    Tell("lock 6");
+    ASSERT_EQ(vxTarsisTilePxlSave(pixels.data(), kPixelBytes, back.c_str(), 0, buffer[5], 16, 16, 8, 8), 0u);
+    EXPECT_EQ(vxTarsisWriteTileFile(back.c_str(), 6, 4), 0u) << "the last command, which is one to the tile";
+    EXPECT_TRUE(Matches(CalibrationOf(6))) << "but the tile has what it had";
     Tell("tile-error 6,twi");
     EXPECT_EQ(vxTarsisReadTileFile(back.c_str(), 6, 4), 3090u);
     EXPECT_EQ(vxTarsisSetTileCmd(6, 7), 3090u);
@@ -161,7 +158,8 @@ TEST_F(TileWall, DirectAccess)
     EXPECT_EQ(CalibrationOf(2), nullptr) << "shines without it";
     EXPECT_EQ(vxDirectTilePHYWriteCoefficent2(flat.c_str(), 1, 2, 0, params, sizeof params), 0u);
     EXPECT_TRUE(Matches(CalibrationOf(2)));
-    EXPECT_EQ(local.Read("c:/port1/0002.mcc").size(), 72u);
+    EXPECT_EQ(Part(FromText(local.Read("c:/port1/0002.mcc")), 36),
+              Hex("00010000") + Part({params, params + 80}, 0, 32));
 
     Tell("lock 2");
     EXPECT_EQ(vxDirectTileWriteFileEx(flat.c_str(), 5, 1, 2, 0), 1u);

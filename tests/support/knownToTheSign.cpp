@@ -1,7 +1,6 @@
 // The virtual sign as a second witness of golden requests.
 #include "sim/virtualSign.h"
 #include "support/flatRows.h"
-#include "support/tempFolder.h"
 
 namespace vxsign::test {
 namespace {

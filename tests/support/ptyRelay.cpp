@@ -1,12 +1,13 @@
 // A serial line to a program.
 #include "support/ptyRelay.h"
 
+#include <vxsign/vxsign.h>
+
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
-#include <spawn.h>
 #include <stdexcept>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
@@ -38,10 +39,23 @@ PtyRelay::PtyRelay(Filter toProgram, Filter fromProgram)
 
 PtyRelay::~PtyRelay()
 {
+    const vxApiConfig nothing{};
+    vxInitAPI(&nothing);
     ::eventfd_write(stop, 1);
     thread.join();
     for (const int descriptor : {stop, device, master, nearEnd, farEnd})
         ::close(descriptor);
+}
+
+void PtyRelay::Configure(std::uint32_t timeoutMs) const
+{
+    vxApiConfig config{};
+    config.kind = VX_CHANNEL_SERIAL;
+    config.retries = 1;
+    config.timeoutMs = timeoutMs;
+    config.baudRate = 115200;
+    path.copy(config.serialName, sizeof config.serialName - 1);
+    vxInitAPI(&config);
 }
 
 void PtyRelay::Relay()
@@ -73,14 +87,14 @@ LineProgram::LineProgram(int line, std::vector<std::string> arguments)
     for (std::string& argument : arguments)
         argv.push_back(argument.data());
     argv.push_back(nullptr);
-    ::posix_spawn_file_actions_t actions;
-    ::posix_spawn_file_actions_init(&actions);
-    ::posix_spawn_file_actions_adddup2(&actions, line, STDIN_FILENO);
-    ::posix_spawn_file_actions_adddup2(&actions, line, STDOUT_FILENO);
-    ::posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    if (::posix_spawnp(&process, argv[0], &actions, nullptr, argv.data(), environ) != 0)
-        process = -1;
-    ::posix_spawn_file_actions_destroy(&actions);
+    process = ::fork();
+    if (process != 0)
+        return;
+    ::dup2(line, STDIN_FILENO);
+    ::dup2(line, STDOUT_FILENO);
+    ::dup2(::open("/dev/null", O_WRONLY), STDERR_FILENO);
+    ::execvp(argv[0], argv.data());
+    ::_exit(127);
 }
 
 LineProgram::~LineProgram()

@@ -27,6 +27,8 @@ public:
 
     /// The device that stands for the line.
     const std::string& Path() const { return path; }
+    /// The thread's library speaks over it, in one try.
+    void Configure(std::uint32_t timeoutMs) const;
     /// Standard input and output for the program at the far end.
     int FarEnd() const { return farEnd; }
 

@@ -2,7 +2,6 @@
 #include "support/scriptedSign.h"
 
 #include <algorithm>
-#include <gtest/gtest.h>
 
 namespace vxsign::test {
 namespace {
@@ -40,20 +39,16 @@ vxApiConfig ScriptedSign::MakeConfig() const
     return config;
 }
 
-ScriptedSign::ScriptedSign()
+ScriptedSign::ScriptedSign() : former(std::exchange(current, this))
 {
-    current = this;
-    const vxApiConfig config = MakeConfig();
-    vxInitAPI(&config);
+    Renew();
 }
 
 ScriptedSign::~ScriptedSign()
 {
     EXPECT_TRUE(script.empty()) << script.size() << " scripted answers were not used";
-    const vxApiConfig nothing{};
-    vxInitAPI(&nothing);
-    Config().initialised = 0;
-    current = nullptr;
+    Config() = formerConfig;
+    current = former;
 }
 
 ScriptedSign& ScriptedSign::Then(Answer answer)
@@ -70,16 +65,14 @@ ScriptedSign& ScriptedSign::Then(std::uint32_t times, const Answer& answer)
 
 void ScriptedSign::Take(const Bytes& request)
 {
-    EXPECT_STREQ(Malformed(request), "");
-    if (*Malformed(request) != '\0')
+    const char* const wrong = isForeign ? "" : Malformed(request);
+    EXPECT_STREQ(wrong, "");
+    if (*wrong != '\0' || request.empty())
         return;
     requests.push_back({request});
     const Packet& packet = requests.back();
-    if (raw) {
-        for (Bytes& piece : raw(packet))
-            arriving.push_back(std::move(piece));
-        return;
-    }
+    if (raw)
+        return Arrive(raw(packet));
     if (script.empty() && !otherwise)
         return;
     Answer answer;
@@ -89,38 +82,41 @@ void ScriptedSign::Take(const Bytes& request)
         answer = std::move(script.front());
         script.pop_front();
     }
-    Bytes reply = MakeReply(packet, answer.status, answer.payload, answer.extended);
-    switch (answer.fault) {
-    case Fault::None:
-        break;
-    case Fault::Drop:
+    // A reply to another request has other bytes where it repeats them.
+    Packet answered = packet;
+    answered.bytes[10] ^= answer.fault == Fault::WrongId ? 1 : 0;
+    answered.bytes[12] ^= answer.fault == Fault::WrongMajor ? 1 : 0;
+    Bytes reply = MakeReply(answered, answer.status, answer.payload, answer.extended);
+    if (answer.fault == Fault::Drop)
         return;
-    case Fault::Late:
+    if (answer.fault == Fault::Late)
         arriving.emplace_back();
-        break;
-    case Fault::Truncate:
+    if (answer.fault == Fault::Truncate)
         reply.resize(reply.size() - 4);
-        break;
-    case Fault::WrongId: {
-        Packet other = packet;
-        other.bytes[10] ^= 1;
-        reply = MakeReply(other, answer.status, answer.payload, answer.extended);
-        break;
-    }
-    case Fault::WrongMajor: {
-        Packet other = packet;
-        other.bytes[12] ^= 1;
-        reply = MakeReply(other, answer.status, answer.payload, answer.extended);
-        break;
-    }
-    case Fault::BadSum:
+    if (answer.fault == Fault::BadSum)
         reply[2] ^= 1;
-        break;
-    case Fault::Noise:
+    if (answer.fault == Fault::Noise)
         reply.insert(reply.begin(), {0x00, 0xA8, 0x55});
-        break;
-    }
     arriving.push_back(std::move(reply));
+}
+
+void ScriptedSign::Arrive(std::deque<Bytes> pieces)
+{
+    std::move(pieces.begin(), pieces.end(), std::back_inserter(arriving));
+}
+
+void ScriptedSign::Renew()
+{
+    EXPECT_TRUE(script.empty()) << script.size() << " scripted answers were not used";
+    script.clear();
+    arriving.clear();
+    requests.clear();
+    readWaits.clear();
+    progress.clear();
+    log.clear();
+    opened = closed = 0;
+    const vxApiConfig config = MakeConfig();
+    vxInitAPI(&config);
 }
 
 std::string ScriptedSign::Road() const
@@ -134,11 +130,10 @@ std::string ScriptedSign::Road() const
 std::int32_t ScriptedSign::Give(std::uint8_t* buffer, std::uint32_t capacity, std::uint32_t waitMs)
 {
     readWaits.push_back(waitMs);
-    if (arriving.empty()) {
-        if (onEmptyRead)
-            onEmptyRead();
+    if (arriving.empty() && onEmptyRead)
+        onEmptyRead();
+    if (arriving.empty())
         return 0;
-    }
     Bytes& piece = arriving.front();
     const std::size_t count = std::min<std::size_t>(piece.size(), capacity);
     std::copy_n(piece.begin(), count, buffer);

@@ -1,14 +1,15 @@
 // A sign that answers by script, through onRead and onWrite, and keeps what was sent.
 #pragma once
 
+#include "support/fakeClock.h"
 #include "support/packets.h"
+#include "support/tempFolder.h"
 
 #include <vxsign/vxsign.h>
 
 #include <deque>
 #include <functional>
-#include <string>
-#include <vector>
+#include <tuple>
 
 namespace vxsign::test {
 
@@ -16,13 +17,13 @@ namespace vxsign::test {
 enum class Fault
 {
     None,
-    Drop,       // nothing arrives
     Late,       // arrives after the first read came back empty
+    Noise,      // three stray bytes ahead
+    Drop,       // nothing arrives; this and what follows costs a try
     Truncate,   // the last four bytes are missing
     WrongId,    // answers another request
     WrongMajor, // answers another command
     BadSum,     // one bit of the checksum is wrong
-    Noise,      // three stray bytes ahead
 };
 
 struct Answer
@@ -43,6 +44,9 @@ inline Answer Refusal(std::uint16_t code)
     return {1, {static_cast<std::uint8_t>(code), static_cast<std::uint8_t>(code >> 8), 0, 0}, {}, Fault::None};
 }
 
+/// The sign's own word for success, as it acknowledges packets of a window.
+inline const Answer kProcessOk{1, {0x00, 0x90, 0, 0}, {}, Fault::None};
+
 struct LogLine
 {
     std::string source;
@@ -52,7 +56,7 @@ struct LogLine
 };
 
 /// Installs itself as the calling thread's sign. At its end the test fails if answers are left over or a malformed
-/// request was seen. Only one for each thread at a time.
+/// request was seen. A later one stands in front of it as long as it lives.
 class ScriptedSign
 {
 public:
@@ -69,8 +73,14 @@ public:
     std::function<Answer(const Packet& request)> otherwise;
     /// Makes the bytes of each reply itself, in place of the script: one element for each read.
     std::function<std::deque<Bytes>(const Packet& request)> raw;
-    /// Called at each read that finds nothing.
+    /// What is sent are no packets of signs, but of another protocol.
+    bool isForeign = false;
+    /// Called at each read that finds nothing, which then finds what has come meanwhile.
     std::function<void()> onEmptyRead;
+    /// Bytes come: one element for each read, an empty one is a time-out.
+    void Arrive(std::deque<Bytes> pieces);
+    /// As a new one in its place: nothing sent or told so far, the configuration as it was.
+    void Renew();
 
     /// The thread's live record.
     vxApiConfig& Config() const { return *static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION)); }
@@ -93,7 +103,23 @@ private:
     std::int32_t Give(std::uint8_t* buffer, std::uint32_t capacity, std::uint32_t waitMs);
 
     std::deque<Answer> script;
-    std::deque<Bytes> arriving; // one element for each read; an empty one is a time-out
+    std::deque<Bytes> arriving;
+    ScriptedSign* const former;
+    const vxApiConfig formerConfig = Config();
 };
+
+/// A sign by script, a folder, where the library's own temporary files go too, and time that stands still.
+template <class Sign>
+class TestWith : public testing::Test
+{
+protected:
+    TestWith() { ::setenv("TMPDIR", folder.Path().c_str(), 1); }
+    ~TestWith() override { ::unsetenv("TMPDIR"); }
+
+    const FakeClock clock; // 2020-05-13 10:20:30
+    const TempFolder folder;
+    Sign sign;
+};
+using ScriptedTest = TestWith<ScriptedSign>;
 
 } // namespace vxsign::test

@@ -72,4 +72,31 @@ public:
     std::filesystem::path path;
 };
 
+/// The folder to work in for as long as this lives, which keeps back what is printed.
+class WorkingIn
+{
+public:
+    explicit WorkingIn(const TempFolder& folder)
+    {
+        std::filesystem::current_path(folder.path);
+        testing::internal::CaptureStdout();
+    }
+    ~WorkingIn()
+    {
+        testing::internal::GetCapturedStdout();
+        std::filesystem::current_path(former);
+    }
+    WorkingIn(const WorkingIn&) = delete;
+    WorkingIn& operator=(const WorkingIn&) = delete;
+
+private:
+    const std::filesystem::path former = std::filesystem::current_path();
+};
+
+class FolderTest : public testing::Test
+{
+protected:
+    const TempFolder folder;
+};
+
 } // namespace vxsign::test

@@ -23,13 +23,8 @@ UdpPeer::UdpPeer(std::function<Bytes(const Bytes&)> answerRequest) : answer(std:
 
 UdpPeer::~UdpPeer()
 {
-    // A datagram of its own wakes the thread.
     ending = true;
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = htons(port);
-    ::sendto(descriptor, "", 0, 0, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    ::shutdown(descriptor, SHUT_RD); // wakes the thread
     thread.join();
     ::close(descriptor);
 }

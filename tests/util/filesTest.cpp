@@ -8,17 +8,16 @@
 
 #include <cstring>
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <tuple>
 
 namespace {
 
 using namespace vxsign;
-using test::TempFolder;
 
-TEST(Files, SizesAndOpening)
+using Files = vxsign::test::FolderTest;
+
+TEST_F(Files, SizesAndOpening)
 {
-    const TempFolder folder;
     const std::string path = folder.Write("a", "12345");
     const File file = OpenFile(path.c_str(), "rb");
     ASSERT_TRUE(file);
@@ -42,9 +41,8 @@ TEST(Files, SizesAndOpening)
 }
 
 // Where positions of 31 or 32 bits end. The files have holes, and take no room.
-TEST(Files, PositionsAndSizesHave64Bits)
+TEST_F(Files, PositionsAndSizesHave64Bits)
 {
-    const TempFolder folder;
     for (const std::uint64_t at : {std::uint64_t{0x7FFFFFFE}, std::uint64_t{0xFFFFFFFE}, std::uint64_t{5} << 30}) {
         SCOPED_TRACE(at);
         const std::string path = folder.Write("large", "");
@@ -63,7 +61,7 @@ TEST(Files, PositionsAndSizesHave64Bits)
     }
 }
 
-TEST(Files, AFullDeviceShowsWhenTheFileIsClosed)
+TEST_F(Files, AFullDeviceShowsWhenTheFileIsClosed)
 {
     File full = OpenFile("/dev/full", "wb");
     ASSERT_TRUE(full);
@@ -73,9 +71,8 @@ TEST(Files, AFullDeviceShowsWhenTheFileIsClosed)
     EXPECT_FALSE(CloseFile(full));
 }
 
-TEST(Files, Shortcuts)
+TEST_F(Files, Shortcuts)
 {
-    const TempFolder folder;
     const std::string a = folder.Write("a", "first");
     const std::string b = folder.Write("b", "second");
     EXPECT_EQ(vxOSCopyFile(a.c_str(), b.c_str(), 1), 0u);
@@ -163,9 +160,8 @@ TEST(PrintBuf, CutsAndTerminates)
     EXPECT_EQ(vxPrintBuf(nullptr, 5, "%d", 1), 0u);
 }
 
-TEST(ReadFileLine, PassesOverOneByteBehindTheLineFeed)
+TEST_F(Files, ReadingALinePassesOverOneByteBehindTheLineFeed)
 {
-    const TempFolder folder;
     const File file = OpenFile(folder.Write("lines", "ab\n\rcd\nXtail").c_str(), "rb");
     std::uint8_t buffer[10];
     const auto read = [&](std::uint32_t size) {

@@ -9,7 +9,6 @@
 #include <vxsign/result.h>
 
 #include <cstring>
-#include <gtest/gtest.h>
 #include <mutex>
 #include <set>
 #include <stdexcept>
@@ -20,7 +19,6 @@
 namespace {
 
 using vxsign::test::FakeClock;
-using vxsign::test::TempFolder;
 
 class TempNames : public testing::Test
 {
@@ -90,9 +88,10 @@ TEST_F(TempNames, NeverRepeatAcrossThreads)
     EXPECT_EQ(names.size(), kThreads * kNames);
 }
 
-TEST(ShortNames, OnlyFilesThatAreThereHaveOne)
+using Names = vxsign::test::FolderTest;
+
+TEST_F(Names, ShortOnlyFilesThatAreThereHaveOne)
 {
-    const TempFolder folder;
     const std::string fits = folder.Write("Message1.Nmg", "");
     char out[16];
     std::memset(out, 'x', sizeof out);
@@ -114,7 +113,7 @@ TEST(ShortNames, OnlyFilesThatAreThereHaveOne)
     EXPECT_EQ(std::string_view(out + 6, 6), "~1.BIT");
 }
 
-TEST(SignPaths, TheFirstBytesChooseTheFolder)
+TEST_F(Names, SignPathsTheFirstBytesChooseTheFolder)
 {
     using namespace std::string_view_literals;
     const std::tuple<std::string_view, std::string_view, char> rows[] = {
@@ -132,7 +131,6 @@ TEST(SignPaths, TheFirstBytesChooseTheFolder)
         {"l.nm", "NG"sv, 'A'},
         {"m", ""sv, 'F'},
     };
-    const TempFolder folder;
     for (const auto& [name, head, folderLetter] : rows) {
         const std::string path = folder.Write(name, head);
         char out[20];
@@ -145,9 +143,8 @@ TEST(SignPaths, TheFirstBytesChooseTheFolder)
     }
 }
 
-TEST(SignPaths, Refusals)
+TEST_F(Names, SignPathsRefusals)
 {
-    const TempFolder folder;
     const std::string path = folder.Write("Message1.Nmg", "QZ00SAX");
     char out[20] = "before";
     char shortName[12] = "before";
@@ -165,9 +162,8 @@ TEST(SignPaths, Refusals)
     EXPECT_STREQ(out, "E:\\T\\Message1.Nmg");
 }
 
-TEST(SerialPorts, OnlyThoseThatAreThere)
+TEST_F(Names, SerialPortsOnlyThoseThatAreThere)
 {
-    const TempFolder folder;
     for (const char* device : {"ttyUSB0/device", "ttyACM1/device", "ttyS0/device", "ttyS1/device", "tty1"})
         std::filesystem::create_directories(folder.Path(device));
     folder.Write("ttyS0/type", "4\n");
@@ -176,7 +172,7 @@ TEST(SerialPorts, OnlyThoseThatAreThere)
     EXPECT_TRUE(vxsign::platform::SerialPorts(folder.Path("absent")).empty());
 }
 
-TEST(SerialPorts, TheListIsClearedAndCut)
+TEST_F(Names, SerialPortsTheListIsClearedAndCut)
 {
     char out[64];
     std::memset(out, 'x', sizeof out);

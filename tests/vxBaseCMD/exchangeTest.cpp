@@ -4,7 +4,6 @@
 #include "vxBaseCMD/vxBaseCMD.h"
 
 #include <atomic>
-#include <gtest/gtest.h>
 #include <numeric>
 #include <random>
 #include <sys/wait.h>
@@ -14,57 +13,48 @@
 namespace vxsign::test {
 namespace {
 
-TEST(Request, TheFirstPacketOfAProcess)
+class Exchange : public ScriptedTest
 {
-    ScriptedSign sign;
+protected:
+    // The result of one command in so many tries, to which these bytes come back.
+    std::uint32_t Try(std::uint32_t retries, std::uint32_t timeoutMs,
+                      std::function<std::deque<Bytes>(const Packet& request)> answer = {})
+    {
+        sign.Renew();
+        sign.Config().retries = retries;
+        sign.Config().timeoutMs = timeoutMs;
+        sign.raw = std::move(answer);
+        return vxBlackScreen();
+    }
+};
+
+TEST_F(Exchange, TheFirstPacketOfAProcess)
+{
     packetIds::Set(0);
     sign.Then(Good());
     EXPECT_EQ(vxBlackScreen(), 0u);
     EXPECT_EQ(sign.requests.at(0).bytes, Hex("55A7 0600 0000 0000 0000 0100 04 01 00 00"));
 }
 
-TEST(Request, CarriesBothAddressesAndANewId)
+TEST_F(Exchange, CarriesBothAddressesAndANewId)
 {
-    ScriptedSign sign;
     sign.Config().sourceAddress = 0x1234;
     sign.Config().destinationAddress = 0xABCD;
     packetIds::Set(65534);
     sign.Then(2, Good());
     EXPECT_EQ(vxBlackScreen(), 0u);
     EXPECT_EQ(vxBlackScreen(), 0u);
-    EXPECT_EQ(Bytes(sign.requests[0].bytes.begin() + 4, sign.requests[0].bytes.end()),
-              Hex("0000 3412 CDAB FFFF 04 01 00 00"));
+    EXPECT_EQ(Part(sign.requests[0].bytes, 4), Hex("0000 3412 CDAB FFFF 04 01 00 00"));
     EXPECT_EQ(sign.requests[1].Id(), 0u) << "the counter wraps silently";
 }
 
-TEST(Request, WhatDoesNotFitIsNotSent)
+TEST_F(Exchange, EachFaultCostsATryOrIsOvercome)
 {
-    ScriptedSign sign;
-    const Bytes data(1021);
-    sign.Then(Good());
-    EXPECT_EQ(vxTubeSet(1, data.data(), 1020), 0u);
-    EXPECT_EQ(vxTubeSet(1, data.data(), 1021), 2u);
-    EXPECT_EQ(sign.requests.size(), 1u);
-}
-
-struct FaultCase
-{
-    Fault fault;
-    std::uint32_t result; // with a single try
-};
-
-TEST(Exchange, EachFaultCostsATryOrIsOvercome)
-{
-    for (const auto& [fault, result] : std::initializer_list<FaultCase>{{Fault::None, 0},
-                                                                        {Fault::Late, 0},
-                                                                        {Fault::Noise, 0},
-                                                                        {Fault::Drop, 20736},
-                                                                        {Fault::Truncate, 20736},
-                                                                        {Fault::WrongId, 20736},
-                                                                        {Fault::WrongMajor, 20736},
-                                                                        {Fault::BadSum, 20736}}) {
+    for (const Fault fault : {Fault::None, Fault::Late, Fault::Noise, Fault::Drop, Fault::Truncate, Fault::WrongId,
+                              Fault::WrongMajor, Fault::BadSum}) {
+        const std::uint32_t result = fault <= Fault::Noise ? 0 : 20736; // with a single try
         SCOPED_TRACE(static_cast<int>(fault));
-        ScriptedSign sign;
+        sign.Renew();
         Answer answer = Good({1, 2, 3, 4});
         answer.fault = fault;
         sign.Config().retries = 1;
@@ -84,9 +74,8 @@ TEST(Exchange, EachFaultCostsATryOrIsOvercome)
     }
 }
 
-TEST(Exchange, StatusBecomesAResultWord)
+TEST_F(Exchange, StatusBecomesAResultWord)
 {
-    ScriptedSign sign;
     sign.Config().retries = 2;
     sign.Then(Refusal(0x9000));
     EXPECT_EQ(vxBlackScreen(), 0u);
@@ -100,9 +89,8 @@ TEST(Exchange, StatusBecomesAResultWord)
     EXPECT_EQ(sign.requests.size(), 5u);
 }
 
-TEST(Exchange, LogsFailedTriesAndFailedCommands)
+TEST_F(Exchange, LogsFailedTriesAndFailedCommands)
 {
-    ScriptedSign sign;
     Answer dropped = Good();
     dropped.fault = Fault::Drop;
     sign.Then(dropped).Then(Refusal(0x1234));
@@ -118,9 +106,8 @@ TEST(Exchange, LogsFailedTriesAndFailedCommands)
     EXPECT_EQ(sign.log[1].message, "Unknow Error!");
 }
 
-TEST(Exchange, AnAbortSendsNothingMoreAndStands)
+TEST_F(Exchange, AnAbortSendsNothingMoreAndStands)
 {
-    ScriptedSign sign;
     sign.Config().abortFlag = 7;
     EXPECT_EQ(vxBlackScreen(), 20497u);
     EXPECT_TRUE(sign.requests.empty());
@@ -134,57 +121,39 @@ TEST(Exchange, AnAbortSendsNothingMoreAndStands)
     EXPECT_EQ(sign.requests.size(), 1u);
 }
 
-TEST(Exchange, ReadsInTheStatedPace)
+TEST_F(Exchange, ReadsInTheStatedPace)
 {
-    ScriptedSign sign;
-    sign.Config().retries = 1;
-    sign.Config().timeoutMs = 600;
-    EXPECT_EQ(vxBlackScreen(), 20736u);
+    EXPECT_EQ(Try(1, 600), 20736u);
     EXPECT_EQ(sign.readWaits, (std::vector<std::uint32_t>{500, 200, 200, 200, 200, 200}));
-
     // Below two polls there is the first read alone.
-    sign.readWaits.clear();
-    sign.Config().timeoutMs = 199;
-    EXPECT_EQ(vxBlackScreen(), 20736u);
+    EXPECT_EQ(Try(1, 199), 20736u);
     EXPECT_EQ(sign.readWaits, (std::vector<std::uint32_t>{500}));
-
     // Stray bytes with no reply among the first ten: the polls pass without a read.
-    sign.readWaits.clear();
-    sign.Config().timeoutMs = 3000;
-    sign.raw = [](const Packet&) { return std::deque<Bytes>{Bytes(40, 0xEE), Bytes(40, 0xEE)}; };
-    EXPECT_EQ(vxBlackScreen(), 20736u);
+    EXPECT_EQ(Try(1, 3000, [](const Packet&) { return Pieces(Bytes(80, 0xEE), 40); }), 20736u);
     EXPECT_EQ(sign.readWaits.size(), 1u);
 }
 
-TEST(Exchange, TheRestOfAReplyHasPollsOfItsOwn)
+TEST_F(Exchange, TheRestOfAReplyHasPollsOfItsOwn)
 {
-    ScriptedSign sign;
-    sign.Config().retries = 1;
-    sign.Config().timeoutMs = 300; // 3 polls
-    // A header in two pieces uses up the search; the payload still gets three reads.
-    sign.raw = [](const Packet& request) {
-        const Bytes reply = MakeReply(request, 0, Bytes(12, 7), {});
-        std::deque<Bytes> pieces{{reply.begin(), reply.begin() + 16}};
-        for (std::size_t at = 16; at < reply.size(); at += 4)
-            pieces.emplace_back(reply.begin() + static_cast<std::ptrdiff_t>(at),
-                                reply.begin() + static_cast<std::ptrdiff_t>(at) + 4);
-        return pieces;
-    };
-    EXPECT_EQ(vxBlackScreen(), 0u);
+    // A header in two pieces uses up the search of three polls; the payload still gets three reads.
+    EXPECT_EQ(Try(1, 300,
+                  [](const Packet& request) {
+                      const Bytes reply = MakeReply(request, 0, Bytes(12, 7), {});
+                      std::deque<Bytes> pieces = Pieces(Part(reply, 16), 4);
+                      pieces.push_front(Part(reply, 0, 16));
+                      return pieces;
+                  }),
+              0u);
     EXPECT_EQ(sign.readWaits, (std::vector<std::uint32_t>{500, 200, 200, 200}));
 }
 
 // Where stray bytes ahead of the reply may end: 9 are skipped while gathering, 5 while checking.
-TEST(Exchange, ResynchronisesInBothPlaces)
+TEST_F(Exchange, ResynchronisesInBothPlaces)
 {
-    const auto resultWith = [](std::size_t stray, std::uint32_t timeoutMs) {
-        ScriptedSign sign;
-        sign.Config().retries = 1;
-        sign.Config().timeoutMs = timeoutMs;
-        sign.raw = [stray](const Packet& request) {
+    const auto resultWith = [&](std::size_t stray, std::uint32_t timeoutMs) {
+        return Try(1, timeoutMs, [stray](const Packet& request) {
             return std::deque<Bytes>{Bytes(stray, 0x55) + MakeReply(request, 0, {1, 2, 3, 4}, {})};
-        };
-        return vxBlackScreen();
+        });
     };
     EXPECT_EQ(resultWith(9, 3000), 0u);
     EXPECT_EQ(resultWith(10, 3000), 20736u);
@@ -192,110 +161,85 @@ TEST(Exchange, ResynchronisesInBothPlaces)
     EXPECT_EQ(resultWith(6, 50), 20736u);
 }
 
-TEST(Exchange, CrcRepliesAndMixedMethods)
+TEST_F(Exchange, CrcRepliesAndMixedMethods)
 {
-    ScriptedSign sign;
-    sign.Config().retries = 1;
-    packetIds::Set(0x0100);
-    const auto crcReply = [](std::uint8_t sync) {
-        Bytes reply = Hex("55A4 0000 0000 0000 0000 0101 04 01 00 00");
-        reply[1] = sync;
-        const unsigned crc = CrcField(reply);
-        reply[2] = static_cast<std::uint8_t>(crc);
-        reply[3] = static_cast<std::uint8_t>(crc >> 8);
-        return reply;
-    };
-    for (const auto& [sync, result] :
-         {std::pair<std::uint8_t, std::uint32_t>{0xA4, 0}, {0xB2, 0}, {0xA8, 20736}, {0xA9, 20736}}) {
+    for (const auto& [sync, result] : {std::pair{0xA4, 0u}, {0xB2, 0u}, {0xA8, 20736u}, {0xA9, 20736u}}) {
         packetIds::Set(0x0100);
-        sign.raw = [&, s = sync](const Packet&) { return std::deque<Bytes>{crcReply(s)}; };
-        EXPECT_EQ(vxBlackScreen(), result) << int(sync);
+        const auto answer = [sync = static_cast<std::uint8_t>(sync)](const Packet&) {
+            const Bytes reply = Bytes{0x55, sync} + Hex("0000 0000 0000 0000 0101 04 01 00 00");
+            return std::deque<Bytes>{Part(reply, 0, 2) + Little(CrcField(reply), 2) + Part(reply, 4)};
+        };
+        EXPECT_EQ(Try(1, 3000, answer), result) << sync;
     }
 }
 
 // A reply longer than its buffer runs on, up to 4608 bytes in all; one that declares more fails its try. In both cases
 // the tries that follow send the same bytes.
-TEST(Exchange, LongRepliesEndWhereTheBuffersEnd)
+TEST_F(Exchange, LongRepliesEndWhereTheBuffersEnd)
 {
     for (const auto& [length, result] :
          {std::pair<std::size_t, std::uint32_t>{4592, 0}, {4593, 20736}, {65535, 20736}}) {
-        ScriptedSign sign;
-        sign.Config().retries = 2;
         int served = 0;
-        sign.raw = [&, size = length](const Packet& request) {
-            Bytes reply = MakeReply(request, 0, {}, Bytes(size, 0x31));
-            if (served++ == 0)
-                reply[2] ^= 1;
-            std::deque<Bytes> pieces;
-            for (std::size_t at = 0; at < reply.size(); at += 1536)
-                pieces.emplace_back(reply.begin() + static_cast<std::ptrdiff_t>(at),
-                                    reply.begin() + static_cast<std::ptrdiff_t>(std::min(at + 1536, reply.size())));
-            return pieces;
-        };
-        EXPECT_EQ(vxBlackScreen(), result);
+        EXPECT_EQ(Try(2, 3000,
+                      [&, size = length](const Packet& request) {
+                          Bytes reply = MakeReply(request, 0, {}, Bytes(size, 0x31));
+                          if (served++ == 0)
+                              reply[2] ^= 1;
+                          return Pieces(reply, 1536);
+                      }),
+                  result);
         ASSERT_EQ(sign.requests.size(), 2u);
         EXPECT_EQ(sign.requests[0].bytes, sign.requests[1].bytes);
     }
 }
 
-TEST(Exchange, GarbageOfEveryLengthEndsCleanly)
+TEST_F(Exchange, GarbageOfEveryLengthEndsCleanly)
 {
     std::mt19937 random(42);
     for (std::size_t length = 0; length <= 40; ++length)
         for (int round = 0; round < 20; ++round) {
-            ScriptedSign sign;
-            sign.Config().retries = 1;
-            sign.Config().timeoutMs = round % 2 == 0 ? 3000 : 50;
-            sign.raw = [&](const Packet& request) {
+            Try(1, round % 2 == 0 ? 3000 : 50, [&](const Packet& request) {
                 Bytes bytes(length);
-                for (std::uint8_t& byte : bytes)
-                    byte = static_cast<std::uint8_t>(random());
+                std::generate(bytes.begin(), bytes.end(), [&] { return static_cast<std::uint8_t>(random()); });
                 // Half of them begin like a reply to this request.
-                const Bytes good = MakeReply(request, 0, {}, {});
                 if (round % 4 < 2)
-                    std::copy_n(good.begin(), std::min<std::size_t>(length, 14), bytes.begin());
+                    std::copy_n(MakeReply(request, 0, {}, {}).begin(), std::min<std::size_t>(length, 14),
+                                bytes.begin());
                 return std::deque<Bytes>{bytes};
-            };
-            vxBlackScreen();
+            });
             EXPECT_EQ(sign.requests.size(), 1u);
         }
 }
 
 // The longest that a try may read: the header is whole just in time, and nothing follows.
-TEST(Exchange, AHeaderAndThenSilenceHasItsBound)
+TEST_F(Exchange, AHeaderAndThenSilenceHasItsBound)
 {
-    for (const auto& [polls, longest] : {std::pair<std::size_t, std::uint32_t>{2, 900}, {3, 1300}, {30, 12100}}) {
-        ScriptedSign sign;
-        sign.Config().retries = 1;
-        sign.Config().timeoutMs = static_cast<std::uint32_t>(polls * 100);
-        sign.raw = [empty = polls - 2](const Packet& request) {
+    for (const auto& [polls, longest] : {std::pair{2u, 900u}, {3u, 1300u}, {30u, 12100u}}) {
+        const auto answer = [empty = polls - 2](const Packet& request) {
             std::deque<Bytes> pieces(empty);
-            const Bytes reply = MakeReply(request, 0, Bytes(12, 7), {});
-            pieces.emplace_back(reply.begin(), reply.begin() + 16);
+            pieces.push_back(Part(MakeReply(request, 0, Bytes(12, 7), {}), 0, 16));
             return pieces;
         };
-        EXPECT_EQ(vxBlackScreen(), 20736u);
+        EXPECT_EQ(Try(1, polls * 100, answer), 20736u);
         EXPECT_EQ(std::accumulate(sign.readWaits.begin(), sign.readWaits.end(), 0u), longest);
     }
 }
 
-struct PieceCase
-{
-    const char* name;
-    std::uint32_t timeoutMs;
-    std::size_t piece;   // bytes
-    std::uint64_t gapMs; // between two pieces
-    std::size_t pauseAt; // the piece that comes late
-    std::uint64_t pauseMs;
-    std::uint32_t result;
-    std::uint64_t tookMs; // at most
-};
-
 // Over a channel: how many pieces a reply comes in does not matter, only when the last one comes.
-TEST(Exchange, ManySmallPiecesAreInTimeUntilTheTimeIsOver)
+TEST_F(Exchange, ManySmallPiecesAreInTimeUntilTheTimeIsOver)
 {
     constexpr std::size_t kNever = 1000000;
-    const PieceCase cases[] = {
+    const struct
+    {
+        const char* name;
+        std::uint32_t timeoutMs;
+        std::size_t piece;   // bytes
+        std::uint64_t gapMs; // between two pieces
+        std::size_t pauseAt; // the piece that comes late
+        std::uint64_t pauseMs;
+        std::uint32_t result;
+        std::uint64_t tookMs; // at most
+    } rows[] = {
         {"a device server of 32 bytes", 3000, 32, 1, kNever, 0, 0, 100},
         {"slower", 3000, 32, 70, kNever, 0, 0, 2900},
         {"a pause within them", 3000, 32, 1, 39, 700, 0, 1000},
@@ -307,9 +251,8 @@ TEST(Exchange, ManySmallPiecesAreInTimeUntilTheTimeIsOver)
         {"the time is over before the polls are", 3000, 16, 100, 2, 100000, 20736, 6000},
         {"no reply begins there", 3000, 0, 0, kNever, 0, 20736, 3000},
     };
-    for (const PieceCase& row : cases) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        const FakeClock clock;
         vxApiConfig config{};
         config.retries = 1;
         config.timeoutMs = row.timeoutMs;
@@ -318,14 +261,11 @@ TEST(Exchange, ManySmallPiecesAreInTimeUntilTheTimeIsOver)
         command.link.channel = std::make_unique<ScriptedChannel>([&row](const Packet& request) {
             if (row.piece == 0)
                 return Arrivals{{0, Bytes(500, 0xEE)}};
-            const Bytes reply = MakeReply(request, 0, {}, Bytes(1280, 7));
             Arrivals arrivals;
-            for (std::size_t at = 0; at < reply.size(); at += row.piece) {
-                const std::size_t number = at / row.piece;
-                arrivals.emplace(
-                    number * row.gapMs + (number >= row.pauseAt ? row.pauseMs : 0),
-                    Bytes(reply.begin() + static_cast<std::ptrdiff_t>(at),
-                          reply.begin() + static_cast<std::ptrdiff_t>(std::min(at + row.piece, reply.size()))));
+            std::size_t number = 0;
+            for (const Bytes& piece : Pieces(MakeReply(request, 0, {}, Bytes(1280, 7)), row.piece)) {
+                arrivals.emplace(number * row.gapMs + (number >= row.pauseAt ? row.pauseMs : 0), piece);
+                ++number;
             }
             return arrivals;
         });
@@ -335,29 +275,27 @@ TEST(Exchange, ManySmallPiecesAreInTimeUntilTheTimeIsOver)
     }
 }
 
-TEST(Exchange, ASignThatNeverStopsTalkingIsLeftInTime)
+TEST_F(Exchange, ASignThatNeverStopsTalkingIsLeftInTime)
 {
-    ScriptedSign sign;
     sign.raw = [](const Packet&) { return std::deque<Bytes>(1000, Bytes(1536, 0x55)); };
     EXPECT_EQ(vxBlackScreen(), 20736u);
     EXPECT_EQ(sign.requests.size(), 3u);
     EXPECT_LE(sign.readWaits.size(), 3u * 30);
 }
 
-TEST(Exchange, ACallerWhoseReadLiesAboutItsCount)
+TEST_F(Exchange, ACallerWhoseReadLiesAboutItsCount)
 {
     for (const std::int32_t lie : {-1, -2000000000, 1537, 2000000000}) {
         static std::int32_t told;
         told = lie;
-        ScriptedSign sign;
+        sign.Renew();
         sign.Config().onRead = [](vxApiConfig*, std::uint8_t*, std::uint32_t, std::uint32_t) { return told; };
         EXPECT_EQ(vxBlackScreen(), 20736u);
     }
 }
 
-TEST(ReceiveFrame, EndsAtTheCallersCapacity)
+TEST_F(Exchange, ReceivingAFrameEndsAtTheCallersCapacity)
 {
-    ScriptedSign sign;
     sign.raw = [](const Packet&) { return std::deque<Bytes>{{0x43, 0x06}, {0x15}}; };
     CBaseCMD command;
     command.BuildPacket(command.requestBuffer, 1, 1, nullptr, 0, nullptr, 0);

@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <set>
-#include <string>
-#include <tuple>
 #include <type_traits>
 
 namespace vxsign::test {
@@ -146,12 +144,6 @@ TEST(Arguments, EachPointerThatIsNeeded)
                            ROW(vxReadTrafficRealStatus), ROW(vxGetProperty)});
 }
 
-struct RefusedCall
-{
-    const char* name;
-    std::function<std::uint32_t(std::uint8_t* out)> call;
-};
-
 TEST(Arguments, ValuesThatNoRequestHolds)
 {
     const Bytes much(5000);
@@ -165,7 +157,7 @@ TEST(Arguments, ValuesThatNoRequestHolds)
     const auto content = [&](std::uint16_t size) { return vxSetContentDisplay(1, 2, {{}, size}, much.data()); };
     const auto special = [&](std::uint16_t count) { return vxDivideSpeZone(1, {{}, count, {}}, much.data()); };
     const auto property = [&](std::uint8_t* out) { return vxCoreGetFileProperty(Bytes(4000, 'x').data(), out, 4); };
-    const RefusedCall calls[] = {
+    const std::pair<const char*, std::function<std::uint32_t(std::uint8_t * out)>> calls[] = {
         {CALL(vxUploadBuffer(much.data(), 0))},
         {CALL(vxPatternTest(1))},
         {CALL(vxPatternTest(16))},
@@ -212,11 +204,11 @@ TEST(Arguments, ValuesThatNoRequestHolds)
         {CALL(vxShowFiles(Sample<const char**>(), 0, '1', 1, "127.0.0.1", 1, 0))},
         {CALL(vxTubeSet(1, much.data(), 1021))},
         {CALL(vxShowMsgToNmg(much.data(), 0, local.c_str(), 0, 0, 0, 0))}};
-    for (const RefusedCall& refused : calls) {
-        SCOPED_TRACE(refused.name);
+    for (const auto& [name, call] : calls) {
+        SCOPED_TRACE(name);
         ScriptedSign sign;
         std::array<std::uint8_t, 256> out;
-        EXPECT_EQ(refused.call(out.data()), 2u);
+        EXPECT_EQ(call(out.data()), 2u);
         EXPECT_TRUE(sign.requests.empty());
         EXPECT_EQ(sign.opened, sign.closed);
     }

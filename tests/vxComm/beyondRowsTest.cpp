@@ -1,25 +1,23 @@
 // What flat commands do beyond their rows: names of any length, addresses, ids, waits, records of many bytes.
-#include "support/fakeClock.h"
 #include "support/flatRows.h"
 
 namespace vxsign::test {
 namespace {
 
+using BeyondRows = ScriptedTest;
+
 constexpr std::uint8_t kData[45] = {};
 
-TEST(Control, BaudRateOfTheThreadStays)
+TEST_F(BeyondRows, ControlBaudRateOfTheThreadStays)
 {
-    ScriptedSign sign;
     sign.Config().baudRate = 9600;
     sign.Then(Good());
     EXPECT_EQ(vxChangeBaudRate(5), 0u);
     EXPECT_EQ(sign.Config().baudRate, 9600u);
 }
 
-TEST(ResetToDataFlash, PollsUntilTheSignIsThere)
+TEST_F(BeyondRows, ResetToDataFlashPollsUntilTheSignIsThere)
 {
-    const FakeClock clock;
-    ScriptedSign sign;
     sign.Then(Good()).Then(2, Refusal(7938)).Then(Good());
     EXPECT_EQ(vxResetSystemToDataFlash(), 0u);
     EXPECT_EQ(sign.Road(), "4.25 12.13 12.13 12.13");
@@ -35,10 +33,8 @@ TEST(ResetToDataFlash, PollsUntilTheSignIsThere)
     EXPECT_EQ(vxResetSystemToDataFlash(), 0u);
 }
 
-TEST(ResetToDataFlash, GivesUp)
+TEST_F(BeyondRows, ResetToDataFlashGivesUp)
 {
-    const FakeClock clock;
-    ScriptedSign sign;
     sign.Then(Refusal(36881));
     EXPECT_EQ(vxResetSystemToDataFlash(), 36881u);
     EXPECT_EQ(FakeClock::SleptMs(), 300u) << "the wait comes before the look at the result";
@@ -49,9 +45,8 @@ TEST(ResetToDataFlash, GivesUp)
     EXPECT_EQ(sign.progress.back(), 99u);
 }
 
-TEST(TestPatterns, StabilityTestSetsTheIds)
+TEST_F(BeyondRows, TestPatternsStabilityTestSetsTheIds)
 {
-    ScriptedSign sign;
     sign.Then(3, Good());
     EXPECT_EQ(vxStabilityTest("", 0, 65535), 0u);
     EXPECT_EQ(vxStopTest(), 0u);
@@ -61,13 +56,12 @@ TEST(TestPatterns, StabilityTestSetsTheIds)
     EXPECT_EQ(sign.requests[2].Id(), 0x1234);
 }
 
-TEST(SendTempHumi, IsSentOnceWhateverComesBack)
+TEST_F(BeyondRows, SendTempHumiIsSentOnceWhateverComesBack)
 {
     const std::pair<std::int8_t, const char*> rows[] = {{25, "07900100"},  {-1, "07F00F00"},   {0, "07000000"},
                                                         {127, "07F00700"}, {-128, "07000800"}, {-100, "07C00900"}};
     for (const auto& [value, payload] : rows) {
-        SCOPED_TRACE(int(value));
-        ScriptedSign sign;
+        sign.requests.clear();
         EXPECT_EQ(vxSendTempHumi(7, value), 0u) << "no answer";
         EXPECT_EQ(sign.Road(), "5.3");
         EXPECT_EQ(sign.requests.at(0).Payload(), Hex(payload));
@@ -78,9 +72,8 @@ TEST(SendTempHumi, IsSentOnceWhateverComesBack)
 }
 
 // Packets to a board have its address; the thread's own is not touched, not even while the command runs.
-TEST(ExtraBoard, Addresses)
+TEST_F(BeyondRows, ExtraBoardAddresses)
 {
-    ScriptedSign sign;
     sign.Config().destinationAddress = 0x0707;
     Bytes out(70, 0xEE);
     std::vector<std::uint16_t> addresses;
@@ -101,46 +94,41 @@ TEST(ExtraBoard, Addresses)
     EXPECT_EQ(out, Bytes(44, 0x22) + Bytes(24, 0x11) + Bytes(2, 0xEE));
 }
 
-TEST(BoardCommands, AddressTheBoardForTheirRun)
+TEST_F(BeyondRows, BoardCommandsAddressTheBoardForTheirRun)
 {
-    ScriptedSign sign;
-    vxApiConfig& config = sign.Config();
-    config.destinationAddress = 0x0707;
+    std::uint16_t& address = sign.Config().destinationAddress;
+    address = 0x0707;
     sign.Then(Good()).Then(Refusal(1));
     EXPECT_EQ(vxLCSetUpdateStatus(1, 0x12, 2), 0u);
     EXPECT_EQ(sign.requests.back().Word(8), 0x1201);
-    EXPECT_EQ(config.destinationAddress, 0x0707);
+    EXPECT_EQ(address, 0x0707);
     EXPECT_EQ(vxLCSetUpdateStatus(0, 2, 0), 1u);
-    EXPECT_EQ(config.destinationAddress, 0x0707) << "put back on every path";
+    EXPECT_EQ(address, 0x0707) << "put back on every path";
 
-    std::uint8_t first = 9;
-    std::uint8_t second = 9;
+    Bytes both{9, 9};
+    const auto read = [&](std::uint8_t kind) { return vxLCReadUpdateStatus(kind, 5, both.data(), &both[1]); };
     sign.requests.clear();
     sign.Then(Good({0, 0, 0, 0})).Then(Good({1, 0, 0, 0}));
-    EXPECT_EQ(vxLCReadUpdateStatus(0, 5, &first, &second), 0u);
-    EXPECT_EQ(first, 0);
-    EXPECT_EQ(second, 1);
+    EXPECT_EQ(read(0), 0u);
+    EXPECT_EQ(both, (Bytes{0, 1}));
     EXPECT_EQ(sign.Road(), "1.48 1.48");
-    EXPECT_EQ(sign.requests[0].Payload(), Hex("00000000"));
-    EXPECT_EQ(sign.requests[1].Payload(), Hex("01000000"));
+    EXPECT_EQ(sign.requests[0].Payload() + sign.requests[1].Payload(), Hex("00000000 01000000"));
     EXPECT_EQ(sign.requests[1].Word(8), 0x0500);
     sign.Then(Good({7, 0, 0, 0})).Then(Refusal(4097));
-    EXPECT_EQ(vxLCReadUpdateStatus(0, 5, &first, &second), 4097u);
-    EXPECT_EQ(first, 255);
-    EXPECT_EQ(second, 255);
-    EXPECT_EQ(config.destinationAddress, 0x0707);
-    EXPECT_EQ(vxLCReadUpdateStatus(1, 5, &first, nullptr), 2u);
+    EXPECT_EQ(read(0), 4097u);
+    EXPECT_EQ(both, (Bytes{255, 255}));
+    EXPECT_EQ(address, 0x0707);
+    EXPECT_EQ(vxLCReadUpdateStatus(1, 5, both.data(), nullptr), 2u);
     EXPECT_EQ(vxLCReadUpdateStatus(1, 5, nullptr, nullptr), 0u);
-    EXPECT_EQ(config.destinationAddress, 0x0707);
+    EXPECT_EQ(address, 0x0707);
     // A failed first exchange leaves the board's address.
     sign.Then(Refusal(4097));
-    EXPECT_EQ(vxLCReadUpdateStatus(0, 5, &first, &second), 4097u);
-    EXPECT_EQ(config.destinationAddress, 0x0500);
+    EXPECT_EQ(read(0), 4097u);
+    EXPECT_EQ(address, 0x0500);
 }
 
-TEST(CustomTest, CopiesBothPacketsWhateverTheResult)
+TEST_F(BeyondRows, CustomTestCopiesBothPacketsWhateverTheResult)
 {
-    ScriptedSign sign;
     Bytes request(600, 0xEE);
     Bytes reply(4608, 0xEE);
     std::uint8_t requestLength = 0;
@@ -151,9 +139,9 @@ TEST(CustomTest, CopiesBothPacketsWhateverTheResult)
     sign.Then(Refusal(36868));
     EXPECT_EQ(custom(0), 36868u);
     EXPECT_EQ(requestLength, 24);
-    EXPECT_EQ(Bytes(request.begin() + 12, request.begin() + 25), Hex("09 08 01 00 61626300 7778797A EE"));
+    EXPECT_EQ(Part(request, 12, 13), Hex("09 08 01 00 61626300 7778797A EE"));
     EXPECT_EQ(replyLength, 20);
-    EXPECT_EQ(Bytes(reply.begin() + 12, reply.begin() + 21), Hex("09 08 01 01 04900000 EE"));
+    EXPECT_EQ(Part(reply, 12, 9), Hex("09 08 01 01 04900000 EE"));
 
     // Unanswered, the reply reads as zeros; with the CRC the sync differs.
     EXPECT_EQ(custom(1), 20736u);
@@ -163,9 +151,8 @@ TEST(CustomTest, CopiesBothPacketsWhateverTheResult)
     EXPECT_EQ(vxCustomTest(9, 8, nullptr, 0, nullptr, 0, 0, nullptr, nullptr, nullptr, nullptr), 0u);
 }
 
-TEST(Login, ServerTableInWholeRecords)
+TEST_F(BeyondRows, LoginServerTableInWholeRecords)
 {
-    ScriptedSign sign;
     std::uint32_t total = 0;
     Bytes entries(204, 0xEE);
     const auto get = [&](std::uint32_t most) { return vxGetAPIServerTable(&total, entries.data(), most); };
@@ -182,9 +169,8 @@ TEST(Login, ServerTableInWholeRecords)
     EXPECT_EQ(entries[0], 2);
 }
 
-TEST(LongNames, OfFilesAndFolders)
+TEST_F(BeyondRows, LongNamesOfFilesAndFolders)
 {
-    ScriptedSign sign;
     sign.otherwise = [](const Packet&) { return Good(); };
     std::uint32_t total;
     std::uint8_t entry[32];
@@ -209,12 +195,11 @@ TEST(LongNames, OfFilesAndFolders)
 
 // Texts are cut at 255 bytes, but the name of a program to stop by the low 8 bits of its length, and that of a file not
 // at all.
-TEST(LongNames, OfPrograms)
+TEST_F(BeyondRows, LongNamesOfPrograms)
 {
     const Bytes name = Bytes(300, 'x') + Bytes{0};
     const Bytes a = {'A', 0};
     std::uint8_t out[4];
-    ScriptedSign sign;
     sign.Then(4, Good());
     EXPECT_EQ(vxCoreProjectInfo(name.data(), 1, 2), 0u);
     EXPECT_EQ(vxCorePlayWindowProgram(name.data(), a.data(), name.data(), name.data()), 0u);
@@ -231,10 +216,9 @@ TEST(LongNames, OfPrograms)
 }
 
 // The longest of each that goes out.
-TEST(Zones, LongestRequests)
+TEST_F(BeyondRows, ZonesLongestRequests)
 {
     const Bytes data(3072, 0x77);
-    ScriptedSign sign;
     sign.Then(3, Good());
     EXPECT_EQ(vxDivideZone(1, 2, {{}, 127, {}}, data.data()), 0u);
     EXPECT_EQ(vxSetDisplay(1, 2, 3, {{}, 3020, {}}, data.data()), 0u);
@@ -245,9 +229,8 @@ TEST(Zones, LongestRequests)
     EXPECT_EQ(sign.requests[2].bytes.size(), 3072u);
 }
 
-TEST(Ticker, BufferStatusComesAsARefusal)
+TEST_F(BeyondRows, TickerBufferStatusComesAsARefusal)
 {
-    ScriptedSign sign;
     std::uint16_t status = 7;
     for (const std::uint16_t code : std::initializer_list<std::uint16_t>{33537, 33538, 33539}) {
         sign.Then(Refusal(code));
@@ -264,9 +247,8 @@ TEST(Ticker, BufferStatusComesAsARefusal)
     EXPECT_TRUE(sign.requests[0].Payload().empty());
 }
 
-TEST(Ticker, UploadsInChunks)
+TEST_F(BeyondRows, TickerUploadsInChunks)
 {
-    ScriptedSign sign;
     const Bytes data = Bytes(768, 'a') + Bytes{'b'};
     sign.Then(2, Good());
     EXPECT_EQ(vxUploadBuffer(data.data(), 769), 0u);

@@ -1,31 +1,17 @@
 // Packets to a tile itself, and the files that travel in them.
 #include "support/calibrations.h"
-#include "support/fakeClock.h"
 #include "support/scriptedSign.h"
-#include "support/tempFolder.h"
 
-#include <gtest/gtest.h>
 #include <map>
-#include <tuple>
 
 namespace vxsign::test {
 namespace {
 
-std::string Text(const Bytes& bytes)
-{
-    return {bytes.begin(), bytes.end()};
-}
-
-// A tile's file: its header and `size` - 32 bytes that tell their place.
+// A tile's file: its header and `size` - 32 bytes.
 Bytes TileFile(std::size_t size)
 {
-    Bytes file = Hex("AA55 2000");
-    file.resize(32);
-    for (std::size_t i = 0; i < 4; ++i)
-        file[16 + i] = static_cast<std::uint8_t>((size - 32) >> (8 * i));
-    for (std::size_t i = 32; i < size; ++i)
-        file.push_back(static_cast<std::uint8_t>(i * 7));
-    return file;
+    const auto body = static_cast<std::uint32_t>(size - 32);
+    return Hex("AA55 2000") + Bytes(12) + Little(body, 4) + Bytes(12) + Ramp(body);
 }
 
 // The status of a tile: flags, width to module height, modules across and down.
@@ -37,37 +23,24 @@ Bytes Status(const char* flags, const char* sizes)
 constexpr char kFourByFour[] = "0400 0400 0200 0200 02 02"; // four modules
 
 // A tile behind the scripted sign: gives and takes files, in a folder that has the PC's place for them.
-class DirectTile : public testing::Test
+class DirectTile : public ScriptedTest
 {
 protected:
     DirectTile()
     {
-        std::filesystem::current_path(folder.Path());
         std::filesystem::create_directories("c:/port1");
         sign.otherwise = [this](const Packet& request) { return Serve(request); };
-        testing::internal::CaptureStdout();
-    }
-    ~DirectTile() override
-    {
-        testing::internal::GetCapturedStdout();
-        std::filesystem::current_path(former);
     }
 
     Answer Serve(const Packet& request)
     {
         const Bytes payload = request.Payload();
-        if (request.Major() == 0x7C && request.Minor() == 1) {
-            const std::size_t offset = payload[4] + 256u * payload[5] + 65536u * payload[6];
-            const auto file = files.find(payload[1]);
-            if (file == files.end() || offset >= file->second.size())
-                return Refusal(36872);
-            const auto begin = file->second.begin() + static_cast<long>(offset);
-            const Bytes piece(begin, begin + std::min<long>(264, file->second.end() - begin));
-            return answersInPayload ? Good(piece) : Good({}, piece);
-        }
-        if (request.Major() == 0x7C && request.Minor() == 2)
+        if (request.Minor() == 2)
             written = written + request.Extended();
-        return Good();
+        if (request.Major() != 0x7C || request.Minor() != 1)
+            return Good();
+        const Bytes piece = Part(files[payload[1]], payload[4] + 256u * payload[5] + 65536u * payload[6], 264);
+        return piece.empty() ? Refusal(36872) : answersInPayload ? Good(piece) : Good({}, piece);
     }
 
     // What was printed since the last time.
@@ -87,10 +60,7 @@ protected:
         return sent;
     }
 
-    const std::filesystem::path former = std::filesystem::current_path();
-    TempFolder folder;
-    FakeClock clock;
-    ScriptedSign sign;
+    const WorkingIn here{folder};
     std::map<std::uint8_t, Bytes> files;
     Bytes written;
     bool answersInPayload = false;
@@ -119,13 +89,12 @@ TEST_F(DirectTile, FilesAreReadInPieces)
 {
     for (const std::size_t size : {40u, 264u, 265u, 1056u, 1057u}) {
         SCOPED_TRACE(size);
-        sign.requests.clear();
-        sign.progress.clear();
+        sign.Renew();
         files[7] = TileFile(size) + Bytes(9, 0xBB); // what is behind the end stays there
         answersInPayload = size == 265;
         EXPECT_EQ(vxDirectTileReadFileEx("local", 7, 1, 0x0203, 0x77), 0u);
         files[7].resize(size);
-        EXPECT_EQ(folder.Read("local"), Text(files[7]));
+        EXPECT_EQ(folder.Read("local"), ToText(files[7]));
         const std::size_t chunks = (size + 263) / 264;
         ASSERT_EQ(sign.requests.size(), chunks);
         EXPECT_EQ(sign.requests[0].Payload(), Hex("01 07 0801 00000000 77 00000000000000"));
@@ -142,8 +111,7 @@ TEST_F(DirectTile, ReadingFailures)
 {
     Bytes piece = TileFile(600);
     piece.resize(264);
-    using Row = std::tuple<const char*, std::vector<Answer>, std::uint32_t, Bytes>;
-    const Row rows[] = {
+    const std::tuple<const char*, std::vector<Answer>, std::uint32_t, Bytes> rows[] = {
         {"refused", {Refusal(36872)}, 36872, {}},
         {"another magic", {Good({}, Hex("55AA") + Bytes(262, 0))}, 5, {}},
         {"nothing in it", {Good()}, 5, {}},
@@ -162,7 +130,7 @@ TEST_F(DirectTile, ReadingFailures)
         for (const Answer& answer : answers)
             sign.Then(answer);
         EXPECT_EQ(vxDirectTileReadFileEx("local", 7, 1, 2, 0), result);
-        EXPECT_EQ(folder.Read("local"), Text(file));
+        EXPECT_EQ(folder.Read("local"), ToText(file));
     }
     sign.requests.clear();
     EXPECT_EQ(vxDirectTileReadFileEx("no/such", 7, 1, 2, 0), 1u);
@@ -175,7 +143,7 @@ TEST_F(DirectTile, ReadingFailures)
 TEST_F(DirectTile, FilesAreWrittenInPieces)
 {
     const Bytes file = TileFile(265);
-    folder.Write("local", Text(file));
+    folder.Write("local", ToText(file));
     EXPECT_EQ(vxDirectTileWriteFileEx("local", 13, 1, 0x0203, 0x77), 0u);
     ASSERT_EQ(sign.requests.size(), 2u);
     EXPECT_EQ(sign.requests[0].Word(8), 0x0203);
@@ -201,12 +169,11 @@ TEST_F(DirectTile, FilesAreWrittenInPieces)
 
 TEST_F(DirectTile, ProgramsForAllTilesGoOutTwice)
 {
-    folder.Write("local", Text(TileFile(300)));
-    for (const auto& [type, tile] : {std::pair{0, 65535}, {1, 65535}, {2, 65535}, {0, 65534}}) {
+    folder.Write("local", ToText(TileFile(300)));
+    using Row = std::pair<std::uint8_t, std::uint16_t>;
+    for (const auto& [type, tile] : {Row{0, 65535}, {1, 65535}, {2, 65535}, {0, 65534}}) {
         sign.requests.clear();
-        EXPECT_EQ(
-            vxDirectTileWriteFileEx("local", static_cast<std::uint8_t>(type), 1, static_cast<std::uint16_t>(tile), 0),
-            0u);
+        EXPECT_EQ(vxDirectTileWriteFileEx("local", type, 1, tile, 0), 0u);
         const bool twice = type < 2 && tile == 65535;
         ASSERT_EQ(sign.requests.size(), twice ? 4u : 2u);
         EXPECT_EQ(sign.requests[0].bytes == sign.requests[1].bytes, twice);
@@ -222,9 +189,9 @@ TEST_F(DirectTile, ProgramsForAllTilesGoOutTwice)
 TEST_F(DirectTile, CalibrationGoesOutInBlocks)
 {
     files[7] = Status("00", kFourByFour);
-    folder.Write("local", Text(FlatCalibration()));
+    folder.Write("local", ToText(FlatCalibration()));
     EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 0x00AB, 0), 0u);
-    EXPECT_EQ(folder.Read("localt"), Text(CalibrationInBlocks()));
+    EXPECT_EQ(folder.Read("localt"), ToText(CalibrationInBlocks()));
     written.resize(CalibrationInBlocks().size());
     EXPECT_EQ(written, CalibrationInBlocks());
     EXPECT_EQ(Sent(), "1.7 1.7 2.5 2.5 2.5 ");
@@ -247,22 +214,23 @@ TEST_F(DirectTile, CalibrationThatCannotBeConverted)
         SCOPED_TRACE(name);
         sign.requests.clear();
         files[7] = status;
-        folder.Write("local", Text(local));
+        folder.Write("local", ToText(local));
         folder.Write("localt", "of an earlier call");
         EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 2, 0), 1u);
         EXPECT_EQ(Sent().find("2.5"), std::string::npos) << "nothing of the earlier call goes out";
-        EXPECT_EQ(folder.Read("local"), Text(local));
+        EXPECT_EQ(folder.Read("local"), ToText(local));
         EXPECT_EQ(folder.Read("localt"), "of an earlier call");
         files[5] = CalibrationInBlocks();
         if (status == good)
             files[5].resize(files[5].size() - 1);
-        EXPECT_EQ(vxDirectTileReadFileEx("local", 5, 1, 2, 0), 0u);
+        EXPECT_EQ(vxDirectTileReadFileEx("other", 5, 1, 2, 0), 0u);
+        EXPECT_TRUE(!status.empty() || !folder.Has("other")) << "the blocks are all there is";
     };
     expectFailure("no status", {}, flat);
-    expectFailure("a short status", Bytes(good.begin(), good.begin() + 127), flat);
+    expectFailure("a short status", Part(good, 0, 127), flat);
     expectFailure("one byte less", good, Bytes(flat.begin(), flat.end() - 1));
-    expectFailure("another magic", good, Bytes{0xAB} + Bytes(flat.begin() + 1, flat.end()));
-    expectFailure("another type of file", good, Hex("AA55 2000 0000 0700") + Bytes(flat.begin() + 8, flat.end()));
+    expectFailure("another magic", good, Bytes{0xAB} + Part(flat, 1));
+    expectFailure("another type of file", good, Hex("AA55 2000 0000 0700") + Part(flat, 8));
     // No modules, modules of no pixels, beyond the tile, one row for all; a tile that is larger than the file, or any.
     for (const char* const sizes :
          {"0400 0400 0200 0200 00 02", "0400 0400 0200 0200 02 00", "FFFF FFFF 0000 FFFF FF FF",
@@ -270,7 +238,7 @@ TEST_F(DirectTile, CalibrationThatCannotBeConverted)
           "0000 FFFF 0100 FFFF FF FF", "0400 0600 0200 0200 02 03", "FFFF FFFF 0101 0101 FF FF"})
         expectFailure(sizes, Status("00", sizes), flat);
     std::filesystem::remove_all("c:");
-    folder.Write("local", Text(flat));
+    folder.Write("local", ToText(flat));
     EXPECT_EQ(vxDirectTileWriteFileEx("local", 5, 1, 2, 0), 1u) << "no place for the status";
 }
 
@@ -283,13 +251,13 @@ TEST_F(DirectTile, Coefficients)
     };
     files[7] = Status("00", kFourByFour);
     files[13] = TileFile(72);
-    folder.Write("local", Text(FlatCalibration()));
+    folder.Write("local", ToText(FlatCalibration()));
     EXPECT_EQ(run(65), 0u);
     EXPECT_EQ(Sent(), "1.7 3.16 3.17 1.13 ");
     EXPECT_EQ(sign.requests[1].Extended(), params);
     EXPECT_EQ(sign.requests[2].Extended(), params);
-    EXPECT_EQ(folder.Read("localt"), Text(CalibrationInBlocks()));
-    EXPECT_EQ(folder.Read("c:/port1/0002.mcc"), Text(TileFile(72)));
+    EXPECT_EQ(folder.Read("localt"), ToText(CalibrationInBlocks()));
+    EXPECT_EQ(folder.Read("c:/port1/0002.mcc"), ToText(TileFile(72)));
     params[64] = 1;
     EXPECT_EQ(run(65), 0u);
     EXPECT_EQ(Sent(), "1.7 3.16 ");

@@ -1,8 +1,6 @@
 // Golden bytes of the flat commands about what the sign holds and plays: records, files, logins, zones, programs.
 #include "support/flatRows.h"
 
-#include <string>
-
 namespace vxsign::test {
 namespace {
 

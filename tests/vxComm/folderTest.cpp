@@ -1,21 +1,14 @@
 // Listings of folders, through local files.
 #include "support/scriptedSign.h"
-#include "support/tempFolder.h"
 
 #include <algorithm>
-#include <tuple>
 
 namespace vxsign::test {
 namespace {
 
-// The library's own temporary files go into the same folder.
-class Listing : public testing::Test
+class Listing : public ScriptedTest
 {
 protected:
-    void SetUp() override { ::setenv("TMPDIR", folder.Path().c_str(), 1); }
-    void TearDown() override { ::unsetenv("TMPDIR"); }
-
-    const TempFolder folder;
     const std::string local = folder.Path("list");
 };
 
@@ -53,7 +46,7 @@ TEST_F(Listing, LstFolderRepeatsTheFirstPage)
           Row{21, Text("464C 1500 AC020000 00000000") + Entries(0, 20) + Entries(0, 1), 2},
           Row{50, Text("464C 3200 4C060000 00000000") + Entries(0, 20) + Entries(0, 20) + Entries(20, 30), 3}}) {
         SCOPED_TRACE(total);
-        ScriptedSign sign;
+        sign.Renew();
         sign.otherwise = [&](const Packet& request) { return Page(request, total); };
         EXPECT_EQ(vxLstFolder(local.c_str(), "D:\\T"), 0u);
         EXPECT_EQ(folder.Read("list"), contents);
@@ -68,7 +61,6 @@ TEST_F(Listing, LstFolderRepeatsTheFirstPage)
 
 TEST_F(Listing, LstFolderFailures)
 {
-    ScriptedSign sign;
     EXPECT_EQ(vxLstFolder(folder.Path("no/such").c_str(), "D:"), 20737u);
     EXPECT_TRUE(sign.requests.empty());
     sign.Then(Refusal(29441));
@@ -86,7 +78,6 @@ TEST_F(Listing, LstFolderFailures)
 TEST_F(Listing, LongListingIsReadAndDeleted)
 {
     const Bytes listing = Hex("453A5C646C6973742E646C7400");
-    ScriptedSign sign;
     sign.Then(Refusal(30209)).Then(Good()).Then(Good(Hex("03000000"), FromText("abc"))).Then(Refusal(30209));
     EXPECT_EQ(vxGetDirLongFileEx("D:\\T", local.c_str()), 0u);
     EXPECT_EQ(folder.Read("list"), "abc");
@@ -126,8 +117,7 @@ std::uint32_t Collect(std::uint8_t* entry, void* user)
 TEST_F(Listing, LongListingByCallback)
 {
     const Bytes a(276, 'a');
-    using Row = std::tuple<const char*, Bytes, std::uint32_t, std::vector<Bytes>>;
-    const Row rows[] = {
+    const std::tuple<const char*, Bytes, std::uint32_t, std::vector<Bytes>> rows[] = {
         {"two", Hex("4C44 1000 02000000 38020000 00000000") + a + a, 8, {a, a}},
         {"more behind the last", Hex("4C44 1000 01000000 11000000 00000000") + a + a, 7, {a}},
         {"fewer than announced, the last cut short",
@@ -142,7 +132,7 @@ TEST_F(Listing, LongListingByCallback)
     };
     for (const auto& [name, file, result, entries] : rows) {
         SCOPED_TRACE(name);
-        ScriptedSign sign;
+        sign.Renew();
         const auto size = static_cast<std::uint8_t>(file.size());
         const auto high = static_cast<std::uint8_t>(file.size() >> 8);
         sign.Then(2, Good()).Then(Good({size, high, 0, 0}, file)).Then(Good());
@@ -151,7 +141,7 @@ TEST_F(Listing, LongListingByCallback)
         EXPECT_EQ(seen.entries, entries);
         EXPECT_TRUE(folder.IsEmpty());
     }
-    ScriptedSign sign;
+    sign.Renew();
     sign.Then(Good()).Then(Refusal(29441));
     EXPECT_EQ(vxLstLongFolderCB("D:\\T", Collect, nullptr), 29441u);
     EXPECT_TRUE(folder.IsEmpty());

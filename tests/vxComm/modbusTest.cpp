@@ -1,64 +1,29 @@
 // Field devices on a Modbus line: frames, registers, noise, tries.
-#include "support/bytes.h"
-#include "support/fakeClock.h"
+#include "support/ptyRelay.h"
+#include "support/scriptedChannel.h"
+#include "support/scriptedSign.h"
 #include "vxComm/MB/vxMBLED.h"
 
-#include <vxsign/vxsign.h>
-
-#include <algorithm>
-#include <deque>
-#include <functional>
-#include <gtest/gtest.h>
-#include <pty.h>
-#include <string>
-#include <thread>
-#include <tuple>
 #include <unistd.h>
 
 namespace vxsign::test {
 namespace {
 
-// The thread's line, through onWrite and onRead: keeps what was sent and gives each read what is scripted.
-class Modbus : public ::testing::Test
+// Devices that answer one request after the other by script, then no more.
+class Modbus : public ScriptedTest
 {
 protected:
-    void SetUp() override
+    Modbus()
     {
-        sent.clear();
-        replies.clear();
-        logged.clear();
-        vxApiConfig config{};
-        config.retries = 3;
-        config.timeoutMs = 700;
-        config.onWrite = [](vxApiConfig*, const std::uint8_t* bytes, std::uint32_t length, std::uint32_t) {
-            sent.emplace_back(bytes, bytes + length);
-            return static_cast<std::int32_t>(length);
+        sign.isForeign = true;
+        sign.Config().timeoutMs = 700;
+        sign.raw = [this](const Packet&) -> std::deque<Bytes> {
+            const std::size_t number = sign.requests.size() - 1;
+            return {number < replies.size() ? replies[number] : Bytes()};
         };
-        config.onRead = [](vxApiConfig*, std::uint8_t* buffer, std::uint32_t capacity, std::uint32_t waitMs) {
-            EXPECT_EQ(capacity, 1536u);
-            EXPECT_EQ(waitMs, 700u);
-            if (replies.empty())
-                return 0;
-            const Bytes reply = replies.front();
-            replies.pop_front();
-            std::copy_n(reply.begin(), std::min<std::size_t>(reply.size(), capacity), buffer);
-            return static_cast<std::int32_t>(reply.size());
-        };
-        config.onLog = [](vxApiConfig*, const char*, std::uint32_t, std::uint32_t, const char* message) {
-            logged.emplace_back(message);
-        };
-        vxInitAPI(&config);
-    }
-    void TearDown() override
-    {
-        EXPECT_TRUE(replies.empty());
-        const vxApiConfig nothing{};
-        vxInitAPI(&nothing);
     }
 
-    inline static std::vector<Bytes> sent;
-    inline static std::deque<Bytes> replies;
-    inline static std::vector<std::string> logged;
+    std::vector<Bytes> replies;
 };
 
 TEST_F(Modbus, Frames)
@@ -85,53 +50,46 @@ TEST_F(Modbus, Frames)
     };
     for (const auto& [name, call, frame] : rows) {
         SCOPED_TRACE(name);
-        sent.clear();
+        sign.Renew();
         EXPECT_EQ(call(), 20736u);
-        EXPECT_EQ(sent, std::vector<Bytes>(3, Hex(frame))) << "each of the tries";
+        ASSERT_EQ(sign.requests.size(), 3u);
+        for (const Packet& sent : sign.requests)
+            EXPECT_EQ(sent.bytes, Hex(frame)) << "each of the tries";
+        EXPECT_EQ(sign.readWaits, std::vector<std::uint32_t>(3, 3000));
     }
 }
 
 TEST_F(Modbus, RegistersOfTheClasses)
 {
-    auto* const live = static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION));
-    live->retries = 1;
-    using Get = std::uint32_t (*)(std::uint8_t, std::uint8_t, std::uint16_t, std::uint16_t*);
-    using Set = std::uint32_t (*)(std::uint8_t, std::uint8_t, std::uint16_t, std::uint16_t);
-    const Get lcGet = [](std::uint8_t d, std::uint8_t, std::uint16_t r, std::uint16_t* v) {
-        return vxMB_LCGet(d, r, v);
-    };
-    const Set lcSet = [](std::uint8_t d, std::uint8_t, std::uint16_t r, std::uint16_t v) {
-        return vxMB_LCSet(d, r, v);
-    };
-    const Get pvmsGet = [](std::uint8_t d, std::uint8_t, std::uint16_t r, std::uint16_t* v) {
-        return vxMB_PVMSGet(d, r, v);
-    };
-    const Set pvmsSet = [](std::uint8_t d, std::uint8_t, std::uint16_t r, std::uint16_t v) {
-        return vxMB_PVMSSet(d, r, v);
+    sign.Config().retries = 1;
+    using Get = std::function<std::uint32_t(std::uint8_t, std::uint8_t, std::uint16_t, std::uint16_t*)>;
+    using Set = std::function<std::uint32_t(std::uint8_t, std::uint8_t, std::uint16_t, std::uint16_t)>;
+    const auto whole = [](auto call) { // without sections
+        return [call](auto device, auto, auto number, auto value) { return call(device, number, value); };
     };
     const std::tuple<const char*, Get, Set, int, int, const char*, std::uint16_t> rows[] = {
-        {"LC", lcGet, lcSet, 63, 63, "08090A 11 16 3738393A3B3C3D3E", 7},
+        {"LC", whole(vxMB_LCGet), whole(vxMB_LCSet), 63, 63, "08090A 11 16 3738393A3B3C3D3E", 7},
         {"TLS", vxMB_TLSGet, vxMB_TLSSet, 26, 26, "0B0C0D 0F 16", 0},
         {"ALCS", vxMB_ALCSGet, vxMB_ALCSSet, 200, 28, "0B0C0D 0F 1314 16", 0},
         {"MLCS", vxMB_MLCSGet, vxMB_MLCSSet, 29, 29, "0B 0D0E0F 16", 0},
         {"VSLS", vxMB_VSLSGet, vxMB_VSLSSet, 29, 30, "0B0C 0E0F 16", 0},
         {"TOR", vxMB_TORGet, vxMB_TORSet, 23, 24, "0E0F 16", 0},
         {"VMS", vxMB_VMSGet, vxMB_VMSSet, 100, 100, "0B 0D0E0F 1213 16 19 1E1F20 2223", 0},
-        {"PVMS", pvmsGet, pvmsSet, 67, 67, "08 16 3F404142", 7},
+        {"PVMS", whole(vxMB_PVMSGet), whole(vxMB_PVMSSet), 67, 67, "08 16 3F404142", 7},
     };
     for (const auto& [name, get, set, lastRead, lastWritten, refusedDigits, unread] : rows) {
         Bytes refused;
         for (int number = 0; number <= 200; ++number) {
             SCOPED_TRACE(name + std::to_string(number));
             const auto registerNumber = static_cast<std::uint16_t>(number);
-            sent.clear();
+            sign.requests.clear();
             std::uint16_t value = 7;
             const bool readable = number <= lastRead;
             EXPECT_EQ(get(1, 1, registerNumber, &value), readable ? 20736u : 2u);
             EXPECT_EQ(value, unread);
-            EXPECT_EQ(sent.size(), readable ? 1u : 0u);
+            EXPECT_EQ(sign.requests.size(), readable ? 1u : 0u);
             if (set(1, 1, registerNumber, 9) == 20736u)
-                EXPECT_EQ(sent.size(), readable ? 2u : 1u);
+                EXPECT_EQ(sign.requests.size(), readable ? 2u : 1u);
             else if (number <= lastWritten)
                 refused.push_back(static_cast<std::uint8_t>(number));
         }
@@ -139,11 +97,11 @@ TEST_F(Modbus, RegistersOfTheClasses)
         EXPECT_EQ(set(1, 1, static_cast<std::uint16_t>(lastWritten), 9), 20736u);
         EXPECT_EQ(set(1, 1, static_cast<std::uint16_t>(lastWritten + 1), 9), 2u);
 
-        live->initialised = 0;
+        sign.Config().initialised = 0;
         std::uint16_t value = 7;
         EXPECT_EQ(get(1, 1, 0, &value), 20736u);
         EXPECT_EQ(value, unread) << "a thread without configuration";
-        live->initialised = 1;
+        sign.Config().initialised = 1;
     }
 }
 
@@ -171,18 +129,17 @@ TEST_F(Modbus, ExceptionsAreLogged)
         {"07 83 02 20F0", "", true},
         {"07 83 02 20F0 07 03 02 1234 3D33", "", false},
     };
-    static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION))->retries = 2;
     for (const auto& [reply, tells, set] : rows) {
         SCOPED_TRACE(reply);
-        logged.clear();
+        sign.Renew();
+        sign.Config().retries = 2;
         replies = {Hex(reply), Hex("07 06 FF07 0102 8828") + Hex("07 03 02 1234 3D33")};
         std::uint16_t value = 0;
         EXPECT_EQ(set ? vxMB_LCSet(7, 7, 0x0102) : vxMB_LCGet(7, 5, &value), 0u) << "in the second try, or the first";
-        replies.clear();
-        std::vector<std::string> told;
-        if (*tells != '\0')
-            told.push_back(std::string("the device refused: ") + tells);
-        EXPECT_EQ(logged, told);
+        ASSERT_EQ(sign.log.size(), *tells != '\0' ? 1u : 0u);
+        if (*tells != '\0') {
+            EXPECT_EQ(sign.log[0].message, std::string("the device refused: ") + tells);
+        }
     }
 }
 
@@ -228,138 +185,77 @@ TEST_F(Modbus, Answers)
          1},
         {"cut", {Hex("07 06 FF07 0102 88"), {}, {}}, 20736, 0, 3},
     };
-    const auto run = [](const Row& row, std::uint32_t result) {
-        EXPECT_EQ(result, row.result) << row.name;
-        EXPECT_EQ(sent.size(), row.tries) << row.name;
-        EXPECT_TRUE(replies.empty()) << row.name;
-        sent.clear();
+    std::uint16_t value = 0;
+    const auto run = [&](const Row& row, const std::function<std::uint32_t()>& call) {
+        replies = row.replies;
+        sign.requests.clear();
+        value = 7;
+        EXPECT_EQ(call(), row.result) << row.name;
+        EXPECT_EQ(sign.requests.size(), row.tries) << row.name;
     };
     for (const Row& row : reads) {
-        replies.assign(row.replies.begin(), row.replies.end());
-        std::uint16_t value = 7;
-        run(row, vxMB_TLSGet(7, 3, 5, &value));
+        run(row, [&] { return vxMB_TLSGet(7, 3, 5, &value); });
         EXPECT_EQ(value, row.value) << row.name;
     }
-    for (const Row& row : writes) {
-        replies.assign(row.replies.begin(), row.replies.end());
-        run(row, vxMB_LCSet(7, 7, 0x0102));
-    }
-    replies.push_back(Hex(kGood));
+    for (const Row& row : writes)
+        run(row, [] { return vxMB_LCSet(7, 7, 0x0102); });
+    sign.requests.clear();
+    replies = {Hex(kGood)};
     EXPECT_EQ(vxMB_LCGet(7, 7, nullptr), 0u) << "a value that nobody wants";
 }
 
-// What a read gives, and how long after the one before it.
-struct Piece
-{
-    std::uint64_t gapMs;
-    const char* bytes;
-};
-
-// A line that brings one list of pieces after the other, a list for each request. It waits by the clock's seam.
-class PiecewiseLine : public VXCommBase
-{
-public:
-    explicit PiecewiseLine(std::vector<std::vector<Piece>> answers) : toCome(answers.begin(), answers.end()) {}
-
-    bool Open(const Route&, std::uint32_t) override { return true; }
-    std::uint32_t Write(const char*, std::uint32_t length, std::uint32_t) override
-    {
-        ++requests;
-        if (!toCome.empty()) {
-            pieces.insert(pieces.end(), toCome.front().begin(), toCome.front().end());
-            toCome.pop_front();
-        }
-        return length;
-    }
-    std::uint32_t Read(char* buffer, std::uint32_t capacity, std::uint32_t timeoutMs) override
-    {
-        const std::uint64_t gap = pieces.empty() ? timeoutMs + 1 : pieces.front().gapMs;
-        FakeClock::Advance(std::min<std::uint64_t>(gap, timeoutMs));
-        if (gap > timeoutMs) {
-            if (!pieces.empty())
-                pieces.front().gapMs -= timeoutMs;
-            return 0;
-        }
-        const Bytes bytes = Hex(pieces.front().bytes);
-        EXPECT_GE(capacity, bytes.size());
-        pieces.pop_front();
-        std::copy(bytes.begin(), bytes.end(), buffer);
-        return static_cast<std::uint32_t>(bytes.size());
-    }
-    void Close() override {}
-
-    int requests = 0;
-
-private:
-    std::deque<std::vector<Piece>> toCome;
-    std::deque<Piece> pieces;
-};
-
-TEST(ModbusLine, AnswersInPieces)
+TEST_F(Modbus, AnswersInPieces)
 {
     constexpr std::uint32_t kUdp = VX_CHANNEL_UDP;
     constexpr std::uint32_t kTcp = VX_CHANNEL_TCP;
-    const std::tuple<const char*, std::uint32_t, std::vector<std::vector<Piece>>, std::uint32_t, int, std::uint64_t>
+    const Bytes head = Hex("07 03 02");
+    const Bytes rest = Hex("1234 3D33");
+    const Arrivals apart{{1, Hex("0703 07")}, {301, Hex("03 02 1234 3D")}, {700, Hex("33")}};
+    const std::tuple<const char*, std::uint32_t, std::vector<Arrivals>, std::uint32_t, std::size_t, std::uint64_t>
         rows[] = {
-            {"one piece", kTcp, {{{5, "07 03 02 1234 3D33"}}}, 0, 1, 5},
-            {"3 and 4 bytes", kTcp, {{{10, "07 03 02"}, {100, "1234 3D33"}}}, 0, 1, 110},
-            {"noise ahead, a byte alone", kTcp, {{{1, "0703 07"}, {300, "03 02 1234 3D"}, {399, "33"}}}, 0, 1, 700},
-            {"the rest comes too late", kTcp, {{{1, "07 03 02"}, {700, "1234 3D33"}}}, 20736, 2, 1400},
-            {"the second try", kTcp, {{{1, "07 03 02"}}, {{0, "07 03"}, {100, "02 1234 3D33"}}}, 0, 2, 800},
-            {"a bad checksum, then silence", kTcp, {{{1, "07 03 02 1235 3D33"}}}, 20736, 2, 1400},
-            {"datagrams", kUdp, {{{10, "07 03 02"}, {100, "1234 3D33"}}}, 20736, 2, 110},
+            {"one piece", kTcp, {{{5, head + rest}}}, 0, 1, 5},
+            {"3 and 4 bytes", kTcp, {{{10, head}, {110, rest}}}, 0, 1, 110},
+            {"noise ahead, a byte alone", kTcp, {apart}, 0, 1, 700},
+            {"the rest comes too late", kTcp, {{{1, head}, {701, rest}}}, 20736, 2, 1400},
+            {"the second try", kTcp, {{{1, head}}, {{0, Hex("07 03")}, {100, Hex("02") + rest}}}, 0, 2, 800},
+            {"a bad checksum, then silence", kTcp, {{{1, Hex("07 03 02 1235 3D33")}}}, 20736, 2, 1400},
+            {"datagrams", kUdp, {{{10, head}, {110, rest}}}, 20736, 2, 110},
         };
     for (const auto& [name, kind, answers, wanted, tries, tookMs] : rows) {
         SCOPED_TRACE(name);
-        const FakeClock clock;
         vxApiConfig config{};
         config.kind = kind;
         config.retries = 2;
         config.timeoutMs = 700;
         vxInitAPI(&config);
         vxMBLED device;
-        auto line = std::make_unique<PiecewiseLine>(answers);
-        const PiecewiseLine& seen = *line;
-        device.link.channel = std::move(line);
+        std::size_t requests = 0;
+        device.link.channel = std::make_unique<ScriptedChannel>(
+            [&, all = answers](const Packet&) { return requests++ < all.size() ? all[requests - 1] : Arrivals(); });
         const std::uint64_t start = FakeClock::NowMs();
         std::uint16_t value = 0;
         EXPECT_EQ(device.ModbusExchange(7, 255, modbus::Function::kRead, 5, value), wanted);
         EXPECT_EQ(value, wanted == 0 ? 0x1234 : 0);
-        EXPECT_EQ(seen.requests, tries);
+        EXPECT_EQ(requests, tries);
         EXPECT_EQ(FakeClock::NowMs() - start, tookMs);
     }
-    const vxApiConfig nothing{};
-    vxInitAPI(&nothing);
 }
 
 TEST(ModbusLine, SerialAnswerWithNoiseAhead)
 {
-    int master = -1;
-    int slave = -1;
-    char name[128];
-    ASSERT_EQ(::openpty(&master, &slave, name, nullptr, nullptr), 0);
-    vxApiConfig config{};
-    config.kind = VX_CHANNEL_SERIAL;
-    config.retries = 1;
-    config.timeoutMs = 60000;
-    config.baudRate = 115200;
-    std::string(name).copy(config.serialName, sizeof config.serialName - 1);
-    vxInitAPI(&config);
-    std::thread device([=] {
+    const PtyRelay line;
+    line.Configure(60000);
+    std::jthread device([&] {
         const Bytes reply = Hex("0703") + Hex("07 03 02 1234 3D33");
         std::uint8_t request[8];
         for (std::size_t got = 0; got < sizeof request;)
-            got += static_cast<std::size_t>(std::max<ssize_t>(0, ::read(master, request + got, sizeof request - got)));
-        EXPECT_EQ(::write(master, reply.data(), reply.size()), static_cast<ssize_t>(reply.size()));
+            got += static_cast<std::size_t>(
+                std::max<ssize_t>(0, ::read(line.FarEnd(), request + got, sizeof request - got)));
+        EXPECT_EQ(::write(line.FarEnd(), reply.data(), reply.size()), static_cast<ssize_t>(reply.size()));
     });
     std::uint16_t value = 0;
     EXPECT_EQ(vxMB_LCGet(7, 5, &value), 0u);
     EXPECT_EQ(value, 0x1234);
-    device.join();
-    ::close(slave);
-    ::close(master);
-    const vxApiConfig nothing{};
-    vxInitAPI(&nothing);
 }
 
 } // namespace

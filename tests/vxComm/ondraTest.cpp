@@ -1,20 +1,14 @@
 // Tiles of the second family: major 28.
 #include "support/answers.h"
-#include "support/fakeClock.h"
-#include "support/tempFolder.h"
-
-#include <tuple>
 
 namespace vxsign::test {
 namespace {
 
 constexpr std::uint8_t kData[] = {0xA1, 0xA2, 0xA3};
 
-class SecondTiles : public testing::Test
+class SecondTiles : public ScriptedTest
 {
 protected:
-    TempFolder folder;
-    FakeClock clock;
     std::string file = folder.Write("file", "abc");
     const char* local = file.c_str();
     std::uint32_t detail = 0xEEEEEEEE;
@@ -55,7 +49,7 @@ TEST_F(SecondTiles, TasksAreStartedAndWaitedFor)
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(&row - rows);
-        ScriptedSign sign;
+        sign.Renew();
         const bool reads = row.minor == 1;
         const bool copies = row.minor == 2;
         const bool details = reads || copies;
@@ -117,7 +111,6 @@ TEST_F(SecondTiles, TasksAreStartedAndWaitedFor)
 
 TEST_F(SecondTiles, TimeLimitOfZero)
 {
-    ScriptedSign sign;
     Play(sign, "+01 =00010000");
     EXPECT_EQ(vxOndraTileCMDTimeout(1, 2, 3, kData, 3, 0), 4u);
     sign.otherwise = [](const Packet&) {
@@ -134,7 +127,6 @@ TEST_F(SecondTiles, ExtensionsOfWhatIsRead)
                                  ".mod", ".sta", ".pix", ".ifo", ".all"};
     const char* const longer[] = {".rev", ".rev", ".rev", ".org", ".dst", ".gan",
                                   ".gap", ".dap", ".log", ".cpu", ".pga"}; // from 11 on
-    ScriptedSign sign;
     for (std::uint8_t type = 0; type < 22; ++type) {
         SCOPED_TRACE(int(type));
         const std::string path = std::string("C:\\port3\\00ab") + (type < 11 ? plain[type] : longer[type - 11]);
@@ -166,7 +158,7 @@ TEST_F(SecondTiles, Burn)
           Row{"failed", "=00010000 =09030000", 3078}, Row{"failed otherwise", "=09050000", 3078},
           Row{"no answer", "=00010000 !3079", 3079}}) {
         SCOPED_TRACE(name);
-        ScriptedSign sign;
+        sign.Renew();
         const std::size_t answers = Play(sign, Words({". +0A0B0C0D", states}));
         const std::uint64_t before = clock.SleptMs();
         EXPECT_EQ(vxOndraWritePxlCalBurn(local, 7, 255, 1, 0x1234, nullptr, &detail), result);
@@ -175,7 +167,7 @@ TEST_F(SecondTiles, Burn)
         EXPECT_EQ(clock.SleptMs() - before, 100 * (answers - 3));
         EXPECT_EQ(sign.progress.size(), 1u) << "of the copy alone";
     }
-    ScriptedSign sign;
+    sign.Renew();
     Play(sign, "!8451 . +01 =0A010000");
     EXPECT_EQ(vxOndraWritePxlCalBurn(local, 1, 1, 0, 0, nullptr, &detail), 8451u);
     EXPECT_EQ(detail, 0u);
@@ -191,7 +183,7 @@ TEST_F(SecondTiles, BurnThatDoesNotBegin)
          {Row{"ended at once", 0, kNever, 20736, 600'100}, Row{"stirs", 900'000, kNever, 20736, 1'500'100},
           Row{"stopped", 900'000, 700'000, 20497, 700'000}}) {
         SCOPED_TRACE(name);
-        ScriptedSign sign;
+        sign.Renew();
         Play(sign, ". +01");
         const std::uint64_t start = clock.SleptMs();
         sign.otherwise = [&](const Packet&) {

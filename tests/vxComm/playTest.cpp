@@ -1,28 +1,19 @@
 // What the sign plays: operations that end in a file.
-#include "support/fakeClock.h"
 #include "support/scriptedSign.h"
-#include "support/tempFolder.h"
 
 #include <cstring>
 
 namespace vxsign::test {
 namespace {
 
-// The library's own temporary files go into the same folder.
-class PlayFiles : public testing::Test
+class PlayFiles : public ScriptedTest
 {
 protected:
-    void SetUp() override { ::setenv("TMPDIR", folder.Path().c_str(), 1); }
-    void TearDown() override { ::unsetenv("TMPDIR"); }
-
-    const FakeClock clock;
-    const TempFolder folder;
     const std::string local = folder.Path("out");
 };
 
 TEST_F(PlayFiles, ScreenshotIsAskedForUntilItIsThere)
 {
-    ScriptedSign sign;
     sign.Then(Good()).Then(2, Refusal(36872)).Then(Good(Hex("03000000"), FromText("JPG")));
     EXPECT_EQ(vxReadCurScreentshot(local.c_str()), 0u);
     EXPECT_EQ(folder.Read("out"), "JPG");
@@ -46,7 +37,6 @@ TEST_F(PlayFiles, ScreenshotIsAskedForUntilItIsThere)
 
 TEST_F(PlayFiles, RadarLogByPages)
 {
-    ScriptedSign sign;
     sign.Then(100, Good({}, Bytes(80, 'r'))).Then(Good({}, Bytes(64, 's')));
     EXPECT_EQ(vxReadTJRadarLog2File(local.c_str()), 0u);
     EXPECT_EQ(folder.Read("out"), std::string(8000, 'r') + std::string(64, 's'));
@@ -70,7 +60,6 @@ TEST_F(PlayFiles, RadarLogByPages)
 
 TEST_F(PlayFiles, RadarLogOfASignThatNeverEnds)
 {
-    ScriptedSign sign;
     sign.otherwise = [](const Packet&) { return Good({}, Bytes(80, 'r')); };
     EXPECT_EQ(vxReadTJRadarLog2File(local.c_str()), 0u);
     EXPECT_EQ(sign.requests.size(), 10000u);
@@ -81,7 +70,6 @@ TEST_F(PlayFiles, RadarLogOfASignThatNeverEnds)
 TEST_F(PlayFiles, DefaultScreenSettings)
 {
     const Bytes path = FromText("c:\\config\\RB27_233.cfg") + Hex("00");
-    ScriptedSign sign;
     const std::string ini = "[DefaultSet]\r\nShowDefultBmpTime=30\r\nBlackScreenTime=65537\r\n";
     const auto size = static_cast<std::uint8_t>(ini.size());
     sign.Then(Good({size, 0, 0, 0}, FromText(ini)));

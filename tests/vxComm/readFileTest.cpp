@@ -1,74 +1,57 @@
 // Files on their way from the sign.
-#include "support/fakeClock.h"
 #include "support/scriptedSign.h"
-#include "support/tempFolder.h"
-
-#include <gtest/gtest.h>
-#include <tuple>
 
 namespace vxsign::test {
 namespace {
 
-TEST(ReadFile, RecordsOfEachMinor)
+using ReadFile = ScriptedTest;
+
+TEST_F(ReadFile, RecordsOfEachMinor)
 {
-    const TempFolder folder;
     const std::string file = folder.Path("out");
     const char* const local = file.c_str();
-    using Row = std::tuple<std::function<std::uint32_t()>, std::uint8_t, const char*, const char*>;
-    const Row rows[] = {
-        {[&] { return vxReadSysFile("CONFIG.SYS", local); }, 2, "434F4E4649472E5359530000 4000 0100",
-         "434F4E4649472E5359530000 4000 0200"},
-        {[&] { return vxReadFontFile("A", local); }, 3, "410000000000000000000000 4000 0100",
-         "410000000000000000000000 4000 0200"},
-        {[&] { return vxReadTextFile('D', "A", local); }, 4, "44000000 410000000000000000000000 4000 0100",
-         "44000000 410000000000000000000000 4000 0200"},
-        {[&] { return vxReadStringFile('E', "A", local); }, 5, "45000000 410000000000000000000000 4000 0100",
-         "45000000 410000000000000000000000 4000 0200"},
-        {[&] { return vxReadPictureFile('D', "A", local); }, 6, "44000000 410000000000000000000000 4000 0100",
-         "44000000 410000000000000000000000 4000 0200"},
-        {[&] { return vxReadArrPicFile('D', "A", local); }, 7, "44000000 410000000000000000000000 4000 0100",
-         "44000000 410000000000000000000000 4000 0200"},
-        {[&] { return vxReadSpecPathFile("D:\\ABC", local); }, 8, "4000 0100 443A5C41 42430000",
-         "4000 0200 443A5C41 42430000"},
-        {[&] { return vxReadPlayLog(local); }, 9, "4000 0100", "4000 0200"},
-        {[&] { return vxReadSpecPathFileEx("D:\\A", local); }, 17, "4000 0000 01000000 443A5C41 00000000",
-         "4000 0000 02000000 443A5C41 00000000"},
-        {[&] { return vxReadVirtualFile("D:\\A", local); }, 31, "4000 0000 01000000 443A5C41 00000000",
-         "4000 0000 02000000 443A5C41 00000000"},
-        {[&] { return vxReadWarning(local); }, 8, "4000 0100 453A5C65 72726F72 732E786D 6C000000",
-         "4000 0200 453A5C65 72726F72 732E786D 6C000000"},
-        {[&] { return vxReadPixResult(local); }, 8, "4000 0100 443A5C50 584C2E43 53560000",
-         "4000 0200 443A5C50 584C2E43 53560000"},
-        {[&] { return vxReadSignalResult(local); }, 8, "4000 0100 443A5C53 49474E41 4C2E4353 56000000",
-         "4000 0200 443A5C53 49474E41 4C2E4353 56000000"},
+    // Records; NN is the number of the packet.
+    const std::tuple<std::function<std::uint32_t()>, std::uint8_t, const char*> rows[] = {
+        {[&] { return vxReadSysFile("CONFIG.SYS", local); }, 2, "434F4E4649472E5359530000 4000 NN00"},
+        {[&] { return vxReadFontFile("A", local); }, 3, "410000000000000000000000 4000 NN00"},
+        {[&] { return vxReadTextFile('D', "A", local); }, 4, "44000000 410000000000000000000000 4000 NN00"},
+        {[&] { return vxReadStringFile('E', "A", local); }, 5, "45000000 410000000000000000000000 4000 NN00"},
+        {[&] { return vxReadPictureFile('D', "A", local); }, 6, "44000000 410000000000000000000000 4000 NN00"},
+        {[&] { return vxReadArrPicFile('D', "A", local); }, 7, "44000000 410000000000000000000000 4000 NN00"},
+        {[&] { return vxReadSpecPathFile("D:\\ABC", local); }, 8, "4000 NN00 443A5C41 42430000"},
+        {[&] { return vxReadPlayLog(local); }, 9, "4000 NN00"},
+        {[&] { return vxReadSpecPathFileEx("D:\\A", local); }, 17, "4000 0000 NN000000 443A5C41 00000000"},
+        {[&] { return vxReadVirtualFile("D:\\A", local); }, 31, "4000 0000 NN000000 443A5C41 00000000"},
+        {[&] { return vxReadWarning(local); }, 8, "4000 NN00 453A5C65 72726F72 732E786D 6C000000"},
+        {[&] { return vxReadPixResult(local); }, 8, "4000 NN00 443A5C50 584C2E43 53560000"},
+        {[&] { return vxReadSignalResult(local); }, 8, "4000 NN00 443A5C53 49474E41 4C2E4353 56000000"},
     };
-    for (const auto& [call, minor, first, second] : rows) {
+    for (const auto& [call, minor, record] : rows) {
         SCOPED_TRACE(int(minor));
-        ScriptedSign sign;
+        sign.Renew();
         sign.Config().dataSize = 64;
         sign.Then(Good(Hex("00000000 46000000"), Bytes(64, 'a'))).Then(Good({}, Bytes(6, 'b')));
         EXPECT_EQ(call(), 0u);
         ASSERT_EQ(sign.requests.size(), 2u);
         EXPECT_EQ(sign.requests[0].Major(), 1);
         EXPECT_EQ(sign.requests[0].Minor(), minor);
-        EXPECT_EQ(sign.requests[0].Payload(), Hex(first));
-        EXPECT_EQ(sign.requests[1].Payload(), Hex(second));
+        EXPECT_EQ(sign.requests[0].Payload(), Numbered(record, 1));
+        EXPECT_EQ(sign.requests[1].Payload(), Numbered(record, 2));
         EXPECT_TRUE(sign.requests[0].Extended().empty());
         EXPECT_EQ(folder.Read("out"), std::string(64, 'a') + std::string(6, 'b'));
         EXPECT_EQ(sign.progress, std::vector<std::uint32_t>{100}) << "no report for the first packet";
     }
 }
 
-TEST(ReadFile, FormsOfTheAnnouncedSize)
+TEST_F(ReadFile, FormsOfTheAnnouncedSize)
 {
-    const TempFolder folder;
     const std::string file = folder.Path("out");
     using Row = std::tuple<const char*, std::uint32_t, std::size_t>;
     for (const auto& [payload, result, requests] :
          {Row{"FFFFFFFF 01030000", 0, 2}, Row{"00030000", 0, 1}, Row{"01030000 00000000 00000000", 0, 2},
           Row{"FFFFFFFF 00000000", 36872, 1}, Row{"0000FFFF", 36872, 1}, Row{"", 36872, 1}}) {
         SCOPED_TRACE(payload);
-        ScriptedSign sign;
+        sign.Renew();
         sign.Then(Good(Hex(payload), {'x'}));
         sign.otherwise = [](const Packet&) { return Good({}, {'y'}); };
         EXPECT_EQ(vxReadSpecPathFile("D:\\A", file.c_str()), result);
@@ -79,11 +62,9 @@ TEST(ReadFile, FormsOfTheAnnouncedSize)
     }
 }
 
-TEST(ReadFile, FailuresLeaveWhatArrived)
+TEST_F(ReadFile, FailuresLeaveWhatArrived)
 {
-    const TempFolder folder;
     const std::string file = folder.Path("out");
-    ScriptedSign sign;
     sign.Then(Refusal(36872));
     EXPECT_EQ(vxReadSpecPathFileEx("D:\\A", file.c_str()), 36872u);
     EXPECT_EQ(folder.Read("out"), "");
@@ -103,12 +84,9 @@ TEST(ReadFile, FailuresLeaveWhatArrived)
     EXPECT_EQ(vxReadSpecPathFile("D:\\A", file.c_str()), 4353u);
 }
 
-TEST(ReadDataFlash, WaitsAndTakesTheProductOrTheCallersSize)
+TEST_F(ReadFile, ADataFlashWaitsAndTakesTheProductOrTheCallersSize)
 {
-    const FakeClock clock;
-    const TempFolder folder;
     const std::string file = folder.Path("out");
-    ScriptedSign sign;
     sign.Config().dataSize = 100;
     // 15 * 10 bytes.
     sign.Then(Good({}, Hex("0F000A00 00000000"))).Then(Good({}, Bytes(100, 'a'))).Then(Good({}, Bytes(50, 'b')));

@@ -1,9 +1,5 @@
 // Tiles of the first family: majors 12 and 50.
 #include "support/answers.h"
-#include "support/fakeClock.h"
-#include "support/tempFolder.h"
-
-#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -14,14 +10,16 @@ constexpr char kStatus[] = "=08080000000000";
 // The end of a task with success, and the answer after it.
 constexpr char kDone[] = "=000A00000005000000000001 .";
 
-TEST(FirstTiles, NumbersRunOverTwoBuses)
+using FirstTiles = ScriptedTest;
+
+TEST_F(FirstTiles, NumbersRunOverTwoBuses)
 {
     using Row = std::tuple<std::uint16_t, std::uint16_t, std::uint8_t, std::uint16_t, std::uint8_t>;
     for (const auto& [tile, bus, address, busOfTest, addressOfTest] :
          {Row{1, 0, 1, 0, 1}, Row{254, 0, 254, 0, 254}, Row{255, 1, 1, 1, 1}, Row{494, 1, 240, 1, 240},
           Row{65535, 1, 1, 0, 255}}) {
         SCOPED_TRACE(tile);
-        ScriptedSign sign;
+        sign.Renew();
         sign.Config().sourceAddress = 0x1234;
         sign.Then(Refusal(36912)).Then(Good()).Then(Good());
         EXPECT_EQ(vxTarsisSetTileCmd(tile, 0x77), 36912u);
@@ -37,7 +35,7 @@ TEST(FirstTiles, NumbersRunOverTwoBuses)
     }
 }
 
-TEST(FirstTiles, ResultOfATask)
+TEST_F(FirstTiles, ResultOfATask)
 {
     using Row = std::tuple<const char*, const char*, std::uint32_t, std::uint32_t, std::uint16_t, const char*>;
     for (const auto& [name, script, bufferSize, result, wantedStatus, bytes] :
@@ -50,8 +48,8 @@ TEST(FirstTiles, ResultOfATask)
           Row{"a refusal that goes on", "!3075 !3072 =112233", 8, 0, 3073, "112233"},
           Row{"a refusal", "!3079", 8, 3079, 3079, ""}, Row{"an empty reply", ".", 8, 0, 0, ""}}) {
         SCOPED_TRACE(name);
-        const FakeClock clock;
-        ScriptedSign sign;
+        sign.Renew();
+        const std::uint64_t slept = clock.SleptMs();
         const std::size_t answers = Play(sign, script);
         std::uint16_t status = 0xEEEE;
         Bytes buffer(8, 0xEE);
@@ -65,14 +63,12 @@ TEST(FirstTiles, ResultOfATask)
         EXPECT_EQ(sign.requests[0].Payload(), Hex("01020304"));
         EXPECT_EQ(sign.requests.back().bytes, sign.requests[0].bytes) << "the same packet again";
         EXPECT_EQ(sign.progress, std::vector<std::uint32_t>(answers - 1, 10));
-        EXPECT_EQ(clock.SleptMs(), 100 * (answers - 1));
+        EXPECT_EQ(clock.SleptMs() - slept, 100 * (answers - 1));
     }
 }
 
-TEST(FirstTiles, WaitsThatEndWithoutTheTask)
+TEST_F(FirstTiles, WaitsThatEndWithoutTheTask)
 {
-    const FakeClock clock;
-    ScriptedSign sign;
     std::uint16_t status = 1;
     std::uint8_t buffer[4];
     EXPECT_EQ(vxTarsisGetResult(1, buffer, 4, &status), 20736u) << "silence";
@@ -116,7 +112,7 @@ TEST(FirstTiles, WaitsThatEndWithoutTheTask)
     EXPECT_EQ(status, 0);
 }
 
-TEST(FirstTiles, ProgressOfACommand)
+TEST_F(FirstTiles, ProgressOfACommand)
 {
     // Total, done and, at the end, the state of a task.
     const auto at = [](const std::string& state) { return "=000A000000050000000000" + state + " "; };
@@ -133,26 +129,23 @@ TEST(FirstTiles, ProgressOfACommand)
           Row{"in the payload", "+000400000001000000000003 " + at("01") + ".", 0, {25}},
           Row{"a short reply goes on", "=0001 " + at("01") + ".", 0, {0}}}) {
         SCOPED_TRACE(name);
-        const FakeClock clock;
-        ScriptedSign sign;
+        sign.Renew();
+        const std::uint64_t slept = clock.SleptMs();
         const std::size_t answers = Play(sign, Words({"+0A0B0C0D", script}));
         EXPECT_EQ(vxTarsisSetTileCmd(300, 2), result);
         EXPECT_EQ(sign.progress, progress);
         ASSERT_EQ(sign.requests.size(), answers);
-        EXPECT_EQ(clock.SleptMs(), 100 * (answers - 2));
+        EXPECT_EQ(clock.SleptMs() - slept, 100 * (answers - 2));
         EXPECT_EQ(sign.Road().substr(0, 10), "12.11 12.4");
         EXPECT_EQ(sign.requests[1].Payload(), Hex("0A0B0C0D 00000000"));
         EXPECT_EQ(sign.requests.back().bytes, sign.requests[1].bytes) << "the same packet again";
     }
 }
 
-class FirstTileFiles : public testing::Test
+class FirstTileFiles : public ScriptedTest
 {
 protected:
-    TempFolder folder;
-    FakeClock clock;
-    ScriptedSign sign;
-    std::string local = folder.Write("file", "abc");
+    const std::string local = folder.Write("file", "abc");
 };
 
 TEST_F(FirstTileFiles, AreInstalledInFixedPlaces)

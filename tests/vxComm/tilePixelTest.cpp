@@ -1,10 +1,7 @@
 // Tile pixel files: each order by a small tile worked out by hand, all of them there and back.
-#include "support/bytes.h"
-#include "support/fakeClock.h"
-#include "support/tempFolder.h"
+#include "support/scriptedSign.h"
 
 #include <sstream>
-#include <vxsign/vxsign.h>
 
 namespace vxsign::test {
 namespace {
@@ -49,10 +46,7 @@ Bytes Record(std::size_t number, bool wide)
     const Pixels all = Numbered(number + 1);
     const std::uint16_t* const c = &all[number * 9];
     Bytes bytes;
-    const auto add = [&](unsigned word) {
-        bytes.push_back(static_cast<std::uint8_t>(word));
-        bytes.push_back(static_cast<std::uint8_t>(word >> 8));
-    };
+    const auto add = [&](unsigned word) { bytes = bytes + Little(word, 2); };
     if (wide)
         std::for_each(c, c + 9, add);
     else {
@@ -86,24 +80,15 @@ void ExpectOrder(const std::string& body, const char* order, bool wide)
     EXPECT_EQ(at, body.size());
 }
 
-class TilePixels : public testing::Test
+class TilePixels : public ScriptedTest
 {
 protected:
-    TempFolder folder;
-    std::string path = folder.Path("pixels");
-    FakeClock clock;
+    const std::string path = folder.Path("pixels");
 };
 
 TEST_F(TilePixels, EachLayoutIsInItsOrder)
 {
-    struct Row
-    {
-        const char* name;
-        Tile tile;
-        bool wide;
-        const char* order;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, Tile, bool, const char*> rows[] = {
         {"A", {74, 0x10, 4, 4, 2, 2}, true, "P 4 12 P 6 14 P 5 13 P 7 15 P 0 8 P 2 10 P 1 9 P 3 11"},
         {"A compact", {74, 0, 4, 4, 2, 2}, false, "P 4 12 P 6 14 P 5 13 P 7 15 P 0 8 P 2 10 P 1 9 P 3 11"},
         {"A of six across", {74, 1, 6, 2, 1, 1}, true, "6 7 8 9 10 11"},
@@ -130,10 +115,10 @@ TEST_F(TilePixels, EachLayoutIsInItsOrder)
         {"F, four squares across", {0, 0xB0, 4, 2, 1, 1}, true, "4 5 ..."},
         {"what is left over does not count", {0, 0xF0, 5, 3, 2, 1}, true, "H 10 11 H 12 13 H 0 1 H 5 6 ..."},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(Save(row.tile, Numbered(std::size_t{row.tile.width} * row.tile.height), path), 0u);
-        ExpectOrder(folder.Read("pixels").substr(32), row.order, row.wide);
+    for (const auto& [name, tile, wide, order] : rows) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(Save(tile, Numbered(std::size_t{tile.width} * tile.height), path), 0u);
+        ExpectOrder(folder.Read("pixels").substr(32), order, wide);
     }
 }
 
@@ -153,8 +138,8 @@ TEST_F(TilePixels, WholeFiles)
     clock.SetLocalTime({2031, 12, 31, 23, 59, 59, 0});
     ASSERT_EQ(Save({0, 0xF0, 2, 1, 1, 1}, {1, 2, 3, 4, 5, 6, 7, 8, 9, 0, 0, 0, 0, 0, 0, 0, 0, 0}, path), 0u);
     const Bytes file = FromText(folder.Read("pixels"));
-    EXPECT_EQ(Bytes(file.begin(), file.begin() + 22), Hex("AA55 2000 0200 0A00 2109 7920 12 31 23 59 59 00 A4000000"));
-    EXPECT_EQ(Bytes(file.begin() + 32, file.begin() + 32 + 82),
+    EXPECT_EQ(Part(file, 0, 22), Hex("AA55 2000 0200 0A00 2109 7920 12 31 23 59 59 00 A4000000"));
+    EXPECT_EQ(Part(file, 32, 82),
               Hex("AA55 EFD8 12000000 9F67 7DBF") + Bytes(52, 0) + Hex("010002000300040005000600070008000900"));
 }
 
@@ -191,9 +176,7 @@ TEST_F(TilePixels, BadFiles)
 {
     const Tile tile{0, 0x10, 1, 2, 1, 1};
     Pixels loaded(18, 0xEEEE);
-    const auto result = [&](const Bytes& file) {
-        return Load(tile, loaded, folder.Write("bad", {reinterpret_cast<const char*>(file.data()), file.size()}));
-    };
+    const auto result = [&](const Bytes& file) { return Load(tile, loaded, folder.Write("bad", ToText(file))); };
     const Bytes header = Hex("AA55") + Bytes(30, 0);
     EXPECT_EQ(result(Hex("AA55")), 20737u);
     EXPECT_EQ(result(header + Bytes(11, 1)), 20737u) << "one byte less than six a pixel";

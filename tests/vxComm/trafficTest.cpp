@@ -1,16 +1,12 @@
 // The traffic signal controller: dump files, error and temperature logs.
-#include "support/fakeClock.h"
 #include "support/reportSign.h"
-#include "support/tempFolder.h"
-
-#include <tuple>
 
 namespace vxsign::test {
 namespace {
 
 const Bytes kPhase = Hex("01020304 05060708 090A0B0C 0D0E0F10 11121314 15161718 191A1B1C 1D1E1F");
 
-class TrafficFiles : public testing::Test
+class TrafficFiles : public ReportTest
 {
 protected:
     // The whole of the log, read from a sign whose directory is of these entries, all in one page.
@@ -40,10 +36,9 @@ protected:
     static std::string Month(std::initializer_list<char> rows)
     {
         std::string file(32, '\xEE');
-        for (const char first : rows) {
+        for (const char first : rows)
             for (int i = 0; i < 24; ++i)
                 file += static_cast<char>(first + i);
-        }
         return file;
     }
     // "time sample source" of one record.
@@ -54,16 +49,11 @@ protected:
         return std::string(entry.time) + " " + std::to_string(entry.sample) + " " + std::to_string(entry.sourceId);
     }
 
-    const TempFolder folder;
     std::string local = folder.Path("log");
-    const FakeClock clock; // 2020-05-13 10:20:30
-    const Taken taken;
-    ReportSign sign;
 };
 
-TEST(Traffic, WithoutConfiguration)
+TEST_F(TrafficFiles, WithoutConfiguration)
 {
-    ScriptedSign sign;
     sign.Config().initialised = 0;
     EXPECT_EQ(vxTrafficRFlow(kPhase.data(), "/dev/null"), 3u);
     EXPECT_EQ(vxReadTrafficStatus("/dev/null"), 20736u);
@@ -72,32 +62,25 @@ TEST(Traffic, WithoutConfiguration)
 
 TEST_F(TrafficFiles, Dumps)
 {
-    struct Row
-    {
-        const char* name;
-        std::uint32_t (*dump)(const char*);
-        const char* code;
-        std::size_t sent;
-        Bytes header;
-        std::size_t kept;
-    };
-    const Row rows[] = {
-        {"status", vxReadTrafficStatus, "10/6", 3, Hex("4D540100 03000000 0000 1E14"), 3},
-        {"status over the buffer", vxReadTrafficStatus, "10/6", 3000, Hex("4D540100 00080000 0000 1E14"), 2048},
-        {"monitor", vxReadTrafficMonitor, "10/5", 5, Hex("43540100 05000000 0000 1E14"), 5},
-        {"real status, short", vxReadTrafficRealStatus, "10/17", 2, Hex("54520100 66000000 0000 1E14"), 102},
-        {"real status, cut", vxReadTrafficRealStatus, "10/17", 200, Hex("54520100 66000000 0000 1E14"), 102},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        sign.answers[row.code] = {Good({1, 2, 3, 4}, Bytes(row.sent, 'b'))};
-        EXPECT_EQ(row.dump(local.c_str()), 0u);
-        Bytes block(std::min(row.sent, row.kept), 'b');
-        block.resize(row.kept);
-        EXPECT_EQ(FromText(folder.Read("log")), row.header + block);
-        EXPECT_EQ(row.dump(folder.Path("no/such").c_str()), 20737u);
-        sign.answers[row.code] = {Refusal(36869)};
-        EXPECT_EQ(row.dump(folder.Path("none").c_str()), 36869u);
+    // How many bytes come, and how many are kept behind the header.
+    const std::tuple<const char*, std::uint32_t (*)(const char*), const char*, std::size_t, const char*, std::size_t>
+        rows[] = {
+            {"status", vxReadTrafficStatus, "10/6", 3, "4D540100 03000000 0000 1E14", 3},
+            {"status over the buffer", vxReadTrafficStatus, "10/6", 3000, "4D540100 00080000 0000 1E14", 2048},
+            {"monitor", vxReadTrafficMonitor, "10/5", 5, "43540100 05000000 0000 1E14", 5},
+            {"real status, short", vxReadTrafficRealStatus, "10/17", 2, "54520100 66000000 0000 1E14", 102},
+            {"real status, cut", vxReadTrafficRealStatus, "10/17", 200, "54520100 66000000 0000 1E14", 102},
+        };
+    for (const auto& [name, dump, code, sent, header, kept] : rows) {
+        SCOPED_TRACE(name);
+        sign.answers[code] = {Good({1, 2, 3, 4}, Bytes(sent, 'b'))};
+        EXPECT_EQ(dump(local.c_str()), 0u);
+        Bytes block(std::min(sent, kept), 'b');
+        block.resize(kept);
+        EXPECT_EQ(FromText(folder.Read("log")), Hex(header) + block);
+        EXPECT_EQ(dump(folder.Path("no/such").c_str()), 20737u);
+        sign.answers[code] = {Refusal(36869)};
+        EXPECT_EQ(dump(folder.Path("none").c_str()), 36869u);
         EXPECT_FALSE(folder.Has("none"));
     }
 }
@@ -121,60 +104,56 @@ TEST_F(TrafficFiles, Flow)
 
 TEST_F(TrafficFiles, ErrorTexts)
 {
-    using Row = std::tuple<std::uint16_t, std::uint32_t, std::string>;
-    const Row rows[] = {
-        {0x0101, 3, " File Format Err"},
-        {0x0111, 3, "Map File Format Err"},
-        {0x0120, 3, "PHASE File Not Exist Err"},
-        {0x0132, 3, "PERIOD File Not Exist Err"},
-        {0x0140, 3, "SPECPERIOD File Not Exist Err"},
-        {0x0150, 3, "IOTABLE File Not Exist Err"},
-        {0x0151, 3, "IOTABLE File Format Err"},
-        {0x0160, 3, "IOTABLE MAN File Not Exist Err"},
-        {0x0170, 3, "CARDETECT File Not Exist Err"},
-        {0x0180, 3, "CONFLICT File Not Exist Err"},
-        {0x0190, 3, "CONFIG File Not Exist Err"},
-        {0x01A1, 3, " File Format Err"},
-        {0x0203, 2, "Output board Communication Error(motor) Address = \x03"},
-        {0x0200, 2, "Output board Communication Error(motor) Address = "},
-        {0x021F, 2, "Output board Communication Error(man) Address = \x0F"},
-        {0x0221, 2, "Output board Communication Error(motor ext) Address = \x01"},
-        {0x0231, 2, "Output board Communication Error(man ext) Address = \x01"},
-        {0x0241, 2, " Address = \x01"},
-        {0x0307, 2, "Keyboard communicate error, Address = 7"},
-        {0x0410, 2, "Loops communicate error, Address = @"},
-        {0x0500, 2, "Video communicate error, Address = 0"},
-        {0x05D0, 2, "Video communicate error, Address = "},
-        {0x0612, 2, "Slave Connect Error"},
-        {0x0700, 4, "Sync Error"},
-        {0x0810, 4, "AC Lower Error"},
-        {0x0801, 4, "AC High Error"},
-        {0x0900, 4, "temp error"},
-        {0x0A00, 4, "Communication offline error"},
-        {0x0B00, 4, "RTC error"},
-        {0x0C00, 4, "Reset error"},
-        {0x0D00, 4, "CAN communication error"},
-        {0x0E00, 2, "Green Conflict error"},
-        {0x0F02, 2, "Output board Error(motor) Address = \x02"},
-        {0x0F12, 2, "Output board Error(man) Address = \x02"},
-        {0x0F22, 2, "Output board Error(motor ext) Address = \x02"},
-        {0x0F32, 2, "Output board Error(man ext) Address = \x02"},
-        {0x0FF2, 2, " Address = \x02"},
-        {0x0011, 0, ""},
-        {0x1011, 0, ""},
-        {0xFFFF, 0, ""},
+    const auto expect = [&](std::uint32_t level, std::initializer_list<std::pair<std::uint16_t, const char*>> rows) {
+        for (const auto& [error, text] : rows) {
+            SCOPED_TRACE(error);
+            const std::string record = HexText("26 20 12 31 23 59 58 FF") + ToText(Little(error, 2)) + HexText("FFFF");
+            EXPECT_EQ(ReadErrors(std::string(32, '\xEE') + HexText("01000000") + record), 0u);
+            const auto entry = Taken::As<TrafficLogEntry>(0);
+            EXPECT_EQ(entry.level, level);
+            EXPECT_STREQ(entry.time, "2026-12-31 23:59:58");
+            EXPECT_STREQ(entry.signName, "sign");
+            EXPECT_EQ(entry.text, std::string(text) + " ErrCNT=65535");
+        }
     };
-    for (const auto& [error, level, text] : rows) {
-        SCOPED_TRACE(error);
-        const char code[] = {static_cast<char>(error), static_cast<char>(error >> 8)};
-        const std::string record = HexText("26 20 12 31 23 59 58 FF") + std::string(code, 2) + HexText("FFFF");
-        EXPECT_EQ(ReadErrors(std::string(32, '\xEE') + HexText("01000000") + record), 0u);
-        const auto entry = Taken::As<TrafficLogEntry>(0);
-        EXPECT_EQ(entry.level, level);
-        EXPECT_STREQ(entry.time, "2026-12-31 23:59:58");
-        EXPECT_STREQ(entry.signName, "sign");
-        EXPECT_EQ(entry.text, text + " ErrCNT=65535");
-    }
+    expect(3, {{0x0101, " File Format Err"},
+               {0x0111, "Map File Format Err"},
+               {0x0120, "PHASE File Not Exist Err"},
+               {0x0132, "PERIOD File Not Exist Err"},
+               {0x0140, "SPECPERIOD File Not Exist Err"},
+               {0x0150, "IOTABLE File Not Exist Err"},
+               {0x0151, "IOTABLE File Format Err"},
+               {0x0160, "IOTABLE MAN File Not Exist Err"},
+               {0x0170, "CARDETECT File Not Exist Err"},
+               {0x0180, "CONFLICT File Not Exist Err"},
+               {0x0190, "CONFIG File Not Exist Err"},
+               {0x01A1, " File Format Err"}});
+    expect(2, {{0x0203, "Output board Communication Error(motor) Address = \x03"},
+               {0x0200, "Output board Communication Error(motor) Address = "},
+               {0x021F, "Output board Communication Error(man) Address = \x0F"},
+               {0x0221, "Output board Communication Error(motor ext) Address = \x01"},
+               {0x0231, "Output board Communication Error(man ext) Address = \x01"},
+               {0x0241, " Address = \x01"},
+               {0x0307, "Keyboard communicate error, Address = 7"},
+               {0x0410, "Loops communicate error, Address = @"},
+               {0x0500, "Video communicate error, Address = 0"},
+               {0x05D0, "Video communicate error, Address = "},
+               {0x0612, "Slave Connect Error"},
+               {0x0E00, "Green Conflict error"}});
+    expect(2, {{0x0F02, "Output board Error(motor) Address = \x02"},
+               {0x0F12, "Output board Error(man) Address = \x02"},
+               {0x0F22, "Output board Error(motor ext) Address = \x02"},
+               {0x0F32, "Output board Error(man ext) Address = \x02"},
+               {0x0FF2, " Address = \x02"}});
+    expect(4, {{0x0700, "Sync Error"},
+               {0x0810, "AC Lower Error"},
+               {0x0801, "AC High Error"},
+               {0x0900, "temp error"},
+               {0x0A00, "Communication offline error"},
+               {0x0B00, "RTC error"},
+               {0x0C00, "Reset error"},
+               {0x0D00, "CAN communication error"}});
+    expect(0, {{0x0011, ""}, {0x1011, ""}, {0xFFFF, ""}});
 }
 
 TEST_F(TrafficFiles, ErrorRecords)
@@ -182,8 +161,7 @@ TEST_F(TrafficFiles, ErrorRecords)
     const std::string good = HexText("26 20 0102030405 FF 0007 0100") + std::string(20, '\xFF');
     const std::string blank = HexText("26 00 0102030405 FF 0007 0100") + std::string(20, '\xFF');
     const std::string head(32, '\xEE');
-    using Row = std::tuple<const char*, std::string, std::size_t, std::uint32_t>;
-    const Row rows[] = {
+    const std::tuple<const char*, std::string, std::size_t, std::uint32_t> rows[] = {
         {"an empty one counts", head + HexText("02000000") + good + blank + good, 1, 0},
         {"fewer than announced", head + HexText("FFFFFFFF") + blank + good + good, 2, 0},
         {"the last one cut short", head + HexText("03000000") + good + good.substr(0, 5), 2, 0},
@@ -205,7 +183,7 @@ TEST_F(TrafficFiles, ErrorRecords)
         Taken::records.clear();
         EXPECT_EQ(vxReadTrafficErrLog(local.data(), std::string(length, 'n').c_str(), Taken::Plain), 0u);
         const Bytes& record = Taken::records.at(0);
-        EXPECT_EQ(Bytes(record.begin() + 24, record.begin() + 124), Bytes(100, 'n'));
+        EXPECT_EQ(Part(record, 24, 100), Bytes(100, 'n'));
         EXPECT_EQ(record[124], 'S') << "the text follows a full name at once";
     }
     // What no calendar and no clock has stays within its field.
@@ -219,8 +197,7 @@ TEST_F(TrafficFiles, ErrorRecords)
 
 TEST_F(TrafficFiles, TemperatureNames)
 {
-    using Row = std::tuple<const char*, const char*, const char*>;
-    const Row rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"CAB05XYZTMP", "CAB05XYZ.TMP", "2020-05-01 00:00:00 65 100"},
         {"E1P4206 TMP", "E1P4206.TMP", "2019-06-01 00:00:00 65 442"},
         {"E1Q4205 T  ", "E1Q4205.T", "2020-05-01 00:00:00 65 542"},
@@ -257,22 +234,16 @@ TEST_F(TrafficFiles, TemperatureNames)
 
 TEST_F(TrafficFiles, TemperatureDays)
 {
-    struct Row
-    {
-        std::uint16_t year;
-        std::uint8_t month;
-        const char* name;
-        std::size_t days;
-    };
-    for (const Row& row :
+    using Row = std::tuple<std::uint16_t, std::uint8_t, const char*, std::size_t>;
+    for (const auto& [year, month, name, days] :
          {Row{2020, 5, "V0102   TMP", 29}, Row{2021, 1, "V0102   TMP", 29}, Row{2021, 2, "V0102   TMP", 28},
           Row{2000, 2, "V0102   TMP", 29}, Row{2100, 2, "V0102   TMP", 28}, Row{2020, 12, "V0101   TMP", 31},
           Row{2020, 5, "V0104   TMP", 30}}) {
-        SCOPED_TRACE(row.year);
-        FakeClock::SetLocalTime({row.year, row.month, 1, 0, 0, 0, 0});
-        sign.files["E:\\TEP_REC\\" + std::string(row.name).substr(0, 5) + ".TMP"] = std::string(32 + 24 * 40, 'x');
-        EXPECT_EQ(ReadTemperatures(Entry(row.name)), 0u);
-        EXPECT_EQ(Taken::records.size(), 24 * row.days);
+        SCOPED_TRACE(year);
+        FakeClock::SetLocalTime({year, month, 1, 0, 0, 0, 0});
+        sign.files["E:\\TEP_REC\\" + std::string(name).substr(0, 5) + ".TMP"] = std::string(32 + 24 * 40, 'x');
+        EXPECT_EQ(ReadTemperatures(Entry(name)), 0u);
+        EXPECT_EQ(Taken::records.size(), 24 * days);
     }
     FakeClock::SetLocalTime({2020, 5, 13, 0, 0, 0, 0});
 
@@ -304,8 +275,8 @@ TEST_F(TrafficFiles, TemperaturePages)
     for (int i = 0; i < 25; ++i)
         sign.files["E:\\TEP_REC\\" + name(i) + ".TMP"] = Month({'A'});
     std::vector<Bytes> asked;
-    const auto answer = sign.sign.otherwise;
-    sign.sign.otherwise = [&](const Packet& request) {
+    const auto answer = sign.otherwise;
+    sign.otherwise = [&](const Packet& request) {
         if (request.Major() == 7)
             asked.push_back(request.Payload());
         return answer(request);

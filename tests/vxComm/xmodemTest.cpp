@@ -1,67 +1,45 @@
 // Upgrades by XMODEM: blocks, tries, ends; and the road to a receiver that is not ours.
 #include "sim/devices/bootLoader.h"
-#include "support/bytes.h"
 #include "support/ptyRelay.h"
-#include "support/tempFolder.h"
-
-#include <vxsign/vxsign.h>
+#include "support/scriptedSign.h"
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstring>
-#include <gtest/gtest.h>
 #include <poll.h>
 #include <random>
-#include <thread>
-#include <tuple>
 #include <unistd.h>
 
 namespace vxsign::test {
 namespace {
 
-// A boot loader behind onWrite and onRead: one character of the script for each try. 'A' is ACK, 'N' NAK, '.' silence,
-// '!' silence with the abort flag set, anything else goes out as it is. The last one holds for all further tries.
-class XModem : public ::testing::Test
+// A boot loader by script: one character for each try. 'A' is ACK, 'N' NAK, '.' silence, '!' silence with the abort
+// flag set, anything else goes out as it is. The last one holds for all further tries.
+class XModem : public ScriptedTest
 {
 protected:
-    void SetUp() override { Configure(50); }
-    void TearDown() override
+    XModem()
     {
-        const vxApiConfig nothing{};
-        vxInitAPI(&nothing);
-    }
-
-    static void Configure(std::uint32_t timeoutMs)
-    {
-        vxApiConfig config{};
-        config.retries = 2;
-        config.timeoutMs = timeoutMs;
-        config.onProgress = [](vxApiConfig*, std::uint32_t, std::uint32_t percent) { progress.push_back(percent); };
-        config.onWrite = [](vxApiConfig*, const std::uint8_t* bytes, std::uint32_t length, std::uint32_t) {
-            if (length != 0)
-                sent.emplace_back(bytes, bytes + length);
-            return static_cast<std::int32_t>(length);
-        };
-        config.onRead = [](vxApiConfig* live, std::uint8_t* buffer, std::uint32_t capacity, std::uint32_t) {
+        sign.isForeign = true;
+        sign.raw = [](const Packet&) { return std::deque<Bytes>(); };
+        sign.onEmptyRead = [this] {
             const char next = script.front();
             if (script.size() > 1)
                 script.erase(0, 1);
             if (next == '!')
-                live->abortFlag = 1;
-            if (next == '.' || next == '!' || capacity == 0)
-                return 0;
-            buffer[0] = static_cast<std::uint8_t>(next == 'A' ? 6 : next == 'N' ? 21 : next);
-            return 1;
+                sign.Config().abortFlag = 1;
+            else if (next != '.')
+                sign.Arrive({{static_cast<std::uint8_t>(next == 'A' ? 6 : next == 'N' ? 21 : next)}});
         };
-        vxInitAPI(&config);
-        sent.clear();
-        progress.clear();
     }
 
     // The result of an upgrade with a file of so many 'U'; what was printed is in `printed`.
-    std::uint32_t Run(const std::string& receiver, std::size_t size)
+    std::uint32_t Run(const std::string& receiver, std::size_t size, std::uint32_t timeoutMs = 50)
     {
+        sign.Renew();
+        sign.Config().retries = 2;
+        sign.Config().timeoutMs = timeoutMs;
         script = receiver;
         const std::string path = folder.Write("firmware", std::string(size, 'U'));
         ::testing::internal::CaptureStdout();
@@ -78,10 +56,15 @@ protected:
         return all;
     }
 
-    inline static std::vector<Bytes> sent;
-    inline static std::vector<std::uint32_t> progress;
-    inline static std::string script;
-    TempFolder folder;
+    std::vector<Bytes> Sent() const
+    {
+        std::vector<Bytes> sent;
+        for (const Packet& request : sign.requests)
+            sent.push_back(request.bytes);
+        return sent;
+    }
+
+    std::string script;
     std::string printed;
 };
 
@@ -89,19 +72,16 @@ TEST_F(XModem, Blocks)
 {
     const Bytes whole = Bytes(128, 0x55);
     const Bytes filled = Bytes(1, 0x55) + Bytes(127, 0x1A);
+    const Bytes end = Hex("04");
     EXPECT_EQ(Run("CA", 129), 0u);
-    EXPECT_EQ(sent, (std::vector<Bytes>{Hex("0101FE") + whole + Hex("5B67"), Hex("0102FD") + filled + Hex("20B2"),
-                                        Hex("04")}));
-    EXPECT_EQ(progress, (std::vector<std::uint32_t>{99, 100}));
-    sent.clear();
+    EXPECT_EQ(Sent(), (std::vector{Hex("0101FE") + whole + Hex("5B67"), Hex("0102FD") + filled + Hex("20B2"), end}));
+    EXPECT_EQ(sign.progress, (std::vector<std::uint32_t>{99, 100}));
     EXPECT_EQ(Run("NA", 129), 0u);
-    EXPECT_EQ(sent,
-              (std::vector<Bytes>{Hex("0101FE") + whole + Hex("80"), Hex("0102FD") + filled + Hex("3B"), Hex("04")}));
-    sent.clear();
+    EXPECT_EQ(Sent(), (std::vector{Hex("0101FE") + whole + Hex("80"), Hex("0102FD") + filled + Hex("3B"), end}));
     EXPECT_EQ(Run("CA", std::size_t{257} * 128), 0u);
-    ASSERT_EQ(sent.size(), 258u);
-    EXPECT_EQ(Bytes(sent[254].begin(), sent[254].begin() + 3), Hex("01FF00"));
-    EXPECT_EQ(Bytes(sent[255].begin(), sent[255].begin() + 3), Hex("0100FF"));
+    ASSERT_EQ(sign.requests.size(), 258u);
+    EXPECT_EQ(Part(Sent()[254], 0, 3), Hex("01FF00"));
+    EXPECT_EQ(Part(Sent()[255], 0, 3), Hex("0100FF"));
 }
 
 TEST_F(XModem, StepsAndEnds)
@@ -142,28 +122,25 @@ TEST_F(XModem, StepsAndEnds)
         };
     for (const auto& [name, receiver, size, result, percent, blocks, prints] : rows) {
         SCOPED_TRACE(name);
-        Configure(50);
         EXPECT_EQ(Run(receiver, size), result);
-        EXPECT_EQ(sent.size(), blocks);
-        EXPECT_EQ(progress, std::vector<std::uint32_t>(percent != 0 ? 1 : 0, percent));
+        EXPECT_EQ(sign.requests.size(), blocks);
+        EXPECT_EQ(sign.progress, std::vector<std::uint32_t>(percent != 0 ? 1 : 0, percent));
         EXPECT_EQ(printed, prints);
     }
 }
 
 TEST_F(XModem, BytesBehindAnAnswerAreLeft)
 {
-    Configure(3000); // with many polls: the one byte ends the wait all the same
-    EXPECT_EQ(Run("CA", 128), 0u);
-    EXPECT_EQ(sent.size(), 2u);
+    EXPECT_EQ(Run("CA", 128, 3000), 0u) << "with many polls: the one byte ends the wait all the same";
+    EXPECT_EQ(sign.requests.size(), 2u);
 }
 
 TEST_F(XModem, WithoutAFileNothingIsSent)
 {
     script = "C";
-    EXPECT_EQ(vxXModem_Upgrade(nullptr), 2u);
     EXPECT_EQ(vxXModem_Upgrade(folder.Path("none").c_str()), 20737u);
     EXPECT_EQ(vxXModem_Upgrade(folder.Path().c_str()), 20737u);
-    EXPECT_TRUE(sent.empty());
+    EXPECT_TRUE(sign.requests.empty());
     vxApiConfig nowhere{};
     nowhere.kind = VX_CHANNEL_SERIAL;
     std::strcpy(nowhere.serialName, "/dev/none");
@@ -174,16 +151,9 @@ TEST_F(XModem, WithoutAFileNothingIsSent)
 // What an upgrade over that line prints.
 std::string SendOver(const PtyRelay& line, const std::string& source, std::uint32_t timeoutMs)
 {
-    vxApiConfig config{};
-    config.kind = VX_CHANNEL_SERIAL;
-    config.baudRate = 115200;
-    config.timeoutMs = timeoutMs;
-    line.Path().copy(config.serialName, sizeof config.serialName - 1);
-    vxInitAPI(&config);
+    line.Configure(timeoutMs);
     ::testing::internal::CaptureStdout();
     EXPECT_EQ(vxXModem_Upgrade(source.c_str()), 0u);
-    const vxApiConfig nothing{};
-    vxInitAPI(&nothing);
     return ::testing::internal::GetCapturedStdout();
 }
 
@@ -191,9 +161,8 @@ constexpr char kAllWell[] = "begining to Send file \nComplete ACK have coming,Se
 
 std::string Firmware(std::size_t size)
 {
-    std::mt19937 random(5);
     std::string firmware(size, '\0');
-    std::generate(firmware.begin(), firmware.end(), [&] { return static_cast<char>(random()); });
+    std::generate(firmware.begin(), firmware.end(), std::mt19937(5));
     return firmware;
 }
 
