@@ -70,12 +70,8 @@ TEST_F(Control, SettingsComeBackAsTheyWereSet)
 {
     const Bytes eight{1, 2, 3, 4, 5, 6, 7, 8};
     ExpectPayload({0, 0, 0, 0}, {{4, 9}});
-    Expect(0, {{4, 8, {5, 5, 0, 0}},
-               {4, 10, eight},
-               {4, 28, eight},
-               {4, 26, eight, {100}},
-               {4, 36, {7, 0, 0, 0}},
-               {17, 1, {8, 9, 0, 0}}});
+    Expect(0, {{4, 8, {5, 5, 0, 0}}, {4, 10, eight}, {4, 28, eight}, {4, 26, eight, {100}}, {4, 36, {7, 0, 0, 0}}});
+    Expect(0, {{17, 1, {8, 9, 0, 0}}});
     ExpectPayload({5, 5, 0, 0}, {{4, 9}});
     ExpectPayload(eight, {{4, 11}, {4, 27}, {4, 29}});
     ExpectPayload({7, 0, 0, 0}, {{4, 37}});

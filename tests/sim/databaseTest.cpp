@@ -45,26 +45,13 @@ TEST_F(Database, ALoggedInUserIsTheAuthorAndLogsSurviveARestart)
 
 TEST_F(Database, RefusesWhatIsNeitherReadingNorDeletingLogs)
 {
-    const char* refused[] = {"attach '/tmp/other' as other",
-                             "pragma user_version",
-                             "select * from pragma_table_info('SysLog')",
-                             "select name from sqlite_master",
-                             "select load_extension('x')",
-                             "select replace('aaaa','a','aaaaaaaa')",
-                             "select 1 where 'aaaa' like '%a%a%b'",
-                             "insert into SysLog values(1,2,3,4,5)",
-                             "update SysLog set Type=1",
-                             "drop table SysLog",
-                             "begin",
-                             "vacuum",
-                             "vacuum into '/tmp/other'",
-                             "delete from SysLog; delete from TempLog",
-                             "explain select * from SysLog",
-                             "explain query plan delete from SysLog",
-                             "with recursive a(x) as (select 1 union all select x+1 from a) select x from a",
-                             "selec",
-                             ";"};
-    for (const char* sql : refused)
+    for (const char* sql :
+         {"attach '/tmp/other' as other", "pragma user_version", "select * from pragma_table_info('SysLog')",
+          "select name from sqlite_master", "select load_extension('x')", "select replace('aaaa','a','aaaaaaaa')",
+          "select 1 where 'aaaa' like '%a%a%b'", "insert into SysLog values(1,2,3,4,5)", "update SysLog set Type=1",
+          "drop table SysLog", "begin", "vacuum", "vacuum into '/tmp/other'", "delete from SysLog; delete from TempLog",
+          "explain select * from SysLog", "explain query plan delete from SysLog",
+          "with recursive a(x) as (select 1 union all select x+1 from a) select x from a", "selec", ";"})
         EXPECT_EQ(CodeOf(AskDatabase(sql)), 36881U) << sql;
     EXPECT_EQ(CodeOf(AskDatabase(std::string(2000, ' '))), 36881U);
     EXPECT_EQ(CodeOf(AskDatabase("select 1", {2, 0, 1, 0})), 36881U);

@@ -45,8 +45,8 @@ TEST_F(Devices, TheBootLoaderTakesBlocksInOrder)
     vxsim::BootLoader loader(File(), false);
     loader.KeepUp(0);
     const Bytes first = Block(1, 0x55, kCrc55);
-    EXPECT_EQ(loader.Take(Bytes{0xFF, 0x15} + Bytes(first.begin(), first.begin() + 60), 10), Bytes()) << "noise ahead";
-    EXPECT_EQ(loader.Take(Bytes(first.begin() + 60, first.end()), 20), kAck);
+    EXPECT_EQ(loader.Take(Bytes{0xFF, 0x15} + Part(first, 0, 60), 10), Bytes()) << "noise ahead";
+    EXPECT_EQ(loader.Take(Part(first, 60), 20), kAck);
     EXPECT_EQ(loader.Take(first, 30), kAck) << "its answer was lost";
     EXPECT_EQ(loader.Take(Block(2, 0x56, kCrc55), 40), kNak) << "damaged";
     Bytes wrongComplement = Block(2, 0x55, kCrc55);
@@ -85,8 +85,8 @@ TEST_F(Devices, AFileEndsOnlyWhereABlockMayBegin)
     std::uint64_t now = 30;
     for (const Bytes& damaged : {badStart, smaller, Bytes{4} + large}) {
         SCOPED_TRACE(int{damaged[0]});
-        EXPECT_EQ(loader.Take(Bytes(damaged.begin(), damaged.begin() + 60), now), Bytes());
-        EXPECT_EQ(loader.Take(Bytes(damaged.begin() + 60, damaged.end()), now + 100), Bytes());
+        EXPECT_EQ(loader.Take(Part(damaged, 0, 60), now), Bytes());
+        EXPECT_EQ(loader.Take(Part(damaged, 60), now + 100), Bytes());
         EXPECT_EQ(loader.KeepUp(now + 299), Bytes());
         EXPECT_EQ(loader.DueMs(), now + 300);
         EXPECT_EQ(loader.KeepUp(now + 300), kNak) << "once the line is silent";

@@ -147,39 +147,30 @@ TEST_F(FileSystem, AListingIsMadeOfFatEntries)
 TEST(ShortNames, EachTakesTheLeastNumberThatIsFree)
 {
     vxsim::ShortNames names;
-    const std::pair<const char*, const char*> rows[] = {{"longna~2.txt", "LONGNA~2TXT"},
-                                                        {"longname1.txt", "LONGNA~1TXT"},
-                                                        {"long names.txt", "LONGNA~3TXT"},
-                                                        {"LONGNA~1.TXT", "LONGNA~4TXT"},
-                                                        {"long names", "LONGNA~1   "},
-                                                        {"long names.text", "LONGNA~1TEX"},
-                                                        {"a+b", "AB~1       "},
-                                                        {"a b", "AB~2       "},
-                                                        {".profile", "PROFIL~1   "},
-                                                        {"+", "~1         "},
-                                                        {"longna~5.txt", "LONGNA~5TXT"},
-                                                        {"longname2.txt", "LONGNA~6TXT"},
-                                                        {"longname3.txt", "LONGNA~7TXT"},
-                                                        {"longname4.txt", "LONGNA~8TXT"},
-                                                        {"longname5.txt", "LONGNA~9TXT"},
-                                                        {"longname6.txt", "LONGN~10TXT"},
-                                                        {"longnobody.txt", "LONGNO~1TXT"},
-                                                        {"longname7.txt", "LONGN~11TXT"}};
-    for (const auto& [name, shortName] : rows)
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [name, shortName] :
+         {Row{"longna~2.txt", "LONGNA~2TXT"}, Row{"longname1.txt", "LONGNA~1TXT"}, Row{"long names.txt", "LONGNA~3TXT"},
+          Row{"LONGNA~1.TXT", "LONGNA~4TXT"}, Row{"long names", "LONGNA~1   "}, Row{"long names.text", "LONGNA~1TEX"},
+          Row{"a+b", "AB~1       "}, Row{"a b", "AB~2       "}, Row{".profile", "PROFIL~1   "}, Row{"+", "~1         "},
+          Row{"longna~5.txt", "LONGNA~5TXT"}, Row{"longname2.txt", "LONGNA~6TXT"}, Row{"longname3.txt", "LONGNA~7TXT"},
+          Row{"longname4.txt", "LONGNA~8TXT"}, Row{"longname5.txt", "LONGNA~9TXT"}, Row{"longname6.txt", "LONGN~10TXT"},
+          Row{"longnobody.txt", "LONGNO~1TXT"}, Row{"longname7.txt", "LONGN~11TXT"}})
         EXPECT_EQ(names.Next(name), shortName) << name;
 }
 
 // Processor time of the short names of that many files with one stem, in nanoseconds.
 double ShortNameTime(int count)
 {
+    const auto now = [] {
+        timespec time = {};
+        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_nsec);
+    };
     vxsim::ShortNames names;
-    timespec begin = {};
-    timespec end = {};
-    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &begin);
+    const double begin = now();
     for (int i = 0; i < count; ++i)
         names.Next("one stem " + std::to_string(i) + ".text");
-    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &end);
-    return static_cast<double>(end.tv_sec - begin.tv_sec) * 1e9 + static_cast<double>(end.tv_nsec - begin.tv_nsec);
+    return now() - begin;
 }
 
 TEST(ShortNames, CostTheSameInAFullFolder)

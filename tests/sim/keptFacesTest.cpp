@@ -8,26 +8,14 @@
 
 #include <stb_image_write.h>
 
-#include <filesystem>
-#include <fstream>
-
 namespace vxsign::test {
 namespace {
 
 namespace fs = std::filesystem;
 using vxsim::Canvas;
 
-struct TextFace
-{
-    const char* name;
-    int width;
-    int height;
-    char font;
-    char colour;
-    const char* text;
-};
-
-constexpr TextFace kTexts[] = {
+// Name, width, height, font, colour, text.
+constexpr std::tuple<const char*, int, int, char, char, const char*> kTexts[] = {
     {"exit", 64, 32, '1', '7', "Exit 7"},
     {"fill", 64, 32, '0', '3', "HELLO 42"},
     {"congestion", 80, 8, '1', '3', "Congestion 5 km"},
@@ -81,13 +69,13 @@ void ExpectKept(const std::string& name, const Canvas& drawn)
 TEST(KeptFaces, OfTexts)
 {
     vxsim::Font font;
-    for (const TextFace& row : kTexts) {
-        const vxsim::TextRun run{row.text, static_cast<std::uint8_t>(row.font),
-                                 vxsim::ColourOfCode(static_cast<std::uint8_t>(row.colour))};
-        Canvas face(row.width, row.height);
-        for (const vxsim::Page& page : vxsim::SetText({&run, 1}, row.width, row.height, font))
+    for (const auto& [name, width, height, fontCode, colour, text] : kTexts) {
+        const vxsim::TextRun run{text, static_cast<std::uint8_t>(fontCode),
+                                 vxsim::ColourOfCode(static_cast<std::uint8_t>(colour))};
+        Canvas face(width, height);
+        for (const vxsim::Page& page : vxsim::SetText({&run, 1}, width, height, font))
             vxsim::DrawPage(page, font, face);
-        ExpectKept(row.name, face);
+        ExpectKept(name, face);
     }
 }
 
@@ -120,16 +108,15 @@ TEST_F(KeptScenes, OfPicturesZonesTickersAndSignals)
     PutFile("C:\\SEQUENT.SYS", List({"SUNSET.PNG"}));
     ExpectKept("picture", stage->Draw(0));
 
-    EXPECT_EQ(
-        CodeOf(Ask(54, 1, {1, 0, 0, 0}, Bytes{0, 0, 0, 2, 0, 0, 0, 0} + Area(0, 0, 88, 32) + Area(88, 8, 40, 16))), 0U);
-    EXPECT_EQ(CodeOf(Ask(54, 4, {1, 1, 0, 0}, Bytes{1, 0, 0, 0, 0, 0} + Little(8, 2) + Text("Exit 12b"))), 0U);
-    EXPECT_EQ(CodeOf(Ask(54, 4, {1, 2, 0, 0}, Bytes{2, 0, 0, 0, 0, 0} + Little(15, 2) + Text("D:\\T\\SUNSET.PNG"))),
-              0U);
-    EXPECT_EQ(CodeOf(AskAt(1000, 54, 5, {1, 0, 0, 0})), 0U);
+    Expect(0, {{54, 1, {1, 0, 0, 0}, Bytes{0, 0, 0, 2, 0, 0, 0, 0} + Area(0, 0, 88, 32) + Area(88, 8, 40, 16)},
+               {54, 4, {1, 1, 0, 0}, Bytes{1, 0, 0, 0, 0, 0} + Little(8, 2) + Text("Exit 12b")},
+               {54, 4, {1, 2, 0, 0}, Bytes{2, 0, 0, 0, 0, 0} + Little(15, 2) + Text("D:\\T\\SUNSET.PNG")}});
+    arrival.nowMs = 1000;
+    Expect(0, {{54, 5, {1, 0, 0, 0}}});
     ExpectKept("zones", stage->Draw(1000));
 
-    EXPECT_EQ(CodeOf(AskAt(2000, 8, 1, {10, '0', '3', 0})), 0U);
-    EXPECT_EQ(CodeOf(AskAt(2000, 8, 4, {64, 0, 1, 0, 1, 0, 0, 0}, Text("Fog: 50"))), 0U);
+    arrival.nowMs = 2000;
+    Expect(0, {{8, 1, {10, '0', '3', 0}}, {8, 4, {64, 0, 1, 0, 1, 0, 0, 0}, Text("Fog: 50")}});
     ExpectKept("ticker", stage->Draw(3100));
 
     settings.controller = true;

@@ -33,10 +33,8 @@ TEST_F(PlayControl, NextAndPreviousGoThroughTheList)
     EXPECT_EQ(Name(0, 8), "D:\\T\\GREEN.BMP");
     Film({{1000, {6, 5}}});
     EXPECT_EQ(Name(1000), "D:\\T\\GREEN.BMP");
-    Film({{3999, {}, "G", "its whole turn"},
-          {4000, {}, "B"},
-          {4500, {6, 5}, "R", "from the end to the start"},
-          {5000, {6, 9}, "B"}});
+    Film({{3999, {}, "G", "its whole turn"}, {4000, {}, "B"}, {4500, {6, 5}, "R", "from the end to the start"}});
+    Film({{5000, {6, 9}, "B"}});
     std::filesystem::remove(folder.path / "D/T/GREEN.BMP");
     Film({{5500, {6, 9}, "R", "past what is gone"}});
     EXPECT_EQ(Name(5500, 8), "D:\\T\\BLUE.BMP");
@@ -46,21 +44,10 @@ TEST_F(PlayControl, NextAndPreviousGoThroughTheList)
 TEST_F(PlayControl, APauseHoldsTheTurn)
 {
     PlayThree();
-    Film({{0, {}, "R"},
-          {2000, {6, 3}},
-          {3000, {6, 3}, "R", "once more: a copy of a request"},
-          {100000, {}, "R"},
-          {100000, {6, 4}},
-          {100500, {6, 4}},
-          {100999, {}, "R"},
-          {101000, {}, "G"},
-          {102000, {6, 2}},
-          {104999, {}, "G", "the file from its start"},
-          {105000, {}, "B"},
-          {106000, {6, 3}},
-          {107000, {6, 5}},
-          {109999, {}, "R"},
-          {110000, {}, "G", "the pause is over"}});
+    Film({{0, {}, "R"}, {2000, {6, 3}}, {3000, {6, 3}, "R", "once more: a copy of a request"}, {100000, {}, "R"}});
+    Film({{100000, {6, 4}}, {100500, {6, 4}}, {100999, {}, "R"}, {101000, {}, "G"}, {102000, {6, 2}}});
+    Film({{104999, {}, "G", "the file from its start"}, {105000, {}, "B"}, {106000, {6, 3}}, {107000, {6, 5}}});
+    Film({{109999, {}, "R"}, {110000, {}, "G", "the pause is over"}});
 }
 
 TEST_F(PlayControl, MovesWithinATurnAndFromPageToPage)
@@ -176,8 +163,8 @@ TEST_F(PlayControl, TheRadarLogIsReadInPagesOfWholeRecords)
     EXPECT_EQ(page({5, 0, 0, 0}), Bytes{});
     const Bytes log = Ramp(16 * 7 + 3);
     WriteFile(folder.path / "sign/radar.log", log);
-    EXPECT_EQ(page({5, 0, 0, 0}), Bytes(log.begin(), log.begin() + 80));
-    EXPECT_EQ(page({5, 0, 5, 0}), Bytes(log.begin() + 80, log.begin() + 112));
+    EXPECT_EQ(page({5, 0, 0, 0}), Part(log, 0, 80));
+    EXPECT_EQ(page({5, 0, 5, 0}), Part(log, 80, 32));
     EXPECT_EQ(page({255, 255, 7, 0}), Bytes{});
     Expect(0, {{6, 22}});
     EXPECT_EQ(page({5, 0, 0, 0}), Bytes{});

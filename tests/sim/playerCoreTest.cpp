@@ -1,8 +1,6 @@
 // Programs on the face and in windows.
 #include "support/signFixture.h"
 
-#include <tuple>
-
 namespace vxsign::test {
 namespace {
 
@@ -105,12 +103,9 @@ TEST_F(PlayerCore, WhatFollows)
     EXPECT_EQ(Playing(4000), "0000 ");
     Film({{4000, {}, "G", "the list, in its second turn"}});
     Expect(26369, {Stop("ONE"), {122, 11, {1, 0, 0, 0}}, {122, 10, {1, 3, 0, 0, 0, 0, 0, 0}, Text("TWO")}});
-    Film({{5000, Play({"SHOP", "TWO", ""}, 0)},
-          {10000, {122, 11, {1, 0, 0, 0}}, "B", "the next program"},
-          {11000, {}, "G"},
-          {13000, {}, "R"},
-          {14000, {}, "B"},
-          {20000, {122, 10, {0, 3, 0, 0, 0, 0, 0, 0}, Text("one")}}});
+    Film({{5000, Play({"SHOP", "TWO", ""}, 0)}, {10000, {122, 11, {1, 0, 0, 0}}, "B", "the next program"}});
+    Film({{11000, {}, "G"}, {13000, {}, "R"}, {14000, {}, "B"}});
+    Film({{20000, {122, 10, {0, 3, 0, 0, 0, 0, 0, 0}, Text("one")}}});
     EXPECT_EQ(Playing(20000), "1000 face\tSHOP\tONE\tD:\\T\\GREEN.BMP\n");
     EXPECT_EQ(At(23000), kGreen);
 }
@@ -148,14 +143,14 @@ TEST_F(PlayerCore, PropertiesAndProjects)
 
     const Bytes player = Property("");
     EXPECT_EQ(player[14], 0) << "all of an answer is extended part";
-    EXPECT_EQ(Bytes(player.begin() + 16, player.begin() + 20), (Bytes{0, 3, 1, 0}));
+    EXPECT_EQ(Part(player, 16, 4), (Bytes{0, 3, 1, 0}));
     EXPECT_EQ(Lines(player, 16), "SHOP\n");
     const Bytes shop = Property("shop");
-    EXPECT_EQ(Bytes(shop.begin() + 16, shop.begin() + 24), (Bytes{1, 3, 2, 0, 232, 0, 0, 0}));
-    EXPECT_EQ(Bytes(shop.begin() + 28, shop.begin() + 32), (Bytes{2, 0, 8, 0}));
+    EXPECT_EQ(Part(shop, 16, 8), (Bytes{1, 3, 2, 0, 232, 0, 0, 0}));
+    EXPECT_EQ(Part(shop, 28, 4), (Bytes{2, 0, 8, 0}));
     EXPECT_EQ(Lines(shop, 16), "ONE\nTWO\n");
     const Bytes one = Property("SHOP/one");
-    EXPECT_EQ(Bytes(one.begin() + 16, one.begin() + 24), (Bytes{2, 2, 3, 0, 174, 0, 0, 0}));
+    EXPECT_EQ(Part(one, 16, 8), (Bytes{2, 2, 3, 0, 174, 0, 0, 0}));
     EXPECT_EQ(Lines(one, 16), "D:\\T\\GREEN.BMP|2\nD:\\T\\RED.BMP|1\nD:\\T\\GONE.BMP|0\n");
     for (const char* name : {"NONE", "SHOP\\NONE", "EMPTY", "..", "SHOP\\..\\SHOP\\ONE", "\\"})
         EXPECT_EQ(CodeOf(Property(name)), 36872U) << name;
@@ -187,41 +182,20 @@ TEST_F(PlayerCore, Refusals)
 {
     PutPrograms();
     const auto named = [](unsigned minor, const Bytes& payload) { return Request{122, minor, payload, {'x'}}; };
-    const std::pair<unsigned, std::vector<Request>> rows[] = {
-        {36872,
-         {Play({"NONE", "ONE", ""}, 0),
-          Play({"SHOP", "NONE", ""}, 0),
-          Play({"SHOP", "ONE", "D:\\T\\BLUE.BMP"}, 0),
-          Play({"..", "ONE", ""}, 0),
-          Play({"SHOP\\..\\SHOP", "ONE", ""}, 0),
-          {122, 7, Bytes(8, 0)}}},
-        {36881,
-         {Play({"SHOP", "ONE", ""}, 3),
-          Play({"SHOP", "ONE", ""}, 256),
-          Play({"SHOP", "ONE", "", "5"}, 1),
-          Play({"SHOP", "ONE", "", "0"}, 1),
-          Play({"SHOP", "ONE", "", "11"}, 2),
-          {122, 6, {3, 0, 0, 0, 0, 0, 0, 0}},
-          {122, 11, {3, 0, 0, 0}}}},
-        {36870,
-         {Play({"SHOP", "ONE", "", "1"}, 2),
-          Play({"SHOP", "ONE", "", "12"}, 1),
-          named(2, {1, 0, 0, 0}),
-          named(2, Bytes(8, 255)),
-          named(5, {2, 0, 0, 0, 0, 0, 0, 0}),
-          {122, 6, Bytes(8, 0), Bytes(7, 0)},
-          {122, 6, Bytes(8, 0), Bytes(40, 0)},
-          {122, 7, {33, 0, 0, 0, 0, 0, 0, 0}, Bytes(33, 'x')},
-          named(7, {2, 0, 0, 0, 0, 0, 0, 0}),
-          named(10, {0, 255, 255, 0, 0, 0, 0, 0}),
-          {122, 11},
-          named(12, {255, 255, 0, 0, 0, 0, 0, 0}),
-          named(16, {1, 0, 0, 0, 0, 0, 0, 0})}},
-        {36883, {{122, 6, Bytes(8, 0), {0, 0, 0, 0, 17, 0, 1, 0}}}},
-        {36880, {{122, 7, {1, 0, 0, 0, 0, 0, 0, 0}, {'\\'}}}},
-        {36869, {{122, 3}}}};
-    for (const auto& [code, requests] : rows)
-        Expect(code, requests);
+    Expect(36872, {Play({"NONE", "ONE", ""}, 0), Play({"SHOP", "NONE", ""}, 0)});
+    Expect(36872, {Play({"SHOP", "ONE", "D:\\T\\BLUE.BMP"}, 0), Play({"..", "ONE", ""}, 0)});
+    Expect(36872, {Play({"SHOP\\..\\SHOP", "ONE", ""}, 0), {122, 7, Bytes(8, 0)}});
+    Expect(36881, {Play({"SHOP", "ONE", ""}, 3), Play({"SHOP", "ONE", ""}, 256), Play({"SHOP", "ONE", "", "5"}, 1)});
+    Expect(36881, {Play({"SHOP", "ONE", "", "0"}, 1), Play({"SHOP", "ONE", "", "11"}, 2)});
+    Expect(36881, {{122, 6, {3, 0, 0, 0, 0, 0, 0, 0}}, {122, 11, {3, 0, 0, 0}}});
+    Expect(36870, {Play({"SHOP", "ONE", "", "1"}, 2), Play({"SHOP", "ONE", "", "12"}, 1), named(2, {1, 0, 0, 0})});
+    Expect(36870, {named(2, Bytes(8, 255)), named(5, {2, 0, 0, 0, 0, 0, 0, 0}), {122, 6, Bytes(8, 0), Bytes(7, 0)}});
+    Expect(36870, {{122, 6, Bytes(8, 0), Bytes(40, 0)}, {122, 7, {33, 0, 0, 0, 0, 0, 0, 0}, Bytes(33, 'x')}});
+    Expect(36870, {named(7, {2, 0, 0, 0, 0, 0, 0, 0}), named(10, {0, 255, 255, 0, 0, 0, 0, 0}), {122, 11}});
+    Expect(36870, {named(12, {255, 255, 0, 0, 0, 0, 0, 0}), named(16, {1, 0, 0, 0, 0, 0, 0, 0})});
+    Expect(36883, {{122, 6, Bytes(8, 0), {0, 0, 0, 0, 17, 0, 1, 0}}});
+    Expect(36880, {{122, 7, {1, 0, 0, 0, 0, 0, 0, 0}, {'\\'}}});
+    Expect(36869, {{122, 3}});
     EXPECT_EQ(Playing(0), "0000 ");
 }
 

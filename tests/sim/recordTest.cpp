@@ -31,9 +31,9 @@ TEST_F(Records, ConfigurationTellsAddressPortAndDriveF)
     Bytes config = FileBytes(file);
     ASSERT_GE(config.size(), 300U);
     EXPECT_EQ(config[16], 1);
-    EXPECT_EQ(Bytes(config.begin() + 36, config.begin() + 40), (Bytes{1, 0, 0, 127}));
-    EXPECT_EQ(Bytes(config.begin() + 152, config.begin() + 156), (Bytes{0, 0, 0, 8})) << "plays lists with groups";
-    EXPECT_EQ(Bytes(config.begin() + 186, config.begin() + 188), (Bytes{0x30, 0x25}));
+    EXPECT_EQ(Part(config, 36, 4), (Bytes{1, 0, 0, 127}));
+    EXPECT_EQ(Part(config, 152, 4), (Bytes{0, 0, 0, 8})) << "plays lists with groups";
+    EXPECT_EQ(Part(config, 186, 2), (Bytes{0x30, 0x25}));
     // What a host has set stays, but the drives are as they are.
     config[36] = 77;
     WriteFile(file, config);
@@ -112,22 +112,8 @@ TEST_F(Records, WhatTheFaceShowsIsToldEachOverTheNext)
 TEST_F(Records, UnknownCommandsGetTheirCodes)
 {
     Expect(36868, {{0, 1}, {11, 1}, {15, 1}, {18, 1}, {255, 1}});
-    Expect(36869, {{1, 0},
-                   {16, 2},
-                   {1, 255},
-                   {2, 0},
-                   {2, 20},
-                   {3, 0},
-                   {3, 50},
-                   {4, 12},
-                   {4, 255},
-                   {5, 2},
-                   {6, 13},
-                   {12, 3},
-                   {17, 3},
-                   {8, 0},
-                   {9, 3},
-                   {10, 0}});
+    Expect(36869, {{1, 0}, {16, 2}, {1, 255}, {2, 0}, {2, 20}, {3, 0}, {3, 50}, {4, 12}, {4, 255}, {5, 2}, {6, 13}});
+    Expect(36869, {{12, 3}, {17, 3}, {8, 0}, {9, 3}, {10, 0}});
     for (int i = 0; i < 100; ++i)
         Ask(255, 255);
     EXPECT_LE(Ask(1, 19).size(), 1536U);

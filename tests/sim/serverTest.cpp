@@ -1,18 +1,15 @@
 // The sign's server: datagrams, connections, the serial line.
-#include "sim/server/server.h"
-
+#include "support/servedSign.h"
 #include "support/signFixture.h"
 
 #include <arpa/inet.h>
-#include <array>
 #include <fcntl.h>
 #include <netinet/in.h>
+#include <optional>
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <termios.h>
-#include <thread>
-#include <unistd.h>
 
 namespace vxsign::test {
 namespace {
@@ -23,39 +20,17 @@ const Bytes kBlack1Reply{0x55, 0xA8, 0x06, 0, 0, 0, 0, 0, 0, 0, 1, 0, 4, 1, 0, 0
 const Bytes kBlack2{0x55, 0xA7, 0x07, 0, 0, 0, 0, 0, 0, 0, 2, 0, 4, 1, 0, 0};
 const Bytes kBlack2Reply{0x55, 0xA8, 0x07, 0, 0, 0, 0, 0, 0, 0, 2, 0, 4, 1, 0, 0};
 
-class ServerTest : public SignTest
+class ServerTest : public testing::Test
 {
 protected:
-    void Start(const vxsim::ServerSettings& how = {})
-    {
-        vxsim::ListenSettings listen;
-        listen.port = 0;
-        listen.serial = true;
-        endpoints = std::make_unique<vxsim::Endpoints>(listen);
-        server = std::make_unique<vxsim::Server>(*endpoints, *sign, how);
-        std::array<int, 2> ends{};
-        ASSERT_EQ(::pipe(ends.data()), 0);
-        stopReader = vxsim::Descriptor(ends[0]);
-        stopWriter = vxsim::Descriptor(ends[1]);
-        thread = std::thread([this] { server->Run(stopReader.Get()); });
-    }
-
-    ~ServerTest() override { Stop(); }
-
-    void Stop()
-    {
-        if (thread.joinable()) {
-            stopWriter.Close(); // the reading end becomes readable
-            thread.join();
-        }
-    }
+    void Start(const vxsim::ServerSettings& how = {}) { served.emplace(how); }
 
     vxsim::Descriptor Connect(int type) const
     {
         vxsim::Descriptor socket(::socket(AF_INET, type | SOCK_CLOEXEC, 0));
         sockaddr_in peer = {};
         peer.sin_family = AF_INET;
-        peer.sin_port = htons(endpoints->port);
+        peer.sin_port = htons(served->Port());
         peer.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         EXPECT_EQ(::connect(socket.Get(), reinterpret_cast<const sockaddr*>(&peer), sizeof peer), 0);
         return socket;
@@ -63,7 +38,7 @@ protected:
 
     vxsim::Descriptor OpenDevice() const
     {
-        vxsim::Descriptor device(::open(endpoints->serialPath.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
+        vxsim::Descriptor device(::open(served->SerialPath().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
         EXPECT_TRUE(device);
         return device;
     }
@@ -79,20 +54,16 @@ protected:
         Bytes bytes;
         pollfd watched{line.Get(), POLLIN, 0};
         while (bytes.size() < count && ::poll(&watched, 1, 5000) > 0) {
-            std::array<std::uint8_t, 4096> piece{};
-            const ssize_t got = ::read(line.Get(), piece.data(), std::min(piece.size(), count - bytes.size()));
+            Bytes piece(count - bytes.size());
+            const ssize_t got = ::read(line.Get(), piece.data(), piece.size());
             if (got <= 0)
                 break;
-            bytes.insert(bytes.end(), piece.begin(), piece.begin() + got);
+            bytes = bytes + Part(piece, 0, static_cast<std::size_t>(got));
         }
         return bytes;
     }
 
-    std::unique_ptr<vxsim::Endpoints> endpoints;
-    std::unique_ptr<vxsim::Server> server;
-    vxsim::Descriptor stopReader;
-    vxsim::Descriptor stopWriter;
-    std::thread thread;
+    std::optional<ServedSign> served;
 };
 
 TEST_F(ServerTest, ADatagramIsExactlyOneRequest)
@@ -114,10 +85,10 @@ TEST_F(ServerTest, ConnectionsBringRequestsInPiecesSideBySide)
     Start();
     const auto first = Connect(SOCK_STREAM);
     const auto second = Connect(SOCK_STREAM);
-    Send(first, Bytes{0x00, 0x55, 0xFF} + Bytes(kBlack1.begin(), kBlack1.begin() + 7));
+    Send(first, Bytes{0x00, 0x55, 0xFF} + Part(kBlack1, 0, 7));
     Send(second, kBlack2 + kBlack1 + kBlack2);
     EXPECT_EQ(Receive(second, 48), kBlack2Reply + kBlack1Reply + kBlack2Reply);
-    Send(first, Bytes(kBlack1.begin() + 7, kBlack1.end()));
+    Send(first, Part(kBlack1, 7));
     EXPECT_EQ(Receive(first, 16), kBlack1Reply);
 }
 
@@ -170,7 +141,6 @@ TEST_F(ServerTest, TheConnectionThatIsSilentLongestMakesRoom)
         serve(0); // whoever waits for room has had his chance by the second time
         serve(makesRoom ? 2 : 1);
         serve(makesRoom ? 2 : 1);
-        Stop();
     }
 }
 

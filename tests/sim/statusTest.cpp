@@ -14,21 +14,11 @@ TEST(Condition, TextsAreReadAndWritten)
                               "\nhot 2\nhot 9\ncool 9\ndoor open\ngood 5,6\nbad 1,2");
     EXPECT_EQ(vxsim::ConditionText(condition), "door open\nhot 2\nbad 3,4,red,dark\nbad 7,8,blue,signal\n");
     EXPECT_EQ(vxsim::ParseCondition(vxsim::ConditionText(condition)), condition);
-    const std::pair<const char*, const char*> wrong[] = {{"bad", "1,2"},
-                                                         {"bad", "1,2,pink"},
-                                                         {"bad", "1,2,red,odd"},
-                                                         {"bad", "-1,2,red"},
-                                                         {"bad", "1,65536,red"},
-                                                         {"bad", ""},
-                                                         {"bad", "1,2,red,dark,5"},
-                                                         {"good", "1"},
-                                                         {"good", "x,1"},
-                                                         {"hot", "0"},
-                                                         {"hot", "all"},
-                                                         {"hot", "2x"},
-                                                         {"door", "ajar"},
-                                                         {"paint", "red"}};
-    for (const auto& [what, value] : wrong)
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [what, value] :
+         {Row{"bad", "1,2"}, Row{"bad", "1,2,pink"}, Row{"bad", "1,2,red,odd"}, Row{"bad", "-1,2,red"},
+          Row{"bad", "1,65536,red"}, Row{"bad", ""}, Row{"bad", "1,2,red,dark,5"}, Row{"good", "1"}, Row{"good", "x,1"},
+          Row{"hot", "0"}, Row{"hot", "all"}, Row{"hot", "2x"}, Row{"door", "ajar"}, Row{"paint", "red"}})
         EXPECT_THROW(vxsim::Change(condition, what, value), std::invalid_argument) << what << ' ' << value;
     vxsim::Change(condition, "good", "all");
     vxsim::Change(condition, "cool", "all");
@@ -49,7 +39,7 @@ TEST_F(Status, StateWordAndRecordTellTheCondition)
     reply = Ask(1, 11);
     EXPECT_EQ(PayloadOf(reply), (Bytes{0x17, 25, 0xFF, 0, 85, 0, 80, 0})) << "tile 5 is none of this face";
     const Bytes record = ExtendedOf(reply);
-    EXPECT_EQ(Bytes(record.begin(), record.begin() + 16), (Bytes{0, 0, 0, 0, 3, 0, 1, 0, 1, 0, 4, 0, 1, 1, 1, 8}));
+    EXPECT_EQ(Part(record, 0, 16), (Bytes{0, 0, 0, 0, 3, 0, 1, 0, 1, 0, 4, 0, 1, 1, 1, 8}));
     EXPECT_EQ(record[80], 9);
     EXPECT_EQ(ExtendedOf(Ask(1, 26, {9, 0, 0, 0})), Bytes{1});
     std::filesystem::remove(folder.path / "sign/condition.txt");
@@ -87,7 +77,7 @@ TEST_F(Status, TheRingHasATimeStampBeforeEachWarning)
                stamp33 + Bytes{4, 2, 0, 20, 0, 0, 0, 0} + stamp33 + Bytes{4, 6, 0, 21, 0, 0, 0, 0}));
     const Bytes log = FileBytes(folder.path / "D/log/vxspeapp.log");
     ASSERT_EQ(log.size(), 16U + 3 * 32);
-    EXPECT_EQ(Bytes(log.begin(), log.begin() + 25),
+    EXPECT_EQ(Part(log, 0, 25),
               (Bytes{'G', 'L', 32, 0, 3, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xAD, 0x50, 0x90, 0x52, 4, 6, 0, 21, 0}));
 }
 
@@ -104,8 +94,8 @@ TEST(WarningFiles, AFullRingGoesRoundAndAForeignFileIsReplaced)
     const Bytes ring = FileBytes(folder.path / "E/STATUS.SYS");
     ASSERT_EQ(ring.size(), 32U + 256 * 16);
     EXPECT_EQ(ring[8], 3) << "the latest is the second pair's";
-    EXPECT_EQ(Bytes(ring.begin() + 32 + 24, ring.begin() + 32 + 28), (Bytes{3, 1, 1, 1}));
-    EXPECT_EQ(Bytes(ring.begin() + 32 + 40, ring.begin() + 32 + 44), (Bytes{3, 1, 2, 0}));
+    EXPECT_EQ(Part(ring, 56, 4), (Bytes{3, 1, 1, 1}));
+    EXPECT_EQ(Part(ring, 72, 4), (Bytes{3, 1, 2, 0}));
     EXPECT_EQ(std::filesystem::file_size(folder.path / "D/log/vxspeapp.log"), 16U + 255 * 32);
 }
 
@@ -148,29 +138,6 @@ TEST_F(Status, MeasuresATileTableAndTemperatures)
     for (std::uint64_t ms = 66000; ms <= 120000; ms += 6000)
         sign->KeepUp(ms);
     EXPECT_EQ(RowsOf("select count(*) from TileInfo"), "<4>") << "measured anew";
-}
-
-TEST_F(Status, RadarAndBatteryLogsGrowByARecordAMinute)
-{
-    for (std::uint64_t ms = 0; ms <= 60000; ms += 6000)
-        sign->KeepUp(ms);
-    const Bytes stamp{0xAD, 0x50, 0x8F, 0x52};
-    const Bytes radar = FileBytes(folder.path / "E/RADAR.log");
-    EXPECT_EQ(radar, (Bytes{'R', 'L', 'O', 'G', 2, 0, 0, 0} + Bytes(8, 0) + Bytes{12, 0, 74, 0} + stamp +
-                      Bytes{13, 0, 68, 0, 0xAD, 0x50, 0xAF, 0x52}));
-    const Bytes old = FileBytes(folder.path / "D/RADARLog.log");
-    ASSERT_EQ(old.size(), 12U + 2 * 44);
-    EXPECT_EQ(old[0], 2);
-    EXPECT_EQ(Bytes(old.begin() + 52, old.begin() + 56), stamp);
-    EXPECT_EQ(ExtendedOf(Ask(6, 23, {5, 0, 1, 0})),
-              (Bytes{13, 68, 0, 0, 0, 0, 0, 0, 0xAD, 0x50, 0xAF, 0x52, 160, 0, 0, 0}));
-    for (const char* name : {"D/batinfo.log", "D/dbatinfo.log"}) {
-        const Bytes battery = FileBytes(folder.path / name);
-        ASSERT_EQ(battery.size(), 16U + 2 * 32);
-        EXPECT_EQ(battery[4], 2);
-        EXPECT_EQ(Bytes(battery.begin() + 16, battery.begin() + 36),
-                  (stamp + Bytes{0xC8, 0x32, 0, 0, 0xE2, 0x04, 0, 0, 0, 0, 0, 0, 0, 0, 90, 22}));
-    }
 }
 
 } // namespace

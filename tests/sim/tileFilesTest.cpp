@@ -22,13 +22,13 @@ TEST_F(TileWall, ACalibrationOfTheBusesInterleavesTheModules)
 
     // It comes back as it went, and is what the ports have.
     Bytes read = Flash(103488) + Flash(103488 + 264);
-    EXPECT_EQ(Bytes(read.begin() + 320, read.end()), Bytes(208, 0xFF));
+    EXPECT_EQ(Part(read, 320), Bytes(208, 0xFF));
     read.resize(320);
     EXPECT_EQ(read, second);
     const Bytes blocks = ReadDirectly(5);
     ASSERT_EQ(blocks.size(), 32U + 4 * (64 + 72));
-    EXPECT_EQ(Bytes(blocks.begin() + 96, blocks.begin() + 98), (Bytes{0xFF, 0xFF})) << "(0, 0)";
-    EXPECT_EQ(Bytes(blocks.begin() + 96 + 36, blocks.begin() + 96 + 38), (Bytes{0, 0})) << "(0, 1)";
+    EXPECT_EQ(Part(blocks, 96, 2), (Bytes{0xFF, 0xFF})) << "(0, 0)";
+    EXPECT_EQ(Part(blocks, 132, 2), (Bytes{0, 0})) << "(0, 1)";
 
     // What is damaged changes nothing.
     const std::pair<std::size_t, int> damages[] = {{0, 0}, {2, 0x21}, {8, 0xF1}, {18, 0x21}, {19, 0xFF}};
@@ -75,21 +75,6 @@ TEST_F(TileWall, ACalibrationOfThePortsComesInTwoForms)
     EXPECT_EQ(ReadDirectly(5), CalibrationInBlocks());
 }
 
-TEST_F(TileWall, ALockedTileTakesNoCalibration)
-{
-    Rebuild(4, 4);
-    Tell("lock 1");
-    PutFile("C:\\port1\\0001.bri", FlatCalibration());
-    EXPECT_EQ(PortEnd(OnPort(2, 1, 5, Path("C:\\port1\\0001.bri"))), 53078U);
-    EXPECT_EQ(WordOf(Install(BusFile(std::vector<int>(16, 0), {0, 0}), 103488)), 3078U);
-    EXPECT_EQ(WriteDirectly(CalibrationInBlocks(), 5), 3078U);
-    EXPECT_EQ(PortEnd(OnPort(5, 1, 10)), 53078U);
-    Expect(0, {kWhiteTest});
-    EXPECT_EQ(At(arrival.nowMs, 0, 0), kWhite);
-    Tell("lock 1\nunlock 1");
-    EXPECT_EQ(WriteDirectly(CalibrationInBlocks(), 5), 0U);
-}
-
 TEST_F(TileWall, KeepsItsFilesOverARestart)
 {
     Rebuild(4, 4);
@@ -118,10 +103,10 @@ TEST_F(TileWall, FilesLieInTheFlashOfBothFamilies)
     const Bytes driver = Ramp(300);
     EXPECT_EQ(WordOf(Install(driver, 6864)), 3073U);
     Bytes flash = Flash(6864 - 4);
-    EXPECT_EQ(Bytes(flash.begin(), flash.begin() + 4), Bytes(4, 0xFF));
-    EXPECT_EQ(Bytes(flash.begin() + 4, flash.end()), Bytes(driver.begin(), driver.begin() + 260));
+    EXPECT_EQ(Part(flash, 0, 4), Bytes(4, 0xFF));
+    EXPECT_EQ(Part(flash, 4), Part(driver, 0, 260));
     flash = Flash(6864 + 264);
-    EXPECT_EQ(Bytes(flash.begin(), flash.begin() + 37), Bytes(driver.begin() + 264, driver.end()) + Bytes{0xFF});
+    EXPECT_EQ(Part(flash, 0, 37), Part(driver, 264) + Bytes{0xFF});
     EXPECT_EQ(PortEnd(OnPort(1, 1, 4)), 4U);
     EXPECT_EQ(FileBytes(folder.path / "C/port1/0001.drv"), driver);
     EXPECT_EQ(Flash(0x40000 - 264), Bytes(264, 0xFF));
@@ -174,22 +159,6 @@ TEST_F(TileWall, TestsShowOnTheTileAlone)
     EXPECT_EQ(PortEnd(Ask(28, 8, {10, 0, 0xFF, 0xFF, 30, 0, 2, 0, 0, 0, 0, 0})), 4U);
     EXPECT_EQ(At(arrival.nowMs, 40), (vxsim::Rgb{10, 255, 30}));
     EXPECT_EQ(At(arrival.nowMs + 2000, 40), kDark);
-}
-
-TEST_F(TileWall, ATileCanShineWithoutItsCoefficients)
-{
-    Rebuild(4, 4);
-    Expect(0, {kWhiteTest});
-    EXPECT_EQ(WriteDirectly(CalibrationInBlocks(), 5), 0U);
-    EXPECT_EQ(CodeOf(ReadPiece(13, 0)), 36872U);
-    EXPECT_EQ(CodeOf(Direct(3, 1, {1, 15, 0, 0})), 0U);
-    EXPECT_EQ(At(0, 0, 0), kWhite);
-    EXPECT_EQ(CodeOf(Direct(3, 1, {1, 16, 0, 0}, {1, 2, 3})), 0U);
-    EXPECT_EQ(At(0, 0, 0), kDark);
-    EXPECT_EQ(CodeOf(Direct(3, 1, {1, 17, 0, 0}, Ramp(50))), 0U);
-    const Bytes file = ReadDirectly(13);
-    ASSERT_EQ(file.size(), 72U);
-    EXPECT_EQ(Bytes(file.begin() + 36, file.end()), Bytes({16, 0, 0, 0}) + Ramp(32));
 }
 
 } // namespace

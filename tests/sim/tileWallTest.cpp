@@ -56,7 +56,7 @@ TEST_F(TileWall, TilesHaveANumberOnBusesAndPorts)
     EXPECT_EQ(ExtendedOf(Direct(1, 32, {16, 7, 8, 1, 0, 0, 0, 0, 0, 0, 0, 0})).size(), 128U);
     const auto sizes = [&](unsigned tile) {
         const Bytes file = ExtendedOf(Direct(1, tile, {16, 7, 8, 1, 0, 0, 0, 0, 0, 0, 0, 0}));
-        return Bytes(file.begin() + 84, file.begin() + 94);
+        return Part(file, 84, 10);
     };
     EXPECT_EQ(sizes(1), (Bytes{16, 0, 10, 0, 8, 0, 5, 0, 2, 2}));
     Rebuild(19, 16);
@@ -70,13 +70,11 @@ TEST_F(TileWall, TellsOfItself)
     const Bytes started = OnBus(0, 7, {1, 0, 0, 0});
     const std::uint64_t startMs = arrival.nowMs;
     const Bytes status = ResultOf(started);
-    EXPECT_EQ(Bytes(status.begin(), status.begin() + 16),
-              (Bytes{16, 16, 1, 2, 0x11, 0x10, 85, 1 | 2 | 8, 0x88, 0x13, 4, 0, 8, 8, 1, 0}));
+    EXPECT_EQ(Part(status, 0, 16), (Bytes{16, 16, 1, 2, 0x11, 0x10, 85, 1 | 2 | 8, 0x88, 0x13, 4, 0, 8, 8, 1, 0}));
     EXPECT_EQ(startMs, 1000U);
     EXPECT_EQ(status.at(16), 60) << "seconds since the sign looked first";
     const Bytes file = ExtendedOf(ReadPiece(7, 0));
-    EXPECT_EQ(Bytes(file.begin(), file.begin() + 20),
-              (Bytes{0xAA, 0x55, 0x20, 0, 0, 0, 7, 0, 0, 0, 0, 0, 0, 0, 0, 0, 96, 0, 0, 0}));
+    EXPECT_EQ(Part(file, 0, 20), (Bytes{0xAA, 0x55, 0x20, 0, 0, 0, 7, 0, 0, 0, 0, 0, 0, 0, 0, 0, 96, 0, 0, 0}));
     EXPECT_EQ(file.at(36), 85);
     EXPECT_EQ(file.at(48), 0x10) << "locked";
 }
@@ -160,14 +158,8 @@ TEST_F(TileWall, RefusesWhatIsNoRequest)
 {
     const Bytes four{1, 0, 1, 0};
     Expect(36870, {{12, 1}, {12, 2}, {12, 4}, {12, 7}, {12, 9}, {12, 11}, {12, 15}});
-    Expect(36870, {{28, 1, four},
-                   {28, 2, four},
-                   {28, 3, four},
-                   {28, 4, four},
-                   {28, 5, four},
-                   {28, 7, four},
-                   {28, 8, four},
-                   {28, 9, four}});
+    Expect(36870, {{28, 1, four}, {28, 2, four}, {28, 3, four}, {28, 4, four}, {28, 5, four}, {28, 7, four}});
+    Expect(36870, {{28, 8, four}, {28, 9, four}});
     Expect(36869, {{12, 3, Bytes(8, 0)}, {28, 6, Bytes(8, 0)}});
     Expect(0, {{28, 7, Bytes(8, 9)}, {28, 9, Bytes(8, 9)}, {50, 200, Bytes(4, 0)}});
     EXPECT_EQ(CodeOf(Direct(5, 1, Bytes(12, 1))), 36869U);

@@ -41,59 +41,37 @@ protected:
 
 TEST_F(Controller, PhasesFollowTheClock)
 {
-    Film({{0, {}, "grgrrr 1/16"},
-          {15999, {}, "grgrrr 1/1"},
-          {16000, {}, "yryrrr 1/3"},
-          {19000, {}, "rrrrrr 1/2"},
-          {21000, {}, "rgrgrr 2/12"},
-          {33000, {}, "ryryrr 2/3"},
-          {36000, {}, "rrrrrr 2/2"},
-          {38000, {}, "rrrrgg 3/7"},
-          {45000, {}, "rrrrrr 3/3"},
-          {48000, {}, "rrrrrr 3/2"},
-          {50000, {}, "grgrrr 1/16"},
-          {50000, {5, 2, {0x20, 0x20, 0x05, 0x13, 0x12, 0x00, 0x21, 0, 0, 0, 0, 0}}, "rgrgrr 2/12", "the clock"}});
+    Film({{0, {}, "grgrrr 1/16"}, {15999, {}, "grgrrr 1/1"}, {16000, {}, "yryrrr 1/3"}, {19000, {}, "rrrrrr 1/2"}});
+    Film({{21000, {}, "rgrgrr 2/12"}, {33000, {}, "ryryrr 2/3"}, {36000, {}, "rrrrrr 2/2"}, {38000, {}, "rrrrgg 3/7"}});
+    Film({{45000, {}, "rrrrrr 3/3"}, {48000, {}, "rrrrrr 3/2"}, {50000, {}, "grgrrr 1/16"}});
+    Film({{50000, {5, 2, {0x20, 0x20, 0x05, 0x13, 0x12, 0x00, 0x21, 0, 0, 0, 0, 0}}, "rgrgrr 2/12", "the clock"}});
 }
 
 TEST_F(Controller, ManualModeHoldsAPhase)
 {
-    Film({{1000, Mode(2), "yryrrr 2/3", "what has green is cleared first"},
-          {4000, {}, "rrrrrr 2/2"},
-          {6000, {}, "rgrgrr 2/255"},
-          {3600000, {}, "rgrgrr 2/255"},
-          {3600000, Mode(4)},
-          {3605000, {}, "rrrrrr 0/255"},
-          {3605000, Mode(5)},
-          {3610000, {}, "yyyy.. 0/255"},
-          {3610500, {}, "...... 0/255"}});
+    Film({{1000, Mode(2), "yryrrr 2/3", "what has green is cleared first"}, {4000, {}, "rrrrrr 2/2"}});
+    Film({{6000, {}, "rgrgrr 2/255"}, {3600000, {}, "rgrgrr 2/255"}, {3600000, Mode(4)}});
+    Film({{3605000, {}, "rrrrrr 0/255"}, {3605000, Mode(5)}, {3610000, {}, "yyyy.. 0/255"}});
+    Film({{3610500, {}, "...... 0/255"}});
     Expect(36881, {Mode(6)});
-    Film({{3611000, {}, "yyyy.. 0/255"},
-          {3611000, Mode(0)},
-          {3613999, {}, "yyyyrr 1/1", "a lit yellow is cleared, and red for the rest"},
-          {3616000, {}, "yryrrr 1/3", "where the cycle stands"},
-          {3616000, {4, 0}},
-          {3616000, Mode(1)},
-          {3616000, {4, 0}},
-          {3621000, {}, "rgrgrr 2/12", "a restart ends it"}});
+    Film({{3611000, {}, "yyyy.. 0/255"}, {3611000, Mode(0)}});
+    Film({{3613999, {}, "yyyyrr 1/1", "a lit yellow is cleared, and red for the rest"}});
+    Film({{3616000, {}, "yryrrr 1/3", "where the cycle stands"}, {3616000, {4, 0}}, {3616000, Mode(1)}});
+    Film({{3616000, {4, 0}}, {3621000, {}, "rgrgrr 2/12", "a restart ends it"}});
 }
 
 TEST_F(Controller, TemporaryPhaseRunsOnce)
 {
-    Film({{1000, Phase(0b000001, 4), "gryrrr 0/3", "north goes on"},
-          {6000, {}, "grrrrr 0/4"},
-          {10000, {}, "grrrrr 1/3", "whoever gets green waits until all is cleared"},
-          {15000, {}, "grgrrr 1/1"},
-          {15000, Phase(0b110000, 0)},
-          {29999, {}, "rrrrgg 0/1", "ten seconds when none are given"},
-          {22000, Phase(1, 9, 0), "rrrrrr 2/3", "ended before its time"},
-          {27000, {}, "rgrgrr 2/6"}});
+    Film({{1000, Phase(0b000001, 4), "gryrrr 0/3", "north goes on"}, {6000, {}, "grrrrr 0/4"}});
+    Film({{10000, {}, "grrrrr 1/3", "whoever gets green waits until all is cleared"}, {15000, {}, "grgrrr 1/1"}});
+    Film({{15000, Phase(0b110000, 0)}, {29999, {}, "rrrrgg 0/1", "ten seconds when none are given"}});
+    Film({{22000, Phase(1, 9, 0), "rrrrrr 2/3", "ended before its time"}, {27000, {}, "rgrgrr 2/6"}});
     // North and east; north and a crossing; none; no such group.
     Expect(36881, {Phase(0b000011, 4), Phase(0b010001, 4), Phase(0, 4), Phase(0b1000000, 4)});
     Film({{27000, {}, "rgrgrr 2/6"}});
     const Bytes errors = Errors();
     ASSERT_EQ(errors.size(), 4U + 3 * 32);
-    EXPECT_EQ(Bytes(errors.begin() + 36, errors.begin() + 48),
-              (Bytes{0x20, 0x20, 0x05, 0x13, 0x12, 0x00, 0x27, 0, 0x00, 0x0E, 2, 0}));
+    EXPECT_EQ(Part(errors, 36, 12), (Bytes{0x20, 0x20, 0x05, 0x13, 0x12, 0x00, 0x27, 0, 0x00, 0x0E, 2, 0}));
 }
 
 TEST_F(Controller, LampTestsShowForTenSeconds)
@@ -102,10 +80,8 @@ TEST_F(Controller, LampTestsShowForTenSeconds)
     const Bytes block = ExtendedOf(AskAt(9999, 10, 6));
     EXPECT_EQ(block[0], 3);
     EXPECT_EQ(block[8], 7);
-    Film({{10000, {}, "grgrrr 1/6"},
-          {10000, {10, 9, {1, 2, 0, 0}, {2, 1, 4}}},
-          {11000, {}, "y...rg 1/5"},
-          {11000, {10, 9, {200, 55, 0, 0}, Bytes(255, 4)}, "gggggg 1/5", "more than there are"}});
+    Film({{10000, {}, "grgrrr 1/6"}, {10000, {10, 9, {1, 2, 0, 0}, {2, 1, 4}}}, {11000, {}, "y...rg 1/5"}});
+    Film({{11000, {10, 9, {200, 55, 0, 0}, Bytes(255, 4)}, "gggggg 1/5", "more than there are"}});
     Expect(36870, {{10, 8, {4, 0, 0, 0}, {1, 2, 4}}, {10, 9, {1, 1, 0, 0}, {1, 2, 4}}});
     Film({{11000, {10, 8, {0, 0, 0, 0}}, "grgrrr 1/5", "ended"}});
 }
@@ -143,25 +119,22 @@ TEST_F(Controller, Blocks)
     EXPECT_EQ(PayloadOf(AskAt(7000, 5, 1)), (Bytes{0x20, 0x20, 0x05, 0x13, 0x12, 0x30, 0x07, 3, 0xAB, 0, 0, 0}));
     const Bytes real = ExtendedOf(AskAt(7000, 10, 17, {0, 0, 0, 0}));
     ASSERT_EQ(real.size(), 102U);
-    EXPECT_EQ(Bytes(real.begin(), real.begin() + 22),
+    EXPECT_EQ(Part(real, 0, 22),
               (Bytes{0x20, 0x20, 0x05, 0x13, 0x12, 0x30, 0x07, 0, 0, 0, 1, 0, 9, 3, 6, 4, 1, 4, 1, 1, 1, 0}));
     const Bytes monitor = ExtendedOf(AskAt(0, 10, 5, {4, 0, 0, 0}));
     ASSERT_EQ(monitor.size(), 52U);
-    EXPECT_EQ(Bytes(monitor.begin(), monitor.begin() + 12), (Bytes{4, 6, 1, 16, 1, 4, 228, 0, 200, 1, 0, 0}));
+    EXPECT_EQ(Part(monitor, 0, 12), (Bytes{4, 6, 1, 16, 1, 4, 228, 0, 200, 1, 0, 0}));
 
     // Noon of a Wednesday has 456 vehicles an hour in group 1, and 12 more in each further one.
     const Bytes today = AskAt(0, 10, 13, Bytes(8, 0));
     EXPECT_EQ(PayloadOf(today), (Bytes{0x20, 0x20, 0x05, 0x13, 4, 24, 0, 0}));
     const Bytes flow = ExtendedOf(today);
     ASSERT_EQ(flow.size(), 192U);
-    EXPECT_EQ(Bytes(flow.begin() + 88, flow.begin() + 106),
-              (Bytes{164, 1, 176, 1, 188, 1, 200, 1, 228, 0, 234, 0, 240, 0, 246, 0, 0, 0}));
+    EXPECT_EQ(Part(flow, 88, 18), (Bytes{164, 1, 176, 1, 188, 1, 200, 1, 228, 0, 234, 0, 240, 0, 246, 0, 0, 0}));
     EXPECT_EQ(ExtendedOf(Ask(10, 13, {0x16, 0x20, 0x05, 0x14, 0, 0, 0, 0}))[96], 48) << "304 on a Saturday";
     EXPECT_EQ(ExtendedOf(Ask(10, 13, {0x20, 0x20, 0x05, 0x14, 0, 0, 0, 0})), Bytes(192, 0)) << "tomorrow";
-    Expect(36881, {{10, 17, {1, 0, 0, 0}},
-                   {10, 5, {3, 0, 0, 0}},
-                   {10, 13, {0x20, 0x20, 0x02, 0x30, 0, 0, 0, 0}},
-                   {10, 13, {0x2A, 0x20, 0x02, 0x20, 0, 0, 0, 0}}});
+    Expect(36881, {{10, 17, {1, 0, 0, 0}}, {10, 5, {3, 0, 0, 0}}, {10, 13, {0x20, 0x20, 0x02, 0x30, 0, 0, 0, 0}}});
+    Expect(36881, {{10, 13, {0x2A, 0x20, 0x02, 0x20, 0, 0, 0, 0}}});
     Expect(36870, {{10, 17}, {10, 13, {0, 0, 0, 0}}});
 }
 

@@ -127,26 +127,19 @@ TEST(Modes, ShowTheirStateHalfway)
         picture.Set(x, 0, {static_cast<std::uint8_t>(10 + x), 0, 0});
         picture.Set(x, 1, {static_cast<std::uint8_t>(20 + x), 0, 0});
     }
-    const struct
-    {
-        char code;
-        int reds[2][4];
-    } rows[] = {
-        {'1', {{10, 11, 0, 0}, {20, 21, 0, 0}}}, {'2', {{0, 0, 12, 13}, {0, 0, 22, 23}}},
-        {'3', {{0, 0, 10, 11}, {0, 0, 20, 21}}}, {'4', {{12, 13, 0, 0}, {22, 23, 0, 0}}},
-        {'5', {{0, 0, 0, 0}, {10, 11, 12, 13}}}, {'6', {{20, 21, 22, 23}, {0, 0, 0, 0}}},
-        {'7', {{0, 11, 12, 0}, {0, 21, 22, 0}}}, {'9', {{0, 0, 0, 0}, {20, 21, 22, 23}}},
-        {'A', {{10, 11, 12, 13}, {0, 0, 0, 0}}},
-    };
-    for (const auto& row : rows) {
+    const std::pair<char, const char*> rows[] = {
+        {'1', "10 11 0 0 / 20 21 0 0"}, {'2', "0 0 12 13 / 0 0 22 23"}, {'3', "0 0 10 11 / 0 0 20 21"},
+        {'4', "12 13 0 0 / 22 23 0 0"}, {'5', "0 0 0 0 / 10 11 12 13"}, {'6', "20 21 22 23 / 0 0 0 0"},
+        {'7', "0 11 12 0 / 0 21 22 0"}, {'9', "0 0 0 0 / 20 21 22 23"}, {'A', "10 11 12 13 / 0 0 0 0"}};
+    for (const auto& [code, wanted] : rows) {
         Canvas face(4, 2);
-        const Mode& mode = ModeOfCode(static_cast<std::uint8_t>(row.code));
-        ASSERT_NE(mode.draw, nullptr) << row.code;
+        const Mode& mode = ModeOfCode(static_cast<std::uint8_t>(code));
+        ASSERT_NE(mode.draw, nullptr) << code;
         mode.draw(black, picture, 0.5, face);
-        for (int y = 0; y < 2; ++y) {
-            for (int x = 0; x < 4; ++x)
-                EXPECT_EQ(face.At(x, y).red, row.reds[y][x]) << mode.name << ' ' << x << ' ' << y;
-        }
+        std::string reds;
+        for (int i = 0; i < 8; ++i)
+            reds += (i == 0 ? "" : i == 4 ? " / " : " ") + std::to_string(face.At(i % 4, i / 4).red);
+        EXPECT_EQ(reds, wanted) << mode.name;
     }
 }
 

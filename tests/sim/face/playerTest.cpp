@@ -27,22 +27,14 @@ Bytes Blocks(std::string_view text, std::string_view head = "\x0E"
 class PlayerTest : public ::testing::Test
 {
 protected:
-    void Write(const std::string& name, const Bytes& bytes)
-    {
-        temp.Write(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-    }
+    void Write(const std::string& name, const Bytes& bytes) { temp.Write(name, vxsign::test::ToText(bytes)); }
 
     // A flat list of files in folder T of drive D.
     void WriteList(const std::vector<std::string>& names)
     {
-        Bytes list = {
-            'S', 'Q', 4, 0, static_cast<std::uint8_t>(names.size()), static_cast<std::uint8_t>(names.size() >> 8),
-            0,   0};
-        for (const std::string& name : names) {
-            Bytes field = BytesOf(name);
-            field.resize(12);
-            list = list + Bytes{'D', 'T', 15, 255} + Bytes(20, 0) + field;
-        }
+        Bytes list = BytesOf("SQ") + Bytes{4, 0} + vxsign::test::Little(static_cast<std::uint32_t>(names.size()), 4);
+        for (const std::string& name : names)
+            list = list + Bytes{'D', 'T', 15, 255} + Bytes(20, 0) + vxsign::test::Padded(name, 12);
         Write("SEQUENT.SYS", list);
     }
 
@@ -63,21 +55,16 @@ protected:
         return {0x20080315, static_cast<std::uint16_t>(0x0600 + minutes / 10 * 16 + minutes % 10), 6};
     }
 
-    Player MakePlayer(MomentClock clock = {})
+    std::optional<std::filesystem::path> Find(std::string_view path)
     {
-        return Player(
-            16, 16,
-            [this](std::string_view path) -> std::optional<std::filesystem::path> {
-                ++asked;
-                if (path.substr(0, 5) != "D:\\T\\" || !std::filesystem::exists(folder / path.substr(5)))
-                    return std::nullopt;
-                return folder / path.substr(5);
-            },
-            folder / "SEQUENT.SYS", std::move(clock));
+        ++asked;
+        if (path.substr(0, 5) != "D:\\T\\" || !std::filesystem::exists(folder / path.substr(5)))
+            return std::nullopt;
+        return folder / path.substr(5);
     }
 
     // What the middle of the face shows: a letter for its colour, '.' for dark.
-    static char Middle(Player& player, std::uint64_t nowMs)
+    char Middle(std::uint64_t nowMs)
     {
         Canvas face(16, 16);
         player.Draw(nowMs, face);
@@ -92,15 +79,18 @@ protected:
         char seen;
         const char* why = "";
     };
-    static void Film(Player& player, std::initializer_list<Look> looks)
+    void Film(std::initializer_list<Look> looks)
     {
         for (const Look& look : looks)
-            EXPECT_EQ(Middle(player, look.ms), look.seen) << look.ms << ' ' << look.why;
+            EXPECT_EQ(Middle(look.ms), look.seen) << look.ms << ' ' << look.why;
     }
 
     TempFolder temp;
     const std::filesystem::path& folder = temp.path;
     int asked = 0;
+    MomentClock clock = [](std::uint64_t) { return Moment{}; };
+    Player player{16, 16, [this](std::string_view path) { return Find(path); }, folder / "SEQUENT.SYS",
+                  [this](std::uint64_t nowMs) { return clock(nowMs); }};
 };
 
 TEST_F(PlayerTest, PlaysTheFilesInTurn)
@@ -108,18 +98,12 @@ TEST_F(PlayerTest, PlaysTheFilesInTurn)
     Write("A.BMP", Dot(kGreen));
     Write("B.NMG", Blocks("\u2588\u2588"));
     WriteList({"A.BMP", "B.NMG"});
-    Player player = MakePlayer();
     player.Restart(10000);
     EXPECT_EQ(player.CurrentFile(), "D:\\T\\A.BMP");
-    Film(player,
-         {{9000, 'G', "a clock that runs back"}, {12999, 'G', "three seconds of the sign's own"}, {13000, 'R'}});
+    Film({{9000, 'G', "a clock that runs back"}, {12999, 'G', "three seconds of the sign's own"}, {13000, 'R'}});
     EXPECT_EQ(player.CurrentFile(), "D:\\T\\B.NMG");
-    Film(player, {{14999, 'R'},
-                  {15000, 'G', "from the start again"},
-                  {18500, 'R'},
-                  {3600000, 'R', "after a long absence a turn starts"},
-                  {3601999, 'R'},
-                  {3602000, 'G'}});
+    Film({{14999, 'R'}, {15000, 'G', "from the start again"}, {18500, 'R'}});
+    Film({{3600000, 'R', "after a long absence a turn starts"}, {3601999, 'R'}, {3602000, 'G'}});
 }
 
 TEST_F(PlayerTest, KeepsToTheTimesOfTurnsThatNobodySaw)
@@ -127,10 +111,8 @@ TEST_F(PlayerTest, KeepsToTheTimesOfTurnsThatNobodySaw)
     Write("A.BMP", Dot(kGreen));
     Write("B.BMP", Dot(kBlue));
     WriteList({"A.BMP", "GONE", "B.BMP"});
-    Player player = MakePlayer();
     player.Restart(0);
-    Film(player,
-         {{4000, 'B'}, {5999, 'B', "the file passed over took no time"}, {6000, 'G'}, {17000, 'B'}, {18000, 'G'}});
+    Film({{4000, 'B'}, {5999, 'B', "the file passed over took no time"}, {6000, 'G'}, {17000, 'B'}, {18000, 'G'}});
 }
 
 TEST_F(PlayerTest, TakesDefaultsFromTheDisplayStyle)
@@ -138,12 +120,11 @@ TEST_F(PlayerTest, TakesDefaultsFromTheDisplayStyle)
     Write("A.BMP", Dot(kGreen));
     Write("B.BMP", Dot(kBlue));
     WriteList({"A.BMP", "B.BMP"});
-    Player player = MakePlayer();
     std::array<std::uint8_t, 52> style{};
     style[14] = 10;
     player.SetDefaults(style);
     player.Restart(0);
-    Film(player, {{9999, 'G'}, {10000, 'B'}});
+    Film({{9999, 'G'}, {10000, 'B'}});
 
     style[14] = 255;
     style[16] = 0x2C; // 300 seconds
@@ -151,11 +132,11 @@ TEST_F(PlayerTest, TakesDefaultsFromTheDisplayStyle)
     style[11] = '5';
     player.SetDefaults(style);
     player.Restart(0);
-    Film(player, {{100, '.', "still scrolling up"}, {300799, 'G'}, {301600, 'B'}});
+    Film({{100, '.', "still scrolling up"}, {300799, 'G'}, {301600, 'B'}});
 
     player.SetDefaults(std::array<std::uint8_t, 52>{});
     player.Restart(0);
-    Film(player, {{2999, 'G'}, {3000, 'B'}});
+    Film({{2999, 'G'}, {3000, 'B'}});
 }
 
 TEST_F(PlayerTest, BringsPagesInAndOutByTheModesOfTheFile)
@@ -164,20 +145,13 @@ TEST_F(PlayerTest, BringsPagesInAndOutByTheModesOfTheFile)
     Write("A.NMG", Blocks("\u2588\u2588\f\u2588\u2588", "\x0AI1\x0AO5\x0E"
                                                         "20001"));
     WriteList({"A.NMG"});
-    Player player = MakePlayer();
     player.Restart(0);
-    const auto lit = [&](std::uint64_t nowMs) {
-        Canvas face(16, 16);
-        player.Draw(nowMs, face);
-        return CountLit(face);
-    };
-    for (const std::uint64_t page : {0U, 2400U, 4800U}) {
-        EXPECT_EQ(lit(page), 0) << page;
-        EXPECT_EQ(lit(page + 300), 128) << page;
-        EXPECT_EQ(lit(page + 600), 256) << page;
-        EXPECT_EQ(lit(page + 1599), 256) << page;
-        EXPECT_EQ(lit(page + 2000), 128) << page;
-    }
+    for (const std::uint64_t page : {0U, 2400U, 4800U})
+        for (const auto& [ms, lit] : {std::pair{0U, 0}, {300U, 128}, {600U, 256}, {1599U, 256}, {2000U, 128}}) {
+            Canvas face(16, 16);
+            player.Draw(page + ms, face);
+            EXPECT_EQ(CountLit(face), lit) << page << ' ' << ms;
+        }
 }
 
 TEST_F(PlayerTest, TakesThePictureFieldsOfATree)
@@ -189,9 +163,8 @@ TEST_F(PlayerTest, TakesThePictureFieldsOfATree)
     };
     Write("SEQUENT.SYS", Bytes{'S', 'Q', 6, 0, 2, 0, 0, 0} + record("D:\\T\\A.BMP", {7, 0, '2', 0}) +
                              record("D:\\T\\B.BMP", {0, 0, 255, 255}));
-    Player player = MakePlayer();
     player.Restart(0);
-    Film(player, {{0, '.'}, {7599, 'G'}, {7600, 'B', "no mode of its own"}, {10600, '.'}});
+    Film({{0, '.'}, {7599, 'G'}, {7600, 'B', "no mode of its own"}, {10600, '.'}});
 }
 
 TEST_F(PlayerTest, PlaysAFileAsOftenAsItsRecordSays)
@@ -199,18 +172,17 @@ TEST_F(PlayerTest, PlaysAFileAsOftenAsItsRecordSays)
     Write("A.BMP", Dot(kGreen));
     Write("B.NMG", Blocks("\u2588\u2588", "\x0AI1\x0E"
                                           "20001"));
-    Player player = MakePlayer();
     player.Play({6, {Item("A.BMP", 3), Item("B.NMG", 2), Item("A.BMP", 0)}}, 0);
-    Film(player, {{2999, 'G'}});
+    Film({{2999, 'G'}});
     for (const std::uint64_t start : {3000U, 4600U}) {
-        EXPECT_EQ(Middle(player, start), '.') << "comes in each time";
-        EXPECT_EQ(Middle(player, start + 1599), 'R');
+        EXPECT_EQ(Middle(start), '.') << "comes in each time";
+        EXPECT_EQ(Middle(start + 1599), 'R');
     }
-    Film(player, {{6200, 'G'}});
+    Film({{6200, 'G'}});
     EXPECT_EQ(player.NextFile(6200), "D:\\T\\A.BMP");
-    Film(player, {{10200, '.', "0 is once; then three times again"}});
+    Film({{10200, '.', "0 is once; then three times again"}});
     player.MoveToNextPage(11000);
-    Film(player, {{11000, '.', "the second time"}, {12599, 'R'}, {12600, 'G'}});
+    Film({{11000, '.', "the second time"}, {12599, 'R'}, {12600, 'G'}});
 }
 
 TEST_F(PlayerTest, KeepsToTheSchedules)
@@ -218,31 +190,28 @@ TEST_F(PlayerTest, KeepsToTheSchedules)
     Write("A.BMP", Dot(kGreen));
     Write("B.BMP", Dot(kBlue));
     Write("C.BMP", Dot(kRed));
-    Player player = MakePlayer(Minute);
+    clock = Minute;
     player.Play({6,
                  {Item("A.BMP", 1, {Minutes(0, 1), Minutes(0x20, 0x20)}), Item("B.BMP", 90, {Minutes(1, 2)}),
                   Item("C.BMP", 1, {Minutes(5, 5)})}},
                 0);
-    Film(player, {{1500, 'G', "alone"}});
+    Film({{1500, 'G', "alone"}});
     EXPECT_EQ(player.NextFile(1500), "D:\\T\\A.BMP");
     EXPECT_EQ(player.NextFile(60000), "D:\\T\\B.BMP");
-    Film(player, {{61000, 'B'},
-                  {120000, 'B', "90 times one second"},
-                  {151500, 'B', "alone"},
-                  {179999, 'B'},
-                  {180000, '.', "its schedule cuts it off"}});
+    Film({{61000, 'B'}, {120000, 'B', "90 times one second"}, {151500, 'B', "alone"}, {179999, 'B'}});
+    Film({{180000, '.', "its schedule cuts it off"}});
     EXPECT_EQ(player.CurrentFile(), "");
     EXPECT_EQ(player.NextFile(180000), "");
     player.PlayNext(190000);
     player.PlayPrevious(190000);
     EXPECT_EQ(player.CurrentFile(), "") << "nothing else is due";
-    Film(player, {{299999, '.'}, {301000, 'R'}});
+    Film({{299999, '.'}, {301000, 'R'}});
     player.Pause(301500);
-    Film(player, {{420000, 'R', "a pause holds it"}});
+    Film({{420000, 'R', "a pause holds it"}});
     player.Continue(420000);
-    Film(player, {{420000, '.'}});
+    Film({{420000, '.'}});
     EXPECT_TRUE(player.PlayOnce("D:\\T\\B.BMP", 430000)) << "without regard to schedules";
-    Film(player, {{431000, 'B'}, {1200000, 'G', "seen again after a long time"}, {1200999, 'G', "its whole turn"}});
+    Film({{431000, 'B'}, {1200000, 'G', "seen again after a long time"}, {1200999, 'G', "its whole turn"}});
 }
 
 TEST_F(PlayerTest, GoesBackThroughTheOrderThatItPlayed)
@@ -253,7 +222,6 @@ TEST_F(PlayerTest, GoesBackThroughTheOrderThatItPlayed)
         Write(name, Dot(kGreen));
         group.children.push_back(Item(name));
     }
-    Player player = MakePlayer();
     player.Play({6, {group}}, 0);
     std::vector<std::string> played;
     for (std::uint64_t now = 0; now < 12000; now += 1000) {
@@ -274,13 +242,12 @@ TEST_F(PlayerTest, ShowsWhatWasWrittenOverAtTheNextTurn)
 {
     Write("A.BMP", Dot(kGreen));
     WriteList({"A.BMP"});
-    Player player = MakePlayer();
     player.Restart(0);
     Write("A.BMP", Dot(kBlue));
-    Film(player, {{2999, 'G'}, {3000, 'B'}});
+    Film({{2999, 'G'}, {3000, 'B'}});
     std::filesystem::remove(folder / "SEQUENT.SYS");
     player.Restart(4000);
-    Film(player, {{4000, '.'}});
+    Film({{4000, '.'}});
     EXPECT_EQ(player.CurrentFile(), "");
 }
 
@@ -291,15 +258,14 @@ TEST_F(PlayerTest, DoesNotSpinOnAListOfBrokenFiles)
     Write("NOPIC.NMG", BytesOf("QZ00SAX\x14@0\x04RC\x01") + Bytes(60, 0));
     std::filesystem::create_directories(folder / "FOLDER");
     WriteList({"GONE", "EMPTY.NMG", "BROKEN.BMP", "NOPIC.NMG", "FOLDER"});
-    Player player = MakePlayer();
     player.Restart(0);
     for (std::uint64_t now = 0; now < 1000; now += 10)
-        EXPECT_EQ(Middle(player, now), '.');
+        EXPECT_EQ(Middle(now), '.');
     EXPECT_EQ(asked, 5) << "once around in a second";
     EXPECT_EQ(player.CurrentFile(), "");
 
     Write("GONE", Dot(kGreen));
-    Film(player, {{1000, 'G', "what arrives later is shown"}});
+    Film({{1000, 'G', "what arrives later is shown"}});
 }
 
 TEST_F(PlayerTest, GetsThroughALongListOfMissingFilesInSteps)
@@ -308,11 +274,10 @@ TEST_F(PlayerTest, GetsThroughALongListOfMissingFilesInSteps)
     names.push_back("A.BMP");
     Write("A.BMP", Dot(kGreen));
     WriteList(names);
-    Player player = MakePlayer();
     player.Restart(0);
     EXPECT_LE(asked, 16);
     for (std::uint64_t now = 0; now < 100 && player.CurrentFile().empty(); ++now)
-        Middle(player, now);
+        Middle(now);
     EXPECT_EQ(player.CurrentFile(), "D:\\T\\A.BMP");
 }
 
@@ -321,7 +286,6 @@ TEST_F(PlayerTest, DrawsOnACanvasOfAnySize)
     Write("A.NMG", Blocks("\u2588\u2588", "\x0AI3\x0E"
                                           "20001"));
     WriteList({"A.NMG"});
-    Player player = MakePlayer();
     player.Restart(0);
     for (const auto& [width, height] : {std::pair{1, 1}, {40, 40}, {8, 100}}) {
         Canvas face(width, height);

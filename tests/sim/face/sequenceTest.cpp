@@ -21,23 +21,10 @@ const Bytes kScheduled =
 
 Bytes FileRecord(std::string_view path, const Bytes& pictureFields = {0, 0, 0, 0}, const Bytes& schedules = {})
 {
-    Bytes record = Bytes{'F',
-                         'S',
-                         0,
-                         0,
-                         static_cast<std::uint8_t>(schedules.size() / 18),
-                         0,
-                         2,
-                         0,
-                         static_cast<std::uint8_t>(16 + path.size() + 1 + 4),
-                         0,
-                         0,
-                         0,
-                         0,
-                         0,
-                         0,
-                         0};
-    return record + BytesOf(path) + Bytes{0} + pictureFields + schedules;
+    const auto count = static_cast<std::uint8_t>(schedules.size() / 18);
+    const auto size = static_cast<std::uint8_t>(16 + path.size() + 1 + 4);
+    return Bytes{'F', 'S', 0, 0, count, 0, 2, 0, size} + Bytes(7) + BytesOf(path) + Bytes{0} + pictureFields +
+           schedules;
 }
 
 Bytes GroupHead(std::uint8_t children, std::string_view name, std::uint8_t subGroup = 0, std::uint8_t playType = 3)
