@@ -12,6 +12,12 @@ namespace {
 
 using Words = std::vector<std::string>;
 
+struct PrintedRow
+{
+    Words words;
+    const char* printed;
+};
+
 // The words of an example up to a pipe, a redirection or the remark behind it.
 Words WordsOf(std::string_view example)
 {
@@ -82,11 +88,7 @@ TEST(CommandRows, HaveExamplesThatParse)
 
 TEST(CommandRows, ComplainByTheNameOfTheArgument)
 {
-    const struct
-    {
-        Words words;
-        const char* complaint;
-    } rows[] = {
+    const PrintedRow rows[] = {
         {{"bright", "300"}, "LEVEL: '300' is no number from 0 to 255"},
         {{"ping", "-n", "0"}, "-n,--count: '0' is no number from 1 to 1000000"},
         {{"show", "--font", "big", "x"}, "--font: 'big' is no font: a character, or a number from 48 to 169"},
@@ -103,20 +105,16 @@ TEST(CommandRows, ComplainByTheNameOfTheArgument)
         Session session;
         try {
             Execute(session, row.words);
-            ADD_FAILURE() << row.complaint;
+            ADD_FAILURE() << row.printed;
         } catch (const UsageError& error) {
-            EXPECT_STREQ(error.what(), row.complaint);
+            EXPECT_STREQ(error.what(), row.printed);
         }
     }
 }
 
 TEST(CommandRows, SayWhatMayHaveBeenMeant)
 {
-    const struct
-    {
-        Words words;
-        const char* complaint;
-    } rows[] = {
+    const PrintedRow rows[] = {
         {{}, "a command is missing"},
         {{"shwo", "x", "--stay", "5"}, "unknown command shwo (did you mean show?)"},
         {{"sl"}, "unknown command sl (did you mean ls?)"},
@@ -141,20 +139,16 @@ TEST(CommandRows, SayWhatMayHaveBeenMeant)
         CommandLine line;
         try {
             line.Parse(row.words);
-            ADD_FAILURE() << row.complaint;
+            ADD_FAILURE() << row.printed;
         } catch (const CLI::ParseError& error) {
-            EXPECT_EQ(Complaint(line, error), row.complaint);
+            EXPECT_EQ(Complaint(line, error), row.printed);
         }
     }
 }
 
 TEST(Completion, OffersWhatMayFollow)
 {
-    const struct
-    {
-        Words words;
-        const char* lines;
-    } rows[] = {
+    const PrintedRow rows[] = {
         {{"pla"},
          "play Play the next or previous file, pause, continue, replay, or play a file at once\n"
          "playing Show which file plays, and which one is next\n"
@@ -177,7 +171,7 @@ TEST(Completion, OffersWhatMayFollow)
         {{}, ""},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(Complete(row.words), row.lines);
+        EXPECT_EQ(Complete(row.words), row.printed);
 }
 
 } // namespace

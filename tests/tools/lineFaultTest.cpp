@@ -3,18 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <tuple>
 
 namespace vxctl::test {
 namespace {
 
 TEST(LineFault, SaysWhatTheSystemKnows)
 {
-    const struct
-    {
-        int error;
-        const char* reason;
-        const char* advice; // part of it
-    } rows[] = {
+    // Error, reason, part of the advice.
+    const std::tuple<int, const char*, const char*> rows[] = {
         {0, "", ""},
         {ECONNREFUSED, "connection refused by PLACE", "port"},
         {EHOSTUNREACH, "no route to PLACE", "address"},
@@ -24,10 +21,10 @@ TEST(LineFault, SaysWhatTheSystemKnows)
         {EBUSY, "PLACE is busy", "another program"},
         {EIO, "PLACE: Input/output error", "cable"},
     };
-    for (const auto& row : rows) {
-        const LineFault fault = FaultOf(row.error, "PLACE");
-        EXPECT_EQ(fault.reason, row.reason);
-        EXPECT_NE(fault.advice.find(row.advice), std::string::npos) << fault.advice;
+    for (const auto& [error, reason, advice] : rows) {
+        const LineFault fault = FaultOf(error, "PLACE");
+        EXPECT_EQ(fault.reason, reason);
+        EXPECT_NE(fault.advice.find(advice), std::string::npos) << fault.advice;
     }
 }
 

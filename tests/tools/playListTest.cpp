@@ -4,14 +4,12 @@
 #include "support/tempFolder.h"
 #include "vxctl/cli/failure.h"
 
-#include <gtest/gtest.h>
 #include <limits>
 
 namespace vxctl::test {
 namespace {
 
 using vxsign::test::FullDisk;
-using vxsign::test::TempFolder;
 
 constexpr std::uint16_t kEnd = std::numeric_limits<std::uint16_t>::max();
 
@@ -44,11 +42,12 @@ TEST(PlayListPlace, PathsNameFilesAndGroups)
     EXPECT_THROW(ParsePlace(std::string(255, 'x')), UsageError);
 }
 
+using PlayListFile = vxsign::test::FolderTest;
+
 // What one command saves the next one finds: files of groups themselves, groups of the same sub-groups, the first
 // group.
-TEST(PlayListFile, GroupsKeepAllTheirFilesFromCommandToCommand)
+TEST_F(PlayListFile, GroupsKeepAllTheirFilesFromCommandToCommand)
 {
-    const TempFolder folder;
     const std::string path = folder.Path("new/list.xml");
     PlayList::OpenOrMake(path);
     const auto edit = [&path](auto change) {
@@ -83,9 +82,8 @@ TEST(PlayListFile, GroupsKeepAllTheirFilesFromCommandToCommand)
     EXPECT_EQ(Names(after, "/two/"), "two/ ");
 }
 
-TEST(PlayListFile, RefusesWhatCannotBeAndKeepsTheFile)
+TEST_F(PlayListFile, RefusesWhatCannotBeAndKeepsTheFile)
 {
-    const TempFolder folder;
     const std::string path = folder.Path("list.xml");
     PlayList list = PlayList::OpenOrMake(path);
     list.AddGroup(ParsePlace("/G/"), 0, kEnd);

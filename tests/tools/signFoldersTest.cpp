@@ -10,15 +10,9 @@
 #include <string_view>
 #include <tuple>
 
-namespace vxctl_tests {
+namespace vxctl::test {
 namespace {
 
-using vxctl::ClockTime;
-using vxctl::DecodeLongEntry;
-using vxctl::DecodeShortEntry;
-using vxctl::IsSameFolder;
-using vxctl::ParsePlayFile;
-using vxctl::PlayFile;
 using ShortEntry = std::array<std::uint8_t, 32>;
 using LongEntry = std::array<std::uint8_t, 276>;
 
@@ -52,18 +46,16 @@ TEST(DirectoryEntry, OfAPageHasNameSizeAndTime)
 TEST(DirectoryEntry, IsPassedOverWhenItIsNoFile)
 {
     const ShortEntry none{};
-    EXPECT_TRUE(vxctl::IsEnd(none));
+    EXPECT_TRUE(IsEnd(none));
     EXPECT_FALSE(DecodeShortEntry(none));
     const ShortEntry deleted = Entry("\xE5"
                                      "ELLO   NMG",
                                      0x20);
-    EXPECT_FALSE(vxctl::IsEnd(deleted));
+    EXPECT_FALSE(IsEnd(deleted));
     EXPECT_FALSE(DecodeShortEntry(deleted));
-    EXPECT_FALSE(DecodeShortEntry(Entry("SIGN       ", 0x08)));
-    EXPECT_FALSE(DecodeShortEntry(Entry("Ah.e.l.l.o.", 0x0F)));
-    EXPECT_FALSE(DecodeShortEntry(Entry(".          ", 0x10)));
-    EXPECT_FALSE(DecodeShortEntry(Entry("..         ", 0x10)));
-    EXPECT_FALSE(DecodeShortEntry(Entry("           ", 0x20)));
+    for (const ShortEntry& passed : {Entry("SIGN       ", 0x08), Entry("Ah.e.l.l.o.", 0x0F), Entry(".          ", 0x10),
+                                     Entry("..         ", 0x10), Entry("           ", 0x20)})
+        EXPECT_FALSE(DecodeShortEntry(passed));
     EXPECT_FALSE(DecodeLongEntry(LongEntry{}));
 }
 
@@ -92,9 +84,9 @@ TEST(DirectoryEntry, OfALongListingKeepsTheWholeName)
 TEST(SignPaths, NameADrive)
 {
     for (const char* const text : {"D", "d", "D:", "d:\\", "D:/"})
-        EXPECT_EQ(vxctl::ParseDrive(text), 'D') << text;
+        EXPECT_EQ(ParseDrive(text), 'D') << text;
     for (const char* const text : {"", "1", "DE", "D:\\T", ":", "D::"})
-        EXPECT_THROW(vxctl::ParseDrive(text), vxctl::UsageError) << text;
+        EXPECT_THROW(ParseDrive(text), UsageError) << text;
 }
 
 TEST(SignPaths, TellARenameFromAMove)
@@ -114,7 +106,7 @@ TEST(SignPaths, SayWhatPlays)
     EXPECT_EQ(ParsePlayFile("D:\\P\\A"), (PlayFile{'D', 'P', "A"}));
     for (const char* const text : {"", "THIRTEENCHARS", "D:A.NMG", "D:\\A.NMG", "D:\\TT\\A.NMG", "D:\\T\\",
                                    "\\T\\A.NMG", "1:\\T\\A.NMG", "D:\\1\\A.NMG", "D:\\T\\S\\A.NMG"})
-        EXPECT_THROW(ParsePlayFile(text), vxctl::UsageError) << text;
+        EXPECT_THROW(ParsePlayFile(text), UsageError) << text;
 }
 
 TEST(ShownText, GivesNoOrdersToATerminal)
@@ -132,11 +124,11 @@ TEST(ShownText, GivesNoOrdersToATerminal)
         {"\xC0\x9B \xED\xA0\x80 \xEF\xBF\xBD", "?? ??? \xEF\xBF\xBD"},
     };
     for (const auto& [text, shown] : kCases) {
-        EXPECT_EQ(vxctl::Shown(text).Text(), shown);
-        EXPECT_EQ(vxctl::Printable(shown), shown);
+        EXPECT_EQ(Shown(text).Text(), shown);
+        EXPECT_EQ(Printable(shown), shown);
     }
-    EXPECT_EQ((vxctl::Shown("\xC2") + std::string("\x9B") + "K").Text(), "??K");
+    EXPECT_EQ((Shown("\xC2") + std::string("\x9B") + "K").Text(), "??K");
 }
 
 } // namespace
-} // namespace vxctl_tests
+} // namespace vxctl::test
