@@ -42,8 +42,10 @@ bool ReplaceFile(const fs::path& file, std::span<const std::uint8_t> bytes)
 
 std::vector<std::uint8_t> ReadFileStart(const fs::path& file, std::size_t most)
 {
-    std::vector<std::uint8_t> bytes(most);
     std::ifstream in(file, std::ios::binary);
+    if (!in)
+        return {};
+    std::vector<std::uint8_t> bytes(most);
     in.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(most));
     bytes.resize(static_cast<std::size_t>(in.gcount()));
     return bytes;
