@@ -1,5 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that building, testing and showing vxsign need. Does nothing when all are there.
+#   scripts/setup.sh       for everyone
+#   scripts/setup.sh ci    those for the longer tests as well
 set -euo pipefail
 
 packages=(
@@ -13,6 +15,10 @@ packages=(
     mbpoll python3-pymodbus python3-serial-asyncio                # hosts of the Modbus devices
     jq                                                            # the commands of the documents
     clang-format clang-tidy binutils                              # style and the export check
+)
+
+[ "${1:-}" != ci ] || packages+=(
+    clang libclang-rt-14-dev                                      # fuzz targets
 )
 
 missing=()
