@@ -79,7 +79,7 @@ def prepare():
         wanted = subprocess.run(["git", "show", f"HEAD:{name}"], cwd=ROOT, capture_output=True, check=True).stdout
         if (COPY / name).read_bytes() != wanted:
             (COPY / name).write_bytes(wanted)
-    if fresh.returncode or run(["cmake", "--preset", "asan", "-DVXSIGN_WERROR=OFF"]) or run(["cmake", "--build", "--preset", "asan"]):
+    if fresh.returncode or run(["cmake", "--preset", "asan", "-DVXSIGN_WERROR=ON"]) or run(["cmake", "--build", "--preset", "asan"]):
         sys.exit("the committed tree does not build")
 
 
