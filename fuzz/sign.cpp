@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::size_t kLongestReply = 4608; // that a host has room for
 constexpr std::size_t kMostSteps = 64;
+constexpr std::uint8_t kLogins = 10; // the major number
 
 vxsim::SignSettings Settings(Input& input)
 {
@@ -131,7 +132,10 @@ private:
         const unsigned sum = packet[1] == vxsim::kSumRequest ? vxsim::Sum16(body) : vxsim::Crc16(body);
         packet[2] = static_cast<std::uint8_t>(sum);
         packet[3] = static_cast<std::uint8_t>(sum >> 8);
-        Check(answers.ToDatagram(vxsim::Speech::kPackets, packet, {nowMs, 1, 1}), true);
+        const vxsim::Replies replies = answers.ToDatagram(vxsim::Speech::kPackets, packet, {nowMs, 1, 1});
+        Require(!replies.empty() || packet.size() > vxsim::kMaxRequest || major == kLogins,
+                "a whole request is answered, unless it is a login that has to wait");
+        Check(replies, true);
         nowMs += 10;
     }
 

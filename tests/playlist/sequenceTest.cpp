@@ -181,16 +181,6 @@ TEST_F(SequenceFiles, OfAnyBytesEndWithTheFile)
     EXPECT_EQ(Load(folder, Hex("5351 0600 FFFF 0000 4750 0000 FFFF 01 00 00000000 00000000"
                                "4750 0000 FFFF 01 00 00000000 01000000")),
               ":1/1/0[:2/1/0[]]");
-
-    vxPlaylistState& list = BuildTree(folder.Path(), false);
-    ASSERT_EQ(playlist::WriteTreeForm(list, folder.Path("TREE.SYS"), 'D'), 0u);
-    ASSERT_EQ(playlist::WriteFlatForm(list, folder.Path("FLAT.SYS"), 'D'), 0u);
-    for (const char* const name : {"TREE.SYS", "FLAT.SYS"})
-        EachDamage(ReadBytes(folder, name), [&](const Bytes& damaged) {
-            list.items.clear();
-            Load(folder, damaged);
-            ASSERT_LE(list.items.size(), damaged.size() / 16 + 2);
-        });
 }
 
 } // namespace

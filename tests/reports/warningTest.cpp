@@ -160,6 +160,10 @@ TEST_F(Warnings, FailuresOfTheReport)
     EXPECT_EQ(vxReadWaringReport(Taken::Plain), 36872u);
     EXPECT_EQ(ReadReport("<a><b></a>"), 14u) << "mismatched element";
     EXPECT_EQ(ReadReport(" "), 13u) << "empty document";
+    std::string deep;
+    for (int i = 0; i < 20000; ++i)
+        deep += "<a>";
+    EXPECT_NE(ReadReport(deep), 0u);
     EXPECT_TRUE(folder.IsEmpty());
 }
 

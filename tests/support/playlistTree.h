@@ -189,21 +189,4 @@ inline Bytes ReadBytes(const TempFolder& folder, std::string_view name)
     return FromText(folder.Read(name));
 }
 
-/// A damaged copy after the other: each byte flipped, each length cut. Padding counts at its beginning alone.
-template <class Use>
-void EachDamage(const Bytes& good, Use&& use)
-{
-    constexpr std::size_t kPadding = 16;
-    std::size_t zeros = 0;
-    for (std::size_t i = 0; i < good.size(); ++i) {
-        zeros = good[i] == 0 ? zeros + 1 : 0;
-        if (zeros > kPadding)
-            continue;
-        Bytes flipped = good;
-        flipped[i] ^= 0xFF;
-        use(flipped);
-        use(Bytes(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(i)));
-    }
-}
-
 } // namespace vxsign::test

@@ -106,17 +106,5 @@ TEST(Nmg, ReadsAPictureMessage)
     }
 }
 
-TEST(Nmg, TakesAnyBytes)
-{
-    const auto parse = [](const Bytes& bytes) {
-        if (const auto message = ParseNmg(bytes); message && message->picture) {
-            const std::span<const std::uint8_t> picture = *message->picture;
-            EXPECT_LE(picture.data() + picture.size(), bytes.data() + bytes.size());
-        }
-    };
-    WithDamage(kTextFile, parse);
-    WithDamage(kIntro + PictureGroup(3), parse);
-}
-
 } // namespace
 } // namespace vxsim::test

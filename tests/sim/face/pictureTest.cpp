@@ -134,15 +134,5 @@ TEST(Picture, RefusesWhatIsTooLargeOrNoPicture)
     EXPECT_FALSE(DecodePicture(BytesOf("BM"), 8, 8));
 }
 
-TEST(Picture, TakesAnyBytes)
-{
-    const auto decode = [](const Bytes& bytes) { (void)DecodePicture(bytes, 16, 16); };
-    WithDamage(kBmp, decode);
-    WithDamage(JpegOf(20, 20, 99), decode);
-    Canvas face(4, 4);
-    face.Set(1, 2, kRed);
-    WithDamage(PngFace(face, 4), decode);
-}
-
 } // namespace
 } // namespace vxsim::test

@@ -158,14 +158,5 @@ TEST(Sequence, EndsWhereItStopsMakingSense)
     EXPECT_FALSE(ParseSequence(BytesOf("XX\4\0\0\0\0\0")));
 }
 
-TEST(Sequence, TakesAnyBytes)
-{
-    const auto parse = [](const Bytes& bytes) { (void)ParseSequence(bytes); };
-    WithDamage(Header(4, 2) + kFlatRecord + kScheduled, parse);
-    WithDamage(Header(6, 2) + GroupHead(2, "Day1") + FileRecord("D:\\T\\B", {0, 0, 0, 0}, Bytes(18, 1)) +
-                   GroupHead(1, "Sub1", 1) + FileRecord("D:\\T\\C") + FileRecord("D:\\T\\D"),
-               parse);
-}
-
 } // namespace
 } // namespace vxsim::test
