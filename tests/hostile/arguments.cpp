@@ -3,80 +3,70 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <iterator>
-#include <span>
+#include <map>
+#include <sstream>
 #include <utility>
 
 namespace vxsign::test {
 
 namespace {
 
-struct Size
+using Sizes = std::map<std::string, std::size_t>;
+
+// A number of bytes, then the parameters that have so many.
+Sizes Table(const char* text)
 {
-    std::string_view parameter;
-    std::size_t bytes;
-};
+    std::istringstream words(text);
+    Sizes sizes;
+    std::size_t bytes = 0;
+    for (std::string word; words >> word;)
+        if (std::isdigit(word[0]) != 0)
+            bytes = std::stoul(word);
+        else
+            sizes[word] = bytes;
+    return sizes;
+}
 
 // What the headers say of buffers without a length of their own.
-constexpr Size kSizes[] = {
-    {"vxAreaTest area", 24},
-    {"vxBrightAdjustSides sides", 8},
-    {"vxChkSum buffer", 4096},
-    {"vxCustomTest replyOut", 4608},
-    {"vxCustomTest requestOut", 527},
-    {"vxDivideSpeZone data", 4 * 65535},
-    {"vxDivideZone entries", 12 * 255},
-    {"vxDivideZone4j entries", 12 * 255},
-    {"vxExtraCollectCtrl data", 8},
-    {"vxExtraCollectRead buffer", 38},
-    {"vxExtraIOCtrl data", 16},
-    {"vxExtraIORead buffer", 68},
-    {"vxExtraWifiGetInfo wifiInfo", 44},
-    {"vxExtraWifiSetInfo wifiInfo", 44},
-    {"vxGeneratorSet out", 8},
-    {"vxGetBeacon out", 8},
-    {"vxGetDateTime out", 8},
-    {"vxGetDriveInfo extra", 12},
-    {"vxGetExternalEquipment out", 8},
-    {"vxGetINIWithString out", 63},
-    {"vxGetSignBeacon out", 8},
-    {"vxLstLongFolderCB user", 1},
-    {"vxMPUSetEDID edid", 15},
-    {"vxMakeSignPath shortName", 12},
-    {"vxOndraWritePxlCal calParams", 88},
-    {"vxOndraWritePxlCalBurn calParams", 88},
-    {"vxReadBrightInfoExt out", 8},
-    {"vxReadDataFlashInfo out", 12},
-    {"vxReadDefDisplayStyle style", 52},
-    {"vxReadDefaultScreenSet out", 4},
-    {"vxReadSystemSet out", 16},
-    {"vxReadWarningLog head", 16},
-    {"vxSetContentDisplay data", 65535},
-    {"vxSetContentDisplay4j data", 65535},
-    {"vxSetDisplay data", 65535},
-    {"vxSetDisplay4j data", 65535},
-    {"vxShowFilesII types", 200},
-    {"vxTCJKCLightTest lamps", 2 * 255},
-    {"vxTrafficRFlow query", 8},
-    {"vxTrafficTempPhaseRun phase", 31},
-    {"vxUpdate3Info record", 569},
-    {"vxVPUGetInfo info", 24},
-    {"vxWriteBrightCtrlBlock block", 12},
-    {"vxWriteDefDisplayStyle style", 52},
-    {"vxWriteDefaultScreenSet in", 4},
-};
+const Sizes kSizes = Table(R"(
+    1 vxLstLongFolderCB.user
+    4 vxReadDefaultScreenSet.out vxWriteDefaultScreenSet.in
+    8 vxBrightAdjustSides.sides vxExtraCollectCtrl.data vxGeneratorSet.out vxGetBeacon.out vxGetDateTime.out
+      vxGetExternalEquipment.out vxGetSignBeacon.out vxReadBrightInfoExt.out vxTrafficRFlow.query
+    12 vxGetDriveInfo.extra vxMakeSignPath.shortName vxReadDataFlashInfo.out vxWriteBrightCtrlBlock.block
+    15 vxMPUSetEDID.edid
+    16 vxExtraIOCtrl.data vxReadSystemSet.out vxReadWarningLog.head
+    24 vxAreaTest.area vxVPUGetInfo.info
+    31 vxTrafficTempPhaseRun.phase
+    38 vxExtraCollectRead.buffer
+    44 vxExtraWifiGetInfo.wifiInfo vxExtraWifiSetInfo.wifiInfo
+    52 vxReadDefDisplayStyle.style vxWriteDefDisplayStyle.style
+    63 vxGetINIWithString.out
+    68 vxExtraIORead.buffer
+    88 vxOndraWritePxlCal.calParams vxOndraWritePxlCalBurn.calParams
+    200 vxShowFilesII.types
+    510 vxTCJKCLightTest.lamps
+    527 vxCustomTest.requestOut
+    569 vxUpdate3Info.record
+    3060 vxDivideZone.entries vxDivideZone4j.entries
+    4096 vxChkSum.buffer
+    4608 vxCustomTest.replyOut
+    65535 vxSetContentDisplay.data vxSetContentDisplay4j.data vxSetDisplay.data vxSetDisplay4j.data
+    262140 vxDivideSpeZone.data)");
 
 // Buffers whose length counts entries.
-constexpr Size kEntries[] = {
-    {"vxGetAPIServerTable entries", 68}, {"vxGetDirFile entries", 32}, {"vxGetDirFileEx entries", 32},
-    {"vxGetZone entries", 12},           {"vxGetZone4j entries", 12},  {"vxLocationTest data", 2},
-    {"vxReadWarningLog rows", 32},
-};
+const Sizes kEntries = Table(R"(
+    2 vxLocationTest.data
+    12 vxGetZone.entries vxGetZone4j.entries
+    32 vxGetDirFile.entries vxGetDirFileEx.entries vxReadWarningLog.rows
+    68 vxGetAPIServerTable.entries)");
 
-std::size_t Find(std::span<const Size> table, const std::string& parameter)
+std::size_t Find(const Sizes& table, const std::string& parameter)
 {
-    const auto found = std::ranges::find(table, std::string_view(parameter), &Size::parameter);
-    return found == table.end() ? 0 : found->bytes;
+    const auto found = table.find(parameter);
+    return found == table.end() ? 0 : found->second;
 }
 
 bool IsLength(std::string_view name)
@@ -123,7 +113,7 @@ std::uint64_t Arguments::Number(std::uint64_t most)
 
 void* Arguments::Record(std::size_t size, bool isInput)
 {
-    const std::string parameter = std::string(exportName) + ' ' + std::string(Name(place - 1));
+    const std::string parameter = std::string(exportName) + '.' + std::string(Name(place - 1));
     if (const std::size_t told = Find(kSizes, parameter))
         size = told;
     void* const made = Allocate(size);
@@ -139,7 +129,7 @@ void* Arguments::Record(std::size_t size, bool isInput)
 void* Arguments::Buffer(std::size_t size, bool isInput)
 {
     isLengthNext = false;
-    const std::string parameter = std::string(exportName) + ' ' + std::string(Name(place - 1));
+    const std::string parameter = std::string(exportName) + '.' + std::string(Name(place - 1));
     const std::size_t each = Find(kEntries, parameter);
     if (const std::size_t told = Find(kSizes, parameter))
         size = told;
