@@ -197,30 +197,6 @@ TEST_F(PlaylistXml, Failures)
     }
 }
 
-// Whatever has happened to a file, reading it ends, and what was read can be walked.
-TEST_F(PlaylistXml, CorruptedCopies)
-{
-    std::string path = folder.Write("in.xml", kGolden);
-    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
-    const auto put = [&](std::size_t place, int byte) {
-        file.seekp(static_cast<std::streamoff>(place));
-        file.put(static_cast<char>(byte)).flush();
-    };
-    std::size_t loaded = 0;
-    for (std::size_t i = 0; i < kGolden.size(); ++i) {
-        put(i, kGolden[i] ^ "\x01\x08\x7F\xFF"[i % 4]);
-        loaded += vxLoadSYSFromXML(path.data()) == VX_OK;
-        Tree(list);
-        put(i, kGolden[i]);
-    }
-    EXPECT_GT(loaded, 100u) << "flipped texts and numbers";
-    EXPECT_LT(loaded, kGolden.size() / 2) << "flipped tags";
-    for (std::size_t length = kGolden.size() - 1; length-- > kHead.find('\n') + 2;) {
-        std::filesystem::resize_file(path, length);
-        EXPECT_EQ(vxLoadSYSFromXML(path.data()), VX_NO_RECORD) << length;
-    }
-}
-
 TEST_F(PlaylistXml, EachThreadHasItsOwnList)
 {
     const auto work = [&](const std::string& name) {

@@ -5,7 +5,6 @@
 
 #include <atomic>
 #include <numeric>
-#include <random>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -191,24 +190,6 @@ TEST_F(Exchange, LongRepliesEndWhereTheBuffersEnd)
         ASSERT_EQ(sign.requests.size(), 2u);
         EXPECT_EQ(sign.requests[0].bytes, sign.requests[1].bytes);
     }
-}
-
-TEST_F(Exchange, GarbageOfEveryLengthEndsCleanly)
-{
-    std::mt19937 random(42);
-    for (std::size_t length = 0; length <= 40; ++length)
-        for (int round = 0; round < 20; ++round) {
-            Try(1, round % 2 == 0 ? 3000 : 50, [&](const Packet& request) {
-                Bytes bytes(length);
-                std::generate(bytes.begin(), bytes.end(), [&] { return static_cast<std::uint8_t>(random()); });
-                // Half of them begin like a reply to this request.
-                if (round % 4 < 2)
-                    std::copy_n(MakeReply(request, 0, {}, {}).begin(), std::min<std::size_t>(length, 14),
-                                bytes.begin());
-                return std::deque<Bytes>{bytes};
-            });
-            EXPECT_EQ(sign.requests.size(), 1u);
-        }
 }
 
 // The longest that a try may read: the header is whole just in time, and nothing follows.
