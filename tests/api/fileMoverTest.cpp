@@ -22,24 +22,19 @@ TEST_F(FileMover, OrdinaryFilesAndTheConfiguration)
 {
     const std::string plain = folder.Write("CONFIG.SYS2", "abc");
     const std::string config = folder.Write("Config.sys", "def");
-    const Bytes path = FromText("D:\\A") + Hex("00000000");
-
-    sign.Then(2, Good());
+    sign.Then(2, Good()).Then(2, Good(Hex("03000000"), FromText("new")));
     EXPECT_EQ(vxRWFile(plain.c_str(), "D:\\A", kWrite), 0u);
-    EXPECT_EQ(sign.requests[0].Payload(), Hex("03000000 0003 0100 0100") + FromText("D:\\A") + Hex("0000"));
-    EXPECT_EQ(sign.requests[0].Extended(), FromText("abc"));
     EXPECT_EQ(vxRWFile(config.c_str(), nullptr, kWrite), 0u);
-    EXPECT_EQ(sign.requests[1].Minor(), 2);
-    EXPECT_EQ(sign.requests[1].Payload(), FromText("CONFIG.SYS") + Hex("0000 03000000 0003 0100 0100 0000"));
-    EXPECT_EQ(sign.requests[1].Extended(), FromText("def"));
-
-    sign.Then(2, Good(Hex("03000000"), FromText("new")));
     EXPECT_EQ(vxRWFile(plain.c_str(), "D:\\A", kRead), 0u);
-    EXPECT_EQ(sign.requests[2].Minor(), 8);
-    EXPECT_EQ(sign.requests[2].Payload(), Hex("0003 0100") + path);
-    EXPECT_EQ(folder.Read("CONFIG.SYS2"), "new");
     EXPECT_EQ(vxRWFile(config.c_str(), nullptr, kRead), 0u);
-    EXPECT_EQ(sign.requests[3].Minor(), 2);
+    ASSERT_EQ(sign.Road(), "2.8 2.2 1.8 1.2");
+    EXPECT_EQ(Part(sign.requests[0].Payload(), 10), FromText("D:\\A") + Hex("0000"));
+    EXPECT_EQ(sign.requests[0].Extended(), FromText("abc"));
+    EXPECT_EQ(Part(sign.requests[1].Payload(), 0, 12), FromText("CONFIG.SYS") + Bytes(2));
+    EXPECT_EQ(sign.requests[1].Extended(), FromText("def"));
+    EXPECT_EQ(Part(sign.requests[2].Payload(), 4), FromText("D:\\A") + Bytes(4));
+    EXPECT_EQ(Part(sign.requests[3].Payload(), 0, 12), FromText("CONFIG.SYS") + Bytes(2));
+    EXPECT_EQ(folder.Read("CONFIG.SYS2"), "new");
     EXPECT_EQ(folder.Read("Config.sys"), "new");
 
     // A name without extension, and one longer than all that count.

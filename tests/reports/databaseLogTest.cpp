@@ -113,15 +113,14 @@ TEST_F(DatabaseLogs, EightBytesOfAPageArrive)
     EXPECT_EQ(Taken::records.size(), 1u);
 }
 
-// A record of so many bytes with numbers and texts at their offsets.
-Bytes Record(std::size_t size, const std::map<std::size_t, std::string>& texts,
-             const std::map<std::size_t, std::uint8_t>& numbers)
+// A record of so many bytes with texts at their offsets, and numbers behind theirs: offset, number, offset ...
+Bytes Record(std::size_t size, const std::map<std::size_t, std::string>& texts, const Bytes& numbers)
 {
     Bytes record(size);
     for (const auto& [offset, text] : texts)
         std::copy(text.begin(), text.end(), record.begin() + static_cast<std::ptrdiff_t>(offset));
-    for (const auto& [offset, number] : numbers)
-        record[offset] = number;
+    for (std::size_t i = 0; i < numbers.size(); i += 2)
+        record[numbers[i]] = numbers[i + 1];
     return record;
 }
 
@@ -131,29 +130,17 @@ TEST_F(DatabaseLogs, ColumnsOfARow)
     using Row = std::tuple<const Table&, std::string, Bytes>;
     for (const auto& [table, text, record] : {
              Row{kPlayLogTable, "<1><g><f><t><2><3>",
-                 Record(388, {{288, "g"}, {12, "f"}, {268, "t"}}, {{8, 1}, {0, 2}, {4, 3}})},
-             Row{kPlayLogTable, "<><><><><x>< 9y>", Record(388, {}, {{4, 9}})},
+                 Record(388, {{288, "g"}, {12, "f"}, {268, "t"}}, {8, 1, 0, 2, 4, 3})},
+             Row{kPlayLogTable, "<><><><><x>< 9y>", Record(388, {}, {4, 9})},
              Row{kSignLogTable, "<1><" + x(300) + "><" + x(300) + "><" + x(300) + "><" + x(300) + ">",
-                 Record(376, {{4, x(372)}}, {{0, 1}})},
+                 Record(376, {{4, x(372)}}, {0, 1})},
              Row{kTempLogTable, "<a><b><1><2><3><4><5><6><7><8><9>",
-                 Record(76, {{0, "a"}, {20, "b"}},
-                        {{40, 1}, {44, 2}, {48, 3}, {52, 4}, {56, 5}, {60, 6}, {64, 7}, {68, 8}, {72, 9}})},
-             Row{kEventLogTable, "<1><t><2><n>", Record(128, {{8, "t"}, {28, "n"}}, {{0, 1}, {4, 2}})},
+                 Record(76, {{0, "a"}, {20, "b"}}, {40, 1, 44, 2, 48, 3, 52, 4, 56, 5, 60, 6, 64, 7, 68, 8, 72, 9})},
+             Row{kEventLogTable, "<1><t><2><n>", Record(128, {{8, "t"}, {28, "n"}}, {0, 1, 4, 2})},
              Row{kTileInfoTable, "<1><2><3><4><5><6><7><h><i><10><elev><12><13><14><o><16><q><18>",
-                 Record(332, {{28, "h"}, {44, "i"}, {64, "elev"}, {80, "o"}, {136, "q"}},
-                        {{0, 1},
-                         {4, 2},
-                         {8, 3},
-                         {12, 4},
-                         {16, 5},
-                         {20, 6},
-                         {24, 7},
-                         {60, 10},
-                         {68, 12},
-                         {72, 13},
-                         {76, 14},
-                         {132, 16},
-                         {188, 18}})},
+                 Record(
+                     332, {{28, "h"}, {44, "i"}, {64, "elev"}, {80, "o"}, {136, "q"}},
+                     {0, 1, 4, 2, 8, 3, 12, 4, 16, 5, 20, 6, 24, 7, 60, 10, 68, 12, 72, 13, 76, 14, 132, 16, 188, 18})},
          }) {
         SCOPED_TRACE(text);
         const Pattern pattern(RowExpression(table.columns.size()).c_str());
