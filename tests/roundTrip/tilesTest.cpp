@@ -141,6 +141,30 @@ TEST_F(TileWall, SecondFamily)
     EXPECT_EQ(vxOndraWritePxlCal(back.c_str(), 2, 3, 0, &detail, nullptr), 3078u);
 }
 
+TEST_F(TileWall, DirectFilesGoInPieces)
+{
+    for (const std::uint32_t size : {40u, 264u, 265u, 1056u, 1057u}) {
+        SCOPED_TRACE(size);
+        line.requests.clear();
+        line.progress.clear();
+        const Bytes file = Hex("AA55 2000") + Bytes(12) + Little(size - 32, 4) + Bytes(12) + Ramp(size - 32);
+        EXPECT_EQ(vxDirectTileWriteFileEx(local.Write("up", ToText(file)).c_str(), 9, 1, 2, 0x77), 0u);
+        EXPECT_EQ(vxDirectTileReadFileEx(local.Path("down").c_str(), 9, 1, 2, 0x77), 0u);
+        EXPECT_EQ(local.Read("down"), ToText(file));
+        const std::uint32_t pieces = (size + 263) / 264;
+        ASSERT_EQ(line.requests.size(), 2 * pieces);
+        EXPECT_EQ(line.requests[0].Payload(), Hex("01 09 00000000 77 0000000000"));
+        EXPECT_EQ(line.requests[pieces].Payload(), Hex("01 09 0801 00000000 77 00000000000000"));
+        std::vector<std::uint32_t> progress = {0};
+        for (const std::uint32_t end : {pieces + 1, pieces}) // reading tells nothing of its last piece
+            for (std::uint32_t k = 0; k < end; ++k)
+                progress.push_back(100 * k / pieces);
+        EXPECT_EQ(line.progress, progress);
+    }
+    EXPECT_EQ(line.requests[4].Payload(), Hex("01 09 20040000 77 0000000000"));
+    EXPECT_EQ(line.requests.back().Payload(), Hex("01 09 0801 20040000 77 000000"));
+}
+
 TEST_F(TileWall, DirectAccess)
 {
     const std::string flat = local.Write("flat.bri", FlatFile());
