@@ -183,26 +183,16 @@ std::string Arguments::Text()
         return "127.0.0.1";
     if (Name(place - 1) == "serialName")
         return "none";
-    switch (random.Below(14)) {
-    case 0:
-        return "";
-    case 1:
-        return std::string(random.Below(1200), 'n');
-    case 2:
-        return "D:\\T\\A.NMG";
-    case 3:
-        return "hostile/";
-    case 4:
-        return "%s%n \xFF\xFE\n";
-    case 5:
-        return "/GROUP/";
-    case 6:
-        return "missing/none";
-    case 7:
-        return "made" + std::to_string(random.Below(3));
-    default:
-        return "hostile/" + std::to_string(random.Below(16));
-    }
+    const std::string texts[] = {"",
+                                 std::string(random.Below(1200), 'n'),
+                                 "made" + std::to_string(random.Below(3)),
+                                 "D:\\T\\A.NMG",
+                                 "hostile/",
+                                 "%s%n \xFF\xFE\n",
+                                 "/GROUP/",
+                                 "missing/none"};
+    const std::size_t kind = random.Below(14); // mostly one of the files
+    return kind < std::size(texts) ? texts[kind] : "hostile/" + std::to_string(random.Below(16));
 }
 
 } // namespace vxsign::test

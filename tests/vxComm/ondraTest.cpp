@@ -123,13 +123,12 @@ TEST_F(SecondTiles, TimeLimitOfZero)
 
 TEST_F(SecondTiles, ExtensionsOfWhatIsRead)
 {
-    const char* const plain[] = {".cpu", ".pga", ".gam", ".cfg", ".drv", ".bri",
-                                 ".mod", ".sta", ".pix", ".ifo", ".all"};
-    const char* const longer[] = {".rev", ".rev", ".rev", ".org", ".dst", ".gan",
-                                  ".gap", ".dap", ".log", ".cpu", ".pga"}; // from 11 on
+    const char* const extensions[] = {".cpu", ".pga", ".gam", ".cfg", ".drv", ".bri", ".mod", ".sta",
+                                      ".pix", ".ifo", ".all", ".rev", ".rev", ".rev", ".org", ".dst",
+                                      ".gan", ".gap", ".dap", ".log", ".cpu", ".pga"};
     for (std::uint8_t type = 0; type < 22; ++type) {
         SCOPED_TRACE(int(type));
-        const std::string path = std::string("C:\\port3\\00ab") + (type < 11 ? plain[type] : longer[type - 11]);
+        const std::string path = std::string("C:\\port3\\00ab") + extensions[type];
         const auto expectPath = [&](std::uint32_t result) {
             EXPECT_EQ(result, 0u);
             const Bytes record = sign.requests.back().Payload();
