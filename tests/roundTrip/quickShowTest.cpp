@@ -132,6 +132,8 @@ TEST_F(QuickShow, RefusedMessages)
     EXPECT_EQ(
         vxShowMsgTimeout(AsBytes("x"), 1, '1', '1', '1', 1, kHost, Port(), 0, 1, 2, 100, VX_CHANNEL_UDP, nullptr, 0, 0),
         8451u);
+    EXPECT_EQ(vxShowMsgEx(AsBytes("x"), 1, '1', '1', '1', 1, kHost, Port(), 0, 1, VX_CHANNEL_UDP, nullptr, 0, 0),
+              8451u);
     EXPECT_EQ(vxShowPic(AsBytes("x"), 1, '1', 1, kHost, Port(), 0), 8451u);
     EXPECT_TRUE(temp.IsEmpty());
     EXPECT_EQ(ShowHello(), 8451u);
