@@ -104,6 +104,7 @@ TEST_F(QuickShow, TheDriveFollowsTheSign)
     EXPECT_FALSE(folder.Has("C/SEQUENT.SYS")) << "without the sequence the play list stays";
     Road();
     Restart("CDE");
+    Road(); // the peer's thread sees the new sign
     EXPECT_EQ(ShowHello(), 0u);
     EXPECT_EQ(folder.Read("D/T/QMSG.Nmg"), kHello);
     EXPECT_EQ(folder.Read("C/SEQUENT.SYS"), FlatList('D', 'T', "QMSG.Nmg"));
