@@ -12,9 +12,9 @@ namespace vxctl {
 
 #ifdef VXCTL_HAS_PREVIEW
 
-void CheckFit(Session& session, const Args& args, const Message& message, const WantedFace& face)
+void CheckFit(Session& session, const Args& args, const Message& message, const FaceSize& face)
 {
-    ReportFit(session.report, FileOf(message), face.size, args.Has("--must-fit"));
+    ReportFit(session.report, FileOf(message), face, args.Has("--must-fit"));
 }
 
 void LookAhead(Session& session, const Args& args, const Message& message)
@@ -24,17 +24,18 @@ void LookAhead(Session& session, const Args& args, const Message& message)
     if (!face.IsKnown())
         return;
     ReportFace(session.report, face);
+    const std::vector<std::uint8_t> file = FileOf(message);
     if (args.Has("--preview")) {
         Preview preview(face.size);
-        preview.AddFile(FileOf(message));
+        preview.AddFile(file);
         preview.Print(session.report);
     }
-    CheckFit(session, args, message, face);
+    ReportFit(session.report, file, face.size, args.Has("--must-fit"));
 }
 
 #else
 
-void CheckFit(Session& /*session*/, const Args& args, const Message& /*message*/, const WantedFace& /*face*/)
+void CheckFit(Session& /*session*/, const Args& args, const Message& /*message*/, const FaceSize& /*face*/)
 {
     if (args.Has("--must-fit"))
         throw UsageError("this vxctl was built without a face: it knows nothing that fits");

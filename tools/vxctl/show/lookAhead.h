@@ -10,7 +10,7 @@ inline constexpr Argument kMustFit = Flag("--must-fit", "refuse a text that does
 
 // Says what of the message does not fit the face, and puts how it lies there into the report. Throws UsageError when it
 // does not fit and --must-fit is given.
-void CheckFit(Session& session, const Args& args, const Message& message, const WantedFace& face);
+void CheckFit(Session& session, const Args& args, const Message& message, const FaceSize& face);
 
 // The same for the face of the sign, with a picture of it for --preview.
 void LookAhead(Session& session, const Args& args, const Message& message);

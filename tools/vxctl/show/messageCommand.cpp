@@ -12,7 +12,7 @@ std::uint32_t MakeMessage(Session& session, const Args& args)
 {
     const Message message = MessageOf(args);
     if (args.Has("--size"))
-        CheckFit(session, args, message, {ParseFaceSize(args.Text("--size")), "--size"});
+        CheckFit(session, args, message, ParseFaceSize(args.Text("--size")));
     const LocalTarget target(args.Text("--out"), "message.nmg");
     WriteMessage(message, target.Temporary().string());
     target.Keep();

@@ -62,8 +62,9 @@ void Add(Session& session, const Args& args, const WantedFace& face, Preview& pr
     if (!args.Has("--text") && IsFile(args.Text("WHAT")))
         return AddFile(session, args, face.size, preview);
     const Message message = MessageOf(args, "WHAT");
-    preview.AddFile(FileOf(message));
-    CheckFit(session, args, message, face);
+    const std::vector<std::uint8_t> file = FileOf(message);
+    preview.AddFile(file);
+    ReportFit(session.report, file, face.size, args.Has("--must-fit"));
 }
 
 std::string Source(const WantedFace& face)

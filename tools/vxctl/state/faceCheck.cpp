@@ -6,7 +6,6 @@
 
 #include <vxsign/video.h>
 
-#include <algorithm>
 #include <array>
 
 namespace vxctl {
@@ -65,11 +64,6 @@ bool TellLight(const FaceState& face, Findings& findings)
     return false;
 }
 
-bool ShowsSignals(const FaceState& face)
-{
-    return face.shows && std::ranges::find(*face.shows, "signals") != face.shows->end();
-}
-
 } // namespace
 
 void ExamineFace(Findings& findings)
@@ -78,7 +72,7 @@ void ExamineFace(Findings& findings)
     const bool isCovered = TellCovers(face, findings);
     const bool isDim = TellLight(face, findings);
     const std::string playing = PlayingFile();
-    if (ShowsSignals(face)) {
+    if (face.Shows("signals")) {
         if (!isCovered && !isDim)
             findings.Add(std::string(kFace), "shows the signals of the controller");
     } else if (playing.empty()) {

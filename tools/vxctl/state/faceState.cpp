@@ -182,7 +182,7 @@ std::span<const Cover> AllCovers()
 std::optional<bool> IsThere(const Cover& cover, const FaceState& face)
 {
     if (face.shows)
-        return std::ranges::find(*face.shows, cover.name) != face.shows->end();
+        return face.Shows(cover.name);
     if (cover.ask == nullptr)
         return std::nullopt;
     return cover.ask();

@@ -4,6 +4,7 @@
 #include "vxctl/cli/faceSize.h"
 #include "vxctl/cli/report.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -21,6 +22,9 @@ struct FaceState
     std::optional<std::uint32_t> light; // eighths
     bool isLightFixed = false;
     std::optional<std::vector<std::string>> shows; // names of what is to be seen
+
+    // False too when the sign does not tell.
+    bool Shows(std::string_view name) const { return shows && std::ranges::find(*shows, name) != shows->end(); }
 };
 
 // Throws SignFailure when the line fails.
