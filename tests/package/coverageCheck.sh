@@ -8,7 +8,7 @@ export LC_ALL=C
 headers=$1
 tests=$2
 
-declared=$("$(dirname "$0")/declared.sh" "$headers" | sort -u)
+declared=$("$(dirname "$0")/exports.py" "$headers" | sort -u)
 called=$(find "$tests" -name '*.[ch]*' ! -name '*.c' ! -name argumentsTest.cpp -exec cat {} + |
     sed -e 's@//.*@@' | grep -oE '\bvx[A-Za-z_0-9]+ *\(' | tr -d ' (' | sort -u)
 # Names that the tests hand on instead of calling them.

@@ -8,7 +8,7 @@ nm=$1
 library=$2
 headers=$3
 
-declared=$("$(dirname "$0")/declared.sh" "$headers" | sort)
+declared=$("$(dirname "$0")/exports.py" "$headers" | sort)
 exported=$("$nm" --dynamic --defined-only "$library" | awk '{ print $NF }' | sort)
 
 result=0
