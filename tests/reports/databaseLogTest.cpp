@@ -145,11 +145,12 @@ TEST_F(DatabaseLogs, ColumnsOfARow)
         SCOPED_TRACE(text);
         const Pattern pattern(RowExpression(table.columns.size()).c_str());
         std::vector<Bytes> records;
-        TakeRows(pattern, (text + text + "<1>").c_str(), 3, [&](const Groups& groups) {
-            records.emplace_back(record.size());
-            for (std::size_t i = 0; i < table.columns.size(); ++i)
-                table.columns[i].Put(records.back().data(), groups[i + 1]);
-        });
+        TakeRows(pattern, (text + text + "<1>").c_str(), 3,
+                 [&, &table = table, &record = record](const Groups& groups) {
+                     records.emplace_back(record.size());
+                     for (std::size_t i = 0; i < table.columns.size(); ++i)
+                         table.columns[i].Put(records.back().data(), groups[i + 1]);
+                 });
         EXPECT_EQ(records, (std::vector{record, record}));
     }
 }

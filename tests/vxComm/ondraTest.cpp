@@ -185,7 +185,7 @@ TEST_F(SecondTiles, BurnThatDoesNotBegin)
         sign.Renew();
         Play(sign, ". +01");
         const std::uint64_t start = clock.SleptMs();
-        sign.otherwise = [&](const Packet&) {
+        sign.otherwise = [&, changeMs = changeMs, abortMs = abortMs](const Packet&) {
             const std::uint64_t gone = clock.SleptMs() - start;
             sign.Config().abortFlag = gone >= abortMs ? 1 : 0;
             return Good({}, {static_cast<std::uint8_t>(std::min(gone, changeMs) / 100'000), 4, 0, 0});
