@@ -68,13 +68,6 @@ std::vector<FaceArea> ParseGrid(std::string_view text, unsigned width, unsigned 
     return areas;
 }
 
-std::string FormatArea(const FaceArea& area)
-{
-    std::string text = std::to_string(area.left);
-    text.append(",").append(std::to_string(area.top)).append(",").append(std::to_string(area.width));
-    return text.append("x").append(std::to_string(area.height));
-}
-
 void StoreArea(std::span<std::uint8_t, kFaceAreaSize> record, const FaceArea& area)
 {
     std::size_t at = 0;

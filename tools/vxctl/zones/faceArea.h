@@ -31,8 +31,6 @@ inline constexpr ArgumentType kFaceArea{"X,Y,WxH", Checked<ParseArea>};
 // Throws UsageError for no grid, or one that the face has too few pixels for.
 std::vector<FaceArea> ParseGrid(std::string_view text, unsigned width, unsigned height);
 
-std::string FormatArea(const FaceArea& area);
-
 // The four numbers of 16 bits in a record, in the order above.
 inline constexpr std::size_t kFaceAreaSize = 8;
 void StoreArea(std::span<std::uint8_t, kFaceAreaSize> record, const FaceArea& area);
