@@ -21,22 +21,13 @@ fs::path seeds;
 
 } // namespace
 
-Bytes operator+(Bytes left, const Bytes& right)
-{
-    left.insert(left.end(), right.begin(), right.end());
-    return left;
-}
-Bytes Word(std::size_t value)
-{
-    return {static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8)};
-}
 Bytes Block(const Bytes& bytes)
 {
     return Word(bytes.size()) + bytes;
 }
 Bytes Text(std::string_view text)
 {
-    return Bytes(text.begin(), text.end()) + Bytes{0};
+    return test::FromText(text) + Bytes{0};
 }
 
 void SeedInto(const fs::path& folder)

@@ -5,6 +5,7 @@
 #include "fuzz/support.h"
 #include "sim/stage/stage.h"
 #include "sim/virtualSign.h"
+#include "support/bytes.h"
 
 #include <filesystem>
 #include <memory>
@@ -13,8 +14,12 @@
 
 namespace vxsign::fuzz {
 
-Bytes operator+(Bytes left, const Bytes& right);
-Bytes Word(std::size_t value);
+using test::operator+;
+
+inline Bytes Word(std::size_t value)
+{
+    return test::Little(static_cast<std::uint32_t>(value), 2);
+}
 /// Its length and the bytes, as Input::Block reads them.
 Bytes Block(const Bytes& bytes);
 /// A text and its end.

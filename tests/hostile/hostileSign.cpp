@@ -59,10 +59,10 @@ Bytes Words(Random& random, std::size_t count)
     return made;
 }
 
-std::size_t AnyLength(Random& random, std::size_t most)
+std::size_t AnyLength(Random& random)
 {
     constexpr std::size_t kTypical[] = {0, 0, 16, 100, 768, 4700};
-    return random.Below(std::min(most, kTypical[random.Below(std::size(kTypical))]) + 1);
+    return random.Below(kTypical[random.Below(std::size(kTypical))] + 1);
 }
 
 std::int32_t Read(vxApiConfig* /*config*/, std::uint8_t* buffer, std::uint32_t capacity, std::uint32_t timeoutMs)
@@ -107,7 +107,7 @@ Bytes HostileFile(Random& random)
         made.insert(made.end(), beginning.begin(), beginning.end());
     for (std::size_t changes = random.Below(4); !made.empty() && changes != 0; --changes)
         made[random.Below(made.size())] = static_cast<std::uint8_t>(random.Below(256));
-    const Bytes rest = random.Chance(50) ? Words(random, random.Below(200)) : Some(random, AnyLength(random, 4700));
+    const Bytes rest = random.Chance(50) ? Words(random, random.Below(200)) : Some(random, AnyLength(random));
     made.insert(made.end(), rest.begin(), rest.end());
     return made;
 }
@@ -125,7 +125,7 @@ Bytes HostileReply(const Bytes& request, Random& random, std::size_t mostBytes)
     Bytes payload = random.Chance(60) ? Words(random, random.Below(12)) : Some(random, random.Below(1021));
     if (random.Chance(10))
         payload = Packet{request}.Payload();
-    Bytes extended = random.Chance(50) ? HostileFile(random) : Some(random, AnyLength(random, 4700));
+    Bytes extended = random.Chance(50) ? HostileFile(random) : Some(random, AnyLength(random));
     extended.resize(std::min(extended.size(), mostBytes - 16 - 4 * ((payload.size() + 3) / 4)));
     Bytes reply = MakeReply({request}, status, payload, extended);
     if (mostBytes == kAnyReply && random.Chance(4))
