@@ -54,7 +54,7 @@ TEST_F(Control, AResetDarkensTheFaceAndPlaysAnew)
 
     // A list that comes during a reset waits for its end.
     Expect(0, {{4, 0}});
-    PutFile("C:\\SEQUENT.SYS", List({"BLUE.BMP"}));
+    PutFile("C:\\SEQUENT.SYS", FlatList({"BLUE.BMP"}));
     Film({{23999, {}, "."}, {24000, {}, "B"}});
 }
 

@@ -158,15 +158,15 @@ TEST(SignDatabase, AFileThatIsLockedAtTheStartIsNotReplaced)
 
 TEST_F(Database, PlaysAreCountedByFile)
 {
-    PutFile("D:\\T\\RED.BMP", Dot(255, 0, 0));
-    PutFile("D:\\T\\GREEN.BMP", Dot(0, 255, 0));
-    PutFile("C:\\SEQUENT.SYS", List({"RED.BMP", "GREEN.BMP"}));
+    PutFile("D:\\T\\RED.BMP", Dot(kRed));
+    PutFile("D:\\T\\GREEN.BMP", Dot(kGreen));
+    PutFile("C:\\SEQUENT.SYS", FlatList({"RED.BMP", "GREEN.BMP"}));
     for (std::uint64_t ms = 0; ms <= 10000; ms += 500)
         stage->KeepUp(ms);
     const std::string sql = "select WinID,GroupName,FileName,Time,PlayTimes,TotalSeconds from PlayLog";
     EXPECT_EQ(RowsOf(sql), "<1><SEQUENT><D:\\T\\RED.BMP><2020-05-13 10:20:36><2><6>"
                            "<1><SEQUENT><D:\\T\\GREEN.BMP><2020-05-13 10:20:33><1><3>");
-    PutFile("C:\\SEQUENT.SYS", List({"RED.BMP"})); // a list of one file has turns too
+    PutFile("C:\\SEQUENT.SYS", FlatList({"RED.BMP"})); // a list of one file has turns too
     for (std::uint64_t ms = 10500; ms <= 17000; ms += 500)
         stage->KeepUp(ms);
     EXPECT_EQ(RowsOf("select PlayTimes from PlayLog"), "<4><2>");

@@ -105,7 +105,7 @@ TEST_F(KeptScenes, OfPicturesZonesTickersAndSignals)
 {
     Rebuild(128, 32);
     PutSunset("D:\\T\\SUNSET.PNG", 256, 64);
-    PutFile("C:\\SEQUENT.SYS", List({"SUNSET.PNG"}));
+    PutFile("C:\\SEQUENT.SYS", FlatList({"SUNSET.PNG"}));
     ExpectKept("picture", stage->Draw(0));
 
     Expect(0, {{54, 1, {1, 0, 0, 0}, Bytes{0, 0, 0, 2, 0, 0, 0, 0} + Area(0, 0, 88, 32) + Area(88, 8, 40, 16)},

@@ -55,8 +55,8 @@ TEST_F(PlayControl, MovesWithinATurnAndFromPageToPage)
     PutFile("D:\\T\\A.NMG", Text("QZ00SAX\x1C"
                                  "1\x0E"
                                  "20008A\fB\fC"));
-    PutFile("D:\\T\\RED.BMP", Dot(255, 0, 0));
-    PutFile("C:\\SEQUENT.SYS", List({"A.NMG", "RED.BMP"}));
+    PutFile("D:\\T\\RED.BMP", Dot(kRed));
+    PutFile("C:\\SEQUENT.SYS", FlatList({"A.NMG", "RED.BMP"}));
     At(100000); // 24 seconds of A, B and C: to 8, from 9 to 16, from 17 back to 12, from 12.5 to 17.5
     Film({{101000, {6, 12}}, {102000, {6, 12}}, {103000, {6, 11}}, {103500, {6, 10}}});
     EXPECT_EQ(Name(109999), "D:\\T\\A.NMG");
@@ -69,7 +69,7 @@ TEST_F(PlayControl, MovesWithinATurnAndFromPageToPage)
 TEST_F(PlayControl, APriorityFilePlaysOnceWhereverItIs)
 {
     PlayThree();
-    PutFile("E:\\P\\WHITE.BMP", Dot(255, 255, 255));
+    PutFile("E:\\P\\WHITE.BMP", Dot(kWhite));
     PutFile("E:\\P\\BAD.BMP", Text("no picture"));
     Film({{0, {}, "R"}, {1000, Priority('E', 'P', "WHITE.BMP")}});
     EXPECT_EQ(Name(1000), "E:\\P\\WHITE.BMP");
@@ -84,7 +84,7 @@ TEST_F(PlayControl, APriorityFilePlaysOnceWhereverItIs)
 TEST_F(PlayControl, ListsByNumberAndBackToTheMainOne)
 {
     PlayThree();
-    PutFile("C:\\PLAYLIST\\SEQUENT3.SYS", List({"BLUE.BMP"}));
+    PutFile("C:\\PLAYLIST\\SEQUENT3.SYS", FlatList({"BLUE.BMP"}));
     EXPECT_EQ(At(0), kRed);
     ExpectPayload({255, 0, 0, 0}, {{6, 29}});
     Film({{500, {6, 24, {3, 0, 0, 0}}}});
@@ -94,11 +94,11 @@ TEST_F(PlayControl, ListsByNumberAndBackToTheMainOne)
     Film({{4000, {6, 1}, "B", "from the start of the same list"},
           {5000, {6, 24, {255, 0, 0, 0}}, "R"},
           {6000, {6, 24, {3, 0, 0, 0}}}});
-    PutFile("C:\\playlist\\sequent3.sys", List({"RED.BMP"}));
+    PutFile("C:\\playlist\\sequent3.sys", FlatList({"RED.BMP"}));
     EXPECT_EQ(At(6500), kRed) << "a new file of the list that plays";
-    PutFile("C:\\PLAYLIST\\SEQUENT4.SYS", List({"BLUE.BMP"}));
+    PutFile("C:\\PLAYLIST\\SEQUENT4.SYS", FlatList({"BLUE.BMP"}));
     EXPECT_EQ(At(6600), kRed);
-    PutFile("C:\\SEQUENT.SYS", List({"GREEN.BMP"}));
+    PutFile("C:\\SEQUENT.SYS", FlatList({"GREEN.BMP"}));
     EXPECT_EQ(At(6700), kGreen);
     ExpectPayload({255, 0, 0, 0}, {{6, 29}});
     Expect(0, {{7, 6, Path("C:\\SEQUENT.SYS")}});
@@ -107,10 +107,10 @@ TEST_F(PlayControl, ListsByNumberAndBackToTheMainOne)
 
 TEST_F(PlayControl, SchedulesFollowTheClockOfTheSign)
 {
-    PutFile("D:\\T\\RED.BMP", Dot(255, 0, 0));
-    PutFile("D:\\T\\BLUE.BMP", Dot(0, 0, 255));
+    PutFile("D:\\T\\RED.BMP", Dot(kRed));
+    PutFile("D:\\T\\BLUE.BMP", Dot(kBlue));
     // Red: Fridays in December 1999 from 23:59 to 23:59; blue: from the year 2000 on, weekends.
-    Bytes list = List({"RED.BMP", "BLUE.BMP"});
+    Bytes list = FlatList({"RED.BMP", "BLUE.BMP"});
     const Bytes red{0x20, 0x99, 0x19, 0x12, 0x01, 0x23, 0x59, 1, 1, 0x99, 0x19, 0x12, 0x31, 0x23, 0x59, 1, 1};
     const Bytes blue{0x41, 0x00, 0x20, 0x01, 0x01, 0, 0, 1, 0};
     std::copy(red.begin(), red.end(), list.begin() + 8 + 3);

@@ -136,7 +136,7 @@ TEST_F(PlayerCore, PropertiesAndProjects)
     EXPECT_EQ(PayloadOf(Ask(122, 8)), (Bytes{33, 1, 0, 0}));
     EXPECT_EQ(CodeOf(Ask(122, 7, {4, 0, 2, 0, 8, 0, 0, 0}, Text("SHOP"))), 0U);
     EXPECT_EQ(PayloadOf(Ask(122, 8)), (Bytes{50, 1, 0, 0}));
-    PutFile("D:\\T\\GONE.BMP", Dot(1, 1, 1));
+    PutFile("D:\\T\\GONE.BMP", Dot({1, 1, 1}));
     EXPECT_EQ(PayloadOf(Ask(122, 8)), (Bytes{100, 2, 0, 0}));
     Rebuild(16, 16);
     Film({{0, Play({"", "", ""}, 0), "B", "the project told of last, and its start program"}});

@@ -79,8 +79,8 @@ TEST_F(Ticker, UploadsComeInChunksInTheirOrder)
 
 TEST_F(Ticker, TheOfflineTickerRepeatsWhatTheBuffersHold)
 {
-    PutFile("D:\\T\\BLUE.BMP", Dot(0, 0, 255));
-    PutFile("C:\\SEQUENT.SYS", List({"BLUE.BMP"}));
+    PutFile("D:\\T\\BLUE.BMP", Dot(kBlue));
+    PutFile("C:\\SEQUENT.SYS", FlatList({"BLUE.BMP"}));
     Film({{0, {9, 1, {1, 0, 0, 0}}}, {500, {}, kEmpty, "nothing to show"}, {500, {8, 1, {1, 0, 0, 0}}}});
     Expect(0, {Chunk(kBlock), Chunk(kBlank), {8, 2}});
     Film({{10000, {9, 1, {1, 0, 0, 2}}}, // two rounds of 32 pixels

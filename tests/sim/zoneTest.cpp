@@ -97,7 +97,7 @@ TEST_F(Zones, PagesTakeTurns)
     // turn.
     std::filesystem::remove(folder.path / "D/T/RED.BMP");
     EXPECT_EQ(Seen(15000), "");
-    PutFile(kRedFile, Dot(0, 255, 0));
+    PutFile(kRedFile, Dot(kGreen));
     EXPECT_EQ(Seen(16000), "G7,7 ");
     Expect(0, {Divide(1, {}), Divide(3, {}), Divide(4, {})});
     EXPECT_EQ(Seen(18000), "G7,7 ") << "without a page the list is seen, whose first file is green now";

@@ -6,6 +6,7 @@
 #include "sim/state/condition.h"
 #include "sim/virtualSign.h"
 #include "support/bytes.h"
+#include "support/playFiles.h"
 #include "support/tempFolder.h"
 
 #include <algorithm>
@@ -226,31 +227,13 @@ protected:
         }
     }
 
-    // A BMP of one pixel, which is shown in the middle.
-    static Bytes Dot(std::uint8_t red, std::uint8_t green, std::uint8_t blue)
-    {
-        return Bytes{'B', 'M', 58, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0, 40, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 24, 0} +
-               Bytes(24, 0) + Bytes{blue, green, red, 0};
-    }
-
     // Red, green and blue, three seconds each.
     void PlayThree()
     {
-        PutFile("D:\\T\\RED.BMP", Dot(255, 0, 0));
-        PutFile("D:\\T\\GREEN.BMP", Dot(0, 255, 0));
-        PutFile("D:\\T\\BLUE.BMP", Dot(0, 0, 255));
-        PutFile("C:\\SEQUENT.SYS", List({"RED.BMP", "GREEN.BMP", "BLUE.BMP"}));
-    }
-
-    static Bytes List(const std::vector<std::string>& names)
-    {
-        Bytes list{'S', 'Q', 4, 0, static_cast<std::uint8_t>(names.size()), 0, 0, 0};
-        for (const std::string& name : names) {
-            Bytes field = Text(name);
-            field.resize(12);
-            list = list + Bytes{'D', 'T', 15, 255} + Bytes(20, 0) + field;
-        }
-        return list;
+        PutFile("D:\\T\\RED.BMP", Dot(kRed));
+        PutFile("D:\\T\\GREEN.BMP", Dot(kGreen));
+        PutFile("D:\\T\\BLUE.BMP", Dot(kBlue));
+        PutFile("C:\\SEQUENT.SYS", FlatList({"RED.BMP", "GREEN.BMP", "BLUE.BMP"}));
     }
 
     vxsim::Rgb At(std::uint64_t nowMs, int x = 7, int y = 7) { return stage->Draw(nowMs).At(x, y); }

@@ -2,6 +2,7 @@
 #include "faceSamples.h"
 
 #include "sim/content/player.h"
+#include "support/playFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -10,12 +11,7 @@
 namespace vxsim::test {
 namespace {
 
-// A BMP of one pixel.
-Bytes Dot(Rgb colour)
-{
-    return Bytes{'B', 'M', 58, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0, 40, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 24, 0} +
-           Bytes(24, 0) + Bytes{colour.blue, colour.green, colour.red, 0};
-}
+using vxsign::test::Dot;
 
 // A message of blocks that fill a glyph's whole cell, for two seconds unless told otherwise.
 Bytes Blocks(std::string_view text, std::string_view head = "\x0E"
@@ -29,14 +25,7 @@ class PlayerTest : public ::testing::Test
 protected:
     void Write(const std::string& name, const Bytes& bytes) { temp.Write(name, vxsign::test::ToText(bytes)); }
 
-    // A flat list of files in folder T of drive D.
-    void WriteList(const std::vector<std::string>& names)
-    {
-        Bytes list = BytesOf("SQ") + Bytes{4, 0} + vxsign::test::Little(static_cast<std::uint32_t>(names.size()), 4);
-        for (const std::string& name : names)
-            list = list + Bytes{'D', 'T', 15, 255} + Bytes(20, 0) + vxsign::test::Padded(name, 12);
-        Write("SEQUENT.SYS", list);
-    }
+    void WriteList(const std::vector<std::string>& names) { Write("SEQUENT.SYS", vxsign::test::FlatList(names)); }
 
     // A list of BMPs in folder T made in memory, and a player whose clock shows the minutes since 2008-03-15 06:00.
     static SequenceItem Item(const std::string& name, std::uint8_t playTimes = 1, std::vector<Schedule> schedules = {})
