@@ -83,15 +83,22 @@ def prepare():
         sys.exit("the committed tree does not build")
 
 
+def build(*targets):
+    """Whether they compile now."""
+    return run(["cmake", "--build", "--preset", "asan", "--target", *targets]) == 0
+
+
 def noticed(top):
-    """Whether a test fails now."""
+    """What fails now, None if nothing does; only what runs next is built. Raises SyntaxError when the change does not compile."""
     environment = dict(os.environ, GTEST_FAIL_FAST="1", GTEST_BRIEF="1")
     for binary in UNIT_TESTS[top]:
+        if not build(binary):
+            raise SyntaxError
         if run([BUILD / "bin" / binary], TEST_SECONDS, env=environment):
             return binary
-    if run(["ctest", "--preset", "asan", "-L", "e2e", "--stop-on-failure"], TEST_SECONDS):
-        return "end to end"
-    return None
+    if not build("vxctl", "vxsim"):
+        raise SyntaxError
+    return "end to end" if run(["ctest", "--preset", "asan", "-L", "e2e", "--stop-on-failure"], TEST_SECONDS) else None
 
 
 def main():
@@ -117,15 +124,16 @@ def main():
         lines = original.split("\n")
         before, lines[number] = lines[number], changed
         (COPY / name).write_text("\n".join(lines))
-        targets = [*UNIT_TESTS[top], "vxctl", "vxsim"]
-        if run(["cmake", "--build", "--preset", "asan", "--target", *targets]) == 0:
-            tried += 1
+        try:
             by = noticed(top)
+            tried += 1
             caught += by is not None
             mark = f"noticed by {by}" if by else "NOT NOTICED"
             print(f"{tried:4} {mark}: {name}:{number + 1} {kind}", flush=True)
             if not by:
                 print(f"     - {before.strip()}\n     + {changed.strip()}", flush=True)
+        except SyntaxError:
+            pass
         (COPY / name).write_text(original)
     print(f"{caught} of {tried} noticed")
 
