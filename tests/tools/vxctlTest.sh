@@ -468,6 +468,8 @@ says out "time,type,operation,user,outcome"
 expect 0 log system --limit 12 --json
 member 4 rows 11 type
 [ "$(grep -o '"type"' "$work/out" | wc -l)" -eq 12 ] || fail "--limit gave other than 12 rows"
+expect 0 log system --limit 3
+! grep -q "no rows" "$work/out" || fail "a log of three rows is said to have none"
 expect 0 log play
 wait "$check" || fail "the pixel check ended with $?"
 cp "$work/pixels" "$work/out"
