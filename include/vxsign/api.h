@@ -53,6 +53,12 @@ typedef void (*vxOnTempPath)(struct vxApiConfig* config, char* buffer, uint32_t 
  * after about twice that. It counts reads rather than time, though: the header of a reply with nothing behind it makes
  * a try last up to twice timeoutMs over a channel, with onRead up to four times timeoutMs and half a second.
  *
+ * A call makes an exchange for each piece of what it moves or waits for, of up to retries tries, and ends with the
+ * first that fails; some go on to a second and a third. So a sign that never answers holds a call for the time of a few
+ * exchanges, and one that answers for as many as it announces: pieces of a file of up to 4 GB, rows of a table, polls
+ * of a task. Where a header gives no bound of its own, onProgress is the place for the caller's: there it may set
+ * abortFlag.
+ *
  * A TCP connection that is not made within retries x timeoutMs gives VX_COMMUNICATION.
  *
  * abortFlag ends whatever waits: for a connection, for an answer, for room to write, between two polls of a long

@@ -60,7 +60,8 @@ VXSIGN_API uint32_t vxDirectTileCMD(uint8_t command, uint8_t port, uint16_t tile
 
 /* Reads a file of a tile. VX_NO_RECORD when a local file cannot be made or written, VX_NO_MAGIC when what comes does
  * not begin like a file or would have 4 GB and more. A tile that sends less than it announced leaves a shorter file. A
- * calibration that cannot be converted is no failure; then only the tile's form is there. extra is the tile's. */
+ * calibration that cannot be converted is no failure; then only the tile's form is there. extra is the tile's. A tile
+ * is asked for as many pieces of 264 bytes as it announces, with onProgress behind each: millions, if it says so. */
 VXSIGN_API uint32_t vxDirectTileReadFileEx(const char* path, uint8_t fileType, uint8_t port, uint16_t tile,
                                            uint8_t extra);
 

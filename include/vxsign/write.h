@@ -40,7 +40,8 @@ VXSIGN_API uint32_t vxWriteSpecFileEx(const char* path, const char* local);
  * VX_COMMUNICATION. The acknowledgement of a packet with id 0, once in the 65536 packets of a process, does not count
  * by rule: such a transfer ends with VX_COMMUNICATION (retries + 1) x 4 seconds behind its last acknowledgement. Send
  * the file once more then; one of 65535 packets and more needs vxWriteSpecFileEx. A file of one packet is sent twice.
- */
+ * Behind its last acknowledgement a window lasts (retries + 2) x 4 seconds at most. Through onRead it looks without
+ * waiting, every 5 ms while nothing comes. */
 VXSIGN_API uint32_t vxWriteFileOptimize(const char* path, const char* local);
 
 /* Data flash contents: size bytes, the file's size if 0. A size beyond the file's end sends empty packets for the rest.

@@ -14,7 +14,9 @@ VXSIGN_BEGIN
 
 /* Sends the file at path in blocks of 128 bytes, the last one filled up with 0x1A, once the receiver has asked for
  * them: with 'C' for blocks with a CRC, with NAK for blocks with a checksum. Each step is tried up to retries times
- * for timeoutMs. onProgress is called behind each block that the receiver has confirmed, and counts those alone.
+ * for timeoutMs: ten steps for the receiver to ask, 20 for each block, and 11 more for one that it goes on refusing.
+ * Behind a block that was confirmed silence ends the next one after one step. onProgress is called behind each block
+ * that the receiver has confirmed, and counts those alone.
  *
  * VX_OPEN_FILE, with nothing sent, when the file cannot be opened. VX_UPGRADE_FAILED when the receiver does not ask, or
  * goes on refusing a block. Any other end gives VX_OK, also one without success: after "Fatal Error!" the receiver

@@ -37,9 +37,25 @@ constexpr std::string_view kBeginnings[] = {
 };
 
 constexpr std::size_t kMostWrites = 300; // of one call; then the sign falls silent
+
+// How the line of a call behaves.
+enum class Manner
+{
+    kAnswers,  // at once
+    kTrickles, // a byte every 7 ms
+    kDrips,    // a byte at the end of each read's time, of a reply that is as long as a header can say
+    kFloods,   // replies to another request, one behind the other, without end
+    kStops,    // announces a length, and nothing follows
+    kSilent,
+    kManners
+};
+
 thread_local Random* randomOfSign = nullptr;
 thread_local Bytes waiting; // the reply, as far as it has not been read
 thread_local std::size_t writes = 0;
+thread_local auto manner = Manner::kAnswers;
+thread_local std::uint64_t madeAtMs = 0;
+thread_local std::uint64_t sleptBeforeMs = 0;
 
 Bytes Some(Random& random, std::size_t size)
 {
@@ -65,6 +81,24 @@ std::size_t AnyLength(Random& random)
     return random.Below(kTypical[random.Below(std::size(kTypical))] + 1);
 }
 
+Bytes ReplyByManner(const Bytes& request)
+{
+    if (manner == Manner::kSilent)
+        return {};
+    Bytes reply = HostileReply(request, *randomOfSign, kAnyReply);
+    if (reply.size() < 16)
+        return reply;
+    if (manner == Manner::kFloods)
+        reply[10] ^= 1; // the id
+    if (manner == Manner::kDrips)
+        reply[4] = reply[5] = reply[14] = 0xFF;
+    if (manner == Manner::kStops) {
+        reply.resize(16);
+        reply[14] |= 1; // something is still to come
+    }
+    return reply;
+}
+
 std::int32_t Read(vxApiConfig* /*config*/, std::uint8_t* buffer, std::uint32_t capacity, std::uint32_t timeoutMs)
 {
     if (Arguments::throws)
@@ -72,6 +106,14 @@ std::int32_t Read(vxApiConfig* /*config*/, std::uint8_t* buffer, std::uint32_t c
     if (waiting.empty() || writes > kMostWrites) {
         FakeClock::Advance(std::max<std::uint32_t>(timeoutMs, 1));
         return randomOfSign->Chance(90) ? 0 : -1;
+    }
+    if (manner != Manner::kAnswers) {
+        FakeClock::Advance(manner == Manner::kTrickles ? std::min(timeoutMs, 7U)
+                           : manner == Manner::kFloods ? 1
+                                                       : timeoutMs);
+        capacity = manner == Manner::kTrickles || manner == Manner::kDrips ? 1 : capacity;
+        if (manner == Manner::kFloods && waiting.size() < kAnyReply)
+            waiting.insert(waiting.end(), waiting.begin(), waiting.end());
     }
     const std::size_t all = std::min<std::size_t>(waiting.size(), capacity);
     const std::size_t size = randomOfSign->Chance(80) ? all : randomOfSign->Below(all + 1);
@@ -87,7 +129,7 @@ std::int32_t Write(vxApiConfig* config, const std::uint8_t* bytes, std::uint32_t
     if (randomOfSign->Chance(1) && randomOfSign->Chance(10))
         config->abortFlag = 1;
     ++writes;
-    waiting = HostileReply(Bytes(bytes, bytes + length), *randomOfSign, kAnyReply);
+    waiting = ReplyByManner(Bytes(bytes, bytes + length));
     return static_cast<std::int32_t>(length);
 }
 
@@ -139,7 +181,7 @@ vxApiConfig HostileSign::Config(Random& random)
     vxApiConfig config = {};
     config.kind = static_cast<std::uint32_t>(random.Below(3));
     config.retries = static_cast<std::uint32_t>(random.Below(4));
-    config.timeoutMs = 50;
+    config.timeoutMs = 50 + static_cast<std::uint32_t>(random.Below(3) * 475);
     config.dataSize = static_cast<std::uint16_t>(random.Number());
     config.onRead = Read;
     config.onWrite = Write;
@@ -151,8 +193,22 @@ HostileSign::HostileSign(Random& random)
 {
     writes = 0;
     waiting.clear();
+    manner = random.Chance(60) ? Manner::kAnswers
+                               : static_cast<Manner>(random.Below(static_cast<std::uint64_t>(Manner::kManners)));
     const vxApiConfig config = Config(random);
     vxInitAPI(&config);
+    madeAtMs = FakeClock::NowMs();
+    sleptBeforeMs = FakeClock::SleptMs();
+}
+
+// A try lasts up to four times timeoutMs and half a second.
+bool HostileSign::KeptItsTime(const Bound& bound)
+{
+    const auto* const config = static_cast<const vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION));
+    const std::uint64_t rested = FakeClock::SleptMs() - sleptBeforeMs;
+    const std::uint64_t waited = FakeClock::NowMs() - madeAtMs - rested;
+    const bool isEnough = manner < Manner::kDrips || writes <= std::uint64_t{bound.exchanges} * config->retries;
+    return isEnough && waited <= (writes + 1) * (4 * std::uint64_t{config->timeoutMs} + 500 + bound.betweenTriesMs);
 }
 
 HostileSign::~HostileSign()

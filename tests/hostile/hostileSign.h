@@ -26,6 +26,16 @@ public:
     HostileSign& operator=(const HostileSign&) = delete;
 
     static vxApiConfig Config(Random& random);
+
+    // What a call may take.
+    struct Bound
+    {
+        std::uint32_t exchanges = 3; // with a sign that never answers what was asked
+        std::uint32_t betweenTriesMs = 0;
+    };
+    // Whether the call waited no longer than the header says, for each request that it sent, and gave up in time. What
+    // it rests between two requests does not count.
+    static bool KeptItsTime(const Bound& bound);
 };
 
 } // namespace vxsign::test

@@ -279,6 +279,12 @@ TEST_F(Window, EndsWhenTheSignStaysSilentOrTheCallerAborts)
         sign.Arrive({Bytes(1536, 0x55)});
     };
     EXPECT_EQ(Write(768 * 3), 20736u);
+
+    // Nor is a caller's line asked all the time.
+    sign.onEmptyRead = {};
+    sign.readWaits.clear();
+    EXPECT_EQ(Write(768 * 3), 20736u);
+    EXPECT_LT(sign.readWaits.size(), 12000u / 5 + 200);
 }
 
 // The packet that gets id 0 has no slot, so that its acknowledgement is never counted.

@@ -3,6 +3,7 @@
 #include "vxComm/Write/vxWriteLED.h"
 
 #include "platform/clock.h"
+#include "platform/stop.h"
 
 #include <vxsign/local.h>
 
@@ -141,11 +142,16 @@ std::uint32_t vxWriteLED::SendFileChunk(std::uint32_t number, FileRecord& record
 }
 
 // Nothing has come and nothing is due: rests on the channel until something comes, for a moment at most. Before that it
-// just looks again, as a near sign's answer is there before a sleeper would be awake. Callbacks are asked all the time.
+// just looks again, as a near sign's answer is there before a sleeper would be awake. Callbacks are asked without a
+// time to wait, so the rest is in front of their next look.
 std::uint32_t vxWriteLED::AwaitInput(std::uint32_t looks, std::uint8_t* buffer, std::uint32_t capacity)
 {
-    if (useChannel == 0 || looks < kLooks) {
+    if (looks < kLooks) {
         std::this_thread::yield();
+        return 0;
+    }
+    if (useChannel == 0) {
+        platform::Rest(kRestMs);
         return 0;
     }
     const std::uint64_t start = platform::clock.monotonicMs();

@@ -4,11 +4,10 @@
 #include "vxctl/cli/tables.h"
 #include "vxctl/devices/videoNumbers.h"
 
+#include <vxsign/local.h>
 #include <vxsign/video.h>
 
 #include <algorithm>
-#include <chrono>
-#include <thread>
 
 namespace vxctl {
 
@@ -16,20 +15,20 @@ namespace {
 
 constexpr std::uint8_t kDone = 100;
 constexpr std::uint8_t kHidden = 0; // last argument of a window
-constexpr std::chrono::milliseconds kStep{100};
+constexpr std::uint32_t kStepMs = 100;
 
 // Asks until the MPU is at 100.
 std::uint8_t AwaitTask(Session& session, std::uint32_t task, std::uint32_t seconds)
 {
     const ProgressBar bar("window", session.report.IsJson());
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
+    const std::uint32_t start = vxSysUpTimeMS();
     std::uint8_t progress = 0;
     for (;;) {
         Check(vxMPUProgressByTaskID(task, &progress));
         ProgressBar::OnProgress(nullptr, 0, std::min(progress, kDone));
-        if (progress >= kDone || std::chrono::steady_clock::now() >= end)
+        if (progress >= kDone || vxSysUpTimeMS() - start >= seconds * 1000)
             return progress;
-        std::this_thread::sleep_for(kStep);
+        vxSleep(kStepMs);
     }
 }
 
