@@ -18,7 +18,11 @@ constexpr std::array<std::uint8_t, 8> kPngStart{0x89, 'P', 'N', 'G', 0x0D, 0x0A,
 
 // A scan of a JPEG file can be a few bytes long and still make the decoder visit every pixel. Progressive files as
 // they are made have about ten.
-constexpr int kMostJpegScans = 64;
+constexpr std::size_t kMostJpegScans = 64;
+
+// What a sign shows it unpacks while its hosts wait.
+constexpr std::size_t kMostShownPixels = kMostPicturePixels / 2;
+constexpr std::size_t kMostVisitedPixels = 4 * kMostShownPixels; // by the scans of a JPEG
 
 constexpr int kChannels = 4; // red, green, blue, opacity
 
@@ -40,21 +44,23 @@ bool StartsWith(std::span<const std::uint8_t> bytes, const std::array<std::uint8
     return bytes.size() >= kSize && std::equal(start.begin(), start.end(), bytes.begin());
 }
 
-bool HasTooManyScans(std::span<const std::uint8_t> bytes)
+// 0 but for a JPEG.
+std::size_t CountScans(std::span<const std::uint8_t> bytes)
 {
+    std::size_t scans = 0;
     if (!StartsWith(bytes, kJpegStart))
-        return false;
-    int scans = 0;
+        return scans;
     for (std::size_t i = 1; i < bytes.size() && scans <= kMostJpegScans; ++i)
         scans += bytes[i - 1] == 0xFF && bytes[i] == 0xDA ? 1 : 0;
-    return scans > kMostJpegScans;
+    return scans;
 }
 
 // The size is looked at before anything is decoded.
-std::optional<Pixels> Decode(std::span<const std::uint8_t> bytes)
+std::optional<Pixels> Decode(std::span<const std::uint8_t> bytes, std::size_t mostPixels, std::size_t mostVisited)
 {
+    const std::size_t scans = CountScans(bytes);
     if (!IsPicture(bytes) || bytes.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()) ||
-        HasTooManyScans(bytes))
+        scans > kMostJpegScans)
         return std::nullopt;
     const int size = static_cast<int>(bytes.size());
 
@@ -62,8 +68,10 @@ std::optional<Pixels> Decode(std::span<const std::uint8_t> bytes)
     int channels = 0;
     if (stbi_info_from_memory(bytes.data(), size, &pixels.width, &pixels.height, &channels) == 0)
         return std::nullopt;
-    if (pixels.width < 1 || pixels.height < 1 || pixels.width > kMostPictureSide || pixels.height > kMostPictureSide ||
-        static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height) > kMostPicturePixels)
+    if (pixels.width < 1 || pixels.height < 1 || pixels.width > kMostPictureSide || pixels.height > kMostPictureSide)
+        return std::nullopt;
+    const std::size_t area = static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height);
+    if (area > mostPixels || area * scans > mostVisited)
         return std::nullopt;
 
     pixels.bytes.reset(stbi_load_from_memory(bytes.data(), size, &pixels.width, &pixels.height, &channels, kChannels));
@@ -136,7 +144,7 @@ bool IsPicture(std::span<const std::uint8_t> bytes)
 
 std::optional<Canvas> DecodePicture(std::span<const std::uint8_t> bytes, int width, int height)
 {
-    const std::optional<Pixels> pixels = Decode(bytes);
+    const std::optional<Pixels> pixels = Decode(bytes, kMostShownPixels, kMostVisitedPixels);
     if (!pixels)
         return std::nullopt;
     return Fit(*pixels, width, height);
@@ -144,7 +152,7 @@ std::optional<Canvas> DecodePicture(std::span<const std::uint8_t> bytes, int wid
 
 std::optional<Canvas> DecodeWholePicture(std::span<const std::uint8_t> bytes)
 {
-    const std::optional<Pixels> pixels = Decode(bytes);
+    const std::optional<Pixels> pixels = Decode(bytes, kMostPicturePixels, kMostJpegScans * kMostPicturePixels);
     if (!pixels)
         return std::nullopt;
     const int longest = std::max(pixels->width, pixels->height);

@@ -29,8 +29,8 @@ constexpr std::size_t kLongDateAt = 264;
 constexpr std::size_t kLongTimeAt = 266;
 constexpr std::size_t kLongAttributeAt = 268;
 
-// A folder that holds more is told of in part.
-constexpr std::size_t kMostEntries = 65535;
+// A folder that holds more is told of in part, so that nobody waits long for who lists it.
+constexpr std::size_t kMostEntries = 10000;
 
 std::uint8_t AttributeOf(const DirectoryEntry& entry)
 {

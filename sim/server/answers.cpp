@@ -28,11 +28,20 @@ Replies Answers::ToDatagram(Speech speech, std::span<const std::uint8_t> request
     return replies;
 }
 
-std::optional<Replies> Answers::ToLine(StreamLine& line, std::uint64_t nowMs)
+std::optional<Replies> Answers::ToLine(StreamLine& line, std::uint64_t nowMs, Shares& shares)
 {
     Replies replies;
-    while (const auto frame = line.Finder().Next())
+    line.SetPending(true);
+    while (true) {
+        if (!shares.IsLeft(line.Host()))
+            return replies;
+        const Shares::Spending spending(shares, line.Host());
+        const auto frame = line.Finder().Next();
+        if (!frame)
+            break;
         Add(injector.Apply(sign.Answer(*frame, {nowMs, line.Host(), kFirstConnection + line.Number()})), replies);
+    }
+    line.SetPending(false);
     std::vector<std::uint8_t>& bytes = line.Bytes();
     if (line.Spoken() == Speech::kXmodem) {
         AddBytes(bootLoader->Take(std::exchange(bytes, {}), nowMs), replies);

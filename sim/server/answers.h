@@ -4,6 +4,7 @@
 #include "sim/devices/bootLoader.h"
 #include "sim/devices/modbusDevices.h"
 #include "sim/server/faults.h"
+#include "sim/server/shares.h"
 #include "sim/server/streamLine.h"
 #include "sim/virtualSign.h"
 
@@ -28,8 +29,9 @@ public:
 
     Replies ToDatagram(Speech speech, std::span<const std::uint8_t> request, const Arrival& arrival);
 
-    // To all that the line has received. Nothing if it makes no sense to go on with that line.
-    std::optional<Replies> ToLine(StreamLine& line, std::uint64_t nowMs);
+    // To what the line has received, as long as its host has time left; the line is pending while something is left
+    // over. Nothing if it makes no sense to go on with that line.
+    std::optional<Replies> ToLine(StreamLine& line, std::uint64_t nowMs, Shares& shares);
 
     // What the boot loader says of itself.
     Replies OfBootLoader(std::uint64_t nowMs);

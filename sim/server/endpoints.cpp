@@ -15,7 +15,8 @@ namespace vxsim {
 namespace {
 
 constexpr int kPickTries = 50;
-constexpr int kBacklog = 16;
+constexpr int kBacklog = 1024;
+constexpr int kDatagramRoom = 4 << 20; // or as much of that as the system gives
 
 [[noreturn]] void Fail(const std::string& what)
 {
@@ -69,6 +70,7 @@ bool Endpoints::OpenSockets(std::uint16_t wanted)
     // A port stays usable right after a former sign ended with connections open.
     const int on = 1;
     ::setsockopt(tcp.Get(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+    ::setsockopt(udp.Get(), SOL_SOCKET, SO_RCVBUF, &kDatagramRoom, sizeof kDatagramRoom);
     if (!Bind(tcp, address, wanted) || ::listen(tcp.Get(), kBacklog) != 0)
         return false;
     port = BoundPort(tcp);

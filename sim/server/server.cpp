@@ -16,6 +16,10 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr std::size_t kMostLines = 64;
+constexpr int kMostAccepted = 64;          // in a turn
+constexpr int kMostBatches = 64;           // of datagrams that are read in a turn
+constexpr std::size_t kMostRequests = 256; // datagrams of a host that wait
+constexpr std::size_t kMostHosts = 16;     // that have so many
 constexpr std::size_t kMostWaiting = 1024;
 constexpr std::size_t kMostUnsent = 65536; // on the serial line, which nobody may be reading
 // Silence after which the rest of a broken request is no longer expected.
@@ -76,7 +80,7 @@ void Server::Run(int stop)
 {
     while (true) {
         const auto begin = Clock::now();
-        Prepare(stop, begin);
+        Prepare(stop);
         if (::poll(watched.data(), watched.size(), TimeToWait(begin)) < 0) {
             if (errno == EINTR)
                 continue;
@@ -84,7 +88,9 @@ void Server::Run(int stop)
         }
         if (watched[kStop].revents != 0)
             return;
-        ServePorts(&Server::ServeDatagrams, kUdp);
+        shares.BeginTurn();
+        ServePorts(&Server::ReadDatagrams, kUdp);
+        ServeDatagrams();
         ServeLines();
         ServePorts(&Server::Accept, kTcp);
         if (lines.empty() && waiting.empty() && !tick)
@@ -105,39 +111,67 @@ bool Server::IsFull() const
     return waiting.size() >= kMostWaiting;
 }
 
-// The connection that has been silent longest.
-std::list<StreamLine>::const_iterator Server::Quietest() const
+// Whether what has come on a line can be answered: not as long as its host leaves replies where they are. On the serial
+// line the next host is heard, fetched or not.
+bool Server::CanServe(const StreamLine& line) const
 {
-    return std::ranges::min_element(lines, {}, [this](const StreamLine& line) {
-        return IsSerial(line) ? Clock::time_point::max() : line.LastInput();
-    });
+    return !IsFull() && (IsSerial(line) || !line.HasUnsent());
 }
 
-// When there is room for one more connection: at once, or as soon as one has been silent so long that it makes room.
-Clock::time_point Server::RoomSince() const
+bool Server::HasWork() const
 {
-    return lines.size() < kMostLines ? Clock::time_point() : Quietest()->LastInput() + settings.idle;
+    return (!requests.empty() && !IsFull()) ||
+           std::ranges::any_of(lines, [this](const StreamLine& line) { return line.IsPending() && CanServe(line); });
 }
 
-void Server::Prepare(int stop, Clock::time_point now)
+// The connection that has been silent longest, of a host or of all of them.
+std::list<StreamLine>::const_iterator Server::Quietest(std::optional<std::uint32_t> host) const
 {
-    // A host that does not fetch its replies is not heard until it does.
+    const auto since = [&](const StreamLine& line) {
+        return IsSerial(line) || (host && line.Host() != *host) ? Clock::time_point::max() : line.LastInput();
+    };
+    return std::ranges::min_element(lines, {}, since);
+}
+
+// Whoever has been silent long enough makes room, or else the host with the most connections, if those are more than
+// the other one would then have.
+bool Server::MakeRoomFor(std::uint32_t host)
+{
+    if (lines.size() < kMostLines)
+        return true;
+    auto leaving = Quietest(std::nullopt);
+    if (leaving->LastInput() + settings.idle > Clock::now()) {
+        std::map<std::uint32_t, std::size_t> counts{{host, 1}};
+        for (const StreamLine& line : lines)
+            ++counts[line.Host()];
+        const auto most = std::ranges::max_element(counts, {}, [](const auto& count) { return count.second; });
+        if (most->second <= counts[host])
+            return false;
+        leaving = Quietest(most->first);
+    }
+    lines.erase(leaving);
+    return true;
+}
+
+void Server::Prepare(int stop)
+{
     const auto input = static_cast<short>(IsFull() ? 0 : POLLIN);
     watched.clear();
     watched.push_back({stop, POLLIN, 0});
-    const bool accepts = !acceptPaused && RoomSince() <= now;
     for (const Port& port : ports) {
         watched.push_back({port.at->udp.Get(), input, 0});
-        watched.push_back({accepts ? port.at->tcp.Get() : -1, POLLIN, 0});
+        watched.push_back({!acceptPaused ? port.at->tcp.Get() : -1, POLLIN, 0});
     }
     for (const StreamLine& line : lines) {
-        const short serialInput = IsSerial(line) ? input : short{0}; // the next host is heard, fetched or not
-        watched.push_back({line.Get(), line.HasUnsent() ? static_cast<short>(POLLOUT | serialInput) : input, 0});
+        const int events = (line.HasUnsent() ? POLLOUT : 0) | (CanServe(line) && !line.IsPending() ? POLLIN : 0);
+        watched.push_back({line.Get(), static_cast<short>(events), 0});
     }
 }
 
 int Server::TimeToWait(Clock::time_point now) const
 {
+    if (HasWork())
+        return 0;
     auto until = Clock::time_point::max();
     if (!waiting.empty())
         until = waiting.front().due;
@@ -146,11 +180,9 @@ int Server::TimeToWait(Clock::time_point now) const
     if (beside.bootLoader != nullptr)
         until = std::min(until, Clock::time_point(milliseconds(beside.bootLoader->DueMs())));
     for (const StreamLine& line : lines) {
-        if (line.IsWaiting())
+        if (line.IsWaiting() && !line.IsPending())
             until = std::min(until, line.LastInput() + kPartTimeout);
     }
-    if (const auto room = RoomSince(); room > now)
-        until = std::min(until, room);
     if (until == Clock::time_point::max())
         return -1;
     const auto left = std::chrono::ceil<milliseconds>(until - now).count();
@@ -168,40 +200,66 @@ void Server::ServePorts(void (Server::*serve)(Port&), std::size_t place)
 
 void Server::Accept(Port& port)
 {
-    if (RoomSince() > Clock::now())
-        return;
-    sockaddr_in peer = {};
-    socklen_t size = sizeof peer;
-    Descriptor connection(
-        ::accept4(port.at->tcp.Get(), reinterpret_cast<sockaddr*>(&peer), &size, SOCK_NONBLOCK | SOCK_CLOEXEC));
-    if (!connection) {
-        // Out of descriptors: no new connection before an old one goes.
-        acceptPaused = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
-        return;
+    for (int accepted = 0; accepted < kMostAccepted; ++accepted) {
+        sockaddr_in peer = {};
+        socklen_t size = sizeof peer;
+        Descriptor connection(
+            ::accept4(port.at->tcp.Get(), reinterpret_cast<sockaddr*>(&peer), &size, SOCK_NONBLOCK | SOCK_CLOEXEC));
+        if (!connection) {
+            // Out of descriptors: no new connection before an old one goes.
+            acceptPaused = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
+            return;
+        }
+        if (!MakeRoomFor(HostOf(peer)))
+            continue;
+        const int on = 1;
+        ::setsockopt(connection.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+        lines.emplace_back(++lastNumber, std::move(connection), HostOf(peer));
+        lines.back().Use(port.speech);
     }
-    const int on = 1;
-    ::setsockopt(connection.Get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-    if (lines.size() >= kMostLines)
-        lines.erase(Quietest());
-    lines.emplace_back(++lastNumber, std::move(connection), HostOf(peer));
-    lines.back().Use(port.speech);
 }
 
-void Server::ServeDatagrams(Port& port)
+// Takes all that has come, so that nobody's datagrams find the room taken that the system has for them.
+void Server::ReadDatagrams(Port& port)
 {
-    const int socket = port.at->udp.Get();
-    const std::size_t count = datagrams.Receive(socket);
-    for (std::size_t i = 0; i < count; ++i) {
-        const sockaddr_in& peer = datagrams.Peer(i);
-        for (auto& reply :
-             answers.ToDatagram(port.speech, datagrams.Bytes(i), {NowMs(), HostOf(peer), ntohs(peer.sin_port)})) {
+    std::size_t count = DatagramReader::kMost;
+    for (int batch = 0; batch < kMostBatches && count == DatagramReader::kMost; ++batch) {
+        count = datagrams.Receive(port.at->udp.Get());
+        for (std::size_t i = 0; i < count; ++i) {
+            const sockaddr_in& peer = datagrams.Peer(i);
+            std::size_t& ofHost = requestsOf[HostOf(peer)];
+            if (ofHost >= kMostRequests || requests.size() >= kMostHosts * kMostRequests)
+                continue; // lost, like any datagram that comes too fast
+            ++ofHost;
+            const auto bytes = datagrams.Bytes(i);
+            requests.push_back({&port, {{bytes.begin(), bytes.end()}, peer}});
+        }
+    }
+}
+
+void Server::ServeDatagrams()
+{
+    for (auto request = requests.begin(); request != requests.end() && !IsFull();) {
+        const auto& [bytes, peer] = request->datagram;
+        Port& port = *request->port;
+        const std::uint32_t host = HostOf(peer);
+        if (!shares.IsLeft(host)) {
+            ++request;
+            continue;
+        }
+        const Shares::Spending spending(shares, host);
+        for (auto& reply : answers.ToDatagram(port.speech, bytes, {NowMs(), host, ntohs(peer.sin_port)})) {
             if (settings.delay.count() == 0)
                 port.outgoing.push_back({std::move(reply), peer});
             else
                 waiting.push_back({Clock::now() + settings.delay, {std::move(reply), peer}, 0, &port});
         }
+        if (--requestsOf[host] == 0)
+            requestsOf.erase(host);
+        request = requests.erase(request);
     }
-    SendDatagrams(socket, port.outgoing);
+    for (Port& port : ports)
+        SendDatagrams(port.at->udp.Get(), port.outgoing);
 }
 
 void Server::ServeLines()
@@ -209,7 +267,7 @@ void Server::ServeLines()
     std::size_t index = kUdp + kEachPort * ports.size();
     for (auto line = lines.begin(); line != lines.end(); ++index) {
         const short events = watched[index].revents;
-        if (events == 0 || ServeLine(*line, events)) {
+        if ((events == 0 && !line->IsPending()) || ServeLine(*line, events)) {
             ++line;
         } else {
             line = lines.erase(line);
@@ -223,6 +281,8 @@ bool Server::ServeLine(StreamLine& line, short events)
 {
     if ((events & POLLOUT) != 0 && !line.Flush())
         return false;
+    if (line.IsPending() && CanServe(line))
+        return AnswerLine(line);
     if ((events & ~POLLOUT) == 0)
         return true;
     const auto now = Clock::now();
@@ -241,7 +301,7 @@ bool Server::ServeLine(StreamLine& line, short events)
 
 bool Server::AnswerLine(StreamLine& line)
 {
-    auto replies = answers.ToLine(line, NowMs());
+    auto replies = answers.ToLine(line, NowMs(), shares);
     return replies && SendOrWait(line, std::move(*replies));
 }
 
@@ -263,7 +323,7 @@ void Server::KeepUpBootLoader(Clock::time_point now)
 void Server::SettleSilentLines(Clock::time_point now)
 {
     for (StreamLine& line : lines) {
-        while (line.IsWaiting() && now - line.LastInput() >= kPartTimeout) {
+        while (line.IsWaiting() && !line.IsPending() && now - line.LastInput() >= kPartTimeout) {
             line.Finder().GiveUp();
             if (!AnswerLine(line))
                 break; // a broken line is noticed at its next event

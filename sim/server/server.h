@@ -7,6 +7,7 @@
 #include "sim/server/datagrams.h"
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
+#include "sim/server/shares.h"
 #include "sim/server/streamLine.h"
 #include "sim/virtualSign.h"
 
@@ -16,6 +17,8 @@
 #include <deque>
 #include <functional>
 #include <list>
+#include <map>
+#include <optional>
 #include <poll.h>
 #include <vector>
 
@@ -62,6 +65,13 @@ private:
         std::vector<Datagram> outgoing = {};
     };
 
+    // A datagram that waits for its host's turn.
+    struct Request
+    {
+        Port* port;
+        Datagram datagram;
+    };
+
     // A reply that waits for its time, and where it leaves: by a port as a datagram, or by a line.
     struct Waiting
     {
@@ -71,11 +81,12 @@ private:
         Port* port = nullptr;
     };
 
-    void Prepare(int stop, Clock::time_point now);
+    void Prepare(int stop);
     int TimeToWait(Clock::time_point now) const;
     void ServePorts(void (Server::*serve)(Port&), std::size_t place);
     void Accept(Port& port);
-    void ServeDatagrams(Port& port);
+    void ReadDatagrams(Port& port);
+    void ServeDatagrams();
     void ServeLines();
     bool ServeLine(StreamLine& line, short events);
     bool AnswerLine(StreamLine& line);
@@ -85,8 +96,10 @@ private:
     void SendDue(Clock::time_point now);
     bool IsSerial(const StreamLine& line) const { return line.Get() == serialLine; }
     bool IsFull() const;
-    std::list<StreamLine>::const_iterator Quietest() const;
-    Clock::time_point RoomSince() const;
+    bool CanServe(const StreamLine& line) const;
+    bool HasWork() const;
+    std::list<StreamLine>::const_iterator Quietest(std::optional<std::uint32_t> host) const;
+    bool MakeRoomFor(std::uint32_t host);
 
     Endpoints& endpoints;
     std::vector<Port> ports; // all of them from the start on
@@ -99,6 +112,9 @@ private:
     std::deque<Waiting> waiting; // in the order of their time, as the delay is the same for all
     std::vector<pollfd> watched; // stop, UDP and TCP of each port, then the lines in their order
     DatagramReader datagrams;
+    std::list<Request> requests; // in the order of their arrival
+    std::map<std::uint32_t, std::size_t> requestsOf;
+    Shares shares;
     bool acceptPaused = false;
     std::chrono::milliseconds tickEvery{0};
     std::function<void()> tick;

@@ -23,8 +23,11 @@ StreamLine::StreamLine(std::uint64_t ownNumber, Descriptor descriptor, std::opti
 
 bool StreamLine::Receive(Clock::time_point now)
 {
+    // What is no packets is answered whole, so that less of it is taken at a time.
+    constexpr std::size_t kForeignPiece = 1024;
     std::array<std::uint8_t, 16384> piece; // filled by read
-    const ssize_t count = ::read(line.Get(), piece.data(), piece.size());
+    const std::size_t room = speech == Speech::kPackets ? piece.size() : kForeignPiece;
+    const ssize_t count = ::read(line.Get(), piece.data(), room);
     if (count < 0)
         return IsPassing(errno);
     const auto got = std::span(piece).first(static_cast<std::size_t>(count));

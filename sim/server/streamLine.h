@@ -50,6 +50,9 @@ public:
     // Queues bytes and sends as many as the line takes. False if the line is broken.
     bool Send(std::span<const std::uint8_t> bytes);
     bool Flush() { return Send({}); }
+    // Whether something has come that is not looked at yet.
+    bool IsPending() const { return pending; }
+    void SetPending(bool isPending) { pending = isPending; }
     bool HasUnsent() const { return !unsent.empty(); }
     std::size_t Unsent() const { return unsent.size(); }
     void DropUnsent() { unsent.clear(); }
@@ -60,6 +63,7 @@ private:
     std::optional<std::uint32_t> peer;
     FrameFinder finder;
     Speech speech = Speech::kPackets;
+    bool pending = false;
     std::vector<std::uint8_t> rawBytes;
     std::vector<std::uint8_t> unsent;
     Clock::time_point lastInput = Clock::now();
