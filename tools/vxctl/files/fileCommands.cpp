@@ -6,6 +6,7 @@
 #include "vxctl/files/readBack.h"
 #include "vxctl/files/sending.h"
 #include "vxctl/files/targetPath.h"
+#include "vxctl/files/windowed.h"
 
 #include <vxsign/filesystem.h>
 #include <vxsign/local.h>
@@ -54,18 +55,11 @@ void Transfer(Session& session, const std::string& title, bool silent, const std
     session.report.Line(title + ": " + FormatSize(bytes) + ", " + FormatSize(rate) + "/s");
 }
 
-// A window that packet id 0 falls into fails, and goes through at the second try, unless the file is so long that every
-// window of it meets the id: then it takes the plain way.
+// A window that packet id 0 falls into fails, which every window of a long file does.
 bool FitsWindow(const std::string& local, std::uint32_t chunkSize)
 {
     constexpr std::uint32_t kMostPackets = 65000;
     return vxOSGetFileSize(local.c_str()) / chunkSize < kMostPackets;
-}
-
-std::uint32_t SendThroughWindow(const char* path, const char* local)
-{
-    const std::uint32_t result = vxWriteFileOptimize(path, local);
-    return result == VX_COMMUNICATION ? vxWriteFileOptimize(path, local) : result;
 }
 
 std::uint32_t Put(Session& session, const Args& args)
@@ -77,10 +71,10 @@ std::uint32_t Put(Session& session, const Args& args)
     const auto send = [&] {
         if (args.Has("--system"))
             return vxWriteSystemFile(path.c_str(), local.c_str());
-        return window ? SendThroughWindow(path.c_str(), local.c_str()) : vxWriteSpecFileEx(path.c_str(), local.c_str());
+        return window ? SendWindowed(path.c_str(), local.c_str()) : vxWriteSpecFileEx(path.c_str(), local.c_str());
     };
     session.leftOver = PartOf(path);
-    // The windowed transfer reports its start alone: a bar would stand at 0 until the end.
+    // A window reports its start alone: a bar would stand at 0 until the end.
     Transfer(session, "put " + path, args.Has("--window"), send, local);
     session.leftOver.clear();
     session.report.Put("path", path);
@@ -144,7 +138,7 @@ vxctl --chunk 1280 put --window firmware.bin C:/FW.BIN    eight packets at a tim
 vxctl put --system list.sys SEQUENT.SYS)",
         .arguments =
             {ReadFile("LOCAL", "the file on this PC"), kPath, kSystem,
-             Flag("--window", "up to 8 packets on their way at a time; once more if that fails").Excludes("--system"),
+             Flag("--window", "up to 8 packets on their way at a time; plainly on a line with losses").Excludes("--system"),
              kVerify},
         .signs = Signs::kMany,
         .run = Put,
