@@ -30,15 +30,6 @@ bool LeadsOut(const std::string& word)
            (isOption && word.find('/') != word.npos);
 }
 
-bool IsLeftOut(const std::vector<std::string>& words)
-{
-    static const std::string kWaiting[] = {"show", "files", "picture", "upgrade"};
-    const bool waits =
-        std::ranges::any_of(kWaiting, [&](const auto& name) { return std::ranges::count(words, name) != 0; });
-    const bool waitsForWindow = std::ranges::count(words, "mpu") != 0 && std::ranges::count(words, "window") != 0;
-    return waits || waitsForWindow || std::ranges::any_of(words, LeadsOut);
-}
-
 bool IsFileName(const std::string& word)
 {
     const auto isPlain = [](char letter) {
@@ -84,7 +75,7 @@ void Check(const std::string& printed, bool json)
 void RunCommand(const std::string& line, View file, bool json)
 {
     const std::vector<std::string> words = Split(line);
-    if (words.empty() || IsLeftOut(words))
+    if (words.empty() || std::ranges::any_of(words, LeadsOut))
         return;
     for (const std::string& word : words)
         if (IsFileName(word))

@@ -539,15 +539,14 @@ for shown in "files --no-play" "picture --raw"; do
 done
 stop "$sign"
 
-# A window that fails is tried once more.
-start "$work/deaf" --verbose 2>"$work/heard"
+# A line that brings nothing back.
+start "$work/deaf"
 relay "$port" lost
 expect 1 -s "$url" --timeout 50 --retries 1 put --window "$work/kept" D:/F/A.BIN
 says err "Communication Error!"
 says err "no answer from ${url#udp://} within 1 try of 50 ms"
 says err "--timeout"
 stop "$sign"
-[ "$(grep -c "write file" "$work/heard")" -eq 2 ] || fail "the window was not tried twice"
 
 # A sign without drive E makes no long listings, and one with users wants a login first.
 mkdir -p "$work/closed/D/T"
