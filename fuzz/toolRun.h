@@ -8,8 +8,8 @@
 namespace vxsign::fuzz {
 
 /// Runs the command with these words, blanks between them. Each word that may be the name of a file is one with the
-/// given bytes. What vxctl prints must be fit for a terminal and, with json, be JSON. Nothing is done with commands
-/// that open a line of their own or wait in real time, and with paths that lead out of the folder.
+/// given bytes. What vxctl prints must be fit for a terminal and, with json, be JSON. Nothing is done with paths
+/// that lead out of the folder.
 void RunCommand(const std::string& words, View file, bool json);
 
 } // namespace vxsign::fuzz

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-# Commands of vxctl over lines that would hold them for ever: hostileLines.py VXCTL [RUNS [SEED [FOUND]]]
+# Commands of vxctl over lines that would hold them for ever: hostileLines.py VXCTL [RUNS [SEED]]
 #
 # A sign over UDP, TCP or a serial line trickles, drips, floods, stops, says nothing or nonsense, resets, or is not there.
 # Every command has to end, by itself and in time, with a status of its own, and to print nothing that gives a terminal
-# orders. RUNS of all combinations are tried, all of them for 0. What is found goes to the folder FOUND, too.
+# orders. RUNS of all combinations are tried, all of them for 0.
 import concurrent.futures
 import os
 import random
@@ -17,7 +17,8 @@ import tempfile
 import threading
 import tty
 
-VXCTL = os.path.abspath(sys.argv[1])
+import harmless
+
 RUNS = int(sys.argv[2]) if len(sys.argv) > 2 else 100
 SEED = int(sys.argv[3]) if len(sys.argv) > 3 and sys.argv[3] else random.randrange(1 << 30)
 LIMIT_S = 60  # of any of them, on a busy machine; two tries of 100 ms each are over in a moment
@@ -80,6 +81,7 @@ class Sign(threading.Thread):
             self.line, device = os.openpty()
             tty.setraw(device)
             self.held.append(device)
+            harmless.give(os.ttyname(device))
             self.url = f"serial:{os.ttyname(device)}@115200"
             return
         self.socket = socket.socket(socket.AF_INET, socket.SOCK_STREAM if kind == "tcp" else socket.SOCK_DGRAM)
@@ -144,7 +146,7 @@ class Sign(threading.Thread):
 
 
 def run(job):
-    command, kind, manner, seed = job
+    vxctl, command, kind, manner, seed = job
     shown = f"vxctl {command} over {kind}, {manner}, seed {seed}"
     sign = Sign(kind, manner, seed)
     sign.start()
@@ -153,9 +155,10 @@ def run(job):
             file.write(bytes(70000))
         with open(f"{folder}/face.bmp", "wb") as file:
             file.write(b"BM\x3a\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0" + bytes(28))
-        words = [VXCTL, "-s", sign.url, "--timeout", "100", "--retries", "2"] + command.split()
+        harmless.give(folder)
+        words = [vxctl, "-s", sign.url, "--timeout", "100", "--retries", "2"] + command.split()
         with open(f"{folder}/out", "wb") as out:
-            process = subprocess.Popen(words, cwd=folder, stdin=subprocess.DEVNULL, stdout=out, stderr=out)
+            process = harmless.start(words, cwd=folder, stdin=subprocess.DEVNULL, stdout=out, stderr=out)
             try:
                 status = process.wait(LIMIT_S)
             except subprocess.TimeoutExpired:
@@ -173,18 +176,18 @@ def run(job):
 
 def main():
     rng = random.Random(SEED)
-    jobs = [(command, kind, manner, rng.randrange(1 << 30)) for command in COMMANDS for kind in ("udp", "tcp", "serial")
+    programs = tempfile.TemporaryDirectory()
+    vxctl = harmless.copied(sys.argv[1], programs.name)
+    jobs = [(vxctl, command, kind, manner, rng.randrange(1 << 30)) for command in COMMANDS for kind in ("udp", "tcp", "serial")
             for manner in MANNERS + WITHOUT_SIGN if kind == "tcp" or manner not in ("reset", "backlog") and
             (kind == "udp" or manner != "refused")]
     if RUNS:
         jobs = rng.sample(jobs, min(RUNS, len(jobs)))
     with concurrent.futures.ThreadPoolExecutor(8) as pool:
         found = [what for what in pool.map(run, jobs) if what]
-    if found and len(sys.argv) > 4:
-        with open(os.path.join(sys.argv[4], "hostileLines.txt"), "a", encoding="utf-8") as file:
-            file.write("\n".join(found) + f"\nshown by: tests/tools/hostileLines.py {VXCTL} {RUNS} {SEED}\n")
-    print("\n".join(found))
-    print(f"{len(jobs)} commands, seed {SEED}, {len(found)} found")
+    for what in found:
+        print(what)
+    print(f"seed {SEED}: {len(jobs)} commands")
     return 1 if found else 0
 
 
