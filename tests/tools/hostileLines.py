@@ -171,6 +171,8 @@ def run(job):
             text = out.read().decode(errors="replace")
     if status not in (0, 1, 2) or "Sanitizer" in text:
         return f"{shown}: status {status}\n{text[-2000:]}"
+    if status and not text.strip():
+        return f"{shown}: status {status}, and says nothing"
     return f"{shown}: prints orders\n{text!r}" if ORDERS.search(text) else None
 
 

@@ -79,6 +79,8 @@ std::vector<std::uint8_t> AwaitTask(std::uint32_t task)
     std::array<std::uint8_t, 1024> buffer{};
     std::uint16_t status = 0;
     Check(vxTarsisGetResult(task, buffer.data(), static_cast<std::uint32_t>(buffer.size()), &status));
+    if (status == VX_OK)
+        throw SignFailure(VX_FAILED_OPERATION, "the sign tells neither how the task ended nor what it found");
     if (status != kTaskDone)
         throw SignFailure(status);
     return {buffer.begin(), buffer.end()};
