@@ -82,7 +82,8 @@ typedef struct TilePixelBlockHeader
 VXSIGN_API uint32_t vxTarsisGetTileStat(uint16_t tile, uint32_t* taskId);
 VXSIGN_API uint32_t vxTarsisTileTest(uint16_t tile, uint8_t testCode, uint32_t* taskId);
 
-/* Waits for the end of a task, five minutes or so at most, asking every 100 ms. status is written in any case:
+/* Waits for the end of a task, asking 3000 times at most, with 100 ms in between: five minutes, and the time that the
+ * sign takes for its answers. status is written in any case:
  * VX_TASK_SUCCESS when buffer has got the result, as much of it as bufferSize takes; VX_TASK_WAITING or
  * VX_TASK_PROCESSING when the task has not ended; otherwise how it ended. Returns the result of the last question. */
 VXSIGN_API uint32_t vxTarsisGetResult(uint32_t taskId, uint8_t* buffer, uint32_t bufferSize, uint16_t* status);
