@@ -4,6 +4,7 @@
 #include "sim/face/png.h"
 
 #include <algorithm>
+#include <chrono>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -40,8 +41,8 @@ void FacePainter::Paint(std::uint64_t nowMs)
     if (const int width = terminal != nullptr ? columns() : 0;
         terminal != nullptr && (shown != face || shownColumns != width))
         WriteTerminal(face, width);
-    if (!png.empty() && written != face && (!written || nowMs - writtenMs >= kPngEveryMs))
-        WritePng(face, nowMs);
+    if (!png.empty())
+        KeepPngUp(face, nowMs);
 }
 
 void FacePainter::WriteTerminal(const Canvas& face, int width)
@@ -57,11 +58,20 @@ void FacePainter::WriteTerminal(const Canvas& face, int width)
     shownLines = std::ranges::count(lines, '\n');
 }
 
-void FacePainter::WritePng(const Canvas& face, std::uint64_t nowMs)
+// A large face that is lit takes seconds to draw with its lamps: a thread does that, as hosts are not to wait for it.
+void FacePainter::KeepPngUp(const Canvas& face, std::uint64_t nowMs)
 {
+    if (writing.valid()) {
+        if (writing.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
+            return;
+        if (writing.get()) // else again with the next one that is due
+            written = drawn;
+    }
+    if (written == face || (written && nowMs - writtenMs < kPngEveryMs))
+        return;
     writtenMs = nowMs;
-    if (WritePngFace(face, png)) // else again with the next one that is due
-        written = face;
+    drawn = face;
+    writing = std::async(std::launch::async, [face, path = png] { return WritePngFace(face, path); });
 }
 
 } // namespace vxsim

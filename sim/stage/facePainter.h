@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <future>
 #include <optional>
 #include <ostream>
 
@@ -31,7 +32,7 @@ public:
 
 private:
     void WriteTerminal(const Canvas& face, int width);
-    void WritePng(const Canvas& face, std::uint64_t nowMs);
+    void KeepPngUp(const Canvas& face, std::uint64_t nowMs);
 
     Stage& stage;
     std::ostream* terminal;
@@ -43,6 +44,8 @@ private:
     bool cursorHidden = false;
     std::optional<Canvas> written; // to the PNG
     std::uint64_t writtenMs = 0;
+    std::optional<Canvas> drawn; // into the PNG that a thread of its own writes
+    std::future<bool> writing;   // whether it was done
 };
 
 } // namespace vxsim

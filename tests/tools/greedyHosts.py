@@ -49,8 +49,20 @@ def png(side):
 
 
 class Sign:
-    def __init__(self, program, folder):
-        self.folder = folder
+    def __init__(self, program, folder, options):
+        os.makedirs(folder)
+        harmless.give(folder)
+        self.process = harmless.start([program, *options.split(), "--port", "0", "--dir", folder],
+                                      stdout=subprocess.PIPE, text=True)
+        self.lines = {}
+        while "serial" not in self.lines or ("--modbus-tcp" in options and "modbus-tcp" not in self.lines):
+            name, place = self.process.stdout.readline().split()
+            self.lines[name] = place
+        self.ports = {name: int(place.split(":")[1]) for name, place in self.lines.items() if ":" in place}
+
+    def fill(self):
+        """Files to ask for."""
+        folder = self.lines["dir"]
         for number in range(12000):
             path = f"{folder}/D/MANY/{number:08}.TXT"
             os.makedirs(os.path.dirname(path), exist_ok=True)
@@ -61,16 +73,8 @@ class Sign:
                 file.write(png(side))
         with open(f"{folder}/D/F.BIN", "wb") as file:
             file.truncate(200_000_000)
-        for path in (folder, f"{folder}/D", f"{folder}/D/MANY", f"{folder}/D/P", f"{folder}/D/F.BIN"):
+        for path in (f"{folder}/D", f"{folder}/D/MANY", f"{folder}/D/P", f"{folder}/D/F.BIN"):
             harmless.give(path)
-        options = "--port 0 --serial --modbus 0 --modbus-tcp 0 --size 512x256 --face none --host 127.0.0.1".split()
-        self.process = harmless.start(
-            [program, *options, "--dir", folder, "--png", f"{folder}/face.png"], stdout=subprocess.PIPE, text=True)
-        self.lines = {}
-        while "modbus-tcp" not in self.lines:
-            name, place = self.process.stdout.readline().split()
-            self.lines[name] = place
-        self.ports = {name: int(place.split(":")[1]) for name, place in self.lines.items() if ":" in place}
 
     def worked(self):
         """Nanoseconds that the sign has been on a processor, with those that it slept through in a call of the system."""
@@ -243,8 +247,9 @@ def noise(sign, end, seed=None):
     seed = random.randrange(1 << 30) if seed is None else seed
     print(f"    seed {seed}", flush=True)
     rng = random.Random(seed)
-    lines = [sign.udp(name) for name in ("udp", "modbus", "modbus-tcp")]
-    lines += [sign.tcp(name) for name in ("tcp", "modbus", "modbus-tcp")]
+    streams = [name for name in sign.ports if name != "udp"]
+    lines = [sign.tcp(name) for name in streams]
+    lines += [sign.udp(name) for name in sign.ports if name != "tcp"]
     serial = os.open(sign.lines["serial"], os.O_RDWR | os.O_NOCTTY | os.O_NONBLOCK)
     for _ in until(end):
         kind = rng.randrange(4)
@@ -265,7 +270,7 @@ def noise(sign, end, seed=None):
                 read_all(line)
             except OSError:
                 if line.type == socket.SOCK_STREAM:
-                    lines[at] = sign.tcp(("tcp", "modbus", "modbus-tcp")[at - 3])
+                    lines[at] = sign.tcp(streams[at])
         try:
             os.write(serial, packet)
             os.read(serial, 65536)
@@ -274,43 +279,60 @@ def noise(sign, end, seed=None):
     os.close(serial)
 
 
+def endures(sign, greedy):
+    """One greedy host, and the pings beside it: how many there were, and what is wrong."""
+    pings, wrong = Pings(sign), []
+    pings.start()
+    try:
+        greedy(sign, time.monotonic() + SECONDS)
+    except OSError as error:
+        wrong.append(f"{greedy.__name__}: {error}")
+    time.sleep(0.2)
+    pings.ending.set()
+    pings.join()
+    print(f"{greedy.__name__:<14} {pings.count:6} {pings.worst:9.1f} {pings.worstWall:13.1f}", flush=True)
+    if pings.worst >= LIMIT_MS or sign.process.poll() is not None:
+        wrong.append(f"{greedy.__name__}: another host waited {pings.worst:.0f} ms of the sign's time, status "
+                     f"{sign.process.poll()}")
+    return pings.count, wrong
+
+
+def nobody(_, end):
+    time.sleep(max(0, end - time.monotonic()))
+
+
 def main():
     work = tempfile.mkdtemp()
     outside = os.path.join(work, "around")
     os.mkdir(outside)
     harmless.give(outside)
-    sign = Sign(harmless.copied(sys.argv[1], work), os.path.join(outside, "sign"))
+    program = harmless.copied(sys.argv[1], work)
+    folder = os.path.join(outside, "sign")
+    sign = Sign(program, folder, f"--serial --modbus 0 --modbus-tcp 0 --size 512x256 --png {folder}/face.png")
+    sign.fill()
+    loader = Sign(program, os.path.join(folder, "loader"), "--bootloader --login operator:secret")
+    rows = sign.udp()
+    for _ in range(3000):  # for the statements
+        rows.send(request(4, 7, b"\3"))
+        time.sleep(0.001)
     failures, pinged = [], 0
-    fill = sign.udp()
-    for _ in range(3000):  # rows for the statements
-        fill.send(request(4, 7, b"\3")); time.sleep(0.001)
     print(f"{'greedy host':<14} {'pings':>6} {'worst ms':>9} {'on the clock':>13}")
-    for greedy in (lambda *_: time.sleep(SECONDS), statements, listings, uploads, pictures, large_files, connections, slow,
-                   logins, paths, noise):
-        name = getattr(greedy, "__name__", "").replace("<lambda>", "none")
-        pings = Pings(sign)
-        pings.start()
-        try:
-            greedy(sign, time.monotonic() + SECONDS)
-        except OSError as error:
-            failures.append(f"{name}: {error}")
-        time.sleep(0.2)
-        pings.ending.set()
-        pings.join()
-        pinged += pings.count
-        print(f"{name:<14} {pings.count:6} {pings.worst:9.1f} {pings.worstWall:13.1f}", flush=True)
-        if pings.worst >= LIMIT_MS or sign.process.poll() is not None:
-            failures.append(f"{name}: another host waited {pings.worst:.0f} ms of the sign's time, status "
-                            f"{sign.process.poll()}")
+    for on, greedy in [(sign, greedy) for greedy in (nobody, statements, listings, uploads, pictures, large_files,
+                                                     connections, slow, logins, paths, noise)] + [
+                                                         (loader, logins), (loader, noise)]:
+        count, wrong = endures(on, greedy)
+        pinged += count
+        failures += wrong
     if os.listdir(outside) != ["sign"] or os.path.exists("/tmp/out"):
         failures.append(f"a host wrote outside the drives: {os.listdir(outside)}")
-    sign.process.terminate()
-    try:
-        if sign.process.wait(20) != 0:
-            failures.append(f"the sign ended with {sign.process.returncode}")
-    except subprocess.TimeoutExpired:
-        failures.append("the sign does not end")
-        sign.process.kill()
+    for ending in (sign.process, loader.process):
+        ending.terminate()
+        try:
+            if ending.wait(20) != 0:
+                failures.append(f"the sign ended with {ending.returncode}")
+        except subprocess.TimeoutExpired:
+            failures.append("the sign does not end")
+            ending.kill()
     shutil.rmtree(work, ignore_errors=True)
     for failure in failures:
         print(failure)
