@@ -42,6 +42,7 @@ std::optional<Replies> Answers::ToLine(StreamLine& line, std::uint64_t nowMs, Sh
         Add(injector.Apply(sign.Answer(*frame, {nowMs, line.Host(), kFirstConnection + line.Number()})), replies);
     }
     line.SetPending(false);
+    const Shares::Spending spending(shares, line.Host());
     std::vector<std::uint8_t>& bytes = line.Bytes();
     if (line.Spoken() == Speech::kXmodem) {
         AddBytes(bootLoader->Take(std::exchange(bytes, {}), nowMs), replies);

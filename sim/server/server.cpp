@@ -227,10 +227,9 @@ void Server::ReadDatagrams(Port& port)
         count = datagrams.Receive(port.at->udp.Get());
         for (std::size_t i = 0; i < count; ++i) {
             const sockaddr_in& peer = datagrams.Peer(i);
-            std::size_t& ofHost = requestsOf[HostOf(peer)];
-            if (ofHost >= kMostRequests || requests.size() >= kMostHosts * kMostRequests)
+            if (requests.size() >= kMostHosts * kMostRequests || requestsOf[HostOf(peer)] >= kMostRequests)
                 continue; // lost, like any datagram that comes too fast
-            ++ofHost;
+            ++requestsOf[HostOf(peer)];
             const auto bytes = datagrams.Bytes(i);
             requests.push_back({&port, {{bytes.begin(), bytes.end()}, peer}});
         }
