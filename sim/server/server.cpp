@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <map>
 #include <netinet/tcp.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
@@ -16,10 +17,7 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr std::size_t kMostLines = 64;
-constexpr int kMostAccepted = 64;          // in a turn
-constexpr int kMostBatches = 64;           // of datagrams that are read in a turn
-constexpr std::size_t kMostRequests = 256; // datagrams of a host that wait
-constexpr std::size_t kMostHosts = 16;     // that have so many
+constexpr int kMostAccepted = 64; // in a turn
 constexpr std::size_t kMostWaiting = 1024;
 constexpr std::size_t kMostUnsent = 65536; // on the serial line, which nobody may be reading
 // Silence after which the rest of a broken request is no longer expected.
@@ -35,11 +33,6 @@ enum : std::size_t
     kTcp
 };
 constexpr std::size_t kEachPort = 2;
-
-std::uint32_t HostOf(const sockaddr_in& peer)
-{
-    return ntohl(peer.sin_addr.s_addr);
-}
 
 } // namespace
 
@@ -89,10 +82,14 @@ void Server::Run(int stop)
         if (watched[kStop].revents != 0)
             return;
         shares.BeginTurn();
-        ServePorts(&Server::ReadDatagrams, kUdp);
+        for (std::size_t i = 0; i < ports.size(); ++i)
+            if (watched[kUdp + kEachPort * i].revents != 0)
+                inbox.Read(ports[i].at->udp.Get(), i);
         ServeDatagrams();
         ServeLines();
-        ServePorts(&Server::Accept, kTcp);
+        for (std::size_t i = 0; i < ports.size(); ++i)
+            if (watched[kTcp + kEachPort * i].revents != 0)
+                Accept(ports[i]);
         if (lines.empty() && waiting.empty() && !tick)
             continue;
         const auto now = Clock::now();
@@ -120,7 +117,7 @@ bool Server::CanServe(const StreamLine& line) const
 
 bool Server::HasWork() const
 {
-    return (!requests.empty() && !IsFull()) ||
+    return (!inbox.IsEmpty() && !IsFull()) ||
            std::ranges::any_of(lines, [this](const StreamLine& line) { return line.IsPending() && CanServe(line); });
 }
 
@@ -189,15 +186,6 @@ int Server::TimeToWait(Clock::time_point now) const
     return static_cast<int>(std::clamp<decltype(left)>(left, 0, INT_MAX));
 }
 
-void Server::ServePorts(void (Server::*serve)(Port&), std::size_t place)
-{
-    for (Port& port : ports) {
-        if (watched[place].revents != 0)
-            (this->*serve)(port);
-        place += kEachPort;
-    }
-}
-
 void Server::Accept(Port& port)
 {
     for (int accepted = 0; accepted < kMostAccepted; ++accepted) {
@@ -219,44 +207,22 @@ void Server::Accept(Port& port)
     }
 }
 
-// Takes all that has come, so that nobody's datagrams find the room taken that the system has for them.
-void Server::ReadDatagrams(Port& port)
-{
-    std::size_t count = DatagramReader::kMost;
-    for (int batch = 0; batch < kMostBatches && count == DatagramReader::kMost; ++batch) {
-        count = datagrams.Receive(port.at->udp.Get());
-        for (std::size_t i = 0; i < count; ++i) {
-            const sockaddr_in& peer = datagrams.Peer(i);
-            if (requests.size() >= kMostHosts * kMostRequests || requestsOf[HostOf(peer)] >= kMostRequests)
-                continue; // lost, like any datagram that comes too fast
-            ++requestsOf[HostOf(peer)];
-            const auto bytes = datagrams.Bytes(i);
-            requests.push_back({&port, {{bytes.begin(), bytes.end()}, peer}});
-        }
-    }
-}
-
 void Server::ServeDatagrams()
 {
-    for (auto request = requests.begin(); request != requests.end() && !IsFull();) {
-        const auto& [bytes, peer] = request->datagram;
-        Port& port = *request->port;
-        const std::uint32_t host = HostOf(peer);
-        if (!shares.IsLeft(host)) {
-            ++request;
-            continue;
-        }
-        const Shares::Spending spending(shares, host);
-        for (auto& reply : answers.ToDatagram(port.speech, bytes, {NowMs(), host, ntohs(peer.sin_port)})) {
+    inbox.Serve(shares, [this](std::size_t index, const Datagram& request) {
+        if (IsFull())
+            return false;
+        Port& port = ports[index];
+        const sockaddr_in& peer = request.peer;
+        for (auto& reply :
+             answers.ToDatagram(port.speech, request.bytes, {NowMs(), HostOf(peer), ntohs(peer.sin_port)})) {
             if (settings.delay.count() == 0)
                 port.outgoing.push_back({std::move(reply), peer});
             else
                 waiting.push_back({Clock::now() + settings.delay, {std::move(reply), peer}, 0, &port});
         }
-        if (--requestsOf[host] == 0)
-            requestsOf.erase(host);
-        request = requests.erase(request);
-    }
+        return true;
+    });
     for (Port& port : ports)
         SendDatagrams(port.at->udp.Get(), port.outgoing);
 }

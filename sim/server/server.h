@@ -4,9 +4,9 @@
 #include "sim/devices/bootLoader.h"
 #include "sim/devices/modbusDevices.h"
 #include "sim/server/answers.h"
-#include "sim/server/datagrams.h"
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
+#include "sim/server/inbox.h"
 #include "sim/server/shares.h"
 #include "sim/server/streamLine.h"
 #include "sim/virtualSign.h"
@@ -17,7 +17,6 @@
 #include <deque>
 #include <functional>
 #include <list>
-#include <map>
 #include <optional>
 #include <poll.h>
 #include <vector>
@@ -65,13 +64,6 @@ private:
         std::vector<Datagram> outgoing = {};
     };
 
-    // A datagram that waits for its host's turn.
-    struct Request
-    {
-        Port* port;
-        Datagram datagram;
-    };
-
     // A reply that waits for its time, and where it leaves: by a port as a datagram, or by a line.
     struct Waiting
     {
@@ -83,9 +75,7 @@ private:
 
     void Prepare(int stop);
     int TimeToWait(Clock::time_point now) const;
-    void ServePorts(void (Server::*serve)(Port&), std::size_t place);
     void Accept(Port& port);
-    void ReadDatagrams(Port& port);
     void ServeDatagrams();
     void ServeLines();
     bool ServeLine(StreamLine& line, short events);
@@ -111,9 +101,7 @@ private:
     int serialLine = -1;
     std::deque<Waiting> waiting; // in the order of their time, as the delay is the same for all
     std::vector<pollfd> watched; // stop, UDP and TCP of each port, then the lines in their order
-    DatagramReader datagrams;
-    std::list<Request> requests; // in the order of their arrival
-    std::map<std::uint32_t, std::size_t> requestsOf;
+    Inbox inbox;
     Shares shares;
     bool acceptPaused = false;
     std::chrono::milliseconds tickEvery{0};

@@ -136,10 +136,10 @@ it is unwrapped into LOCAL.tmp, which stays, and that is sent.)",
 vxctl put hello.nmg D:/T/
 vxctl --chunk 1280 put --window firmware.bin C:/FW.BIN    eight packets at a time
 vxctl put --system list.sys SEQUENT.SYS)",
-        .arguments =
-            {ReadFile("LOCAL", "the file on this PC"), kPath, kSystem,
-             Flag("--window", "up to 8 packets on their way at a time; plainly on a line with losses").Excludes("--system"),
-             kVerify},
+        .arguments = {ReadFile("LOCAL", "the file on this PC"), kPath, kSystem,
+                      Flag("--window", "up to 8 packets on their way at a time; plainly on a line with losses")
+                          .Excludes("--system"),
+                      kVerify},
         .signs = Signs::kMany,
         .run = Put,
     },
