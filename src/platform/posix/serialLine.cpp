@@ -82,6 +82,7 @@ public:
     ~Port()
     {
         ::ioctl(descriptor, TIOCNXCL);
+        ::flock(descriptor, LOCK_UN); // closing leaves it to a child that was forked meanwhile
         ::close(descriptor);
     }
 
