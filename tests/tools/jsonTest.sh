@@ -21,6 +21,7 @@ more="
 0 playlist schedule /hello.nmg --dates 2026-12-01.. --hours ..19:30 --days mon-fri
 0 playlist group /winter/
 0 playlist ls
+1 playlist fetch -l fetched/list.xml
 0 clock --set now
 0 doctor --list
 0 log temperature

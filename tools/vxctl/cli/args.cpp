@@ -34,6 +34,16 @@ std::size_t Args::Choice(std::string_view name) const
     return static_cast<std::size_t>(std::ranges::find(words, Text(name)) - words.begin());
 }
 
+std::vector<std::string> Args::LocalFiles() const
+{
+    std::vector<std::string> files;
+    for (const Given& given : all) {
+        if (given.argument->type == &kWriteFile)
+            files.insert(files.end(), given.texts.begin(), given.texts.end());
+    }
+    return files;
+}
+
 const Args::Given& Args::Find(std::string_view name) const
 {
     const auto found = std::ranges::find_if(all, [name](const Given& given) {

@@ -24,6 +24,7 @@ public:
     const std::vector<std::string>& List(std::string_view name) const { return Find(name).texts; }
     std::vector<std::uint8_t> Bytes(std::string_view name) const;
     std::size_t Choice(std::string_view name) const; // the place of the word among the choices
+    std::vector<std::string> LocalFiles() const;     // that the command may write
 
     template <class Integer = std::uint32_t>
     Integer Number(std::string_view name, Integer otherwise = 0) const

@@ -16,10 +16,24 @@ namespace vxctl {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+using OpenFile = std::unique_ptr<FILE, int (*)(FILE*)>;
+
+// Otherwise errno tells why.
+bool TakesMore(const OpenFile& file)
+{
+    static constexpr std::array<char, 65536> kMore{};
+    return file && std::fwrite(kMore.data(), 1, kMore.size(), file.get()) == kMore.size() &&
+           std::fflush(file.get()) == 0;
+}
+
+} // namespace
+
 std::vector<std::uint8_t> ReadWhole(const std::string& path)
 {
     std::vector<std::uint8_t> bytes;
-    const std::unique_ptr<FILE, int (*)(FILE*)> file(vxFOpen(path.c_str(), "rb"), std::fclose);
+    const OpenFile file(vxFOpen(path.c_str(), "rb"), std::fclose);
     if (!file)
         throw SignFailure(VX_OPEN_FILE);
     std::array<std::uint8_t, 65536> block{};
@@ -60,14 +74,23 @@ std::optional<std::uint64_t> LocalTarget::Size() const
 
 std::string LocalTarget::WhyFull() const
 {
-    static constexpr std::array<char, 65536> kMore{};
     if (!Size())
         return "it takes no more";
-    const std::unique_ptr<FILE, int (*)(FILE*)> file(vxFOpen(temporary.c_str(), "ab"), std::fclose);
     errno = 0;
-    const bool isWritten =
-        file && std::fwrite(kMore.data(), 1, kMore.size(), file.get()) == kMore.size() && std::fflush(file.get()) == 0;
-    return isWritten ? "it took no more" : std::generic_category().message(errno);
+    return TakesMore({vxFOpen(temporary.c_str(), "ab"), std::fclose}) ? "it took no more"
+                                                                      : std::generic_category().message(errno);
+}
+
+std::string FolderFault(const fs::path& folder)
+{
+    const fs::path place = folder.empty() ? "." : folder;
+    std::string name = (place / "vxctl-XXXXXX").string();
+    const int descriptor = ::mkstemp(name.data());
+    const bool isWritten = descriptor >= 0 && TakesMore({::fdopen(descriptor, "wb"), std::fclose});
+    const int error = errno;
+    if (descriptor >= 0)
+        std::remove(name.c_str());
+    return isWritten ? "" : "cannot write in " + place.string() + ": " + std::generic_category().message(error);
 }
 
 void LocalTarget::Keep() const

@@ -40,6 +40,9 @@ private:
     std::filesystem::path temporary;
 };
 
+// Why this PC keeps no file in a folder, such as "cannot write in /tmp: No space left on device"; empty where it does.
+std::string FolderFault(const std::filesystem::path& folder);
+
 // A folder of its own for files that the library wants to put somewhere. It goes with the object. Throws SignFailure
 // when it cannot be made.
 class TemporaryFolder

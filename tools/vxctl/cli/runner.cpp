@@ -7,13 +7,19 @@
 #include "vxctl/cli/documents.h"
 #include "vxctl/cli/interrupt.h"
 #include "vxctl/cli/lineFault.h"
+#include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/terminal.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <sstream>
+#include <system_error>
+#include <vector>
 
 namespace vxctl {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -36,12 +42,31 @@ int Stop(const Session& session, const SignFailure& failure)
     return kExitSignal + CaughtSignal();
 }
 
-// With the reason of a silence, which no command knows.
-int Fail(const Session& session, const SignFailure& failure)
+// What keeps this PC from taking the files that a command makes: those that it was told, and temporary ones.
+std::string LocalFault(const Args& args)
+{
+    std::error_code error;
+    std::vector<fs::path> folders;
+    for (const std::string& text : args.LocalFiles()) {
+        const fs::path file = text;
+        folders.push_back(fs::is_directory(file, error) ? file : file.parent_path());
+    }
+    folders.push_back(fs::temp_directory_path(error));
+    for (const fs::path& folder : folders) {
+        if (std::string fault = FolderFault(folder); !fault.empty())
+            return fault;
+    }
+    return {};
+}
+
+// With the reason of a silence, or of a file that cannot be written, which no command knows.
+int Fail(const Session& session, const SignFailure& failure, const CommandLine& line)
 {
     LineFault fault{failure.reason, {}};
     if (failure.code == VX_COMMUNICATION && failure.reason.empty())
         fault = FindLineFault(session.options);
+    if ((failure.code == VX_CALL || failure.code == VX_OPEN_FILE) && failure.reason.empty())
+        fault.reason = LocalFault(line.ArgsOf(*line.Found()));
     session.report.Finish(failure.code, fault.reason, fault.advice);
     return session.exitStatus.value_or(kExitFailure);
 }
@@ -133,7 +158,7 @@ int RunTool(const std::vector<std::string>& words)
             throw SignFailure(result);
         return session.report.Finish(VX_OK) ? session.exitStatus.value_or(EXIT_SUCCESS) : kExitFailure;
     } catch (const SignFailure& failure) {
-        return CaughtSignal() != 0 ? Stop(session, failure) : Fail(session, failure);
+        return CaughtSignal() != 0 ? Stop(session, failure) : Fail(session, failure, line);
     } catch (const UsageError& error) {
         return CaughtSignal() != 0 ? Stop(session, SignFailure(VX_ABORTED))
                                    : Refuse(session.report, line.Found(), error.what());

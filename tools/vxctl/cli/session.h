@@ -34,6 +34,11 @@ struct Session
 
     // Makes the sign that of this thread, for functions that use the thread's configuration. Throws UsageError.
     void Connect(vxOnProgress onProgress = ProgressBar::OnProgress, vxOnLog onLog = nullptr) const;
+
+    // Connects anew and listens, for calls that pass over a step that failed; Failed() is then the text of the last
+    // one that did, "" for none. A file that the sign does not have is none.
+    void ConnectListening() const;
+    static const std::string& Failed();
 };
 
 } // namespace vxctl

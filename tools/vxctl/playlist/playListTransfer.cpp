@@ -1,6 +1,8 @@
 // playlist: saving and importing a list, sending and fetching it.
+#include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/tables.h"
+#include "vxctl/files/announcedSize.h"
 #include "vxctl/files/readBack.h"
 #include "vxctl/playlist/fileList.h"
 #include "vxctl/playlist/playList.h"
@@ -9,12 +11,17 @@
 #include <vxsign/local.h>
 
 #include <array>
+#include <functional>
+#include <string>
+#include <vector>
 
 namespace vxctl {
 
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::size_t kLongestFetched = 31; // of a path that the library fetches
 
 std::uint32_t Save(Session& /*session*/, const Args& args)
 {
@@ -64,15 +71,34 @@ std::string Missing(const Session& session, const PlayList& list, const VXPLAYLI
     return IsDone(vxIsFileExist(path.c_str())) ? "" : "neither on this PC nor on the sign";
 }
 
-// The library passes over a file that does not arrive, and the sign's file list names it all the same. So the sign is
-// asked for each, and what it lacks is taken out of that list, so that the next sending repairs it.
-void CheckArrival(Session& session, const PlayList& list, Depth depth)
+// What is wrong with this PC's copy of a file that the sign's list names. A part of it goes: the library looks at the
+// beginning alone, and would not fetch it again. A name that leads elsewhere is not fetched.
+std::string NotFetched(const Session& session, const PlayList& list, const VXPLAYLIST_FILE_INFO& info)
 {
-    const std::vector<VXPLAYLIST_FILE_INFO> files = list.Files();
+    const std::string name = info.fileName;
+    const std::string path = (std::string{info.Drive, ':', '\\', info.Type, '\\'} + name).substr(0, kLongestFetched);
+    std::uint32_t size = 0;
+    if (name.find_first_of("/\\") != std::string::npos)
+        return "";
+    if (const std::uint32_t asked = AskSize(path, false, session.options.chunk, size); !IsDone(asked))
+        return vxErrorDesc(asked);
+    const fs::path local = list.Folder() / name;
+    const std::uint32_t got = vxOSGetFileSize(local.c_str());
+    if (got == size)
+        return "";
+    std::error_code error;
+    fs::remove(local, error);
+    return std::to_string(got) + " bytes of " + std::to_string(size) + " came";
+}
+
+// Tells of the files of the list that are not as they should be, and gives their names.
+std::vector<std::string> TellOf(Session& session, const std::vector<VXPLAYLIST_FILE_INFO>& files,
+                                const std::function<std::string(const VXPLAYLIST_FILE_INFO&)>& wrong)
+{
     Report::Json missing = Report::Json::array();
     std::vector<std::string> names;
     for (const VXPLAYLIST_FILE_INFO& info : files) {
-        const std::string why = Missing(session, list, info, depth);
+        const std::string why = wrong(info);
         if (why.empty())
             continue;
         names.emplace_back(info.fileName);
@@ -81,22 +107,48 @@ void CheckArrival(Session& session, const PlayList& list, Depth depth)
     }
     session.report.Put("missing", std::move(missing));
     session.report.Put("files", files.size());
+    return names;
+}
+
+std::string HowMany(const std::vector<std::string>& names, const std::vector<VXPLAYLIST_FILE_INFO>& files)
+{
+    return std::to_string(names.size()) + " of " + std::to_string(files.size()) + " files";
+}
+
+// The library sends whatever it finds where it wanted to write the sign's form of the list: that must not be an old
+// one, or the half that a full disk has taken.
+void CheckRoom(const PlayList& list)
+{
+    std::error_code error;
+    fs::remove(list.Folder() / "SEQ_PC.SYS", error);
+    if (const std::string fault = FolderFault(list.Folder()); !fault.empty())
+        throw SignFailure(VX_OPEN_FILE, fault);
+}
+
+// The library passes over a file that does not arrive, and the sign's file list names it all the same. So the sign is
+// asked for each, and what it lacks is taken out of that list, so that the next sending repairs it.
+void CheckArrival(Session& session, const PlayList& list, Depth depth)
+{
+    const std::vector<VXPLAYLIST_FILE_INFO> files = list.Files();
+    const auto names =
+        TellOf(session, files, [&](const VXPLAYLIST_FILE_INFO& info) { return Missing(session, list, info, depth); });
     if (names.empty())
         return;
     const char* const next = ForgetFiles(names) == VX_OK ? "the next sending tries them again"
                                                          : "the sign's file list has them all the same: try --all";
-    throw SignFailure(VX_FAILED_OPERATION, std::to_string(names.size()) + " of " + std::to_string(files.size()) +
-                                               " files are not whole on the sign; " + next);
+    throw SignFailure(VX_FAILED_OPERATION, HowMany(names, files) + " are not whole on the sign; " + next);
 }
 
 std::uint32_t Send(Session& session, const Args& args)
 {
     const PlayList list = PlayList::Open(args.Text("--list"));
     const std::int8_t withFiles = args.Has("--list-only") ? 0 : 1;
+    CheckRoom(list);
     std::uint32_t result = VX_OK;
     {
         const ProgressBar bar("send " + args.Text("--list"), session.report.IsJson());
         session.leftOver = "the sign has a part of the list: send it once more";
+        session.ConnectListening();
         if (args.Has("--all"))
             Check(ForgetAllFiles());
         result = args.Has("--index") ? vxPLSpeSendToLED(args.Number<std::uint8_t>("--index"), withFiles)
@@ -104,8 +156,10 @@ std::uint32_t Send(Session& session, const Args& args)
     }
     if (result == VX_OK)
         session.leftOver.clear();
+    // What was refused leaves a former file there, which may well have the same size.
+    const bool isDoubtful = args.Has("--verify") || !Session::Failed().empty();
     if (withFiles != 0 && !IsLineDown(result))
-        CheckArrival(session, list, args.Has("--verify") ? Depth::kContents : Depth::kSize);
+        CheckArrival(session, list, isDoubtful ? Depth::kContents : Depth::kSize);
     return result;
 }
 
@@ -116,7 +170,16 @@ std::uint32_t Fetch(Session& session, const Args& args)
     Check(vxPLReadFromLED(args.Has("--list-only") ? 0 : 1));
     list.Save();
     session.report.Value("entries", "entries", list.Level("/")->size());
-    return VX_OK;
+    if (args.Has("--list-only"))
+        return VX_OK;
+    // The library passes over a file that does not arrive.
+    const auto names = TellOf(session, list.Files(),
+                              [&](const VXPLAYLIST_FILE_INFO& info) { return NotFetched(session, list, info); });
+    if (names.empty())
+        return VX_OK;
+    const std::string fault = FolderFault(list.Folder());
+    throw SignFailure(VX_FAILED_OPERATION, HowMany(names, list.Files()) + " did not come whole to this PC" +
+                                               (fault.empty() ? "" : "; " + fault));
 }
 
 constexpr Argument kListOnly = Flag("--list-only", "without the files");
@@ -160,7 +223,9 @@ vxctl -s udp://192.168.1.50 playlist send --index 3)",
     {
         .name = "playlist fetch",
         .help = "Fetch the list that the sign plays, and its files",
-        .details = "The list is made if it is not there, and replaced if it is. Files that are the same already stay.",
+        .details =
+            R"(The list is made if it is not there, and replaced if it is. Files that are the same already stay. A file that does not come
+whole is named, and goes.)",
         .examples = "vxctl playlist -l fetched/list.xml fetch",
         .arguments = {kListOnly},
         .run = Fetch,

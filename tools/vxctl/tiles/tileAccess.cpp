@@ -234,7 +234,11 @@ void WriteTileFile(Session& session, const TileChoice& choice, const TileFile& f
     std::uint32_t detail = 0;
     switch (choice.Way()) {
     case TileWay::kFirst:
-        return CheckEnd(vxTarsisWriteTileFile(local.c_str(), choice.tile, type));
+        session.ConnectListening();
+        CheckEnd(vxTarsisWriteTileFile(local.c_str(), choice.tile, type));
+        if (!Session::Failed().empty()) // the library tells only how the last step ended
+            throw SignFailure(VX_FAILED_OPERATION, "the file did not reach the tile: " + Session::Failed());
+        return;
     case TileWay::kDirect:
         return WriteDirect(choice, file, local);
     case TileWay::kPort:

@@ -177,7 +177,7 @@ vxctl tile read 3 status.sta --port 2 --type 7 --direct)",
         .help = "Write a file to a tile",
         .details =
             R"(The first family has type 0 R.DAT, 1 DRV.DAT, 2 FPGA.DAT, 3 CPU.BIN, 4 BRBLOCK.DAT (the calibration), and says no more
-than how the installation ended. Types of the second: see read; TILE all is all tiles of the port. With --direct a
+than how the installation ended and which step was refused. Types of the second: see read; TILE all is all tiles of the port. With --direct a
 calibration goes as pixel rows.)",
         .examples = R"(vxctl tile write 11 tile11.dat
 vxctl tile write all firmware.cpu --port 2 --type 0)",
