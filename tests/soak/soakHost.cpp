@@ -30,8 +30,7 @@ constexpr auto kPause = 150ms; // between two things: keeps host and signs toget
 constexpr auto kAbortAfter = 20ms;
 constexpr std::uint32_t kBaudRate = 115200;
 constexpr std::uint32_t kTimeoutMs = 300;
-constexpr std::uint32_t kRetries =
-    6; // enough for one reply in ten that is lost, and the end is not far when a sign is gone
+constexpr std::uint32_t kRetries = 6; // enough where one reply in ten is lost
 
 std::atomic<bool> ended = false;
 
