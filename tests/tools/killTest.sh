@@ -85,6 +85,7 @@ again() {
 # killed VICTIM FOLDER: ends it with a number of requests that lies anywhere in the transfer.
 killed() {
     local folder=$1.sign moment process status=0
+    rm -rf "$folder"
     cp -r old "$folder"
     begin "$folder"
     prepare "$folder" new
@@ -113,11 +114,12 @@ killed() {
     [ "$name" != get ] || same kept new.from/A.BIN
     [ ! -e kept.part ] || fail "a part of a file is left"
     stop "$sign"
+    [ $failures -eq 0 ]
 }
 
 # A row, in a shell and a folder of its own.
 row() {
-    name=$1 line=$2
+    name=$2 line=$3
     cp -r "$work" "$work.$name"
     work=$work.$name
     cd "$work" && mkdir first || exit 1
@@ -133,7 +135,10 @@ row() {
     done
     [ "$packets" -gt 10 ] || packets=20
     stop "$sign"
-    for victim in vxctl vxsim; do killed $victim; done
+    while
+        for victim in vxctl vxsim; do killed $victim && echo killed >>"$1.kills"; done
+        [ $failures -eq 0 ] && [ $SECONDS -lt "${KILL_SECONDS:-0}" ]
+    do :; done
     [ $failures -eq 0 ] || echo "in $name, with KILL_SEED=$KILL_SEED" >&2
     exit $failures
 }
@@ -141,9 +146,10 @@ row() {
 pids=()
 while read -r name line; do
     [ -n "$name" ] || continue
-    (row "$name" "$line") &
+    (row "$work/all" "$name" "$line") &
     pids+=($!)
     RANDOM=$((KILL_SEED + ${#pids[@]})) # a row of moments for each
 done <<<"$rows"
 for pid in "${pids[@]}"; do wait "$pid" || failures=$((failures + 1)); done
 conclude
+echo "$(wc -l <"$work/all.kills") kills"
