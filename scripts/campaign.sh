@@ -2,8 +2,8 @@
 # Tries the project with what no sign, file or host would send, for as long as one likes, and prints a table of what was
 # tried and found: scripts/campaign.sh [MINUTES]
 #
-# Two fifths of the time go to calls of every export against a hostile sign, as many to the fuzz targets, the rest to lines
-# and hosts. Whatever finds something is kept below build/campaign or build/fuzz/found, with the command that shows it.
+# Two fifths of the time go to calls of every export against a hostile sign, as many to the fuzz targets, the rest to lines,
+# hosts, kills and threads. Whatever finds something is kept below build/campaign or build/fuzz/found, with the command that shows it.
 # Nothing that meets hostile bytes runs as root.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -15,7 +15,9 @@ fuzzTargets=9
 scripts/setup.sh ci
 cmake --preset asan >/dev/null
 cmake --preset release >/dev/null
-cmake --build --preset asan --parallel "$jobs" --target hostileTest linesTest vxctl | tail -n 1
+cmake --preset tsan >/dev/null
+cmake --build --preset asan --parallel "$jobs" --target hostileTest linesTest vxctl vxsim | tail -n 1
+cmake --build --preset tsan --parallel "$jobs" --target vxsign_tests | tail -n 1
 cmake --build --preset release --parallel "$jobs" --target vxsim | tail -n 1
 mkdir -p "$found"
 
@@ -53,12 +55,16 @@ part() {
     printf "$row" "$what" "$(tail -n 1 "$work/said" | grep -oE '[0-9]+' | tail -n 1)" $((SECONDS - begin)) $failed
     [ $failed -eq 1 ] || return 0
     status=1
-    { cat "$work/said" && echo "shown by: $*"; } >"$found/${what// /-}-$(date +%s).txt"
-    echo "    $*"
+    { cat "$work/said" && echo "shown by: ${*@Q}"; } >"$found/${what// /-}-$(date +%s).txt"
+    echo "    ${*@Q}"
 }
 part "files over bad lines" build/asan/bin/linesTest --bytes $((minutes < 10 ? minutes * 2000000 : 20000000))
 part "commands over hostile lines" tests/tools/hostileLines.py build/asan/bin/vxctl $((minutes * 40)) "$RANDOM"
 part "hosts beside greedy ones" tests/tools/greedyHosts.py build/release/bin/vxsim $((minutes / 3 + 1)) 100
+part "kills in transfers" env KILL_SEED=$RANDOM KILL_SECONDS=$((minutes * 6)) \
+    tests/tools/killTest.sh "$PWD/build/asan/bin/vxctl" "$PWD/build/asan/bin/vxsim" cmake
+threads="build/tsan/bin/vxsign_tests --gtest_filter=Threads.* --gtest_shuffle --gtest_fail_fast"
+part "rounds of threads" bash -c "$threads --gtest_repeat=$((minutes / 2 + 1)) && echo $((minutes / 2 + 1))"
 scripts/fuzz.sh $((minutes * 24 * jobs / fuzzTargets + 1)) || status=1
 [ -z "$(find "$found" -name 'calls-*' -newer "$work")" ] || status=1
 exit $status
