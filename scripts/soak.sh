@@ -2,7 +2,7 @@
 # A day of an operator: scripts/soak.sh HOURS
 #
 # Four virtual signs with faults (over UDP, TCP, a serial line, and UDP with lost and damaged replies) are worked with by
-# vxctl, a command after the other, and by a host that stays (tests/soak/soakHost.cpp). Every minute a line tells of each
+# vxctl, a command after the other, and by a host that stays (bench/soakHost.cpp). Every minute a line tells of each
 # process that stays its resident memory, descriptors, threads and temporary files. At the end the last quarter is compared
 # with the second: what has grown fails. HOURS may be a fraction; Ctrl-C ends the day early, with the same comparison. It
 # takes a few percent of a core, and leaves nothing behind. Nothing runs as root.
