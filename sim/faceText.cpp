@@ -7,7 +7,7 @@
 
 namespace vxsim {
 
-std::string VirtualSign::FaceText(std::uint64_t nowMs)
+std::vector<std::string_view> VirtualSign::Layers(std::uint64_t nowMs)
 {
     const auto plays = [this, nowMs](ProgramPlace place) { return programs.Plays(place, nowMs); };
     const auto hasWindow = [&] {
@@ -34,14 +34,23 @@ std::string VirtualSign::FaceText(std::uint64_t nowMs)
         {"program", plays(ProgramPlace::kFace)},
         {"zones", zones.ShownAt(nowMs).has_value()},
     };
+    std::vector<std::string_view> seen;
+    for (const auto& [name, isSeen] : kLayers) {
+        if (isSeen)
+            seen.push_back(name);
+    }
+    seen.push_back("list");
+    return seen;
+}
+
+std::string VirtualSign::FaceText(std::uint64_t nowMs)
+{
     std::string text = "face " + std::to_string(settings.width) + "x" + std::to_string(settings.height) +
                        "\r\ncolours 16777216\r\nlight " + std::to_string(light.LevelAt(nowMs)) +
                        (light.IsFixed() ? " fixed" : " by the hour") + "\r\nshows";
-    for (const auto& [name, isSeen] : kLayers) {
-        if (isSeen)
-            text.append(" ").append(name);
-    }
-    return text + " list\r\n";
+    for (const std::string_view name : Layers(nowMs))
+        text.append(" ").append(name);
+    return text + "\r\n";
 }
 
 } // namespace vxsim

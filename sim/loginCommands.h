@@ -17,6 +17,14 @@ inline constexpr std::size_t kLongestPassword = 6;
 
 using Users = std::map<std::string, std::string>; // passwords by name
 
+struct LoginHolder
+{
+    std::string user;
+    std::uint32_t host = 0;
+
+    bool operator==(const LoginHolder&) const = default;
+};
+
 // Major 10: who may use the sign. One user at a time holds it, known by the address of the host, since a host on UDP
 // has a new port for each call. A login ends when nothing was asked under it for a while.
 class LoginCommands : public CommandFamily
@@ -34,6 +42,11 @@ public:
 
     std::span<const CommandRow> Commands() const override;
     void Restart(std::uint64_t nowMs, bool isCold) override;
+
+    std::optional<LoginHolder> Holder(std::uint64_t nowMs) const
+    {
+        return IsHeld(nowMs) ? std::optional<LoginHolder>({held->user, held->host}) : std::nullopt;
+    }
 
     // Who is logged in from that host; empty if nobody is.
     std::string UserAt(const Arrival& arrival) const

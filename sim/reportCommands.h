@@ -21,6 +21,8 @@ struct SignCounters
     std::uint32_t refused = 0;   // answered with a code that is no answer
     std::uint32_t malformed = 0; // left without an answer
     std::uint32_t filesWritten = 0;
+
+    bool operator==(const SignCounters&) const = default;
 };
 
 class ReportCommands : public CommandFamily

@@ -28,17 +28,22 @@ std::span<const CommandRow> RestartCommands::Commands() const
 }
 
 // The sign goes on answering while its face is dark: hosts ask for the update while it runs.
-Reply RestartCommands::Reset(const Call& call, bool isCold)
+void RestartCommands::Begin(std::uint64_t nowMs, bool isCold)
 {
     if (isCold && light.IsBlack())
         observers.Tell(&SignEvents::blackScreenChanged, false);
     if (isCold)
         light.Forget();
-    const std::uint64_t untilMs = call.nowMs + kRestartMs;
+    const std::uint64_t untilMs = nowMs + kRestartMs;
     light.Restart(untilMs);
     for (CommandFamily* family : families)
-        family->Restart(call.nowMs, isCold);
+        family->Restart(nowMs, isCold);
     observers.Tell(&SignEvents::restarting, untilMs);
+}
+
+Reply RestartCommands::Reset(const Call& call, bool isCold)
+{
+    Begin(call.nowMs, isCold);
     return Reply::Done();
 }
 

@@ -22,6 +22,9 @@ public:
 
     std::span<const CommandRow> Commands() const override;
 
+    // The sign begins anew; a cold start forgets what was set.
+    void Begin(std::uint64_t nowMs, bool isCold);
+
 private:
     Reply Reset(const Call& call, bool isCold);
     Reply ResetToUpdate(const Call& call);

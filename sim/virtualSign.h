@@ -103,6 +103,21 @@ public:
     // Null unless the sign is a traffic signal controller.
     const TrafficCommands* Traffic() const { return settings.controller ? &traffic : nullptr; }
 
+    // What is to be seen on the face, each over the next: "off", "test", ... and "list" always.
+    std::vector<std::string_view> Layers(std::uint64_t nowMs);
+
+    // Who is logged in.
+    std::optional<LoginHolder> Holder(std::uint64_t nowMs) const { return login.Holder(nowMs); }
+
+    // The buttons of the box, for whoever stands at it.
+    void Switch(bool isOn) { light.Switch(isOn); }
+    void SetLevel(std::uint8_t eighths) { light.SetLevel(eighths); } // as FaceLight::SetLevel
+    void Restart(std::uint64_t nowMs) { restarts.Begin(nowMs, false); }
+    void SetClockAhead(std::int64_t seconds) { time.SetAhead(seconds); } // of the clock it began with
+
+    // Somebody has put the file onto a drive or taken it away.
+    void NoteFile(const std::filesystem::path& file) { transfers.Tell(file); }
+
     // The tiles as they are at that time.
     const TileWall& Tiles(std::uint64_t nowMs);
 
@@ -122,7 +137,7 @@ private:
     Reply Execute(const Command& command, const Frame& request, const Arrival& arrival);
     void PrepareSystemFiles() const;
 
-    // Size, colours and light of the face, and what is to be seen on it, each over the next.
+    // Size, colours and light of the face, and its layers.
     std::string FaceText(std::uint64_t nowMs);
 
     SignSettings settings;

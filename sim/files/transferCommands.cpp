@@ -142,7 +142,7 @@ Reply TransferCommands::Write(const Call& call, const FileLayout* layout, const 
         return file && drives.IsStandardFolder(*file) ? std::nullopt : file;
     });
     if (outcome.finished)
-        Finished(*outcome.finished);
+        Tell(*outcome.finished);
     if (outcome.code == Code::kNoSpace && !layout->isFlash)
         return Reply::WithCode(NoSpaceOn(DriveOf(call, *layout)));
     if (outcome.code == Code::kOk && layout->anyOrder) // a host with packets in flight looks for the code
@@ -150,7 +150,7 @@ Reply TransferCommands::Write(const Call& call, const FileLayout* layout, const 
     return Reply::WithCode(outcome.code);
 }
 
-void TransferCommands::Finished(const std::filesystem::path& file)
+void TransferCommands::Tell(const std::filesystem::path& file)
 {
     sender.Forget();
     observers.Tell(&SignEvents::fileWritten, file);

@@ -22,6 +22,9 @@ public:
 
     std::span<const CommandRow> Commands() const override;
 
+    // A file is there anew, or has gone.
+    void Tell(const std::filesystem::path& file);
+
     // A file was deleted or has another name.
     void Forget() { sender.Forget(); }
 
@@ -31,7 +34,6 @@ private:
     Reply Read(const Call& call, const FileLayout* layout, const char* folder);
     Reply TellFlashSize(const Call& call);
     std::optional<std::filesystem::path> Locate(const Call& call, const FileLayout& layout, const char* folder) const;
-    void Finished(const std::filesystem::path& file);
 
     const Drives& drives;
     std::filesystem::path flash;

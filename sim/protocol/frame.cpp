@@ -33,6 +33,7 @@ std::optional<Frame> ParseFrame(std::span<const std::uint8_t> bytes)
     frame.minor = bytes[13];
     frame.payload = bytes.subspan(kHeaderSize, std::size_t{4} * bytes[14]);
     frame.extended = bytes.subspan(kHeaderSize + frame.payload.size());
+    frame.bytes = bytes;
     return frame;
 }
 

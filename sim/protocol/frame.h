@@ -37,6 +37,7 @@ struct Frame
     std::uint8_t minor = 0;
     std::span<const std::uint8_t> payload; // whole words, zero padded by the host
     std::span<const std::uint8_t> extended;
+    std::span<const std::uint8_t> bytes; // all of it
 };
 
 // Total length that the header of a packet declares; `header` holds at least kHeaderSize bytes.

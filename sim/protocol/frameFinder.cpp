@@ -11,6 +11,13 @@ void FrameFinder::Append(std::span<const std::uint8_t> more)
     bytes.insert(bytes.end(), more.begin(), more.end());
 }
 
+void FrameFinder::Clear()
+{
+    bytes.clear();
+    kept.clear();
+    start = 0;
+}
+
 void FrameFinder::Skip(std::size_t count)
 {
     const auto begin = bytes.begin() + static_cast<std::ptrdiff_t>(start);

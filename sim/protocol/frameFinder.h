@@ -26,6 +26,9 @@ public:
     // The line has fallen silent in the middle of what looked like a request: it was noise. Next then looks behind it.
     void GiveUp();
 
+    // As if nothing had been appended.
+    void Clear();
+
     // True while the beginning of a possible request waits for its rest.
     bool IsWaiting() const { return start != bytes.size(); }
 

@@ -17,20 +17,41 @@ void Add(std::vector<std::uint8_t> reply, Replies& replies)
 
 } // namespace
 
+template <typename Request>
+void Answers::AnswerPacket(const Request& request, std::span<const std::uint8_t> bytes, const Arrival& arrival,
+                           Replies& replies)
+{
+    const auto begin = Clock::now();
+    std::vector<std::uint8_t> reply = sign.Answer(request, arrival);
+    const auto took = Clock::now() - begin;
+    reply = injector.Apply(std::move(reply));
+    if (tell)
+        tell({arrival, bytes, reply, took});
+    Add(std::move(reply), replies);
+}
+
 Replies Answers::ToDatagram(Speech speech, std::span<const std::uint8_t> request, const Arrival& arrival)
 {
     Replies replies;
-    std::vector<std::uint8_t> bytes(request.begin(), request.end());
-    if (speech == Speech::kPackets)
-        Add(injector.Apply(sign.Answer(request, arrival)), replies);
-    else
+    if (unplugged)
+        return replies;
+    if (speech == Speech::kPackets) {
+        AnswerPacket(request, request, arrival, replies);
+    } else {
+        std::vector<std::uint8_t> bytes(request.begin(), request.end());
         AnswerModbus(speech, bytes, replies);
+    }
     return replies;
 }
 
 std::optional<Replies> Answers::ToLine(StreamLine& line, std::uint64_t nowMs, Shares& shares)
 {
     Replies replies;
+    if (unplugged) {
+        line.Forget();
+        line.SetPending(false);
+        return replies;
+    }
     line.SetPending(true);
     while (true) {
         if (!shares.IsLeft(line.Host()))
@@ -39,7 +60,7 @@ std::optional<Replies> Answers::ToLine(StreamLine& line, std::uint64_t nowMs, Sh
         const auto frame = line.Finder().Next();
         if (!frame)
             break;
-        Add(injector.Apply(sign.Answer(*frame, {nowMs, line.Host(), kFirstConnection + line.Number()})), replies);
+        AnswerPacket(*frame, frame->bytes, {nowMs, line.Host(), kFirstConnection + line.Number()}, replies);
     }
     line.SetPending(false);
     const Shares::Spending spending(shares, line.Host());
@@ -59,6 +80,8 @@ Replies Answers::OfBootLoader(std::uint64_t nowMs)
 {
     Replies replies;
     AddBytes(bootLoader->KeepUp(nowMs), replies);
+    if (unplugged)
+        replies.clear();
     return replies;
 }
 

@@ -21,6 +21,8 @@ struct Endpoints
     // Throws std::invalid_argument for a host that is no IPv4 address, std::system_error if something cannot be opened.
     explicit Endpoints(const ListenSettings& settings);
 
+    std::string Place() const { return host + ":" + std::to_string(port); }
+
     std::string host;
     std::uint32_t address = 0; // of the host, first octet in the top byte
     std::uint16_t port = 0;

@@ -18,6 +18,8 @@ struct FaultSettings
     double badSum = 0;      // its checksum is wrong
     std::size_t noise = 0;  // random bytes ahead of every reply, never 0x55; a host skips five of them in any case
     std::uint32_t seed = 1; // the same seed gives the same faults
+
+    bool operator==(const FaultSettings&) const = default;
 };
 
 inline constexpr std::size_t kMostNoise = 64;
@@ -31,6 +33,11 @@ class FaultInjector
 {
 public:
     explicit FaultInjector(const FaultSettings& faults) : settings(faults), random(faults.seed) {}
+
+    const FaultSettings& Settings() const { return settings; }
+
+    // From now on; what comes at random goes on.
+    void Use(const FaultSettings& other) { settings = other; }
 
     // What goes out for this reply; empty if nothing does.
     std::vector<std::uint8_t> Apply(std::vector<std::uint8_t> reply);

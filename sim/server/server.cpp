@@ -25,10 +25,11 @@ constexpr milliseconds kPartTimeout{200};
 // Silence after which replies that no host has fetched from the serial line are stale.
 constexpr milliseconds kStaleTimeout{1000};
 
-// Places among what is watched: these two for each port, and the lines behind them.
+// Places among what is watched: the last two for each port, and the lines behind them.
 enum : std::size_t
 {
     kStop,
+    kAsked,
     kUdp,
     kTcp
 };
@@ -69,6 +70,35 @@ void Server::OnTick(milliseconds every, std::function<void()> call)
     nextTick = Clock::now();
 }
 
+void Server::TickEvery(milliseconds every)
+{
+    tickEvery = every;
+    nextTick = std::min(nextTick, Clock::now() + every);
+}
+
+void Server::Watch(int descriptor, std::function<void()> serve)
+{
+    asked = descriptor;
+    serveAsked = std::move(serve);
+}
+
+LineSettings Server::Line()
+{
+    return {answers.Faults().Settings(), settings.delay, answers.IsUnplugged()};
+}
+
+void Server::Use(const LineSettings& line)
+{
+    answers.Faults().Use(line.faults);
+    answers.Unplug(line.unplugged);
+    settings.delay = line.delay;
+    if (line.unplugged)
+        waiting.clear();
+    const auto latest = Clock::now() + line.delay;
+    for (Waiting& reply : waiting)
+        reply.due = std::min(reply.due, latest);
+}
+
 void Server::Run(int stop)
 {
     while (true) {
@@ -81,6 +111,8 @@ void Server::Run(int stop)
         }
         if (watched[kStop].revents != 0)
             return;
+        if (watched[kAsked].revents != 0)
+            serveAsked();
         shares.BeginTurn();
         for (std::size_t i = 0; i < ports.size(); ++i)
             if (watched[kUdp + kEachPort * i].revents != 0)
@@ -155,6 +187,7 @@ void Server::Prepare(int stop)
     const auto input = static_cast<short>(IsFull() ? 0 : POLLIN);
     watched.clear();
     watched.push_back({stop, POLLIN, 0});
+    watched.push_back({asked, POLLIN, 0});
     for (const Port& port : ports) {
         watched.push_back({port.at->udp.Get(), input, 0});
         watched.push_back({!acceptPaused ? port.at->tcp.Get() : -1, POLLIN, 0});

@@ -19,6 +19,7 @@
 #include <list>
 #include <optional>
 #include <poll.h>
+#include <utility>
 #include <vector>
 
 namespace vxsim {
@@ -31,6 +32,16 @@ struct ServerSettings
     std::chrono::milliseconds delay{0}; // from a request to its reply
     FaultSettings faults;
     std::chrono::milliseconds idle{30000}; // silence after which a connection makes room for a new one
+};
+
+// How the lines are treated, all of them alike.
+struct LineSettings
+{
+    FaultSettings faults;
+    std::chrono::milliseconds delay{0}; // from a request to its reply
+    bool unplugged = false;             // silence on all lines
+
+    bool operator==(const LineSettings&) const = default;
 };
 
 // What has its place on the sign's lines too. Each may be missing.
@@ -51,6 +62,20 @@ public:
 
     // Calls `tick` from the loop, first at once and then whenever the time is over, for a face that is redrawn.
     void OnTick(std::chrono::milliseconds every, std::function<void()> tick);
+
+    // The same tick at another pace from now on.
+    void TickEvery(std::chrono::milliseconds every);
+
+    // Calls `serve` from the loop whenever the descriptor can be read.
+    void Watch(int descriptor, std::function<void()> serve);
+
+    // Told of each request after the sign has answered it.
+    void Observe(std::function<void(const Carried&)> observer) { answers.Observe(std::move(observer)); }
+
+    LineSettings Line();
+
+    // Holds at once, for replies that wait too.
+    void Use(const LineSettings& line);
 
     // Serves until the descriptor `stop` can be read. Throws std::system_error if the system refuses to wait.
     void Run(int stop);
@@ -100,13 +125,15 @@ private:
     std::uint64_t lastNumber = 0;
     int serialLine = -1;
     std::deque<Waiting> waiting; // in the order of their time, as the delay is the same for all
-    std::vector<pollfd> watched; // stop, UDP and TCP of each port, then the lines in their order
+    std::vector<pollfd> watched; // stop, `asked`, UDP and TCP of each port, then the lines in their order
     Inbox inbox;
     Shares shares;
     bool acceptPaused = false;
     std::chrono::milliseconds tickEvery{0};
     std::function<void()> tick;
     Clock::time_point nextTick{};
+    int asked = -1;
+    std::function<void()> serveAsked;
 };
 
 } // namespace vxsim

@@ -39,6 +39,12 @@ bool StreamLine::Receive(Clock::time_point now)
     return count > 0;
 }
 
+void StreamLine::Forget()
+{
+    rawBytes.clear();
+    finder.Clear();
+}
+
 bool StreamLine::Send(std::span<const std::uint8_t> bytes)
 {
     unsent.insert(unsent.end(), bytes.begin(), bytes.end());

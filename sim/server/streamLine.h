@@ -44,6 +44,9 @@ public:
     // What devices beside the sign may still have to answer.
     std::vector<std::uint8_t>& Bytes() { return rawBytes; }
 
+    // What has come has never come.
+    void Forget();
+
     // Reads what is there into the finder. False if the other side has gone.
     bool Receive(Clock::time_point now);
 

@@ -30,6 +30,8 @@ struct Climate
     int hotTile = 0; // of the tiles that are hot
     int hottest = 0;
     std::uint8_t humidity = 0;
+
+    bool operator==(const Climate&) const = default;
 };
 
 // What the sign would measure: outside what a host has told, else a course of the day; inside the heat of the lamps.

@@ -165,12 +165,11 @@ std::string ConditionText(const Condition& condition)
         text += "lock " + std::to_string(tile) + "\n";
     for (const auto& [tile, state] : condition.tileErrors) {
         text += "tile-error " + std::to_string(tile) + ",";
-        text.append(std::ranges::find(kTaskErrors, state, &TaskErrorName::state)->name).append("\n");
+        text.append(TaskErrorWord(state)).append("\n");
     }
     for (const auto& [place, fault] : condition.badLamps) {
         text += "bad " + std::to_string(place.x) + "," + std::to_string(place.y) + ",";
-        text.append(kLamps[static_cast<std::size_t>(place.lamp)]).append(",");
-        text.append(kFaults[static_cast<std::size_t>(fault)]).append("\n");
+        text.append(LampWord(place.lamp)).append(",").append(FaultWord(fault)).append("\n");
     }
     return text;
 }
@@ -179,6 +178,21 @@ std::string_view LampName(Lamp lamp)
 {
     constexpr std::string_view kNames[] = {"Red", "Green", "Blue"};
     return kNames[static_cast<std::size_t>(lamp)];
+}
+
+std::string_view LampWord(Lamp lamp)
+{
+    return kLamps[static_cast<std::size_t>(lamp)];
+}
+
+std::string_view FaultWord(LampFault fault)
+{
+    return kFaults[static_cast<std::size_t>(fault)];
+}
+
+std::string_view TaskErrorWord(TaskState state)
+{
+    return std::ranges::find(kTaskErrors, state, &TaskErrorName::state)->name;
 }
 
 ConditionFile::ConditionFile(const std::filesystem::path& signFolder) : path(signFolder / "sign" / "condition.txt")

@@ -69,6 +69,11 @@ std::string ConditionText(const Condition& condition);
 
 std::string_view LampName(Lamp lamp); // "Red"
 
+// As they stand in a change.
+std::string_view LampWord(Lamp lamp); // "red"
+std::string_view FaultWord(LampFault fault);
+std::string_view TaskErrorWord(TaskState state); // of an error in kTaskErrors
+
 // The file that tells a running sign of its condition.
 class ConditionFile
 {

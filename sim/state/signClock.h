@@ -56,6 +56,8 @@ public:
     // False for a time that does not exist, or before 1970; the clock then goes on as it was.
     bool Set(const ClockTime& time, std::uint64_t nowMs);
 
+    std::int64_t SecondsAtZero() const { return atZero; }
+
 private:
     std::int64_t SecondsAt(std::uint64_t nowMs) const { return atZero + static_cast<std::int64_t>(nowMs / 1000); }
 

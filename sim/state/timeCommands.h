@@ -22,7 +22,7 @@ class TimeCommands : public CommandFamily
 public:
     // A traffic signal controller tells its seconds too.
     TimeCommands(std::int64_t localSecondsAtZero, bool isController)
-        : controller(isController), clock(localSecondsAtZero)
+        : controller(isController), beganAtZero(localSecondsAtZero), clock(localSecondsAtZero)
     {
     }
 
@@ -32,6 +32,10 @@ public:
     Reply Adjust(const Call& call);
 
     const SignClock& Clock() const { return clock; }
+
+    // Seconds that the clock is ahead of the one it began with.
+    std::int64_t Ahead() const { return clock.SecondsAtZero() - beganAtZero; }
+    void SetAhead(std::int64_t seconds) { clock = SignClock(beganAtZero + seconds); }
     const std::optional<Weather>& LastWeather() const { return weather; }
     const std::optional<SpeedLimit>& LastSpeedLimit() const { return speedLimit; }
 
@@ -41,6 +45,7 @@ private:
     Reply KeepSpeedLimit(const Call& call);
 
     bool controller;
+    std::int64_t beganAtZero;
     SignClock clock;
     std::uint8_t mark = 0; // a byte beside the time that goes back as it came
     std::optional<Weather> weather;
