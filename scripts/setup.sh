@@ -8,6 +8,7 @@ packages=(
     g++ cmake ninja-build pkg-config                              # building
     libtinyxml2-dev libpcre2-dev                                  # the library
     libsqlite3-dev libfreetype-dev libraqm-dev libstb-dev         # the virtual sign
+    libcpp-httplib-dev                                            # its page
     fonts-liberation fonts-unifont                                # its lettering
     libcli11-dev nlohmann-json3-dev libgif-dev                    # the command line
     libgtest-dev libgmock-dev libbenchmark-dev libmodbus-dev lrzsz # tests and measurements

@@ -57,13 +57,14 @@ void Companions::ShowOn(Stage& stage)
         stage.CaptionWith([this] { return Caption{devices->LastChange(), false}; });
 }
 
-void Companions::Announce() const
+std::vector<std::string> Companions::Places() const
 {
+    std::vector<std::string> places;
     if (rtuPort)
-        std::cout << "modbus " << rtuPort->host << ':' << rtuPort->port << '\n';
+        places.push_back("modbus " + rtuPort->Place());
     if (tcpPort)
-        std::cout << "modbus-tcp " << tcpPort->host << ':' << tcpPort->port << '\n';
-    std::cout.flush();
+        places.push_back("modbus-tcp " + tcpPort->Place());
+    return places;
 }
 
 } // namespace vxsim

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vxsim {
 
@@ -50,8 +51,11 @@ public:
 
     void ShowOn(Stage& stage);
 
-    // A line on standard output for each port.
-    void Announce() const;
+    // A line for each port: "modbus HOST:PORT".
+    std::vector<std::string> Places() const;
+
+    // Null without them.
+    const ModbusDevices* Devices() const { return devices ? &*devices : nullptr; }
 
 private:
     bool showRegisters;

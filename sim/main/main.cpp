@@ -3,6 +3,7 @@
 #include "sim/main/companions.h"
 #include "sim/main/conditionOptions.h"
 #include "sim/main/signFolder.h"
+#include "sim/main/webOptions.h"
 #include "sim/platform/terminal.h"
 #include "sim/server/endpoints.h"
 #include "sim/server/faults.h"
@@ -10,6 +11,7 @@
 #include "sim/stage/facePainter.h"
 #include "sim/stage/stage.h"
 #include "sim/virtualSign.h"
+#include "sim/web/webSite.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -57,10 +59,12 @@ struct Options
     vxsim::ListenSettings listen;
     vxsim::CompanionOptions companions;
     vxsim::ConditionOptions condition;
+    vxsim::WebOptions web;
 };
 
 constexpr const char* kFooter = R"(Each line on standard output names one thing to use: "dir FOLDER", "udp HOST:PORT",
-"tcp HOST:PORT", "serial DEVICE", "modbus HOST:PORT", "modbus-tcp HOST:PORT". SIGINT and SIGTERM end the sign.
+"tcp HOST:PORT", "serial DEVICE", "modbus HOST:PORT", "modbus-tcp HOST:PORT", "web URL". SIGINT and SIGTERM end the
+sign.
 
 Faults: drop, truncate, wrongid and badsum are probabilities from 0 to 1 for each reply, noise is a number of
 random bytes ahead of each reply, seed makes a run repeatable.
@@ -70,6 +74,7 @@ Examples:
   vxsim --dir mysign --drives CDE           keeps its files in mysign, has no drive F
   vxsim --port 0 --serial                   any free port, and a serial line
   vxsim --face ansi --png face.png          shows the face in the terminal and as a picture
+  vxsim --web                               shows it in the browser, with all that can be done to it
   vxsim --dir mysign --bad 3,4,red          begins with a bad pixel
   vxsim pixel --dir mysign --good 3,4       mends it while the sign runs
   vxsim tile --dir mysign --error 3,bus     lets tile 3 fail; --good 3 mends it
@@ -152,12 +157,22 @@ std::int64_t LocalSecondsAtZero()
     return std::int64_t{now} + local.tm_gmtoff - static_cast<std::int64_t>(vxsim::NowMs() / 1000);
 }
 
-void Announce(const vxsim::Endpoints& endpoints, const fs::path& folder)
+// A line for each place where hosts reach the sign.
+std::vector<std::string> Places(const vxsim::Endpoints& endpoints, const vxsim::Companions& companions)
 {
-    const std::string place = endpoints.host + ":" + std::to_string(endpoints.port);
-    std::cout << "dir " << folder.string() << "\nudp " << place << "\ntcp " << place << '\n';
+    std::vector<std::string> places{"udp " + endpoints.Place(), "tcp " + endpoints.Place()};
     if (!endpoints.serialPath.empty())
-        std::cout << "serial " << endpoints.serialPath << '\n';
+        places.push_back("serial " + endpoints.serialPath);
+    for (std::string& place : companions.Places())
+        places.push_back(std::move(place));
+    return places;
+}
+
+void Announce(const fs::path& folder, const std::vector<std::string>& places)
+{
+    std::cout << "dir " << folder.string() << '\n';
+    for (const std::string& place : places)
+        std::cout << place << '\n';
     std::cout.flush();
 }
 
@@ -203,21 +218,31 @@ void Serve(const Options& options)
     if (options.verbose)
         ReportCommands(sign);
     vxsim::Server server(endpoints, sign, serverSettings, companions.Lines());
-    Announce(endpoints, folder.Path());
-    companions.Announce();
-    std::optional<vxsim::FacePainter> painter;
-    if (options.face == "ansi" || !options.png.empty()) {
-        painter.emplace(stage, options.face == "ansi" ? &std::cout : nullptr, vxsim::TerminalColumns, options.png);
-        server.OnTick(kFrame, [&sign, &painter] {
-            sign.KeepUp(vxsim::NowMs());
-            painter->Paint(vxsim::NowMs());
-        });
-    } else {
-        server.OnTick(kUnseenStep, [&sign, &stage] {
-            sign.KeepUp(vxsim::NowMs());
-            stage.KeepUp(vxsim::NowMs());
-        });
+    std::vector<std::string> places = Places(endpoints, companions);
+    const bool isPainted = options.face == "ansi" || !options.png.empty();
+    const auto step = isPainted ? kFrame : kUnseenStep;
+    std::optional<vxsim::WebSite> web;
+    if (options.web.IsWanted()) {
+        web.emplace(options.web.Settings(), vxsim::WebSign{sign, stage, server, companions.Devices()},
+                    vxsim::WebIdentity{VXSIM_VERSION, folder.Path().string(), places}, step);
+        places.push_back("web " + web->Address());
     }
+    Announce(folder.Path(), places);
+    std::optional<vxsim::FacePainter> painter;
+    if (isPainted)
+        painter.emplace(stage, options.face == "ansi" ? &std::cout : nullptr, vxsim::TerminalColumns, options.png);
+    server.OnTick(step, [&sign, &stage, &painter, &web] {
+        const std::uint64_t nowMs = vxsim::NowMs();
+        sign.KeepUp(nowMs);
+        if (painter)
+            painter->Paint(nowMs);
+        else if (web && web->IsWatched())
+            stage.Draw(nowMs);
+        else
+            stage.KeepUp(nowMs);
+        if (web)
+            web->Publish(nowMs);
+    });
     server.Run(end.Get());
 }
 
@@ -251,6 +276,7 @@ int Run(int argc, char** argv)
         ->capture_default_str()
         ->check(CLI::Range(0U, 60000U));
     app.add_option("--fault", options.faults, "what happens to replies, such as drop=0.1,noise=4");
+    options.web.AddTo(app);
     options.condition.AddTo(app);
     options.condition.AddCommandsTo(app);
     try {

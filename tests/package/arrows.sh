@@ -39,5 +39,5 @@ result=0
 arrows src "" words platform util thread,channels vxBaseCMD vxComm,playlist,reports content api || result=1
 arrows src/vxComm vxComm/ shared . FileCtrl,MB,Ondra,Read,Tarsis,Traffic,Write,XModem || result=1
 arrows sim sim/ platform protocol command files state logs monitor boards,devices,play,tiles,traffic,zones . \
-    face content stage server main || result=1
+    face content stage server web main || result=1
 exit $result
