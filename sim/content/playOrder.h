@@ -30,6 +30,8 @@ public:
     // Files in a round.
     std::size_t Size() const { return files.size(); }
 
+    const Sequence& List() const { return sequence; }
+
     // The file whose turn it is. Not for an empty list.
     const FileEntry& At(std::uint64_t turn);
 

@@ -172,6 +172,14 @@ void Player::Draw(std::uint64_t nowMs, Canvas& face)
         face.Clear();
 }
 
+const FileEntry* Player::ListedFile()
+{
+    if (!show || order.Size() == 0 || next == 0)
+        return nullptr;
+    const FileEntry& file = order.At(next - 1);
+    return file == current ? &file : nullptr;
+}
+
 std::string Player::NextFile(std::uint64_t nowMs)
 {
     const std::uint64_t now = PlayMs(nowMs);

@@ -83,6 +83,10 @@ public:
     // Sign path of what plays as of the last call with a time, empty if nothing does.
     std::string CurrentFile() const { return current.path; }
 
+    // What Restart or Play has begun with, and the file in it that plays; null if none of them does.
+    const Sequence& List() const { return order.List(); }
+    const FileEntry* ListedFile();
+
     // How many turns have begun.
     std::uint64_t Turns() const { return turns; }
 

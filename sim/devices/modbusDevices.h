@@ -42,6 +42,10 @@ public:
     // The answer to one request, both from the function on; empty for silence.
     std::vector<std::uint8_t> Answer(std::uint8_t device, std::span<const std::uint8_t> request);
 
+    // Those registers that were written: address of the device, register as it travels, value.
+    using Written = std::map<std::pair<std::uint8_t, std::uint16_t>, std::uint16_t>;
+    const Written& Registers() const { return values; }
+
     // The last register that was written, in words such as "VSLS 5/1 r3=80"; empty before.
     const std::string& LastChange() const { return lastChange; }
 
@@ -59,7 +63,7 @@ private:
 
     std::filesystem::path file;
     bool answersRefusals;
-    std::map<std::pair<std::uint8_t, std::uint16_t>, std::uint16_t> values; // that were written
+    Written values;
     std::string lastChange;
     std::function<void(const std::string&)> tell;
 };

@@ -2,8 +2,6 @@
 
 #include "sim/state/condition.h"
 
-#include <algorithm>
-#include <set>
 #include <stdexcept>
 #include <system_error>
 
@@ -14,20 +12,6 @@ constexpr const char* kTileErrorHelp =
     "a tile that fails: TILE,ERROR (queue, bus, retry, normal, task, broadcast, control, address, twi, pixel, full)";
 constexpr const char* kBadPixelHelp =
     "a pixel with a bad lamp: X,Y,red (green, blue, all), then ,stuck or ,signal if not dark";
-
-constexpr int kTileSide = 16;
-
-int HighestTile(const Condition& condition)
-{
-    const auto highest = [](const std::set<int>& tiles) { return tiles.empty() ? 0 : *tiles.rbegin(); };
-    const int failing = condition.tileErrors.empty() ? 0 : condition.tileErrors.rbegin()->first;
-    return std::max({highest(condition.hotTiles), highest(condition.lockedTiles), failing});
-}
-
-[[noreturn]] void Refuse(const std::string& value, const std::string& what)
-{
-    throw std::invalid_argument("'" + value + "' is not " + what);
-}
 
 } // namespace
 
@@ -75,16 +59,8 @@ void ConditionOptions::AddCommandsTo(CLI::App& app)
 
 void ConditionOptions::Check(int width, int height) const
 {
-    const int tiles = (width + kTileSide - 1) / kTileSide * ((height + kTileSide - 1) / kTileSide);
-    for (const auto& [what, value] : changes) {
-        Condition condition;
-        Change(condition, what, value);
-        const auto isBeyond = [&](const auto& lamp) { return lamp.first.x >= width || lamp.first.y >= height; };
-        if (std::ranges::any_of(condition.badLamps, isBeyond))
-            Refuse(value, "a pixel of a face of " + std::to_string(width) + "x" + std::to_string(height));
-        if (HighestTile(condition) > tiles)
-            Refuse(value, "one of the " + std::to_string(tiles) + " tiles of this face");
-    }
+    for (const auto& [what, value] : changes)
+        CheckChange(what, value, width, height);
 }
 
 void ConditionOptions::Apply(const std::filesystem::path& signFolder) const

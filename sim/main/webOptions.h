@@ -1,8 +1,7 @@
 // The options of the page.
 #pragma once
 
-#include "sim/server/endpoints.h"
-#include "sim/web/guard.h"
+#include "sim/web/onlooker.h"
 
 #include <CLI/CLI.hpp>
 

@@ -38,6 +38,11 @@ public:
     // What is written over the face from now on, asked for at each picture.
     void CaptionWith(std::function<Caption()> source) { caption = std::move(source); }
 
+    // The list that plays, and the file in it whose turn it is; null if it is the turn of none. Valid until the next
+    // call.
+    const Sequence& List() const { return player.List(); }
+    const FileEntry* ListedFile() { return player.ListedFile(); }
+
     // Passes the turns that are over, for a sign that nobody looks at.
     void KeepUp(std::uint64_t nowMs);
 

@@ -1,6 +1,7 @@
 #include "sim/state/condition.h"
 
 #include "sim/files/storedRecord.h"
+#include "sim/state/tiles.h"
 
 #include <algorithm>
 #include <array>
@@ -119,7 +120,28 @@ void EndTrouble(Condition& condition, std::string_view value)
     condition.tileErrors.erase(TileNumber(value));
 }
 
+int HighestTile(const Condition& condition)
+{
+    const auto highest = [](const std::set<int>& tiles) { return tiles.empty() ? 0 : *tiles.rbegin(); };
+    const int failing = condition.tileErrors.empty() ? 0 : condition.tileErrors.rbegin()->first;
+    return std::max({highest(condition.hotTiles), highest(condition.lockedTiles), failing});
+}
+
 } // namespace
+
+void CheckChange(std::string_view what, std::string_view value, int width, int height)
+{
+    Condition condition;
+    Change(condition, what, value);
+    const auto isBeyond = [&](const auto& lamp) { return lamp.first.x >= width || lamp.first.y >= height; };
+    const auto refuse = [&](const std::string& wanted) {
+        throw std::invalid_argument("'" + std::string(value) + "' is not " + wanted);
+    };
+    if (std::ranges::any_of(condition.badLamps, isBeyond))
+        refuse("a pixel of a face of " + std::to_string(width) + "x" + std::to_string(height));
+    if (const int tiles = Tiles(width, height).Count(); HighestTile(condition) > tiles)
+        refuse("one of the " + std::to_string(tiles) + " tiles of this face");
+}
 
 void Change(Condition& condition, std::string_view what, std::string_view value)
 {
@@ -224,6 +246,8 @@ Condition ConditionFile::Read() const
 void ConditionFile::Write(const Condition& condition) const
 {
     const std::string text = ConditionText(condition);
+    if (text.size() > kMostText)
+        throw std::invalid_argument("more is wrong than " + path.string() + " has room for");
     if (!ReplaceFile(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}))
         throw std::runtime_error("cannot write " + path.string());
 }

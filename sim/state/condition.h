@@ -63,6 +63,9 @@ struct Condition
 // Throws std::invalid_argument, which names the value, for anything else.
 void Change(Condition& condition, std::string_view what, std::string_view value);
 
+// Throws what Change would throw, and the same for a pixel or a tile that a face of that size does not have.
+void CheckChange(std::string_view what, std::string_view value, int width, int height);
+
 // The same, one change on each line, as it stands in a file. What makes no sense is passed over.
 Condition ParseCondition(std::string_view text);
 std::string ConditionText(const Condition& condition);
@@ -85,7 +88,7 @@ public:
 
     Condition Read() const;
 
-    // Throws std::runtime_error if it cannot be written.
+    // Throws std::invalid_argument if it is too much for the file, std::runtime_error if it cannot be written.
     void Write(const Condition& condition) const;
 
 private:

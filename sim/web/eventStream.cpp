@@ -54,8 +54,10 @@ bool EventStream::Tell(httplib::DataSink& sink)
 {
     if (const auto sight = viewer->Wait(kWait, stop))
         unsaid += News(*sight);
-    if (unsaid.empty() && Clock::now() - lastTold >= kBeat)
-        unsaid = ": alive\n\n";
+    if (unsaid.empty() && Clock::now() - lastTold >= kBeat) {
+        desk.Questions().Ask([] {}); // a sign that hangs has no beat
+        unsaid = Event("alive", "{}");
+    }
     if (!unsaid.empty())
         lastTold = Clock::now();
     const std::string text = std::exchange(unsaid, {});

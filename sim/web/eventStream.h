@@ -13,8 +13,8 @@
 
 namespace vxsim {
 
-// Server-sent events: "sign" first, then "face", "state" and "traffic" whenever there is news, and a comment now and
-// then so that the page knows of the sign. Each tells what this page does not know yet.
+// Server-sent events: "sign" first, then "face", "state" and "traffic" whenever there is news, and "alive" where there
+// is none for long. Each tells what this page does not know yet.
 class EventStream
 {
 public:

@@ -1,18 +1,13 @@
 // Who may ask the page for what.
 #pragma once
 
+#include "sim/web/onlooker.h"
+
 #include <cstdint>
 #include <httplib.h>
-#include <string>
+#include <utility>
 
 namespace vxsim {
-
-struct WebSettings
-{
-    std::string host = "127.0.0.1"; // IPv4 address to listen on
-    std::uint16_t port = 8520;      // 0 picks a free one
-    std::string password;           // empty: none is asked for
-};
 
 // Looks at each request before anything else does.
 class Guard

@@ -6,6 +6,7 @@
 #include <arpa/inet.h>
 #include <array>
 #include <cerrno>
+#include <exception>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -84,15 +85,24 @@ void HttpServer::Accept()
     }
 }
 
+// What fails while an answer is under way ends it there.
+void HttpServer::Answer(HttpConnection& connection)
+{
+    try {
+        bool closed = true;
+        process_request(connection, true, closed, nullptr);
+    } catch (const std::exception&) { // no memory, or a sign that has gone
+    }
+}
+
 void HttpServer::Serve(int socket)
 {
     const int on = 1;
     ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
     HttpConnection connection(Descriptor(socket), stopping);
     const int status = connection.ReadHead();
-    bool closed = true;
     if (status == 200)
-        process_request(connection, true, closed, nullptr);
+        Answer(connection);
     else if (status != 0)
         connection.Refuse(status, status == 431 ? "the head of the request is too long" : "the request is too slow");
     connection.Finish();

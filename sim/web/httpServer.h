@@ -2,6 +2,7 @@
 #pragma once
 
 #include "sim/platform/descriptor.h"
+#include "sim/web/httpConnection.h"
 
 #include <atomic>
 #include <cstdint>
@@ -38,6 +39,7 @@ public:
 private:
     void Accept();
     void Serve(int connection);
+    void Answer(HttpConnection& connection);
 
     Descriptor stopping;
     Descriptor listening;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <ctime>
 #include <nlohmann/json.hpp>
 #include <span>
 #include <string>
@@ -25,7 +26,7 @@ std::string TextOf(const nlohmann::json& object, const std::string& name);
 std::string Hex(std::span<const std::uint8_t> bytes);
 std::string Base64(std::span<const std::uint8_t> bytes);
 
-// "2026-11-22T12:30:00": the local time of this machine, and so many seconds on.
-std::string LocalTimeText(std::int64_t secondsAhead);
+// "2026-11-22T12:30:00", the local time of this machine.
+std::string LocalTimeText(std::time_t time);
 
 } // namespace vxsim

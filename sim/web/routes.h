@@ -10,5 +10,9 @@ namespace vxsim {
 
 void AddPages(HttpServer& server);
 void AddEvents(HttpServer& server, SignDesk& desk, const std::string& sign);
+void AddTraffic(HttpServer& server, SignDesk& desk);
+void AddChanges(HttpServer& server, SignDesk& desk);
+void AddFiles(HttpServer& server, SignDesk& desk);
+void AddReports(HttpServer& server, SignDesk& desk);
 
 } // namespace vxsim

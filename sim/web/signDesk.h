@@ -1,11 +1,8 @@
 // The sign's side of the page: what its own thread does for those who look on.
 #pragma once
 
-#include "sim/devices/modbusDevices.h"
-#include "sim/server/server.h"
-#include "sim/stage/stage.h"
-#include "sim/virtualSign.h"
 #include "sim/web/askQueue.h"
+#include "sim/web/onlooker.h"
 #include "sim/web/trafficRing.h"
 #include "sim/web/viewer.h"
 
@@ -16,15 +13,6 @@
 #include <vector>
 
 namespace vxsim {
-
-// What the page shows and changes.
-struct WebSign
-{
-    VirtualSign& sign;
-    Stage& stage;
-    Server& server;
-    const ModbusDevices* devices = nullptr;
-};
 
 // Belongs to the sign's thread, as the sign does; only Questions() is for others. Keeps the traffic, and while
 // somebody looks on, has the face drawn and hands out what has changed.

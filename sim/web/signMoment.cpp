@@ -29,15 +29,6 @@ constexpr std::pair<std::string_view, std::string_view> kReasons[] = {
     {"list", "its turn in the list"},
 };
 
-std::string_view ReasonOf(const NowPlaying& playing)
-{
-    const std::string_view top = playing.layers.front();
-    if (top == "list" && playing.file.empty())
-        return "the list has nothing to show now";
-    const auto* const reason = std::ranges::find(kReasons, top, &std::pair<std::string_view, std::string_view>::first);
-    return reason == std::end(kReasons) ? top : reason->second;
-}
-
 json ConditionJson(const Condition& condition)
 {
     json lamps = json::array();
@@ -78,6 +69,15 @@ json LineJson(const LineSettings& line)
 
 } // namespace
 
+std::string_view ReasonOf(const NowPlaying& playing)
+{
+    const std::string_view top = playing.layers.front();
+    if (top == "list" && playing.file.empty())
+        return "the list has nothing to show now";
+    const auto* const reason = std::ranges::find(kReasons, top, &std::pair<std::string_view, std::string_view>::first);
+    return reason == std::end(kReasons) ? top : reason->second;
+}
+
 json MomentJson(const SignMoment& moment, int width, int height)
 {
     json hosts = json::array();
@@ -88,7 +88,8 @@ json MomentJson(const SignMoment& moment, int width, int height)
             {"light", moment.light},
             {"lightFixed", moment.isFixed},
             {"door", moment.condition.doorOpen ? "open" : "closed"},
-            {"clock", {{"local", LocalTimeText(moment.secondsAhead)}, {"offset", moment.secondsAhead}}},
+            {"clock",
+             {{"local", LocalTimeText(std::time(nullptr) + moment.secondsAhead)}, {"offset", moment.secondsAhead}}},
             {"temperatureC", moment.climate.outside},
             {"insideC", moment.climate.inside},
             {"boxC", moment.climate.box},

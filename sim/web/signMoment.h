@@ -43,6 +43,9 @@ struct SignMoment
     bool operator==(const SignMoment&) const = default;
 };
 
+// Why that is what is to be seen, in words.
+std::string_view ReasonOf(const NowPlaying& playing);
+
 nlohmann::json MomentJson(const SignMoment& moment, int width, int height);
 
 } // namespace vxsim

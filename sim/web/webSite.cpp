@@ -1,6 +1,6 @@
 #include "sim/web/webSite.h"
 
-#include "sim/web/httpServer.h"
+#include "sim/web/guard.h"
 #include "sim/web/jsonText.h"
 #include "sim/web/refusal.h"
 #include "sim/web/routes.h"
@@ -59,28 +59,38 @@ std::string SignEvent(const WebSign& web, const WebIdentity& identity)
 
 WebSite::WebSite(const WebSettings& settings, const WebSign& sign, const WebIdentity& identity,
                  std::chrono::milliseconds step)
-    : desk(sign, step), http(std::make_unique<HttpServer>(settings.host, settings.port)),
-      address("http://" + settings.host + ":" + std::to_string(http->Port()) + "/")
+    : desk(sign, step), http(settings.host, settings.port),
+      address("http://" + settings.host + ":" + std::to_string(http.Port()) + "/")
 {
-    http->set_default_headers(kAlways);
-    http->set_exception_handler(AnswerFailure);
-    http->set_error_handler([](const httplib::Request&, httplib::Response& response) {
+    http.set_default_headers(kAlways);
+    http.set_exception_handler(AnswerFailure);
+    http.set_error_handler([](const httplib::Request&, httplib::Response& response) {
         if (response.body.empty())
             Answer(response, response.status, response.status == 404 ? "there is nothing here" : "a broken request");
     });
-    http->set_pre_routing_handler([guard = Guard(settings, http->Port())](const auto& request, auto&) {
+    http.set_pre_routing_handler([guard = Guard(settings, http.Port())](const auto& request, auto&) {
         guard.Check(request);
         return httplib::Server::HandlerResponse::Unhandled;
     });
-    AddPages(*http);
-    AddEvents(*http, desk, SignEvent(sign, identity));
-    http->Start();
+    AddPages(http);
+    AddEvents(http, desk, SignEvent(sign, identity));
+    AddTraffic(http, desk);
+    AddChanges(http, desk);
+    AddFiles(http, desk);
+    AddReports(http, desk);
+    http.Start();
 }
 
 WebSite::~WebSite()
 {
     desk.Questions().Close();
-    http->Stop();
+    http.Stop();
+}
+
+std::unique_ptr<Onlooker> MakeWebSite(const WebSettings& settings, const WebSign& sign, const WebIdentity& identity,
+                                      std::chrono::milliseconds step)
+{
+    return std::make_unique<WebSite>(settings, sign, identity, step);
 }
 
 } // namespace vxsim

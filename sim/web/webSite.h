@@ -1,46 +1,32 @@
 // The sign in the browser.
 #pragma once
 
-#include "sim/web/guard.h"
+#include "sim/web/httpServer.h"
+#include "sim/web/onlooker.h"
 #include "sim/web/signDesk.h"
 
 #include <chrono>
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <vector>
 
 namespace vxsim {
 
-class HttpServer;
-
-// What a page is told once.
-struct WebIdentity
-{
-    std::string version;
-    std::string folder;
-    std::vector<std::string> lines; // "udp 127.0.0.1:9520"
-};
-
-// Serves the page. Belongs to the sign's thread and goes before what it shows.
-class WebSite
+// The page's server with all that it answers. Belongs to the sign's thread and goes before what it shows.
+class WebSite : public Onlooker
 {
 public:
-    // `step` is that of the sign while nobody looks on. Throws std::invalid_argument and std::system_error if it cannot
-    // listen there.
+    // As MakeWebSite.
     WebSite(const WebSettings& settings, const WebSign& sign, const WebIdentity& identity,
             std::chrono::milliseconds step);
-    ~WebSite();
+    ~WebSite() override;
 
-    bool IsWatched() const { return desk.IsWatched(); }
-    void Publish(std::uint64_t nowMs) { desk.Publish(nowMs); }
-
-    // "http://127.0.0.1:8520/"
-    const std::string& Address() const { return address; }
+    bool IsWatched() const override { return desk.IsWatched(); }
+    void Publish(std::uint64_t nowMs) override { desk.Publish(nowMs); }
+    const std::string& Address() const override { return address; }
 
 private:
     SignDesk desk;
-    std::unique_ptr<HttpServer> http;
+    HttpServer http;
     std::string address;
 };
 

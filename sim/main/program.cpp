@@ -1,4 +1,5 @@
-// The program: options, and a sign that is served until a signal ends it.
+#include "sim/main/program.h"
+
 #include "sim/main/commandTable.h"
 #include "sim/main/companions.h"
 #include "sim/main/conditionOptions.h"
@@ -11,7 +12,6 @@
 #include "sim/stage/facePainter.h"
 #include "sim/stage/stage.h"
 #include "sim/virtualSign.h"
-#include "sim/web/webSite.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -24,12 +24,14 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <sys/signalfd.h>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -186,7 +188,15 @@ void PrintCommands()
     std::cout << vxsim::CommandTable(vxsim::VirtualSign(settings).Commands());
 }
 
-void Serve(const Options& options)
+// The program with a page is another one, so that a sign without one loads nothing of what a page needs.
+void GoOnWithPage(char** arguments)
+{
+    const fs::path other = fs::read_symlink("/proc/self/exe").replace_filename("vxsim-web");
+    ::execv(other.c_str(), arguments);
+    throw std::system_error(errno, std::generic_category(), "cannot start " + other.string());
+}
+
+void Serve(const Options& options, vxsim::MakeOnlooker makePage)
 {
     const auto [width, height] = ParseSize(options.size);
     const vxsim::Users users = ParseLogins(options.logins);
@@ -221,32 +231,32 @@ void Serve(const Options& options)
     std::vector<std::string> places = Places(endpoints, companions);
     const bool isPainted = options.face == "ansi" || !options.png.empty();
     const auto step = isPainted ? kFrame : kUnseenStep;
-    std::optional<vxsim::WebSite> web;
+    std::unique_ptr<vxsim::Onlooker> page;
     if (options.web.IsWanted()) {
-        web.emplace(options.web.Settings(), vxsim::WebSign{sign, stage, server, companions.Devices()},
-                    vxsim::WebIdentity{VXSIM_VERSION, folder.Path().string(), places}, step);
-        places.push_back("web " + web->Address());
+        page = makePage(options.web.Settings(), {sign, stage, server, companions.Devices()},
+                        {VXSIM_VERSION, folder.Path().string(), places}, step);
+        places.push_back("web " + page->Address());
     }
     Announce(folder.Path(), places);
     std::optional<vxsim::FacePainter> painter;
     if (isPainted)
         painter.emplace(stage, options.face == "ansi" ? &std::cout : nullptr, vxsim::TerminalColumns, options.png);
-    server.OnTick(step, [&sign, &stage, &painter, &web] {
+    server.OnTick(step, [&sign, &stage, &painter, &page] {
         const std::uint64_t nowMs = vxsim::NowMs();
         sign.KeepUp(nowMs);
         if (painter)
             painter->Paint(nowMs);
-        else if (web && web->IsWatched())
+        else if (page && page->IsWatched())
             stage.Draw(nowMs);
         else
             stage.KeepUp(nowMs);
-        if (web)
-            web->Publish(nowMs);
+        if (page)
+            page->Publish(nowMs);
     });
     server.Run(end.Get());
 }
 
-int Run(int argc, char** argv)
+int ParseAndRun(int argc, char** argv, vxsim::MakeOnlooker makePage)
 {
     Options options;
     CLI::App app{"vxsim, a virtual LED sign: answers what a host sends and keeps the files it is given"};
@@ -288,8 +298,10 @@ int Run(int argc, char** argv)
     try {
         if (options.commands)
             PrintCommands();
+        else if (options.web.IsWanted() && makePage == nullptr)
+            GoOnWithPage(argv);
         else if (app.get_subcommands().empty())
-            Serve(options);
+            Serve(options, makePage);
         else
             options.condition.ApplyToTarget();
     } catch (const std::invalid_argument& error) {
@@ -301,10 +313,12 @@ int Run(int argc, char** argv)
 
 } // namespace
 
-int main(int argc, char** argv)
+namespace vxsim {
+
+int RunProgram(int argc, char** argv, MakeOnlooker makePage)
 {
     try {
-        return Run(argc, argv);
+        return ParseAndRun(argc, argv, makePage);
     } catch (const fs::filesystem_error& error) {
         std::cerr << "vxsim: cannot use " << error.path1().string() << ": " << error.code().message() << '\n';
     } catch (const std::exception& error) {
@@ -312,3 +326,5 @@ int main(int argc, char** argv)
     }
     return kExitFailure;
 }
+
+} // namespace vxsim

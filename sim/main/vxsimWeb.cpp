@@ -1,0 +1,7 @@
+// vxsim-web, as which vxsim goes on where a page is wanted.
+#include "sim/main/program.h"
+
+int main(int argc, char** argv)
+{
+    return vxsim::RunProgram(argc, argv, vxsim::MakeWebSite);
+}
