@@ -1,9 +1,12 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, starts a virtual sign on a free loopback port, puts a message on it and shows its
 # face: here in the terminal, and as a picture in vxsign-demo.png.
+#   demo.sh [--web] [TEXT]     with --web in the browser as well, until Ctrl-C
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
+face=(--face ansi)
+[ "${1:-}" != --web ] || { face=(--web 0) && shift; }
 text=${1:-HELLO 42}
 picture=$PWD/vxsign-demo.png
 work=$(mktemp -d)
@@ -24,7 +27,7 @@ cmake --preset release >"$work/build.log" &&
     exit 1
 }
 
-build/release/bin/vxsim --dir "$work/sign" --port 0 --png "$picture" --face ansi >"$work/vxsim.out" 2>"$work/vxsim.err" &
+build/release/bin/vxsim --dir "$work/sign" --port 0 --png "$picture" "${face[@]}" >"$work/vxsim.out" 2>"$work/vxsim.err" &
 sign=$!
 for _ in $(seq 100); do
     address=$(sed -n 's/^udp //p' "$work/vxsim.out")
@@ -35,6 +38,11 @@ done
 
 echo "A virtual sign listens on udp://$address. Now: vxctl -s udp://$address show \"$text\""
 build/release/bin/vxctl -s "udp://$address" show "$text"
+if [ "${face[0]}" = --web ]; then
+    echo "The sign in the browser: $(sed -n 's/^web //p' "$work/vxsim.out")   (Ctrl-C ends it)"
+    wait "$sign"
+    exit
+fi
 sleep 1.5 # until the sign has drawn what it plays
 
 # The last face that vxsim drew: 32 rows of lamps, two in each line.
