@@ -20,6 +20,7 @@ packages=(
 
 [ "${1:-}" != ci ] || packages+=(
     clang libclang-rt-14-dev                                      # fuzz targets
+    chromium chromium-driver python3-selenium                     # the page in a browser
 )
 
 missing=()
