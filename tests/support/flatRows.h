@@ -1,11 +1,10 @@
 // Tables of flat commands: a row for each call, with its request by hand, the reply that comes, and what becomes of it.
 #pragma once
 
+#include "sim/virtualSign.h"
 #include "support/scriptedSign.h"
 
 #include <array>
-#include <functional>
-#include <gtest/gtest.h>
 #include <initializer_list>
 
 namespace vxsign::test {
@@ -45,8 +44,20 @@ inline char* Chars(std::uint8_t* at)
     return reinterpret_cast<char*>(at);
 }
 
-/// Whether the virtual sign has that command and takes a request of these lengths.
-bool IsKnownToTheSign(const Packet& request);
+/// Whether the virtual sign, as a controller or not, has that command and takes a request of these lengths.
+inline bool IsKnownToTheSign(const Packet& request)
+{
+    static const TempFolder folder;
+    static vxsim::VirtualSign sign({.folder = folder.path});
+    static const TempFolder other;
+    static vxsim::VirtualSign controller({.folder = other.path, .controller = true});
+    const auto knows = [&](vxsim::VirtualSign& witness) {
+        const Packet reply{witness.Answer(request.bytes)};
+        const unsigned code = reply.bytes.at(15) == 0 ? 0U : reply.Word(16);
+        return code < 36868 || code > 36870; // unknown major, unknown minor, bad length
+    };
+    return knows(sign) || knows(controller);
+}
 
 /// Runs each row against a sign that answers and once more against one that refuses: then nothing is written. The
 /// virtual sign has to know the request, unless it is none that a sign could take.

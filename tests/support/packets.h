@@ -3,7 +3,6 @@
 
 #include "support/bytes.h"
 
-#include <algorithm>
 #include <cstddef>
 
 namespace vxsign::test {

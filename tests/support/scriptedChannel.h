@@ -5,11 +5,8 @@
 #include "support/fakeClock.h"
 #include "support/packets.h"
 
-#include <algorithm>
-#include <cstdint>
 #include <functional>
 #include <map>
-#include <vector>
 
 namespace vxsign::test {
 

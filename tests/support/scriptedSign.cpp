@@ -1,8 +1,6 @@
 // A sign that answers by script.
 #include "support/scriptedSign.h"
 
-#include <algorithm>
-
 namespace vxsign::test {
 namespace {
 

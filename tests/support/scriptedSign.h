@@ -7,8 +7,8 @@
 
 #include <vxsign/vxsign.h>
 
-#include <deque>
 #include <functional>
+#include <sstream>
 #include <tuple>
 
 namespace vxsign::test {
@@ -43,9 +43,6 @@ inline Answer Refusal(std::uint16_t code)
 {
     return {1, {static_cast<std::uint8_t>(code), static_cast<std::uint8_t>(code >> 8), 0, 0}, {}, Fault::None};
 }
-
-/// The sign's own word for success, as it acknowledges packets of a window.
-inline const Answer kProcessOk{1, {0x00, 0x90, 0, 0}, {}, Fault::None};
 
 struct LogLine
 {
@@ -121,5 +118,30 @@ protected:
     Sign sign;
 };
 using ScriptedTest = TestWith<ScriptedSign>;
+
+/// Parts of a script, one behind the other.
+inline std::string Words(std::initializer_list<std::string_view> parts)
+{
+    std::string words;
+    for (const std::string_view part : parts)
+        words.append(part).append(" ");
+    return words;
+}
+
+/// Scripts answers in a few words: "+0102" has a payload, "=0102" an extended part, "!3075" refuses with that code, "."
+/// is a bare good one. Returns how many.
+inline std::size_t Play(ScriptedSign& sign, const std::string& script)
+{
+    std::istringstream words(script);
+    std::size_t count = 0;
+    for (std::string word; words >> word; ++count) {
+        const std::string rest = word.substr(1);
+        if (word[0] == '!')
+            sign.Then(Refusal(static_cast<std::uint16_t>(std::stoul(rest))));
+        else
+            sign.Then(word[0] == '+' ? Good(Hex(rest)) : Good({}, Hex(rest)));
+    }
+    return count;
+}
 
 } // namespace vxsign::test

@@ -2,9 +2,6 @@
 // and sends nothing; then values that no request holds.
 #include "support/flatRows.h"
 
-#include <iterator>
-#include <set>
-#include <sstream>
 #include <type_traits>
 
 namespace vxsign::test {

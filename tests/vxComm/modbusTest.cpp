@@ -4,8 +4,6 @@
 #include "support/scriptedSign.h"
 #include "vxComm/MB/vxMBLED.h"
 
-#include <unistd.h>
-
 namespace vxsign::test {
 namespace {
 

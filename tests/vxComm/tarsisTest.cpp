@@ -1,5 +1,5 @@
 // Tiles of the first family: majors 12 and 50.
-#include "support/answers.h"
+#include "support/scriptedSign.h"
 
 namespace vxsign::test {
 namespace {
