@@ -4,26 +4,15 @@
 #include "channels/VXClientUDP.h"
 #include "platform/serialLine.h"
 #include "platform/sockets.h"
-#include "support/bytes.h"
 #include "support/servedSign.h"
-#include "support/tempFolder.h"
 #include "support/udpPeer.h"
 
 #include <vxsign/vxsign.h>
 
-#include <atomic>
-#include <chrono>
 #include <csignal>
-#include <fcntl.h>
-#include <functional>
 #include <future>
-#include <netinet/in.h>
 #include <pty.h>
-#include <sys/socket.h>
 #include <sys/time.h>
-#include <system_error>
-#include <thread>
-#include <tuple>
 
 namespace vxsign::test {
 namespace {
@@ -49,23 +38,13 @@ constexpr std::uint32_t kPatienceMs = 60000;
 // A TCP port on loopback that nobody accepts from, with room for so many who wait.
 struct Listener
 {
-    explicit Listener(int backlog) : descriptor(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
-    {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t size = sizeof address;
-        EXPECT_EQ(::bind(descriptor, reinterpret_cast<sockaddr*>(&address), size), 0);
-        EXPECT_EQ(::listen(descriptor, backlog), 0);
-        ::getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &size);
-        port = ntohs(address.sin_port);
-    }
+    explicit Listener(int backlog) { EXPECT_EQ(::listen(descriptor, backlog), 0); }
     ~Listener() { ::close(descriptor); }
     Listener(const Listener&) = delete;
     Listener& operator=(const Listener&) = delete;
 
-    int descriptor;
     std::uint16_t port = 0;
+    const int descriptor = BoundSocket(SOCK_STREAM, port);
 };
 
 // Every kind of channel carries a file there and back, with chunks that the sign's replies fill to the last byte.
@@ -198,17 +177,11 @@ TEST(ClientTCP, TheSignsEndReadsAsNothing)
 }
 
 // A host that drops packets behaves like a listener whose queue is full.
-class SilentHost : public testing::Test
+TEST(SilentHost, CostsNoMoreThanTheTriesOfTheCommand)
 {
-protected:
-    void SetUp() override { ASSERT_TRUE(filler.Open(0, "127.0.0.1", listener.port, kPatienceMs)); }
-
-    const Listener listener{0};
+    const Listener listener(0);
     VXClientTCP filler;
-};
-
-TEST_F(SilentHost, CostsNoMoreThanTheTriesOfTheCommand)
-{
+    ASSERT_TRUE(filler.Open(0, "127.0.0.1", listener.port, kPatienceMs));
     Use(VX_CHANNEL_TCP, "127.0.0.1", listener.port, {}, 50).retries = 2;
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(vxBlackScreen(), 20736u);
@@ -294,6 +267,11 @@ TEST_F(Pty, ReadsRawBytesUntilTheLineFallsSilentOrTheBufferIsFull)
     EXPECT_EQ(line.Write(raw.data(), 10, 1000), 10u);
     EXPECT_EQ(::read(master, buffer, sizeof buffer), 10);
     EXPECT_EQ(std::string(buffer, 10), raw);
+
+    // A line that takes nothing ends in time.
+    const std::string much(1 << 20, 'x');
+    const std::uint32_t written = line.Write(much.data(), static_cast<std::uint32_t>(much.size()), 20);
+    EXPECT_LT(written, much.size());
 }
 
 TEST_F(Pty, IsForOneProgramAtATime)
@@ -317,15 +295,6 @@ TEST_F(Pty, IsForOneProgramAtATime)
     outer.Close();
     EXPECT_NO_THROW(another().get());
     EXPECT_THROW(outer.Open("/nowhere", 9600), std::system_error);
-}
-
-TEST_F(Pty, ALineThatTakesNothingEndsInTime)
-{
-    platform::SerialLine line;
-    line.Open(path, 9600);
-    const std::string much(1 << 20, 'x');
-    const std::uint32_t written = line.Write(much.data(), static_cast<std::uint32_t>(much.size()), 20);
-    EXPECT_LT(written, much.size());
 }
 
 // Whatever a command waits for, abortFlag ends it long before its time is over.

@@ -44,26 +44,6 @@ TEST_F(RoundTrip, FilesOfEveryKindGoAndComeBack)
 
 TEST_F(RoundTrip, FoldersAreListedInEveryForm)
 {
-    for (int i = 0; i < 45; ++i)
-        folder.Write("E/" + std::to_string(1000 + i), "x");
-    std::uint32_t total = 0;
-    Bytes entries(3200);
-    EXPECT_EQ(vxGetDirFileEx("E:\\", 40, 20, &total, entries.data(), 100), 0u);
-    EXPECT_EQ(total, 45u);
-    EXPECT_EQ(ToText(Part(entries, 0, 4)), "1040");
-    std::vector<std::string> names;
-    const auto note = [](std::uint8_t* entry, void* user) {
-        static_cast<std::vector<std::string>*>(user)->emplace_back(reinterpret_cast<const char*>(entry));
-        return 0u;
-    };
-    EXPECT_EQ(vxLstLongFolderCB("E:\\", note, &names), 0u);
-    ASSERT_EQ(names.size(), 45u);
-    EXPECT_EQ(names.back(), "1044");
-    EXPECT_FALSE(folder.Has("E/dlist.dlt")) << "the sign's own listing is deleted";
-}
-
-TEST_F(RoundTrip, AListOfAFolderHasItsFirstPageTwice)
-{
     std::size_t there = 0;
     using Row = std::tuple<std::size_t, const char*, std::size_t>;
     for (const auto& [total, header, pages] :
@@ -81,6 +61,35 @@ TEST_F(RoundTrip, AListOfAFolderHasItsFirstPageTwice)
         for (std::size_t i = 0; i < total; ++i)
             EXPECT_EQ(list.substr(12 + 32 * i, 4), std::to_string(1000 + (i < 20 ? i : i - 20)));
     }
+
+    std::uint32_t total = 0;
+    Bytes entries(3200);
+    EXPECT_EQ(vxGetDirFileEx("E:\\", 40, 20, &total, entries.data(), 100), 0u);
+    EXPECT_EQ(total, 50u);
+    EXPECT_EQ(ToText(Part(entries, 0, 4)), "1040");
+    std::vector<std::string> names;
+    const auto note = [](std::uint8_t* entry, void* user) {
+        static_cast<std::vector<std::string>*>(user)->emplace_back(reinterpret_cast<const char*>(entry));
+        return 0u;
+    };
+    EXPECT_EQ(vxLstLongFolderCB("E:\\", note, &names), 0u);
+    ASSERT_EQ(names.size(), 50u);
+    EXPECT_EQ(names.back(), "1049");
+    EXPECT_FALSE(folder.Has("E/dlist.dlt")) << "the sign's own listing is deleted";
+}
+
+TEST_F(RoundTrip, TheUpdateTakesAFewPolls)
+{
+    Expect(0, {{12, 13}}); // without an update the program is there
+    EXPECT_EQ(vxResetSystemToDataFlash(), 0u);
+    EXPECT_EQ(line.Road(), "4.25 12.13 12.13 12.13 12.13");
+    EXPECT_EQ(line.progress, (std::vector<std::uint32_t>{0, 1, 2, 3, 100}));
+    EXPECT_EQ(line.Config().progressTotal, 100);
+    EXPECT_EQ(line.Config().progressPos, 3);
+    EXPECT_EQ(FakeClock::SleptMs(), 300u + 4 * 30);
+    EXPECT_EQ(line.opened, 1) << "one channel for all of it";
+    Expect(0, {{12, 13}, {4, 25}});
+    Expect(7938, {{12, 13}});
 }
 
 TEST_F(RoundTrip, LogsOfTheSignAreRead)

@@ -15,7 +15,7 @@ protected:
     {
         Bytes config(512);
         config[155] = treeForm ? 8 : 0;
-        WriteFile(folder.path / "C/CONFIG.SYS", config);
+        Make("C/CONFIG.SYS", config);
         for (const char* const drive : {"D", "E", "F"})
             std::filesystem::remove_all(folder.path / drive);
         Restart(drives);

@@ -1,7 +1,6 @@
 // Exports called against the virtual sign, in one process and at one time: what comes back proves both halves at once.
 #pragma once
 
-#include "support/fakeClock.h"
 #include "support/scriptedSign.h"
 #include "support/signFixture.h"
 

@@ -1,5 +1,6 @@
 // Tiles from end to end.
 #include "roundTrip/roundTrip.h"
+#include "support/calibrations.h"
 
 #include <numeric>
 
@@ -31,28 +32,23 @@ protected:
     }
     static bool Matches(const vxsim::Calibration* calibration)
     {
-        const auto pixels = Pixels();
-        bool same = calibration != nullptr && calibration->size() == kPixels;
-        for (std::size_t i = 0; same && i < kPixels; ++i)
-            same = std::equal((*calibration)[i].begin(), (*calibration)[i].end(),
-                              pixels.begin() + static_cast<long>(9 * i));
-        return same;
+        std::vector<std::uint16_t> pixels;
+        for (const auto& pixel : calibration != nullptr ? *calibration : vxsim::Calibration())
+            pixels.insert(pixels.end(), pixel.begin(), pixel.end());
+        return pixels == Pixels();
+    }
+
+    // The host's form of the calibration, which the ports take too.
+    static std::string FlatFile()
+    {
+        Bytes file = Hex("AA55 2000 0000 0500 0000 AD50 8F52 0000 00120000") + Bytes(12);
+        for (const std::uint16_t word : Pixels())
+            file = file + Little(word, 2);
+        return ToText(file);
     }
 
     const WorkingIn here{local};
 };
-
-// The host's form of the calibration, which the ports take too.
-std::string FlatFile()
-{
-    Bytes file = Hex("AA55 2000 0000 0500 0000 AD50 8F52 0000 00120000");
-    file.resize(32 + kPixelBytes);
-    for (std::size_t i = 0; i < kPixelBytes / 2; ++i) {
-        file[32 + 2 * i] = static_cast<std::uint8_t>(i + 1);
-        file[33 + 2 * i] = static_cast<std::uint8_t>((i + 1) >> 8);
-    }
-    return {file.begin(), file.end()};
-}
 
 TEST_F(TileWall, FirstFamily)
 {
@@ -112,6 +108,9 @@ TEST_F(TileWall, SecondFamily)
     EXPECT_EQ(vxOndraWriteTileFile(flat.c_str(), 5, 2, 3, &detail), 0u);
     EXPECT_EQ(detail, 0u);
     EXPECT_TRUE(Matches(CalibrationOf(7)));
+    EXPECT_EQ(vxTarsisReadTileFile(back.c_str(), 7, 4), 0u);
+    EXPECT_EQ(vxTarsisWriteTileFile(back.c_str(), 8, 4), 0u);
+    EXPECT_TRUE(Matches(CalibrationOf(8))) << "in the form of the buses, too";
     EXPECT_EQ(vxOndraReadTileFile(back.c_str(), 5, 2, 3, 0, &detail), 0u);
     EXPECT_EQ(local.Read("back.bri").size(), 32u + 4 * 64 + kPixelBytes);
     EXPECT_EQ(vxOndraWritePxlCal(back.c_str(), 1, 65535, 0, &detail, nullptr), 0u);
@@ -147,10 +146,9 @@ TEST_F(TileWall, DirectFilesGoInPieces)
         SCOPED_TRACE(size);
         line.requests.clear();
         line.progress.clear();
-        const Bytes file = Hex("AA55 2000") + Bytes(12) + Little(size - 32, 4) + Bytes(12) + Ramp(size - 32);
-        EXPECT_EQ(vxDirectTileWriteFileEx(local.Write("up", ToText(file)).c_str(), 9, 1, 2, 0x77), 0u);
+        EXPECT_EQ(vxDirectTileWriteFileEx(local.Write("up", ToText(TileFile(size))).c_str(), 9, 1, 2, 0x77), 0u);
         EXPECT_EQ(vxDirectTileReadFileEx(local.Path("down").c_str(), 9, 1, 2, 0x77), 0u);
-        EXPECT_EQ(local.Read("down"), ToText(file));
+        EXPECT_EQ(local.Read("down"), ToText(TileFile(size)));
         const std::uint32_t pieces = (size + 263) / 264;
         ASSERT_EQ(line.requests.size(), 2 * pieces);
         EXPECT_EQ(line.requests[0].Payload(), Hex("01 09 00000000 77 0000000000"));

@@ -16,7 +16,7 @@ TEST_F(Database, CommandsAreLoggedWithWhoGaveThem)
     EXPECT_EQ(RowsOf("select count(*) from SysLog"), "<0>");
     AskAt(1000, 4, 3);
     Ask(1, 10); // changes nothing
-    AskAt(2000, 5, 4, {0x20, 0x20, 0x05, 0x13, 0x23, 0x59, 0x58, 0, 0, 0, 0, 0});
+    AskAt(2000, 5, 4, {0x20, 0x20, 0x05, 0x13, 0x23, 0x59, 0x58, 0, 0});
     arrival.host = 0;
     AskAt(4000, 7, 2, {'X'});
     const Bytes page = AskDatabase("select Type,DateTime,Operate,Author,Result from SysLog limit 5 offset 0");
@@ -27,15 +27,11 @@ TEST_F(Database, CommandsAreLoggedWithWhoGaveThem)
     EXPECT_EQ(RowsOf("select Type from SysLog limit 5 offset 2;"), "<7>");
     EXPECT_EQ(RowsOf("delete from SysLog"), "");
     EXPECT_EQ(RowsOf("select count(*) from SysLog"), "<0>");
-}
 
-TEST_F(Database, ALoggedInUserIsTheAuthorAndLogsSurviveARestart)
-{
+    // A user who is logged in is the author. Logs survive a restart.
     settings.users = {{"admin", "1234"}};
     Rebuild(32, 32);
-    Bytes name = Text("admin");
-    name.resize(14);
-    EXPECT_EQ(CodeOf(Ask(10, 1, name + Text("1234") + Bytes{0, 0})), 0U);
+    Expect(0, {{10, 1, Padded("admin", 14) + Padded("1234", 6)}});
     Ask(4, 1);
     Ask(10, 2);
     settings.users.clear();
@@ -60,20 +56,6 @@ TEST_F(Database, RefusesWhatIsNeitherReadingNorDeletingLogs)
     EXPECT_EQ(RowsOf(std::string("select 1\0 from nowhere", 22)), "<1>");
 }
 
-TEST(SignDatabase, StatementsWithoutEndAreStoppedAndChangeNothing)
-{
-    const TempFolder folder;
-    SignDatabase database(folder.path / "logs");
-    const std::vector<SignDatabase::Row> rows(1000, {std::int64_t{1}, "t", std::int64_t{1}, "n"});
-    database.Replace("EventLog", rows);
-    const std::string endless = "(select count(*) from EventLog a,EventLog b,EventLog c,EventLog d)";
-    EXPECT_EQ(database.Query("select " + endless).code, vxsim::Code::kWriteFailed);
-    EXPECT_EQ(database.Query("select a.Note||b.Note from EventLog a,EventLog b,EventLog c order by 1").code,
-              vxsim::Code::kWriteFailed);
-    EXPECT_EQ(database.Query("delete from EventLog where " + endless + ">0").code, vxsim::Code::kWriteFailed);
-    EXPECT_EQ(database.Query("select count(*) from EventLog").text, "<1000>");
-}
-
 TEST(SignDatabase, AnswersAreWholeRowsThatCanBeTakenApart)
 {
     const TempFolder folder;
@@ -86,6 +68,16 @@ TEST(SignDatabase, AnswersAreWholeRowsThatCanBeTakenApart)
     EXPECT_EQ(page.text, "<-3><(b) ><" + std::string(700, 'x') + "><><2><><" + std::string(700, 'y') + "><>");
     EXPECT_EQ(database.Query("select Note from EventLog limit 1 offset 2").code, vxsim::Code::kBadPacketSize);
     EXPECT_EQ(database.Query("select Note from EventLog limit 1 offset 3").rows, 0);
+
+    // Statements without end are stopped and change nothing.
+    const std::vector<SignDatabase::Row> rows(1000, {std::int64_t{1}, "t", std::int64_t{1}, "n"});
+    database.Replace("EventLog", rows);
+    const std::string endless = "(select count(*) from EventLog a,EventLog b,EventLog c,EventLog d)";
+    EXPECT_EQ(database.Query("select " + endless).code, vxsim::Code::kWriteFailed);
+    EXPECT_EQ(database.Query("select a.Note||b.Note from EventLog a,EventLog b,EventLog c order by 1").code,
+              vxsim::Code::kWriteFailed);
+    EXPECT_EQ(database.Query("delete from EventLog where " + endless + ">0").code, vxsim::Code::kWriteFailed);
+    EXPECT_EQ(database.Query("select count(*) from EventLog").text, "<1000>");
 }
 
 TEST(SignDatabase, KeepsTheLatestRowsAndReplacesABrokenFile)
@@ -139,27 +131,23 @@ TEST(SignDatabase, AReaderBesideItIsInNobodysWayAndAWriterIsNamed)
     onlooker.Run("commit");
     database.Add("EventLog", row);
     EXPECT_EQ(database.Query("select count(*) from EventLog").text, "<2>");
-}
 
-TEST(SignDatabase, AFileThatIsLockedAtTheStartIsNotReplaced)
-{
-    const TempFolder folder;
-    Onlooker onlooker(folder.path / "logs");
-    onlooker.Run("create table EventLog(EventType integer); insert into EventLog values(7); begin exclusive");
+    // A file that is locked at the start is not replaced.
+    Onlooker locker(folder.path / "others");
+    locker.Run("create table EventLog(EventType integer); insert into EventLog values(7); begin exclusive");
     try {
-        SignDatabase(folder.path / "logs", 0);
+        SignDatabase(folder.path / "others", 0);
         FAIL() << "it is locked";
     } catch (const std::runtime_error& error) {
-        EXPECT_NE(std::string(error.what()).find("logs: database is locked"), std::string::npos) << error.what();
+        EXPECT_NE(std::string(error.what()).find("others: database is locked"), std::string::npos) << error.what();
     }
-    onlooker.Run("commit");
-    EXPECT_EQ(SignDatabase(folder.path / "logs").Query("select EventType from EventLog").text, "<7>");
+    locker.Run("commit");
+    EXPECT_EQ(SignDatabase(folder.path / "others").Query("select EventType from EventLog").text, "<7>");
 }
 
 TEST_F(Database, PlaysAreCountedByFile)
 {
-    PutFile("D:\\T\\RED.BMP", Dot(kRed));
-    PutFile("D:\\T\\GREEN.BMP", Dot(kGreen));
+    PlayThree();
     PutFile("C:\\SEQUENT.SYS", FlatList({"RED.BMP", "GREEN.BMP"}));
     for (std::uint64_t ms = 0; ms <= 10000; ms += 500)
         stage->KeepUp(ms);

@@ -26,22 +26,19 @@ const Bytes kAck{6};
 const Bytes kNak{21};
 const Bytes kC{'C'};
 
-TEST_F(Devices, TheBootLoaderAsksForCrcsThenForSums)
+TEST_F(Devices, TheBootLoaderAsksForCrcsThenForSumsAndTakesBlocksInOrder)
 {
-    vxsim::BootLoader loader(File(), false);
+    vxsim::BootLoader asking(File(), false);
     std::uint64_t now = 0;
     for (const Bytes& question : {kC, kNak, kC})
         for (int i = 0; i < 10; ++i, now += 1000) {
-            EXPECT_EQ(loader.KeepUp(now), question);
-            EXPECT_EQ(loader.KeepUp(now + 999), Bytes());
+            EXPECT_EQ(asking.KeepUp(now), question);
+            EXPECT_EQ(asking.KeepUp(now + 999), Bytes());
         }
     vxsim::BootLoader plain(File(), true);
     EXPECT_EQ(plain.KeepUp(0), kNak);
     EXPECT_EQ(plain.Take(Block(1, 0x55, {0x80}), 1), kAck);
-}
 
-TEST_F(Devices, TheBootLoaderTakesBlocksInOrder)
-{
     vxsim::BootLoader loader(File(), false);
     loader.KeepUp(0);
     const Bytes first = Block(1, 0x55, kCrc55);

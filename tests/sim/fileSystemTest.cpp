@@ -3,6 +3,7 @@
 
 #include "support/signFixture.h"
 
+#include <cstring>
 #include <ctime>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -16,8 +17,6 @@ class FileSystem : public SignTest
 {
 protected:
     unsigned On(unsigned minor, const std::string& text) { return CodeOf(Ask(7, minor, Path(text))); }
-
-    void Make(const std::string& place, const Bytes& bytes = {1}) { WriteFile(folder.path / place, bytes); }
 
     // 2024-05-06 07:08:10 local time.
     void Date(const std::string& place)
@@ -68,15 +67,15 @@ TEST_F(FileSystem, FormattingEmptiesADriveAndCOnlyWithItsWord)
 {
     Make("D/T/A.NMG");
     Make("C/FONT/A.FNT");
-    const Bytes config = FileBytes(folder.path / "C/CONFIG.SYS");
-    Expect(0, {{7, 2, {'D', 0, 0, 0}}});
+    const Bytes config = OnSign("C/CONFIG.SYS");
+    Expect(0, {{7, 2, {'D'}}});
     EXPECT_TRUE(fs::is_empty(folder.path / "D"));
-    Expect(29185, {{7, 2, {'C', 0, 0, 0}}, {7, 2, {'c', 0, 0, 0}}, {7, 2, {'G', 0, 0, 0}}, {7, 2}});
+    Expect(29185, {{7, 2, {'C'}}, {7, 2, {'c'}}, {7, 2, {'G'}}, {7, 2}});
     EXPECT_TRUE(Has("C/FONT/A.FNT"));
     Make("C/CONFIG.SYS", {1, 2, 3});
     Expect(0, {{7, 2, Text("CSYS")}});
     EXPECT_FALSE(Has("C/FONT"));
-    EXPECT_EQ(FileBytes(folder.path / "C/CONFIG.SYS"), config);
+    EXPECT_EQ(OnSign("C/CONFIG.SYS"), config);
 }
 
 TEST_F(FileSystem, PlayFilesGoByKindOrAllTogether)
@@ -86,23 +85,23 @@ TEST_F(FileSystem, PlayFilesGoByKindOrAllTogether)
             Make(place);
     };
     fill();
-    Expect(0, {{7, 7, {'d', 0, 0, 0}}});
+    Expect(0, {{7, 7, {'d'}}});
     EXPECT_TRUE(Has("C/T/1") && !Has("D/T/2") && Has("D/T/DEEP/6") && Has("D/S/3"));
-    Expect(0, {{7, 8, {2, 0, 0, 0}}}); // D is the second
+    Expect(0, {{7, 8, {2}}}); // D is the second
     EXPECT_FALSE(Has("D/S/3"));
-    Expect(0, {{7, 9, {0, 0, 0, 0}}});
+    Expect(0, {{7, 9, {0}}});
     EXPECT_FALSE(Has("D/P/4"));
-    Expect(0, {{7, 10, {'D', 0, 0, 0}}});
+    Expect(0, {{7, 10, {'D'}}});
     EXPECT_TRUE(Has("E/A/5"));
-    Expect(30209, {{7, 10, {5, 0, 0, 0}}, {7, 10, {'G', 0, 0, 0}}});
+    Expect(30209, {{7, 10, {5}}, {7, 10, {'G'}}});
     fill();
     Make("C/SEQUENT.SYS");
     int sequences = 0;
     sign->Observe({.sequenceWritten = [&] { ++sequences; }});
-    EXPECT_EQ(PayloadOf(Ask(7, 15, {1, 0, 0, 0})), (Bytes{6, 0, 0, 0}));
+    EXPECT_EQ(PayloadOf(Ask(7, 15, {1})), (Bytes{6, 0, 0, 0}));
     EXPECT_EQ(sequences, 1);
     EXPECT_TRUE(Has("D/KEEP") && !Has("C/SEQUENT.SYS") && !Has("C/T/1"));
-    EXPECT_EQ(PayloadOf(Ask(7, 15, {0, 0, 0, 0})), Bytes{});
+    EXPECT_EQ(PayloadOf(Ask(7, 15, {0})), Bytes{});
 }
 
 TEST_F(FileSystem, AListingIsMadeOfFatEntries)
@@ -144,7 +143,17 @@ TEST_F(FileSystem, AListingIsMadeOfFatEntries)
     EXPECT_EQ(ExtendedOf(many).size(), 40U * 32) << "what one reply holds";
 }
 
-TEST(ShortNames, EachTakesTheLeastNumberThatIsFree)
+// Processor time of the short names of that many files with one stem.
+double ShortNameTime(int count)
+{
+    vxsim::ShortNames names;
+    const std::clock_t begin = std::clock();
+    for (int i = 0; i < count; ++i)
+        names.Next("one stem " + std::to_string(i) + ".text");
+    return static_cast<double>(std::clock() - begin);
+}
+
+TEST(ShortNames, EachTakesTheLeastNumberThatIsFreeAtTheSameCost)
 {
     vxsim::ShortNames names;
     using Row = std::pair<const char*, const char*>;
@@ -156,25 +165,7 @@ TEST(ShortNames, EachTakesTheLeastNumberThatIsFree)
           Row{"longname4.txt", "LONGNA~8TXT"}, Row{"longname5.txt", "LONGNA~9TXT"}, Row{"longname6.txt", "LONGN~10TXT"},
           Row{"longnobody.txt", "LONGNO~1TXT"}, Row{"longname7.txt", "LONGN~11TXT"}})
         EXPECT_EQ(names.Next(name), shortName) << name;
-}
 
-// Processor time of the short names of that many files with one stem, in nanoseconds.
-double ShortNameTime(int count)
-{
-    const auto now = [] {
-        timespec time = {};
-        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_nsec);
-    };
-    vxsim::ShortNames names;
-    const double begin = now();
-    for (int i = 0; i < count; ++i)
-        names.Next("one stem " + std::to_string(i) + ".text");
-    return now() - begin;
-}
-
-TEST(ShortNames, CostTheSameInAFullFolder)
-{
     double few = 1e18;
     double many = 1e18;
     for (int i = 0; i < 3; ++i) {
@@ -196,7 +187,7 @@ TEST_F(FileSystem, TheLongListingIsAFileOnDriveE)
     const Bytes header = Text("LD") + Bytes{16, 0, 2, 0, 0, 0, 0x38, 0x02, 0, 0, 0, 0, 0, 0};
     const Bytes sub = Text("sub") + Bytes(257, 0) + Bytes{0, 0, 0, 0} + tail + Bytes{0x10} + Bytes(7, 0);
     const Bytes file = Text(longName) + Bytes(56, 0) + Bytes{2, 1, 0, 0} + tail + Bytes{0x20} + Bytes(7, 0);
-    EXPECT_EQ(FileBytes(folder.path / "E/dlist.dlt"), header + sub + file);
+    EXPECT_EQ(OnSign("E/dlist.dlt"), header + sub + file);
     EXPECT_EQ(On(16, "D:\\NONE"), 31489U);
     Restart("CD");
     EXPECT_EQ(On(16, "D:\\L"), 31489U);
@@ -204,18 +195,14 @@ TEST_F(FileSystem, TheLongListingIsAFileOnDriveE)
 
 TEST_F(FileSystem, DriveInformationCountsKilobytes)
 {
-    const Bytes record = PayloadOf(Ask(7, 13, {'D', ':', 0, 0}));
+    const Bytes record = PayloadOf(Ask(7, 13, {'D', ':'}));
     ASSERT_EQ(record.size(), 20U);
-    const auto word = [&](std::size_t at) {
-        return static_cast<std::uint32_t>(record[at] | record[at + 1] << 8 | record[at + 2] << 16) |
-               static_cast<std::uint32_t>(record[at + 3]) << 24;
-    };
-    const std::uint64_t total = std::min<std::uint64_t>(fs::space(folder.path).capacity / 1024, 0xFFFFFFFF);
-    EXPECT_EQ(word(0), total);
-    EXPECT_LE(word(4), word(0));
-    EXPECT_EQ(word(8), 1024U);
-    Expect(32001, {{7, 13, {'G', ':', 0, 0}}});
-    Expect(32001, {{7, 13}});
+    std::uint32_t words[3] = {};
+    std::memcpy(words, record.data(), sizeof words);
+    EXPECT_EQ(words[0], std::min<std::uint64_t>(fs::space(folder.path).capacity / 1024, 0xFFFFFFFF));
+    EXPECT_LE(words[1], words[0]);
+    EXPECT_EQ(words[2], 1024U);
+    Expect(32001, {{7, 13, {'G', ':'}}, {7, 13}});
 }
 
 } // namespace

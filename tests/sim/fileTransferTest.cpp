@@ -17,30 +17,24 @@ protected:
         for (const std::uint32_t number : numbers)
             EXPECT_EQ(Put(minor, path, file, number), code) << path << ' ' << number;
     }
-    Bytes OnSign(const char* place) const { return FileBytes(folder.path / place); }
 };
 
-TEST_F(FileTransfer, SystemFileGoesToDriveCAndComesBack)
+TEST_F(FileTransfer, ASequenceIsToldOfWhenItIsWhole)
 {
     int sequences = 0;
     sign->Observe({.sequenceWritten = [&] { ++sequences; }});
-    const Bytes content = Ramp(100);
-    const Bytes record = Path("sequent.sys") + Bytes{100, 0, 0, 0, 64, 0, 2, 0};
-    const Bytes first(content.begin(), content.begin() + 64);
-    const Bytes second(content.begin() + 64, content.end());
-    Expect(0, {{2, 2, record + Bytes{1, 0, 0, 0}, first}});
+    const Bytes content = Ramp(128);
+    const Bytes record = Path("sequent.sys") + Bytes{128, 0, 0, 0, 64, 0, 2, 0};
+    Expect(0, {{2, 2, record + Bytes{1}, Part(content, 0, 64)}});
     EXPECT_EQ(sequences, 0);
-    Expect(0, {{2, 2, record + Bytes{2, 0, 0, 0}, second}});
+    Expect(0, {{2, 2, record + Bytes{2}, Part(content, 64)}});
     EXPECT_EQ(sequences, 1);
     EXPECT_EQ(OnSign("C/sequent.sys"), content);
     EXPECT_EQ(sign->SequenceFile(), folder.path / "C" / "sequent.sys");
 
     // The old commands announce a size below 65536 in 16 bits.
-    const Bytes reply = Ask(1, 2, Path("SEQUENT.SYS") + Bytes{64, 0, 1, 0});
-    EXPECT_EQ(PayloadOf(reply), (Bytes{100, 0, 0, 0}));
-    EXPECT_EQ(ExtendedOf(reply), first);
-    EXPECT_EQ(ExtendedOf(Ask(1, 2, Path("SEQUENT.SYS") + Bytes{64, 0, 2, 0})), second);
-    Expect(36873, {{1, 2, Path("SEQUENT.SYS") + Bytes{64, 0, 3, 0}}});
+    ExpectPayload({128, 0, 0, 0}, {{1, 2, Path("SEQUENT.SYS") + Bytes{64, 0, 1}}});
+    Expect(36873, {{1, 2, Path("SEQUENT.SYS") + Bytes{64, 0, 3}}});
 }
 
 TEST_F(FileTransfer, AnEmptyNameReachesNoFile)
@@ -71,6 +65,14 @@ TEST_F(FileTransfer, PathsAnnounceTheirSizeIn32BitsInAllForms)
     EXPECT_EQ(CodeOf(Get(17, "D:\\T\\QMSG.Nmg", 1, 63)), 36883U);
     EXPECT_EQ(CodeOf(Get(17, "D:\\T\\QMSG.Nmg", 1, 1281)), 36883U);
     EXPECT_EQ(Get(17, "D:\\T\\QMSG.Nmg", 1, 1280).size(), 16U + 8 + 200);
+
+    // A file of too many packets asks for the wide command.
+    folder.Write("D/huge", "");
+    fs::resize_file(folder.path / "D/huge", 64ULL * 65536);
+    EXPECT_EQ(CodeOf(Get(8, "D:\\huge", 1)), 26371U);
+    EXPECT_EQ(CodeOf(Get(17, "D:\\huge", 65536)), 0U);
+    fs::resize_file(folder.path / "D/huge", 1ULL << 32);
+    EXPECT_EQ(CodeOf(Get(17, "D:\\huge", 1)), 4353U);
 }
 
 TEST_F(FileTransfer, WideWritesAreAnsweredWithProcessOkAndInAnyOrder)
@@ -96,7 +98,7 @@ TEST_F(FileTransfer, WideWritesAreAnsweredWithProcessOkAndInAnyOrder)
     EXPECT_EQ(OnSign("D/n"), narrow);
 }
 
-TEST_F(FileTransfer, BrokenTransferLeavesTheOldFileAndNothingElse)
+TEST_F(FileTransfer, ABrokenTransferAndAFullDiskLeaveTheOldFile)
 {
     const Bytes old = Ramp(64);
     Send(0, 8, "D:\\keep", old, {1});
@@ -107,6 +109,15 @@ TEST_F(FileTransfer, BrokenTransferLeavesTheOldFileAndNothingElse)
     EXPECT_EQ(OnSign("D/keep"), old);
     for (const auto& entry : fs::directory_iterator(folder.path / "sign"))
         EXPECT_EQ(entry.path().stem(), "logs");
+
+    {
+        const FullDisk full(100);
+        Send(0, 8, "D:\\keep", Ramp(128), {1});
+        Send(36882, 8, "D:\\keep", Ramp(128), {2});
+        Send(36884, 8, "D:\\keep", Ramp(128), {2}); // the transfer is over
+        Expect(36882, {{2, 1, {90}, Bytes(64, 1), 1}});
+    }
+    EXPECT_EQ(OnSign("D/keep"), old);
 }
 
 TEST_F(FileTransfer, TheNinthTransferOfOneSenderEndsItsOldest)
@@ -158,26 +169,6 @@ TEST_F(FileTransfer, TheLaterOfTwoSendersHearsThatTheSignIsInUse)
     Send(0, 8, "D:\\f1", content, {2});
 }
 
-TEST_F(FileTransfer, NoFileTakesTheNameOfAStandardFolder)
-{
-    Send(36880, 8, "D:\\t", Ramp(64), {1});
-    Send(36880, 8, "C:\\FONT", Ramp(64), {1});
-    Send(0, 8, "D:\\X\\T", Ramp(64), {1});
-}
-
-TEST_F(FileTransfer, ADiskThatTakesNoMoreIsToldAndKeepsTheOldFile)
-{
-    Send(0, 8, "D:\\keep", Bytes{1}, {1});
-    {
-        const vxsign::test::FullDisk full(100);
-        Send(0, 8, "D:\\keep", Ramp(128), {1});
-        Send(36882, 8, "D:\\keep", Ramp(128), {2});
-        Send(36884, 8, "D:\\keep", Ramp(128), {2}); // the transfer is over
-        Expect(36882, {{2, 1, {90, 0, 0, 0}, Bytes(64, 1), 1}});
-    }
-    EXPECT_EQ(OnSign("D/keep"), Bytes{1});
-}
-
 TEST_F(FileTransfer, ReadingGoesOnWhileTheFileIsReplacedOrDeleted)
 {
     const Bytes first = Ramp(128);
@@ -204,7 +195,7 @@ TEST_F(FileTransfer, RefusesRecordsThatContradictThemselves)
                    put({64, 0, 0, 0, 0, 0, 1, 0, 1, 0}, 64)});  // no chunk size
     Expect(36884, {put({64, 0, 0, 0, 64, 0, 1, 0, 0, 0}, 64),   // packet 0
                    put({64, 0, 0, 0, 64, 0, 1, 0, 2, 0}, 64)}); // behind the last
-    Expect(36870, {{2, 8, {1, 0, 0, 0, 64, 0, 1, 0}, {1}}, {1, 17, {64, 0, 0, 0}}, {1, 17, Bytes(260, 'x')}});
+    Expect(36870, {{2, 8, {1, 0, 0, 0, 64, 0, 1}, {1}}, {1, 17, {64}}, {1, 17, Bytes(260, 'x')}});
     EXPECT_TRUE(fs::is_empty(folder.path / "D"));
 }
 
@@ -228,7 +219,11 @@ TEST_F(FileTransfer, NoPathLeavesItsDrive)
                    {2, 4, Bytes{'G', 0} + Text("A.TXT") + Bytes(7, 0) + numbers, {1}}});
     // A path that fills its record has no terminator.
     Expect(0, {{2, 8, numbers + Text("D:\\" + std::string(243, 'n')), {9}}});
-    EXPECT_EQ(FileBytes(folder.path / "D" / std::string(243, 'n')), Bytes{9});
+    EXPECT_EQ(OnSign("D/" + std::string(243, 'n')), Bytes{9});
+
+    Send(36880, 8, "D:\\t", Ramp(64), {1});
+    Send(36880, 8, "C:\\FONT", Ramp(64), {1});
+    Send(0, 8, "D:\\X\\T", Ramp(64), {1});
 }
 
 TEST_F(FileTransfer, AnExistingNameKeepsItsCase)
@@ -241,24 +236,13 @@ TEST_F(FileTransfer, AnExistingNameKeepsItsCase)
     EXPECT_EQ(sign->Resolve("D:\\T\\New.nmg"), folder.path / "D/T/New.nmg");
 }
 
-TEST_F(FileTransfer, AFileOfTooManyPacketsAsksForTheWideCommand)
-{
-    folder.Write("D/huge", "");
-    fs::resize_file(folder.path / "D/huge", 64ULL * 65536);
-    EXPECT_EQ(CodeOf(Get(8, "D:\\huge", 1)), 26371U);
-    EXPECT_EQ(CodeOf(Get(17, "D:\\huge", 65536)), 0U);
-    fs::resize_file(folder.path / "D/huge", 1ULL << 32);
-    EXPECT_EQ(CodeOf(Get(17, "D:\\huge", 1)), 4353U);
-}
-
 TEST_F(FileTransfer, DataFlashPadsToItsPages)
 {
     EXPECT_EQ(ExtendedOf(Ask(1, 28)), (Bytes{0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
     // 300 bytes announced, but the host's file has only 70.
     const Bytes head = Little(300, 4) + Little(128, 2) + Little(3, 4);
-    Expect(0, {{2, 19, head + Little(1, 4) + Bytes{0, 0}, Bytes(70, 1)},
-               {2, 19, head + Little(2, 4) + Bytes{0, 0}},
-               {2, 19, head + Little(3, 4) + Bytes{0, 0}}});
+    Expect(0, {{2, 19, head + Little(1, 4) + Bytes{0, 0}, Bytes(70, 1)}, {2, 19, head + Little(2, 4) + Bytes{0, 0}}});
+    Expect(0, {{2, 19, head + Little(3, 4) + Bytes{0, 0}}});
     EXPECT_EQ(ExtendedOf(Ask(1, 28)), (Bytes{0, 1, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
     EXPECT_EQ(ExtendedOf(Ask(1, 29, Little(500, 4) + Little(1, 4))), Bytes(70, 1) + Bytes(430, 0xFF));
     EXPECT_EQ(ExtendedOf(Ask(1, 29, Little(500, 4) + Little(2, 4))), Bytes(12, 0xFF));

@@ -56,8 +56,9 @@ Canvas DifferenceOf(const Canvas& drawn, const Canvas& kept)
 void ExpectKept(const std::string& name, const Canvas& drawn)
 {
     const fs::path file = fs::path(VXSIM_KEPT_FACES) / (name + ".png");
-    const auto kept = fs::exists(file) ? vxsim::DecodePicture(FileBytes(file), drawn.Width(), drawn.Height())
-                                       : std::optional<Canvas>();
+    std::ifstream in(file, std::ios::binary);
+    const auto kept =
+        vxsim::DecodePicture(Bytes{std::istreambuf_iterator<char>(in), {}}, drawn.Width(), drawn.Height());
     if (kept == drawn)
         return;
     const fs::path actual = fs::current_path() / (name + ".png");
@@ -108,15 +109,15 @@ TEST_F(KeptScenes, OfPicturesZonesTickersAndSignals)
     PutFile("C:\\SEQUENT.SYS", FlatList({"SUNSET.PNG"}));
     ExpectKept("picture", stage->Draw(0));
 
-    Expect(0, {{54, 1, {1, 0, 0, 0}, Bytes{0, 0, 0, 2, 0, 0, 0, 0} + Area(0, 0, 88, 32) + Area(88, 8, 40, 16)},
-               {54, 4, {1, 1, 0, 0}, Bytes{1, 0, 0, 0, 0, 0} + Little(8, 2) + Text("Exit 12b")},
-               {54, 4, {1, 2, 0, 0}, Bytes{2, 0, 0, 0, 0, 0} + Little(15, 2) + Text("D:\\T\\SUNSET.PNG")}});
+    Expect(0, {{54, 1, {1}, Bytes{0, 0, 0, 2, 0, 0, 0, 0} + Area(0, 0, 88, 32) + Area(88, 8, 40, 16)},
+               {54, 4, {1, 1}, Bytes{1, 0, 0, 0, 0, 0} + Little(8, 2) + Text("Exit 12b")},
+               {54, 4, {1, 2}, Bytes{2, 0, 0, 0, 0, 0} + Little(15, 2) + Text("D:\\T\\SUNSET.PNG")}});
     arrival.nowMs = 1000;
-    Expect(0, {{54, 5, {1, 0, 0, 0}}});
+    Expect(0, {{54, 5, {1}}});
     ExpectKept("zones", stage->Draw(1000));
 
     arrival.nowMs = 2000;
-    Expect(0, {{8, 1, {10, '0', '3', 0}}, {8, 4, {64, 0, 1, 0, 1, 0, 0, 0}, Text("Fog: 50")}});
+    Expect(0, {{8, 1, {10, '0', '3'}}, {8, 4, {64, 0, 1, 0, 1}, Text("Fog: 50")}});
     ExpectKept("ticker", stage->Draw(3100));
 
     settings.controller = true;

@@ -26,20 +26,13 @@ protected:
         return CodeOf(Ask(major, minor, payload));
     }
 
-    static Bytes Field(const char* text, std::size_t size)
-    {
-        Bytes field = Text(text);
-        field.resize(size);
-        return field;
-    }
-
     unsigned LogIn(std::uint32_t host, std::uint64_t nowMs, const char* user, const char* password)
     {
-        return From(host, nowMs, 10, 1, Field(user, 14) + Field(password, 6));
+        return From(host, nowMs, 10, 1, Padded(user, 14) + Padded(password, 6));
     }
     unsigned Change(std::uint64_t nowMs, const char* user, const char* before, const char* after)
     {
-        return From(kOneHost, nowMs, 10, 3, Field(user, 14) + Field(before, 6) + Field(after, 8));
+        return From(kOneHost, nowMs, 10, 3, Padded(user, 14) + Padded(before, 6) + Padded(after, 8));
     }
 };
 
@@ -61,7 +54,7 @@ TEST_F(Login, NothingButTheLoginIsAnsweredWithoutOne)
     Expect(36912, {{4, 1}});
 }
 
-TEST_F(Login, EndsSomeTimeAfterTheLastCommandOrWithAColdReset)
+TEST_F(Login, HoldsTheSignForOneUserAndForSomeTime)
 {
     EXPECT_EQ(LogIn(kOneHost, 5000, "admin", "123456"), 0U);
     EXPECT_EQ(From(kOneHost, 5999, 3, 1), 0U);
@@ -70,10 +63,8 @@ TEST_F(Login, EndsSomeTimeAfterTheLastCommandOrWithAColdReset)
     EXPECT_EQ(LogIn(kOneHost, 8000, "admin", "123456"), 0U);
     Expect(0, {{4, 0}, {4, 20}});
     Expect(36912, {{3, 1}});
-}
+    Restart("CDEF");
 
-TEST_F(Login, OneUserAtATimeHoldsTheSign)
-{
     EXPECT_EQ(LogIn(kOneHost, 0, "admin", "123456"), 0U);
     EXPECT_EQ(LogIn(kOtherHost, 500, "a user of 13.", ""), 36917U);
     EXPECT_EQ(LogIn(kOtherHost, 500, "admin", "123456"), 0U) << "the same user elsewhere";
@@ -97,7 +88,7 @@ TEST_F(Login, PasswordsChangeByTheOldOne)
     EXPECT_EQ(LogIn(kOneHost, 0, "admin", "abcdef"), 0U);
     const Bytes table = Ask(10, 48, Bytes(4, 0));
     EXPECT_EQ(PayloadOf(table), (Bytes{1, 0, 0, 0}));
-    EXPECT_EQ(ExtendedOf(table), (Field("10.0.0.200", 64) + Bytes{0x30, 0x25, 0, 0}));
+    EXPECT_EQ(ExtendedOf(table), (Padded("10.0.0.200", 64) + Bytes{0x30, 0x25, 0, 0}));
 }
 
 TEST_F(Login, WrongPasswordsSlowTheirHostDown)

@@ -11,7 +11,7 @@ protected:
     // What the sign names as playing, up to the terminator; "" if nothing plays.
     std::string Name(std::uint64_t nowMs, unsigned minor = 7)
     {
-        const Bytes reply = AskAt(nowMs, 6, minor, {1, 0, 0, 0});
+        const Bytes reply = AskAt(nowMs, 6, minor, {1});
         if (CodeOf(reply) == 26369)
             return "";
         return reinterpret_cast<const char*>(PayloadOf(reply).data());
@@ -19,13 +19,11 @@ protected:
 
     static Request Priority(std::uint8_t drive, std::uint8_t kind, const char* name)
     {
-        Bytes record = Bytes{drive, kind} + Text(name);
-        record.resize(16);
-        return {6, 6, record};
+        return {6, 6, Bytes{drive, kind} + Padded(name, 14)};
     }
 };
 
-TEST_F(PlayControl, NextAndPreviousGoThroughTheList)
+TEST_F(PlayControl, MovesThroughTheListAndHoldsATurn)
 {
     EXPECT_EQ(Name(0) + Name(0, 8), "");
     PlayThree();
@@ -39,10 +37,8 @@ TEST_F(PlayControl, NextAndPreviousGoThroughTheList)
     Film({{5500, {6, 9}, "R", "past what is gone"}});
     EXPECT_EQ(Name(5500, 8), "D:\\T\\BLUE.BMP");
     Film({{7000, {6, 1}}, {9999, {}, "R", "the list from its start"}});
-}
 
-TEST_F(PlayControl, APauseHoldsTheTurn)
-{
+    // A pause holds the turn.
     PlayThree();
     Film({{0, {}, "R"}, {2000, {6, 3}}, {3000, {6, 3}, "R", "once more: a copy of a request"}, {100000, {}, "R"}});
     Film({{100000, {6, 4}}, {100500, {6, 4}}, {100999, {}, "R"}, {101000, {}, "G"}, {102000, {6, 2}}});
@@ -55,7 +51,7 @@ TEST_F(PlayControl, MovesWithinATurnAndFromPageToPage)
     PutFile("D:\\T\\A.NMG", Text("QZ00SAX\x1C"
                                  "1\x0E"
                                  "20008A\fB\fC"));
-    PutFile("D:\\T\\RED.BMP", Dot(kRed));
+    PlayThree();
     PutFile("C:\\SEQUENT.SYS", FlatList({"A.NMG", "RED.BMP"}));
     At(100000); // 24 seconds of A, B and C: to 8, from 9 to 16, from 17 back to 12, from 12.5 to 17.5
     Film({{101000, {6, 12}}, {102000, {6, 12}}, {103000, {6, 11}}, {103500, {6, 10}}});
@@ -87,13 +83,11 @@ TEST_F(PlayControl, ListsByNumberAndBackToTheMainOne)
     PutFile("C:\\PLAYLIST\\SEQUENT3.SYS", FlatList({"BLUE.BMP"}));
     EXPECT_EQ(At(0), kRed);
     ExpectPayload({255, 0, 0, 0}, {{6, 29}});
-    Film({{500, {6, 24, {3, 0, 0, 0}}}});
+    Film({{500, {6, 24, {3}}}});
     ExpectPayload({3, 0, 0, 0}, {{6, 29}});
     EXPECT_EQ(At(4000), kBlue);
-    Expect(36872, {{6, 24, {4, 0, 0, 0}}});
-    Film({{4000, {6, 1}, "B", "from the start of the same list"},
-          {5000, {6, 24, {255, 0, 0, 0}}, "R"},
-          {6000, {6, 24, {3, 0, 0, 0}}}});
+    Expect(36872, {{6, 24, {4}}});
+    Film({{4000, {6, 1}, "B", "from the start of the same list"}, {5000, {6, 24, {255}}, "R"}, {6000, {6, 24, {3}}}});
     PutFile("C:\\playlist\\sequent3.sys", FlatList({"RED.BMP"}));
     EXPECT_EQ(At(6500), kRed) << "a new file of the list that plays";
     PutFile("C:\\PLAYLIST\\SEQUENT4.SYS", FlatList({"BLUE.BMP"}));
@@ -107,8 +101,7 @@ TEST_F(PlayControl, ListsByNumberAndBackToTheMainOne)
 
 TEST_F(PlayControl, SchedulesFollowTheClockOfTheSign)
 {
-    PutFile("D:\\T\\RED.BMP", Dot(kRed));
-    PutFile("D:\\T\\BLUE.BMP", Dot(kBlue));
+    PlayThree();
     // Red: Fridays in December 1999 from 23:59 to 23:59; blue: from the year 2000 on, weekends.
     Bytes list = FlatList({"RED.BMP", "BLUE.BMP"});
     const Bytes red{0x20, 0x99, 0x19, 0x12, 0x01, 0x23, 0x59, 1, 1, 0x99, 0x19, 0x12, 0x31, 0x23, 0x59, 1, 1};
@@ -118,29 +111,28 @@ TEST_F(PlayControl, SchedulesFollowTheClockOfTheSign)
     PutFile("C:\\SEQUENT.SYS", list);
     EXPECT_EQ(At(0), kDark);
     EXPECT_EQ(Name(0) + Name(0, 8), "");
-    Film({{1000, {5, 4, {0x99, 0x19, 0x12, 0x31, 0x23, 0x58, 0x55, 5, 0, 0, 0, 0}}},
-          {5999, {}, "."},
-          {7000, {}, "R", "23:59:01 of a Friday"}});
+    Film({{1000, {5, 4, {0x99, 0x19, 0x12, 0x31, 0x23, 0x58, 0x55, 5, 0}}}, {5999, {}, "."}});
+    Film({{7000, {}, "R", "23:59:01 of a Friday"}});
     EXPECT_EQ(Name(7000), "D:\\T\\RED.BMP");
     Film({{65999, {}, "R"}, {66000, {}, "B", "midnight; Saturday"}});
     EXPECT_EQ(Name(66000, 8), "D:\\T\\BLUE.BMP");
-    Film({{66500, {5, 4, {0x00, 0x20, 0x01, 0x03, 0x12, 0x00, 0x00, 1, 0, 0, 0, 0}}, ".", "Monday"}});
+    Film({{66500, {5, 4, {0x00, 0x20, 0x01, 0x03, 0x12, 0x00, 0x00, 1, 0}}, ".", "Monday"}});
 }
 
 TEST_F(PlayControl, TheScreenshotIsAJpegOfTheFace)
 {
-    Expect(0, {{3, 11, Bytes{255, 0, 0} + Bytes(13, 0)}, {6, 25, {0, 0, 0, 0}}});
-    const auto picture = vxsim::DecodePicture(FileBytes(folder.path / "E/screenshot.jpeg"), 16, 16);
+    Expect(0, {{3, 11, Bytes{255, 0, 0} + Bytes(13, 0)}, {6, 25, {0}}});
+    const auto picture = vxsim::DecodePicture(OnSign("E/screenshot.jpeg"), 16, 16);
     ASSERT_TRUE(picture);
     EXPECT_GE(std::min(picture->At(0, 0).red, picture->At(15, 15).red), 250);
     EXPECT_LE(picture->At(8, 8).blue, 5);
     Restart("CD");
-    Expect(36881, {{6, 25, {0, 0, 0, 0}}});
+    Expect(36881, {{6, 25, {0}}});
 }
 
-TEST_F(PlayControl, SoundTimingAndVolumeAreKept)
+TEST_F(PlayControl, SoundTimingVolumeAndTheRadarLogAreKept)
 {
-    Expect(0, {{6, 27, {77, 0, 0, 0}}, {6, 26, Bytes(8, 1) + Text("D:\\BELL.WAV")}, {6, 15, {1, 2, 3, 0, 0, 0, 0, 0}}});
+    Expect(0, {{6, 27, {77}}, {6, 26, Bytes(8, 1) + Text("D:\\BELL.WAV")}, {6, 15, {1, 2, 3, 0, 0}}});
     ExpectPayload({77, 0, 0, 0}, {{6, 28}});
     EXPECT_EQ(sign->Play().SoundFile(), "D:\\BELL.WAV");
     EXPECT_EQ(sign->Play().Sound()[2], 3);
@@ -155,14 +147,12 @@ TEST_F(PlayControl, SoundTimingAndVolumeAreKept)
         Expect(0, {{6, minor, {1, 2, 3, 4}}});
         EXPECT_EQ(sign->Play().Timing(), state) << minor;
     }
-}
 
-TEST_F(PlayControl, TheRadarLogIsReadInPagesOfWholeRecords)
-{
+    // The radar log is read in pages of whole records.
     const auto page = [&](const Bytes& asked) { return ExtendedOf(Ask(6, 23, asked)); };
     EXPECT_EQ(page({5, 0, 0, 0}), Bytes{});
     const Bytes log = Ramp(16 * 7 + 3);
-    WriteFile(folder.path / "sign/radar.log", log);
+    Make("sign/radar.log", log);
     EXPECT_EQ(page({5, 0, 0, 0}), Part(log, 0, 80));
     EXPECT_EQ(page({5, 0, 5, 0}), Part(log, 80, 32));
     EXPECT_EQ(page({255, 255, 7, 0}), Bytes{});

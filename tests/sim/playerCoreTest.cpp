@@ -30,20 +30,17 @@ protected:
 
     static Request Stop(const std::string& name)
     {
-        return {122, 5, {static_cast<std::uint8_t>(name.size()), 0, 0, 0, 0, 0, 0, 0}, Text(name)};
+        return {122, 5, {static_cast<std::uint8_t>(name.size()), 0, 0, 0, 0}, Text(name)};
     }
 
-    Bytes Property(const std::string& name) { return Ask(122, 1, {0, 0, 0, 0}, Text(name)); }
+    Bytes Property(const std::string& name) { return Ask(122, 1, {0}, Text(name)); }
 
     // The lines behind the head of an answer.
-    static std::string Lines(const Bytes& reply, std::size_t head)
-    {
-        return {reply.begin() + static_cast<std::ptrdiff_t>(std::min(16 + head, reply.size())), reply.end()};
-    }
+    static std::string Lines(const Bytes& reply, std::size_t head) { return ToText(Part(reply, 16 + head)); }
 
     std::string Playing(std::uint64_t nowMs)
     {
-        const Bytes reply = AskAt(nowMs, 122, 9, {0, 0, 0, 0});
+        const Bytes reply = AskAt(nowMs, 122, 9, {0});
         std::string text;
         for (const std::uint8_t byte : PayloadOf(reply))
             text += static_cast<char>('0' + byte);
@@ -66,7 +63,7 @@ TEST_F(PlayerCore, WindowsLieOverTheRest)
 {
     PutPrograms();
     const auto mode = [](std::uint8_t number, const Bytes& areas = {}) {
-        return Request{122, 6, {number, 0, 0, 0, 0, 0, 0, 0}, areas};
+        return Request{122, 6, {number, 0, 0, 0, 0}, areas};
     };
     // At (1, 1), (7, 7), (9, 1), (13, 13).
     const auto seen = [&](std::uint64_t nowMs) {
@@ -102,10 +99,9 @@ TEST_F(PlayerCore, WhatFollows)
     Film({{1000, Play({"SHOP", "ONE", ""}, 2), "G", "once"}, {3999, {}, "R"}});
     EXPECT_EQ(Playing(4000), "0000 ");
     Film({{4000, {}, "G", "the list, in its second turn"}});
-    Expect(26369, {Stop("ONE"), {122, 11, {1, 0, 0, 0}}, {122, 10, {1, 3, 0, 0, 0, 0, 0, 0}, Text("TWO")}});
-    Film({{5000, Play({"SHOP", "TWO", ""}, 0)}, {10000, {122, 11, {1, 0, 0, 0}}, "B", "the next program"}});
-    Film({{11000, {}, "G"}, {13000, {}, "R"}, {14000, {}, "B"}});
-    Film({{20000, {122, 10, {0, 3, 0, 0, 0, 0, 0, 0}, Text("one")}}});
+    Expect(26369, {Stop("ONE"), {122, 11, {1}}, {122, 10, {1, 3, 0, 0, 0}, Text("TWO")}});
+    Film({{5000, Play({"SHOP", "TWO", ""}, 0)}, {10000, {122, 11, {1}}, "B", "the next program"}, {11000, {}, "G"}});
+    Film({{13000, {}, "R"}, {14000, {}, "B"}, {20000, {122, 10, {0, 3, 0, 0, 0}, Text("one")}}});
     EXPECT_EQ(Playing(20000), "1000 face\tSHOP\tONE\tD:\\T\\GREEN.BMP\n");
     EXPECT_EQ(At(23000), kGreen);
 }
@@ -130,11 +126,9 @@ TEST_F(PlayerCore, PropertiesAndProjects)
     EXPECT_EQ(PayloadOf(Ask(122, 8)), (Bytes{0, 0, 0, 0}));
     Expect(36872, {Play({"", "", ""}, 0)});
     // Three programs are announced, two are there, and one of them lacks a file.
-    Bytes start = Text("two");
-    start.resize(20);
-    EXPECT_EQ(CodeOf(Ask(122, 16, Bytes{4, 0, 3, 0, 7, 0, 0, 0} + start, Text("shop"))), 0U);
-    EXPECT_EQ(PayloadOf(Ask(122, 8)), (Bytes{33, 1, 0, 0}));
-    EXPECT_EQ(CodeOf(Ask(122, 7, {4, 0, 2, 0, 8, 0, 0, 0}, Text("SHOP"))), 0U);
+    Expect(0, {{122, 16, Bytes{4, 0, 3, 0, 7, 0, 0, 0} + Padded("two", 20), Text("shop")}});
+    ExpectPayload({33, 1, 0, 0}, {{122, 8}});
+    Expect(0, {{122, 7, {4, 0, 2, 0, 8}, Text("SHOP")}});
     EXPECT_EQ(PayloadOf(Ask(122, 8)), (Bytes{50, 1, 0, 0}));
     PutFile("D:\\T\\GONE.BMP", Dot({1, 1, 1}));
     EXPECT_EQ(PayloadOf(Ask(122, 8)), (Bytes{100, 2, 0, 0}));
@@ -156,7 +150,7 @@ TEST_F(PlayerCore, PropertiesAndProjects)
         EXPECT_EQ(CodeOf(Property(name)), 36872U) << name;
     // The sign keeps what it was told of 32 projects.
     for (int i = 0; i < 40; ++i)
-        EXPECT_EQ(CodeOf(Ask(122, 7, {3, 0, 1, 0, 0, 0, 0, 0}, Text("P" + std::to_string(10 + i)))), 0U);
+        EXPECT_EQ(CodeOf(Ask(122, 7, {3, 0, 1, 0, 0}, Text("P" + std::to_string(10 + i)))), 0U);
     EXPECT_EQ(Property("SHOP")[28], 0);
     EXPECT_EQ(std::filesystem::file_size(folder.path / "sign/projects.bin"), 32U * 56);
 }
@@ -187,14 +181,14 @@ TEST_F(PlayerCore, Refusals)
     Expect(36872, {Play({"SHOP\\..\\SHOP", "ONE", ""}, 0), {122, 7, Bytes(8, 0)}});
     Expect(36881, {Play({"SHOP", "ONE", ""}, 3), Play({"SHOP", "ONE", ""}, 256), Play({"SHOP", "ONE", "", "5"}, 1)});
     Expect(36881, {Play({"SHOP", "ONE", "", "0"}, 1), Play({"SHOP", "ONE", "", "11"}, 2)});
-    Expect(36881, {{122, 6, {3, 0, 0, 0, 0, 0, 0, 0}}, {122, 11, {3, 0, 0, 0}}});
+    Expect(36881, {{122, 6, {3, 0, 0, 0, 0}}, {122, 11, {3}}});
     Expect(36870, {Play({"SHOP", "ONE", "", "1"}, 2), Play({"SHOP", "ONE", "", "12"}, 1), named(2, {1, 0, 0, 0})});
     Expect(36870, {named(2, Bytes(8, 255)), named(5, {2, 0, 0, 0, 0, 0, 0, 0}), {122, 6, Bytes(8, 0), Bytes(7, 0)}});
-    Expect(36870, {{122, 6, Bytes(8, 0), Bytes(40, 0)}, {122, 7, {33, 0, 0, 0, 0, 0, 0, 0}, Bytes(33, 'x')}});
+    Expect(36870, {{122, 6, Bytes(8, 0), Bytes(40, 0)}, {122, 7, {33, 0, 0, 0, 0}, Bytes(33, 'x')}});
     Expect(36870, {named(7, {2, 0, 0, 0, 0, 0, 0, 0}), named(10, {0, 255, 255, 0, 0, 0, 0, 0}), {122, 11}});
     Expect(36870, {named(12, {255, 255, 0, 0, 0, 0, 0, 0}), named(16, {1, 0, 0, 0, 0, 0, 0, 0})});
     Expect(36883, {{122, 6, Bytes(8, 0), {0, 0, 0, 0, 17, 0, 1, 0}}});
-    Expect(36880, {{122, 7, {1, 0, 0, 0, 0, 0, 0, 0}, {'\\'}}});
+    Expect(36880, {{122, 7, {1, 0, 0, 0, 0}, {'\\'}}});
     Expect(36869, {{122, 3}});
     EXPECT_EQ(Playing(0), "0000 ");
 }

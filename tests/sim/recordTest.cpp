@@ -27,8 +27,7 @@ TEST_F(Records, StyleBrightnessAndIdentitySurviveARestart)
 
 TEST_F(Records, ConfigurationTellsAddressPortAndDriveF)
 {
-    const auto file = folder.path / "C/CONFIG.SYS";
-    Bytes config = FileBytes(file);
+    Bytes config = OnSign("C/CONFIG.SYS");
     ASSERT_GE(config.size(), 300U);
     EXPECT_EQ(config[16], 1);
     EXPECT_EQ(Part(config, 36, 4), (Bytes{1, 0, 0, 127}));
@@ -36,10 +35,10 @@ TEST_F(Records, ConfigurationTellsAddressPortAndDriveF)
     EXPECT_EQ(Part(config, 186, 2), (Bytes{0x30, 0x25}));
     // What a host has set stays, but the drives are as they are.
     config[36] = 77;
-    WriteFile(file, config);
+    Make("C/CONFIG.SYS", config);
     Restart("CD");
     config[16] = 0;
-    EXPECT_EQ(FileBytes(file), config);
+    EXPECT_EQ(OnSign("C/CONFIG.SYS"), config);
     EXPECT_THROW(Restart("DE"), std::invalid_argument);
     EXPECT_THROW(Restart("C1"), std::invalid_argument);
 }
@@ -53,26 +52,23 @@ TEST_F(Records, WhatHostsLeaveWithTheSign)
     EXPECT_FALSE(sign->Light().IsBlack());
     EXPECT_EQ(sign->Records().TubeData().at(200), (Bytes{5, 0, 0, 0}));
 
-    Expect(0, {{2, 9, {1, 0, 2, 0}, Bytes(1024, 'u')},
+    Expect(0, {{2, 9, {1, 0, 2}, Bytes(1024, 'u')},
                {2, 14, Text("A.NMG") + Bytes(27, 0) + Bytes{1, 2, 0, 0, 0x34, 0x12, 0, 0}},
                {2, 48, {}, {2, 0, 0, 0}, 3}});
-    Expect(10497, {{2, 9, {1, 0, 2, 0}, Bytes(1025, 'v')}});
+    Expect(10497, {{2, 9, {1, 0, 2}, Bytes(1025, 'v')}});
     EXPECT_EQ(sign->Records().UrgentMessage().size(), 1024U);
     EXPECT_EQ(sign->Records().Checksums().at("A.NMG").size, 513U);
     EXPECT_EQ(sign->Records().Checksums().at("A.NMG").crc, 0x1234);
-    EXPECT_EQ(PayloadOf(Ask(1, 48, {0, 0, 0, 0}, {}, 3)), (Bytes{2, 0, 0, 0}));
-    EXPECT_EQ(PayloadOf(Ask(1, 48, {1, 0, 0, 0}, {}, 3)), (Bytes{1, 0, 0, 0}));
-    EXPECT_EQ(PayloadOf(Ask(1, 48, {0, 0, 0, 0}, {}, 4)), (Bytes{0, 0, 0, 0}));
-}
+    EXPECT_EQ(PayloadOf(Ask(1, 48, {0}, {}, 3)), (Bytes{2, 0, 0, 0}));
+    EXPECT_EQ(PayloadOf(Ask(1, 48, {1}, {}, 3)), (Bytes{1, 0, 0, 0}));
+    EXPECT_EQ(PayloadOf(Ask(1, 48, {0}, {}, 4)), (Bytes{0, 0, 0, 0}));
 
-TEST_F(Records, BlocksForABoardLandAtTheirAddress)
-{
-    const auto file = folder.path / "sign/board-0001.bin";
-    Expect(0, {{2, 1, {0, 0, 0, 0}, Bytes(1024, 'a'), 1}, {2, 1, {0, 4, 0, 0}, {'b', 'c'}, 1}});
-    EXPECT_EQ(FileBytes(file), Bytes(1024, 'a') + Text("bc"));
-    Expect(0, {{2, 1, {0, 0, 0, 0}, {'d'}, 1}}); // the next image
-    EXPECT_EQ(FileBytes(file), Text("d"));
-    Expect(36883, {{2, 1, {0, 0, 0, 0}, Bytes(1025, 'a'), 1}, {2, 1, {0, 0, 0, 0}, {}, 1}});
+    // Blocks for a board land at their address.
+    Expect(0, {{2, 1, {0}, Bytes(1024, 'a'), 1}, {2, 1, {0, 4}, {'b', 'c'}, 1}});
+    EXPECT_EQ(OnSign("sign/board-0001.bin"), Bytes(1024, 'a') + Text("bc"));
+    Expect(0, {{2, 1, {0}, {'d'}, 1}}); // the next image
+    EXPECT_EQ(OnSign("sign/board-0001.bin"), Text("d"));
+    Expect(36883, {{2, 1, {0}, Bytes(1025, 'a'), 1}, {2, 1, {0}, {}, 1}});
     Expect(4354, {{2, 1, {0xFF, 0xFF, 0xFF, 0xFF}, {1}, 1}});
 }
 
@@ -81,17 +77,15 @@ TEST_F(Records, WhatTheSignTellsOfItself)
     ExpectPayload({128, 0, 32, 0, 4, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, {{1, 10}});
     EXPECT_EQ(Ask(1, 11).size(), 16U + 8 + 96);
     ExpectPayload(Bytes{11} + Text("VXSIM000001") + Bytes(4, 0) + Bytes{2, 0, 0, 0, 0, 1} + Bytes(10, 0), {{1, 12}});
-    ExpectPayload({0x20, 0x90, 0, 0, 4, 0, 0, 0}, {{1, 27, {0, 0, 0, 0}}});
+    ExpectPayload({0x20, 0x90, 0, 0, 4, 0, 0, 0}, {{1, 27, {0}}});
     Expect(7939, {{1, 15}});
     EXPECT_EQ(ExtendedOf(Ask(1, 18)), Text("vxsim\r\nface 128x32\r\ncolours 16777216\r\n"
                                            "light 8 by the hour\r\nshows list\r\ndrives CDEF\r\n"));
-    EXPECT_EQ(ExtendedOf(Ask(1, 26, {9, 0, 0, 0})), Bytes{0});
-    EXPECT_EQ(ExtendedOf(Ask(1, 26, {0, 0, 0, 0})), Bytes{10} + Bytes(3, 0) + Bytes{1} + Bytes(11, 0));
+    EXPECT_EQ(ExtendedOf(Ask(1, 26, {9})), Bytes{0});
+    EXPECT_EQ(ExtendedOf(Ask(1, 26, {0})), Bytes{10} + Bytes(3, 0) + Bytes{1} + Bytes(11, 0));
     EXPECT_EQ(ExtendedOf(Ask(1, 19)), Text("major 1 minor 15 code 7939\r\n"));
-}
 
-TEST_F(Records, WhatTheFaceShowsIsToldEachOverTheNext)
-{
+    // What the face shows is told, each over the next.
     const auto told = [this](std::uint64_t nowMs) {
         arrival.nowMs = nowMs;
         const Bytes lines = ExtendedOf(Ask(1, 18));
@@ -101,7 +95,7 @@ TEST_F(Records, WhatTheFaceShowsIsToldEachOverTheNext)
     };
     Ask(4, 0);
     Ask(4, 3);
-    Ask(4, 7, {3, 0, 0, 0});
+    Ask(4, 7, {3});
     Ask(3, 5);
     EXPECT_EQ(told(1999), "light 3 fixed\r\nshows off restart test list\r\n");
     Ask(4, 1);

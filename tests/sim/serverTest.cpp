@@ -1,30 +1,25 @@
-// The sign's server: datagrams, connections, the serial line.
+// The sign's server: datagrams, connections, the serial line, and the faults that it puts into replies.
+#include "sim/server/faults.h"
 #include "support/servedSign.h"
 #include "support/signFixture.h"
 
 #include <arpa/inet.h>
 #include <fcntl.h>
-#include <netinet/in.h>
-#include <optional>
-#include <poll.h>
 #include <sys/ioctl.h>
-#include <sys/socket.h>
 #include <termios.h>
 
 namespace vxsign::test {
 namespace {
 
 // What a request and its reply look like for the commands used here.
-const Bytes kBlack1{0x55, 0xA7, 0x06, 0, 0, 0, 0, 0, 0, 0, 1, 0, 4, 1, 0, 0};
-const Bytes kBlack1Reply{0x55, 0xA8, 0x06, 0, 0, 0, 0, 0, 0, 0, 1, 0, 4, 1, 0, 0};
-const Bytes kBlack2{0x55, 0xA7, 0x07, 0, 0, 0, 0, 0, 0, 0, 2, 0, 4, 1, 0, 0};
-const Bytes kBlack2Reply{0x55, 0xA8, 0x07, 0, 0, 0, 0, 0, 0, 0, 2, 0, 4, 1, 0, 0};
+const Bytes kBlack1 = Hex("55A7 0600 0000 0000 0000 0100 0401 0000");
+const Bytes kBlack1Reply = Hex("55A8 0600 0000 0000 0000 0100 0401 0000");
+const Bytes kBlack2 = Hex("55A7 0700 0000 0000 0000 0200 0401 0000");
+const Bytes kBlack2Reply = Hex("55A8 0700 0000 0000 0000 0200 0401 0000");
 
 class ServerTest : public testing::Test
 {
 protected:
-    void Start(const vxsim::ServerSettings& how = {}) { served.emplace(how); }
-
     vxsim::Descriptor Connect(int type) const
     {
         vxsim::Descriptor socket(::socket(AF_INET, type | SOCK_CLOEXEC, 0));
@@ -63,26 +58,21 @@ protected:
         return bytes;
     }
 
-    std::optional<ServedSign> served;
+    std::optional<ServedSign> served{std::in_place};
 };
 
-TEST_F(ServerTest, ADatagramIsExactlyOneRequest)
+TEST_F(ServerTest, ADatagramIsOneRequestAndConnectionsBringThemInPieces)
 {
-    Start();
-    const auto first = Connect(SOCK_DGRAM);
-    const auto second = Connect(SOCK_DGRAM);
-    Send(first, Bytes{0x55});
-    Send(first, kBlack1 + kBlack1);
-    Send(first, Bytes(9000, 0x55));
-    Send(first, kBlack1);
-    Send(second, kBlack2);
-    EXPECT_EQ(Receive(second, 16), kBlack2Reply);
-    EXPECT_EQ(Receive(first, 16), kBlack1Reply);
-}
+    const auto one = Connect(SOCK_DGRAM);
+    const auto other = Connect(SOCK_DGRAM);
+    Send(one, Bytes{0x55});
+    Send(one, kBlack1 + kBlack1);
+    Send(one, Bytes(9000, 0x55));
+    Send(one, kBlack1);
+    Send(other, kBlack2);
+    EXPECT_EQ(Receive(other, 16), kBlack2Reply);
+    EXPECT_EQ(Receive(one, 16), kBlack1Reply);
 
-TEST_F(ServerTest, ConnectionsBringRequestsInPiecesSideBySide)
-{
-    Start();
     const auto first = Connect(SOCK_STREAM);
     const auto second = Connect(SOCK_STREAM);
     Send(first, Bytes{0x00, 0x55, 0xFF} + Part(kBlack1, 0, 7));
@@ -90,20 +80,15 @@ TEST_F(ServerTest, ConnectionsBringRequestsInPiecesSideBySide)
     EXPECT_EQ(Receive(second, 48), kBlack2Reply + kBlack1Reply + kBlack2Reply);
     Send(first, Part(kBlack1, 7));
     EXPECT_EQ(Receive(first, 16), kBlack1Reply);
-}
 
-TEST_F(ServerTest, SilenceEndsABrokenRequest)
-{
-    Start();
-    const auto line = Connect(SOCK_STREAM);
+    // Silence ends a broken request.
     const Bytes broken{0x55, 0xA7, 0, 0, 0, 8, 0, 0, 0, 0, 1, 0, 2, 8, 0, 0};
-    Send(line, broken + kBlack1);
-    EXPECT_EQ(Receive(line, 16), kBlack1Reply);
+    Send(first, broken + kBlack1);
+    EXPECT_EQ(Receive(first, 16), kBlack1Reply);
 }
 
 TEST_F(ServerTest, AHostThatReadsNothingDoesNotStopTheOthers)
 {
-    Start();
     const auto deaf = Connect(SOCK_STREAM);
     ::fcntl(deaf.Get(), F_SETFL, O_NONBLOCK);
     Bytes many;
@@ -121,7 +106,7 @@ TEST_F(ServerTest, TheConnectionThatIsSilentLongestMakesRoom)
     for (const bool makesRoom : {false, true}) {
         vxsim::ServerSettings how;
         how.idle = std::chrono::hours(makesRoom ? 0 : 1);
-        Start(how);
+        served.emplace(how);
         std::vector<vxsim::Descriptor> lines;
         const auto serve = [&](std::size_t i) {
             Send(lines[i], kBlack1);
@@ -146,7 +131,6 @@ TEST_F(ServerTest, TheConnectionThatIsSilentLongestMakesRoom)
 
 TEST_F(ServerTest, TheDeviceServesOneHostAfterTheOther)
 {
-    Start();
     for (int round = 0; round < 3; ++round) {
         const auto device = OpenDevice();
         ::ioctl(device.Get(), TIOCEXCL);
@@ -162,7 +146,7 @@ TEST_F(ServerTest, DelayedRepliesKeepTheirOrderAndTheirPeer)
 {
     vxsim::ServerSettings how;
     how.delay = std::chrono::milliseconds(30);
-    Start(how);
+    served.emplace(how);
     const auto datagrams = Connect(SOCK_DGRAM);
     const auto stream = Connect(SOCK_STREAM);
     {
@@ -188,6 +172,66 @@ TEST(EndpointsTest, ATakenPortAndABadHostAreErrors)
     EXPECT_THROW(vxsim::Endpoints{listen}, std::system_error);
     listen.host = "localhost";
     EXPECT_THROW(vxsim::Endpoints{listen}, std::invalid_argument);
+}
+
+const Bytes kReply = Hex("55A8 0701 0000 0000 0000 0100 0401 0100 FF000100");
+
+Bytes Through(const char* faults, const Bytes& reply = kReply)
+{
+    return vxsim::FaultInjector(vxsim::ParseFaults(faults)).Apply(reply);
+}
+
+TEST(Faults, EachDoesWhatItsNameSays)
+{
+    EXPECT_EQ(Through("drop=0"), kReply);
+    EXPECT_EQ(Through("drop=1,noise=5"), Bytes{});
+    for (int seed = 1; seed < 200; ++seed) {
+        const std::string suffix = ",seed=" + std::to_string(seed);
+        const Bytes cut = Through(("truncate=1" + suffix).c_str());
+        ASSERT_GE(cut.size(), 1U);
+        ASSERT_LT(cut.size(), kReply.size());
+        EXPECT_TRUE(std::equal(cut.begin(), cut.end(), kReply.begin()));
+
+        Bytes stranger = Through(("wrongid=1" + suffix).c_str());
+        EXPECT_NE(stranger[10] | stranger[11] << 8, 1);
+        // The sum grows by what the id has grown.
+        EXPECT_EQ(stranger[2] | stranger[3] << 8, 0x0107 - 1 + stranger[10] + stranger[11]);
+
+        Bytes wrong = Through(("badsum=1" + suffix).c_str());
+        EXPECT_NE(wrong[2] | wrong[3] << 8, 0x0107);
+        wrong[2] = 0x07;
+        EXPECT_EQ(wrong, kReply);
+
+        const Bytes noisy = Through(("noise=9" + suffix).c_str());
+        ASSERT_EQ(noisy.size(), kReply.size() + 9);
+        EXPECT_TRUE(std::equal(kReply.begin(), kReply.end(), noisy.begin() + 9));
+        EXPECT_EQ(std::count(noisy.begin(), noisy.begin() + 9, 0x55), 0);
+    }
+
+    // A seed repeats a run, and probabilities are kept.
+    vxsim::FaultInjector first(vxsim::ParseFaults("drop=0.25,noise=2,seed=11"));
+    vxsim::FaultInjector second(vxsim::ParseFaults("seed=11,noise=2,drop=0.25"));
+    int dropped = 0;
+    for (int i = 0; i < 4000; ++i) {
+        const Bytes reply = first.Apply(kReply);
+        ASSERT_EQ(reply, second.Apply(kReply));
+        dropped += reply.empty() ? 1 : 0;
+    }
+    EXPECT_NEAR(dropped, 1000, 150);
+}
+
+TEST(Faults, TextsThatMakeNoSenseAreRefusedByName)
+{
+    for (const char* text :
+         {"", "drop", "drop=", "drop=x", "drop=1.1", "drop=-0.1", "drop=nan", "drop=0.1x", "noise=65", "noise=-1",
+          "noise=1.5", "seed=4294967296", "lose=0.1", "drop=0.1,", ",drop=0.1", "drop=0.1,drop=0.1", "drop =0.1"}) {
+        try {
+            vxsim::ParseFaults(text);
+            ADD_FAILURE() << text;
+        } catch (const std::invalid_argument& error) {
+            EXPECT_EQ(std::string(error.what()).rfind("fault '", 0), 0U) << error.what();
+        }
+    }
 }
 
 } // namespace

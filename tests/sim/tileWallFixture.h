@@ -1,7 +1,6 @@
 // The tiles of the virtual sign, reached over buses and ports and directly.
 #pragma once
 
-#include "sim/protocol/checksum.h"
 #include "support/calibrations.h"
 #include "support/signFixture.h"
 
@@ -15,20 +14,19 @@ protected:
     {
         Bytes request = MakeRequest(12, minor, payload, extended, ++id);
         request[6] = static_cast<std::uint8_t>(bus);
-        return sign->Answer(Checked(request, request[2] + 256U * request[3] + bus), arrival);
+        return sign->Answer(Checked(request, SumField(request)), arrival);
     }
 
     Bytes Direct(unsigned minor, unsigned tile, const Bytes& payload, const Bytes& extended = {})
     {
         Bytes request = MakeRequest(124, minor, payload, extended, ++id, static_cast<std::uint16_t>(tile));
         request[1] = 0xB1;
-        return sign->Answer(Checked(request, vxsim::Crc16(std::span(request).subspan(4))), arrival);
+        return sign->Answer(Checked(request, CrcField(request)), arrival);
     }
 
     static Bytes Checked(Bytes request, unsigned check)
     {
-        request[2] = static_cast<std::uint8_t>(check);
-        request[3] = static_cast<std::uint8_t>(check >> 8);
+        std::ranges::copy(Little(check, 2), request.begin() + 2);
         return request;
     }
 
@@ -56,16 +54,13 @@ protected:
 
     Bytes OnPort(unsigned minor, unsigned tile, unsigned third, const Bytes& extended = {}, unsigned port = 1)
     {
-        return Ask(28, minor,
-                   Little(tile, 2) +
-                       Bytes{static_cast<std::uint8_t>(port), static_cast<std::uint8_t>(third), 0, 0, 0, 0},
-                   extended);
+        return Ask(28, minor, Little(tile, 2) + Little(port, 1) + Little(third, 1) + Bytes(4, 0), extended);
     }
 
     // The task that installs a file of the first bus, staged on drive C.
     Bytes Install(const Bytes& file, std::uint32_t offset)
     {
-        WriteFile(folder.path / "C/R_DATA/X.DAT", file);
+        Make("C/R_DATA/X.DAT", file);
         return OnBus(0, 15, Little(offset, 4) + Bytes{0, 0, 1, 0}, Path("C:\\R_DATA\\X.DAT"));
     }
 
@@ -78,32 +73,23 @@ protected:
     unsigned WriteDirectly(Bytes file, unsigned type, unsigned tile = 1)
     {
         file.resize((file.size() + 263) / 264 * 264);
-        for (std::size_t at = 0; at < file.size(); at += 264) {
-            const Bytes piece(file.begin() + static_cast<std::ptrdiff_t>(at),
-                              file.begin() + static_cast<std::ptrdiff_t>(at + 264));
-            const unsigned code = CodeOf(Direct(2, tile,
-                                                Bytes{1, static_cast<std::uint8_t>(type)} +
-                                                    Little(static_cast<std::uint32_t>(at), 4) + Bytes(6, 0),
-                                                piece));
-            if (code != 0)
-                return code;
-        }
-        return 0;
+        unsigned code = 0;
+        for (std::uint32_t at = 0; at < file.size() && code == 0; at += 264)
+            code =
+                CodeOf(Direct(2, tile, Bytes{1} + Little(type, 1) + Little(at, 4) + Bytes(6, 0), Part(file, at, 264)));
+        return code;
     }
 
     Bytes ReadPiece(unsigned type, std::uint32_t offset, unsigned tile = 1)
     {
-        return Direct(1, tile, Bytes{1, static_cast<std::uint8_t>(type), 8, 1} + Little(offset, 4) + Bytes(4, 0));
+        return Direct(1, tile, Bytes{1} + Little(type, 1) + Bytes{8, 1} + Little(offset, 4) + Bytes(4, 0));
     }
     Bytes ReadDirectly(unsigned type)
     {
         Bytes file;
-        for (std::uint32_t at = 0; at < 10000; at += 264) {
-            const Bytes answer = ReadPiece(type, at);
-            if (CodeOf(answer) != 0)
-                break;
-            file = file + ExtendedOf(answer);
-        }
+        Bytes piece = ReadPiece(type, 0);
+        for (std::uint32_t at = 264; CodeOf(piece) == 0 && at < 10000; piece = ReadPiece(type, at), at += 264)
+            file = file + ExtendedOf(piece);
         return file;
     }
 

@@ -1,8 +1,6 @@
 // The sign as a traffic signal controller.
 #include "support/signFixture.h"
 
-#include <algorithm>
-
 namespace vxsign::test {
 namespace {
 
@@ -29,12 +27,8 @@ protected:
     {
         return {10, 16, Bytes{groups, seconds} + Bytes(29, 0xFF) + Bytes{flag}};
     }
-    static Request Mode(std::uint8_t mode) { return {10, 2, {mode, 0, 0, 0}}; }
-    Bytes Errors() const
-    {
-        const Bytes file = FileBytes(folder.path / "E" / "ERR_REC" / "ERRMSG.ERR");
-        return {file.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(file.size(), 32)), file.end()};
-    }
+    static Request Mode(std::uint8_t mode) { return {10, 2, {mode}}; }
+    Bytes Errors() const { return Part(OnSign("E/ERR_REC/ERRMSG.ERR"), 32); }
 
     static constexpr std::int64_t kNoon = 1589371200; // 2020-05-13 12:00:00, a Wednesday, when a cycle begins
 };
@@ -44,7 +38,7 @@ TEST_F(Controller, PhasesFollowTheClock)
     Film({{0, {}, "grgrrr 1/16"}, {15999, {}, "grgrrr 1/1"}, {16000, {}, "yryrrr 1/3"}, {19000, {}, "rrrrrr 1/2"}});
     Film({{21000, {}, "rgrgrr 2/12"}, {33000, {}, "ryryrr 2/3"}, {36000, {}, "rrrrrr 2/2"}, {38000, {}, "rrrrgg 3/7"}});
     Film({{45000, {}, "rrrrrr 3/3"}, {48000, {}, "rrrrrr 3/2"}, {50000, {}, "grgrrr 1/16"}});
-    Film({{50000, {5, 2, {0x20, 0x20, 0x05, 0x13, 0x12, 0x00, 0x21, 0, 0, 0, 0, 0}}, "rgrgrr 2/12", "the clock"}});
+    Film({{50000, {5, 2, {0x20, 0x20, 0x05, 0x13, 0x12, 0x00, 0x21, 0, 0}}, "rgrgrr 2/12", "the clock"}});
 }
 
 TEST_F(Controller, ManualModeHoldsAPhase)
@@ -76,14 +70,14 @@ TEST_F(Controller, TemporaryPhaseRunsOnce)
 
 TEST_F(Controller, LampTestsShowForTenSeconds)
 {
-    Film({{0, {10, 8, {3, 0, 0, 0}, {1, 7, 0}}}});
+    Film({{0, {10, 8, {3}, {1, 7, 0}}}});
     const Bytes block = ExtendedOf(AskAt(9999, 10, 6));
     EXPECT_EQ(block[0], 3);
     EXPECT_EQ(block[8], 7);
-    Film({{10000, {}, "grgrrr 1/6"}, {10000, {10, 9, {1, 2, 0, 0}, {2, 1, 4}}}, {11000, {}, "y...rg 1/5"}});
-    Film({{11000, {10, 9, {200, 55, 0, 0}, Bytes(255, 4)}, "gggggg 1/5", "more than there are"}});
-    Expect(36870, {{10, 8, {4, 0, 0, 0}, {1, 2, 4}}, {10, 9, {1, 1, 0, 0}, {1, 2, 4}}});
-    Film({{11000, {10, 8, {0, 0, 0, 0}}, "grgrrr 1/5", "ended"}});
+    Film({{10000, {}, "grgrrr 1/6"}, {10000, {10, 9, {1, 2}, {2, 1, 4}}}, {11000, {}, "y...rg 1/5"}});
+    Film({{11000, {10, 9, {200, 55}, Bytes(255, 4)}, "gggggg 1/5", "more than there are"}});
+    Expect(36870, {{10, 8, {4}, {1, 2, 4}}, {10, 9, {1, 1}, {1, 2, 4}}});
+    Film({{11000, {10, 8, {0}}, "grgrrr 1/5", "ended"}});
 }
 
 TEST_F(Controller, FaceShowsTheHeads)
@@ -98,11 +92,11 @@ TEST_F(Controller, FaceShowsTheHeads)
     EXPECT_EQ(at(21000, kNorthRed), kRed);
     EXPECT_EQ(at(33000, kEastYellow), (vxsim::Rgb{255, 200, 0}));
     const vxsim::Canvas automatic = stage->Draw(5000);
-    AskAt(0, 10, 2, {1, 0, 0, 0});
+    AskAt(0, 10, 2, {1});
     const vxsim::Canvas manual = stage->Draw(5000);
     EXPECT_NE(automatic, manual) << "the letter of the mode";
     EXPECT_EQ(at(5000, kNorthGreen), kGreen);
-    AskAt(6000, 10, 8, {2, 0, 0, 0}, {1, 2});
+    AskAt(6000, 10, 8, {2}, {1, 2});
     EXPECT_EQ(at(6000, kNorthRed), kRed);
     EXPECT_EQ(at(6000, kEastYellow), (vxsim::Rgb{255, 200, 0}));
     EXPECT_EQ(CodeOf(Ask(4, 1)), 0U);
@@ -115,13 +109,13 @@ TEST_F(Controller, FaceShowsTheHeads)
 
 TEST_F(Controller, Blocks)
 {
-    AskAt(0, 5, 4, {0x20, 0x20, 0x05, 0x13, 0x12, 0x30, 0x00, 0, 0xAB, 0, 0, 0});
+    AskAt(0, 5, 4, {0x20, 0x20, 0x05, 0x13, 0x12, 0x30, 0x00, 0, 0xAB});
     EXPECT_EQ(PayloadOf(AskAt(7000, 5, 1)), (Bytes{0x20, 0x20, 0x05, 0x13, 0x12, 0x30, 0x07, 3, 0xAB, 0, 0, 0}));
-    const Bytes real = ExtendedOf(AskAt(7000, 10, 17, {0, 0, 0, 0}));
+    const Bytes real = ExtendedOf(AskAt(7000, 10, 17, {0}));
     ASSERT_EQ(real.size(), 102U);
     EXPECT_EQ(Part(real, 0, 22),
               (Bytes{0x20, 0x20, 0x05, 0x13, 0x12, 0x30, 0x07, 0, 0, 0, 1, 0, 9, 3, 6, 4, 1, 4, 1, 1, 1, 0}));
-    const Bytes monitor = ExtendedOf(AskAt(0, 10, 5, {4, 0, 0, 0}));
+    const Bytes monitor = ExtendedOf(AskAt(0, 10, 5, {4}));
     ASSERT_EQ(monitor.size(), 52U);
     EXPECT_EQ(Part(monitor, 0, 12), (Bytes{4, 6, 1, 16, 1, 4, 228, 0, 200, 1, 0, 0}));
 
@@ -131,27 +125,27 @@ TEST_F(Controller, Blocks)
     const Bytes flow = ExtendedOf(today);
     ASSERT_EQ(flow.size(), 192U);
     EXPECT_EQ(Part(flow, 88, 18), (Bytes{164, 1, 176, 1, 188, 1, 200, 1, 228, 0, 234, 0, 240, 0, 246, 0, 0, 0}));
-    EXPECT_EQ(ExtendedOf(Ask(10, 13, {0x16, 0x20, 0x05, 0x14, 0, 0, 0, 0}))[96], 48) << "304 on a Saturday";
-    EXPECT_EQ(ExtendedOf(Ask(10, 13, {0x20, 0x20, 0x05, 0x14, 0, 0, 0, 0})), Bytes(192, 0)) << "tomorrow";
-    Expect(36881, {{10, 17, {1, 0, 0, 0}}, {10, 5, {3, 0, 0, 0}}, {10, 13, {0x20, 0x20, 0x02, 0x30, 0, 0, 0, 0}}});
-    Expect(36881, {{10, 13, {0x2A, 0x20, 0x02, 0x20, 0, 0, 0, 0}}});
-    Expect(36870, {{10, 17}, {10, 13, {0, 0, 0, 0}}});
+    EXPECT_EQ(ExtendedOf(Ask(10, 13, {0x16, 0x20, 0x05, 0x14, 0}))[96], 48) << "304 on a Saturday";
+    EXPECT_EQ(ExtendedOf(Ask(10, 13, {0x20, 0x20, 0x05, 0x14, 0})), Bytes(192, 0)) << "tomorrow";
+    Expect(36881, {{10, 17, {1}}, {10, 5, {3}}, {10, 13, {0x20, 0x20, 0x02, 0x30, 0}}});
+    Expect(36881, {{10, 13, {0x2A, 0x20, 0x02, 0x20, 0}}});
+    Expect(36870, {{10, 17}, {10, 13, {0}}});
 }
 
 TEST_F(Controller, KeepsItsLogs)
 {
     sign->KeepUp(0);
     EXPECT_EQ(Errors(), (Bytes{1, 0, 0, 0, 0x20, 0x20, 0x05, 0x13, 0x12, 0, 0, 0, 0x00, 0x0C, 1, 0}) + Bytes(20, 0));
-    const auto file = folder.path / "E" / "TEP_REC" / "CTL05.TEP";
-    Bytes month = FileBytes(file);
+    const auto temperatures = [&] { return OnSign("E/TEP_REC/CTL05.TEP"); };
+    const Bytes month = temperatures();
     ASSERT_EQ(month.size(), 32U + 13 * 24);
     EXPECT_EQ(month[32 + 12 * 24 + 13], 0) << "still to come";
     EXPECT_EQ(month[32], month[32 + 12 * 24 + 12] - 12) << "midnight of the first, and now";
     sign->KeepUp(3600000);
-    EXPECT_NE(FileBytes(file)[32 + 12 * 24 + 13], 0);
-    Ask(5, 4, {0x21, 0x20, 0x05, 0x01, 0x02, 0, 0, 0, 0, 0, 0, 0});
+    EXPECT_NE(temperatures()[32 + 12 * 24 + 13], 0);
+    Ask(5, 4, {0x21, 0x20, 0x05, 0x01, 0x02, 0, 0, 0, 0});
     sign->KeepUp(arrival.nowMs + 3600000);
-    EXPECT_EQ(FileBytes(file).size(), 32U + 24) << "another year's";
+    EXPECT_EQ(temperatures().size(), 32U + 24) << "another year's";
 
     for (int i = 0; i < 510; ++i)
         Expect(36881, {Phase(3, 1)});
@@ -167,7 +161,7 @@ TEST_F(Controller, KeepsItsLogs)
 
 TEST_F(Controller, LoginsStayWhatTheyAre)
 {
-    const Bytes login = Text("admin") + Bytes(9, 0) + Text("1234") + Bytes(2, 0);
+    const Bytes login = Padded("admin", 14) + Padded("1234", 6);
     settings.users = {{"admin", "1234"}};
     Rebuild(128, 32);
     Expect(36912, {Mode(1), {10, 6}});

@@ -21,6 +21,13 @@ inline Bytes CalibrationHeader(const char* length)
     return Hex("AA55 2000 0000 0500 0000 AD50 8F52 0000") + Hex(length) + Bytes(12, 0x3C);
 }
 
+/// A file of a tile that differs from piece to piece: its header and `size` - 32 bytes.
+inline Bytes TileFile(std::size_t size)
+{
+    return Hex("AA55 2000") + Bytes(12) + Little(static_cast<std::uint32_t>(size - 32), 4) + Bytes(12) +
+           Ramp(size - 32);
+}
+
 inline Bytes FlatCalibration()
 {
     return CalibrationHeader("20010000") + PixelRecords({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15});

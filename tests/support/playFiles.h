@@ -4,10 +4,13 @@
 #include "sim/face/canvas.h"
 #include "support/bytes.h"
 
-#include <string>
-#include <vector>
-
 namespace vxsign::test {
+
+inline constexpr vxsim::Rgb kRed{255, 0, 0};
+inline constexpr vxsim::Rgb kGreen{0, 255, 0};
+inline constexpr vxsim::Rgb kBlue{0, 0, 255};
+inline constexpr vxsim::Rgb kWhite{255, 255, 255};
+inline constexpr vxsim::Rgb kDark{};
 
 // A BMP of one pixel, which is shown in the middle.
 inline Bytes Dot(vxsim::Rgb colour)
@@ -16,12 +19,12 @@ inline Bytes Dot(vxsim::Rgb colour)
            Bytes(24, 0) + Bytes{colour.blue, colour.green, colour.red, 0};
 }
 
-// A flat list of files in folder T of drive D.
-inline Bytes FlatList(const std::vector<std::string>& names)
+// A flat list of files of one folder: its drive and its letter.
+inline Bytes FlatList(const std::vector<std::string>& names, const std::string& place = "DT")
 {
     Bytes list = FromText("SQ") + Bytes{4, 0} + Little(static_cast<std::uint32_t>(names.size()), 4);
     for (const std::string& name : names)
-        list = list + Bytes{'D', 'T', 15, 255} + Bytes(20, 0) + Padded(name, 12);
+        list = list + FromText(place) + Bytes{15, 255} + Bytes(20, 0) + Padded(name, 12);
     return list;
 }
 

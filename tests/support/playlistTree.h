@@ -7,7 +7,6 @@
 #include "support/tempFolder.h"
 #include "thread/threadRecords.h"
 
-#include <cstdlib>
 #include <cstring>
 #include <sstream>
 

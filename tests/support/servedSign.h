@@ -17,8 +17,8 @@ class ServedSign
 {
 public:
     explicit ServedSign(const vxsim::ServerSettings& settings = {})
-        : endpoints({"127.0.0.1", 0, true}), sign(Settings(folder, endpoints)), server(endpoints, sign, settings),
-          stop(::eventfd(0, EFD_CLOEXEC)), thread([this] { server.Run(stop); })
+        : endpoints({"127.0.0.1", 0, true}), sign({.folder = folder.path, .port = endpoints.port}),
+          server(endpoints, sign, settings), stop(::eventfd(0, EFD_CLOEXEC)), thread([this] { server.Run(stop); })
     {
     }
     ~ServedSign()
@@ -36,14 +36,6 @@ public:
     std::string Read(const std::string& name) const { return folder.Read(name); }
 
 private:
-    static vxsim::SignSettings Settings(const TempFolder& folder, const vxsim::Endpoints& endpoints)
-    {
-        vxsim::SignSettings settings;
-        settings.folder = folder.Path();
-        settings.port = endpoints.port;
-        return settings;
-    }
-
     TempFolder folder;
     vxsim::Endpoints endpoints;
     vxsim::VirtualSign sign;

@@ -5,36 +5,16 @@
 #include "sim/stage/stage.h"
 #include "sim/state/condition.h"
 #include "sim/virtualSign.h"
-#include "support/bytes.h"
+#include "support/packets.h"
 #include "support/playFiles.h"
 #include "support/tempFolder.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <initializer_list>
 #include <memory>
-#include <numeric>
-#include <string>
-#include <string_view>
 #include <tuple>
-#include <utility>
-#include <vector>
 
 namespace vxsign::test {
 
-inline constexpr vxsim::Rgb kRed{255, 0, 0};
-inline constexpr vxsim::Rgb kGreen{0, 255, 0};
-inline constexpr vxsim::Rgb kBlue{0, 0, 255};
-inline constexpr vxsim::Rgb kWhite{255, 255, 255};
-inline constexpr vxsim::Rgb kDark{};
-
-inline Bytes Text(std::string_view text)
-{
-    return vxsign::test::FromText(text);
-}
+inline constexpr auto& Text = FromText;
 
 // A text with its end, as paths travel.
 inline Bytes Path(std::string_view text)
@@ -51,41 +31,25 @@ inline Bytes MakeRequest(unsigned major, unsigned minor, Bytes payload, const By
     Bytes packet = Bytes{0x55, 0xA7, 0, 0} + Little(static_cast<std::uint32_t>(extended.size()), 2) + Bytes{0, 0} +
                    Little(destination, 2) + Bytes{id, 0, byte(major), byte(minor), byte(payload.size() / 4), 0} +
                    payload + extended;
-    const unsigned sum = std::accumulate(packet.begin() + 4, packet.end(), 0U);
-    packet[2] = byte(sum);
-    packet[3] = byte(sum >> 8);
+    packet[2] = byte(SumField(packet));
+    packet[3] = byte(SumField(packet) >> 8);
     return packet;
 }
 
 // The code of a reply: 0 for status 0, else what stands in front of the payload.
 inline unsigned CodeOf(const Bytes& reply)
 {
-    if (reply.size() < 16)
-        return 0xFFFFFFFF;
-    return reply[15] == 0 ? 0U : static_cast<unsigned>(reply.at(16) | reply.at(17) << 8);
+    return reply.size() < 16 ? 0xFFFFFFFF : reply[15] == 0 ? 0U : Packet{reply}.Word(16);
 }
 
 inline Bytes PayloadOf(const Bytes& reply)
 {
-    return {reply.begin() + 16, reply.begin() + 16 + 4L * reply.at(14)};
+    return Packet{reply}.Payload();
 }
 
 inline Bytes ExtendedOf(const Bytes& reply)
 {
-    return {reply.begin() + 16 + 4L * reply.at(14), reply.end()};
-}
-
-inline Bytes FileBytes(const std::filesystem::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-inline void WriteFile(const std::filesystem::path& file, const Bytes& bytes)
-{
-    std::filesystem::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    return Packet{reply}.Extended();
 }
 
 // A request in short; none at all as {}.
@@ -146,15 +110,11 @@ protected:
     unsigned Put(unsigned minor, const std::string& path, const Bytes& file, std::uint32_t number,
                  std::uint32_t chunk = 64)
     {
-        const std::uint32_t total = (static_cast<std::uint32_t>(file.size()) + chunk - 1) / chunk;
+        const auto size = static_cast<std::uint32_t>(file.size());
         const std::size_t width = minor == 13 ? 4 : 2;
-        const auto at = [&](std::size_t place) {
-            return file.begin() + static_cast<std::ptrdiff_t>(std::min(place, file.size()));
-        };
-        const Bytes record = Little(static_cast<std::uint32_t>(file.size()), 4) + Little(chunk, 2) +
-                             Little(total, width) + Little(number, width) + Path(path);
-        return CodeOf(
-            Ask(2, minor, record, Bytes(at(std::size_t{chunk} * (number - 1)), at(std::size_t{chunk} * number))));
+        const Bytes record = Little(size, 4) + Little(chunk, 2) + Little((size + chunk - 1) / chunk, width) +
+                             Little(number, width) + Path(path);
+        return CodeOf(Ask(2, minor, record, Part(file, std::size_t{chunk} * (number - 1), chunk)));
     }
 
     // One piece of a file by its path.
@@ -165,6 +125,10 @@ protected:
     }
 
     void PutFile(const std::string& path, const Bytes& bytes) { ASSERT_EQ(Put(8, path, bytes, 1, 1024), 0U); }
+
+    // What lies at a place of the sign's folder.
+    Bytes OnSign(std::string_view place) const { return FromText(folder.Read(place)); }
+    void Make(std::string_view place, const Bytes& bytes = {1}) const { folder.Write(place, ToText(bytes)); }
 
     // Tells the sign of its condition as another program would.
     void Tell(std::uint64_t nowMs, const std::string& lines)

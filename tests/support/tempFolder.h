@@ -34,10 +34,11 @@ public:
     /// The full path of a name in the folder; of the folder itself, with a separator, for an empty one.
     std::string Path(std::string_view name = "") const { return (path / name).string(); }
 
-    /// Makes a file with these bytes and returns its path.
+    /// Makes a file with these bytes, and the folders to it, and returns its path.
     std::string Write(std::string_view name, std::string_view bytes) const
     {
         const std::string target = Path(name);
+        std::filesystem::create_directories(std::filesystem::path(target).parent_path());
         std::ofstream file(target, std::ios::binary);
         file << bytes;
         file.close();

@@ -8,17 +8,22 @@
 
 namespace vxsign::test {
 
-UdpPeer::UdpPeer(std::function<Bytes(const Bytes&)> answerRequest) : answer(std::move(answerRequest))
+int BoundSocket(int type, std::uint16_t& port)
 {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address;
-    descriptor = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    const int descriptor = ::socket(AF_INET, type | SOCK_CLOEXEC, 0);
     EXPECT_EQ(::bind(descriptor, reinterpret_cast<sockaddr*>(&address), size), 0);
     EXPECT_EQ(::getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &size), 0);
     port = ntohs(address.sin_port);
-    thread = std::thread([this] { Serve(); });
+    return descriptor;
+}
+
+UdpPeer::UdpPeer(std::function<Bytes(const Bytes&)> answerRequest)
+    : answer(std::move(answerRequest)), descriptor(BoundSocket(SOCK_DGRAM, port)), thread([this] { Serve(); })
+{
 }
 
 UdpPeer::~UdpPeer()
@@ -35,12 +40,6 @@ std::vector<Packet> UdpPeer::TakeRequests()
     return std::exchange(requests, {});
 }
 
-Packet UdpPeer::Last()
-{
-    const std::lock_guard lock(mutex);
-    return requests.back();
-}
-
 void UdpPeer::Serve()
 {
     Bytes buffer(65536);
@@ -51,13 +50,9 @@ void UdpPeer::Serve()
             ::recvfrom(descriptor, buffer.data(), buffer.size(), 0, reinterpret_cast<sockaddr*>(&from), &size);
         if (ending || got < 0)
             continue;
-        const Bytes request(buffer.begin(), buffer.begin() + got);
-        Bytes reply;
-        {
-            const std::lock_guard lock(mutex);
-            requests.push_back({request});
-            reply = answer(request);
-        }
+        const std::lock_guard lock(mutex);
+        requests.push_back({Part(buffer, 0, static_cast<std::size_t>(got))});
+        const Bytes reply = answer(requests.back().bytes);
         if (!reply.empty())
             ::sendto(descriptor, reply.data(), reply.size(), 0, reinterpret_cast<sockaddr*>(&from), size);
     }

@@ -7,12 +7,14 @@
 #include <functional>
 #include <mutex>
 #include <thread>
-#include <vector>
 
 namespace vxsign::test {
 
-/// A sign's end of a UDP line on loopback, on a port that the system picks: answers each datagram by a function on a
-/// thread of its own, and keeps what came.
+/// A socket of that type, bound to a port on loopback that the system picks and that is written to `port`.
+int BoundSocket(int type, std::uint16_t& port);
+
+/// A sign's end of a UDP line on loopback: answers each datagram by a function on a thread of its own, and keeps what
+/// came.
 class UdpPeer
 {
 public:
@@ -26,15 +28,13 @@ public:
 
     /// What came since the last call. Afterwards, and until the next request, what the answers left may be read.
     std::vector<Packet> TakeRequests();
-    /// The last of them so far.
-    Packet Last();
 
 private:
     void Serve();
 
     std::function<Bytes(const Bytes&)> answer;
-    int descriptor = -1;
     std::uint16_t port = 0;
+    const int descriptor;
     std::atomic<bool> ending = false;
     std::mutex mutex;
     std::vector<Packet> requests;

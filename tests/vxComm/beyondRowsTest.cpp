@@ -8,36 +8,15 @@ using BeyondRows = ScriptedTest;
 
 constexpr std::uint8_t kData[45] = {};
 
-TEST_F(BeyondRows, ControlBaudRateOfTheThreadStays)
+TEST_F(BeyondRows, ResetToDataFlashGivesUp)
 {
-    sign.Config().baudRate = 9600;
-    sign.Then(Good());
-    EXPECT_EQ(vxChangeBaudRate(5), 0u);
-    EXPECT_EQ(sign.Config().baudRate, 9600u);
-}
-
-TEST_F(BeyondRows, ResetToDataFlashPollsUntilTheSignIsThere)
-{
-    sign.Then(Good()).Then(2, Refusal(7938)).Then(Good());
-    EXPECT_EQ(vxResetSystemToDataFlash(), 0u);
-    EXPECT_EQ(sign.Road(), "4.25 12.13 12.13 12.13");
-    EXPECT_EQ(sign.progress, (std::vector<std::uint32_t>{0, 1, 2, 100}));
-    EXPECT_EQ(sign.Config().progressTotal, 100);
-    EXPECT_EQ(sign.Config().progressPos, 2);
-    EXPECT_EQ(FakeClock::SleptMs(), 300u + 3 * 30);
-    EXPECT_EQ(sign.opened, 1) << "one channel for all of it";
-
-    // Without the callback.
     sign.Config().onProgress = nullptr;
     sign.Then(2, Good());
     EXPECT_EQ(vxResetSystemToDataFlash(), 0u);
-}
-
-TEST_F(BeyondRows, ResetToDataFlashGivesUp)
-{
+    sign.Renew();
     sign.Then(Refusal(36881));
     EXPECT_EQ(vxResetSystemToDataFlash(), 36881u);
-    EXPECT_EQ(FakeClock::SleptMs(), 300u) << "the wait comes before the look at the result";
+    EXPECT_EQ(FakeClock::SleptMs(), 300u + 30 + 300) << "the wait comes before the look at the result";
     EXPECT_EQ(sign.Config().progressTotal, 0);
     sign.Then(Good()).Then(99, Refusal(7938)).Then(Refusal(7937));
     EXPECT_EQ(vxResetSystemToDataFlash(), 7937u);
@@ -45,7 +24,7 @@ TEST_F(BeyondRows, ResetToDataFlashGivesUp)
     EXPECT_EQ(sign.progress.back(), 99u);
 }
 
-TEST_F(BeyondRows, TestPatternsStabilityTestSetsTheIds)
+TEST_F(BeyondRows, TheIdsAreTheStabilityTestsAndTheBaudRateStays)
 {
     sign.Then(3, Good());
     EXPECT_EQ(vxStabilityTest("", 0, 65535), 0u);
@@ -54,6 +33,11 @@ TEST_F(BeyondRows, TestPatternsStabilityTestSetsTheIds)
     EXPECT_EQ(sign.requests[0].Id(), 0);
     EXPECT_EQ(sign.requests[1].Id(), 1);
     EXPECT_EQ(sign.requests[2].Id(), 0x1234);
+
+    sign.Config().baudRate = 9600;
+    sign.Then(Good());
+    EXPECT_EQ(vxChangeBaudRate(5), 0u);
+    EXPECT_EQ(sign.Config().baudRate, 9600u);
 }
 
 TEST_F(BeyondRows, SendTempHumiIsSentOnceWhateverComesBack)
@@ -72,7 +56,7 @@ TEST_F(BeyondRows, SendTempHumiIsSentOnceWhateverComesBack)
 }
 
 // Packets to a board have its address; the thread's own is not touched, not even while the command runs.
-TEST_F(BeyondRows, ExtraBoardAddresses)
+TEST_F(BeyondRows, AddressesOfBoards)
 {
     sign.Config().destinationAddress = 0x0707;
     Bytes out(70, 0xEE);
@@ -92,12 +76,10 @@ TEST_F(BeyondRows, ExtraBoardAddresses)
     EXPECT_EQ(out, Bytes(68, 0x11) + Bytes(2, 0xEE));
     EXPECT_EQ(vxExtraWifiGetInfo(out.data()), 0u);
     EXPECT_EQ(out, Bytes(44, 0x22) + Bytes(24, 0x11) + Bytes(2, 0xEE));
-}
 
-TEST_F(BeyondRows, BoardCommandsAddressTheBoardForTheirRun)
-{
-    std::uint16_t& address = sign.Config().destinationAddress;
-    address = 0x0707;
+    // Board commands address the board for their run.
+    sign.otherwise = {};
+    const std::uint16_t& address = sign.Config().destinationAddress;
     sign.Then(Good()).Then(Refusal(1));
     EXPECT_EQ(vxLCSetUpdateStatus(1, 0x12, 2), 0u);
     EXPECT_EQ(sign.requests.back().Word(8), 0x1201);
@@ -169,7 +151,7 @@ TEST_F(BeyondRows, LoginServerTableInWholeRecords)
     EXPECT_EQ(entries[0], 2);
 }
 
-TEST_F(BeyondRows, LongNamesOfFilesAndFolders)
+TEST_F(BeyondRows, LongNames)
 {
     sign.otherwise = [](const Packet&) { return Good(); };
     std::uint32_t total;
@@ -191,12 +173,10 @@ TEST_F(BeyondRows, LongNamesOfFilesAndFolders)
     EXPECT_EQ(payload(vxMove(a254.c_str(), "b")), Bytes(254, 'a') + Hex("20 00"));
     EXPECT_EQ(payload(vxPlaySoundFile(1, p300.c_str())), Hex("0100000000000000") + Bytes(248, 'p') + Bytes(52, 0));
     EXPECT_EQ(payload(vxPlaySoundFile(1, std::string(1012, 'n').c_str())).size(), 1020u);
-}
 
-// Texts are cut at 255 bytes, but the name of a program to stop by the low 8 bits of its length, and that of a file not
-// at all.
-TEST_F(BeyondRows, LongNamesOfPrograms)
-{
+    // Texts are cut at 255 bytes, but the name of a program to stop by the low 8 bits of its length, and that of a file
+    // not at all.
+    sign.Renew();
     const Bytes name = Bytes(300, 'x') + Bytes{0};
     const Bytes a = {'A', 0};
     std::uint8_t out[4];
@@ -227,54 +207,6 @@ TEST_F(BeyondRows, ZonesLongestRequests)
     EXPECT_EQ(sign.requests[0].Extended(), Hex("0000007F00000000") + Bytes(1524, 0x77));
     EXPECT_EQ(sign.requests[1].bytes.size(), 3072u);
     EXPECT_EQ(sign.requests[2].bytes.size(), 3072u);
-}
-
-TEST_F(BeyondRows, TickerBufferStatusComesAsARefusal)
-{
-    std::uint16_t status = 7;
-    for (const std::uint16_t code : std::initializer_list<std::uint16_t>{33537, 33538, 33539}) {
-        sign.Then(Refusal(code));
-        EXPECT_EQ(vxGetBufferStatus(&status), 0u);
-        EXPECT_EQ(status, code);
-    }
-    status = 7;
-    sign.Then(Good()).Then(Refusal(33536)).Then(Refusal(33541));
-    EXPECT_EQ(vxGetBufferStatus(&status), 0u);
-    EXPECT_EQ(vxGetBufferStatus(&status), 33536u);
-    EXPECT_EQ(vxGetBufferStatus(&status), 33541u);
-    EXPECT_EQ(status, 7);
-    EXPECT_EQ(sign.Road(), "8.3 8.3 8.3 8.3 8.3 8.3");
-    EXPECT_TRUE(sign.requests[0].Payload().empty());
-}
-
-TEST_F(BeyondRows, TickerUploadsInChunks)
-{
-    const Bytes data = Bytes(768, 'a') + Bytes{'b'};
-    sign.Then(2, Good());
-    EXPECT_EQ(vxUploadBuffer(data.data(), 769), 0u);
-    ASSERT_EQ(sign.Road(), "8.4 8.4");
-    EXPECT_EQ(sign.requests[0].Payload(), Hex("0003 0200 0100 0000"));
-    EXPECT_EQ(sign.requests[0].Extended(), Bytes(768, 'a'));
-    EXPECT_EQ(sign.requests[1].Payload(), Hex("0003 0200 0200 0000"));
-    EXPECT_EQ(sign.requests[1].Extended(), Bytes{'b'});
-    EXPECT_EQ(sign.progress, (std::vector<std::uint32_t>{50, 100}));
-    EXPECT_EQ(sign.opened, 1);
-    sign.Then(Good());
-    EXPECT_EQ(vxUploadBuffer(data.data(), 768), 0u);
-    EXPECT_EQ(sign.requests.back().Payload(), Hex("0003 0100 0100 0000"));
-
-    // A refusal ends it.
-    sign.progress.clear();
-    sign.Config().dataSize = 64;
-    sign.Then(2, Good()).Then(Refusal(33542));
-    EXPECT_EQ(vxUploadBuffer(data.data(), 769), 33542u);
-    EXPECT_EQ(sign.progress, (std::vector<std::uint32_t>{7, 15}));
-
-    // More chunks than their numbers reach.
-    const std::size_t before = sign.requests.size();
-    const Bytes large(64 * 65535 + 1);
-    EXPECT_EQ(vxUploadBuffer(large.data(), static_cast<std::uint32_t>(large.size())), 2u);
-    EXPECT_EQ(sign.requests.size(), before);
 }
 
 } // namespace

@@ -7,13 +7,6 @@
 namespace vxsign::test {
 namespace {
 
-// A tile's file: its header and `size` - 32 bytes.
-Bytes TileFile(std::size_t size)
-{
-    const auto body = static_cast<std::uint32_t>(size - 32);
-    return Hex("AA55 2000") + Bytes(12) + Little(body, 4) + Bytes(12) + Ramp(body);
-}
-
 // The status of a tile: flags, width to module height, modules across and down.
 Bytes Status(const char* flags, const char* sizes)
 {
@@ -85,17 +78,15 @@ TEST_F(DirectTile, Packets)
     EXPECT_EQ(vxDirectTileTest(1, 1, 1), 36912u);
 }
 
-TEST_F(DirectTile, PiecesMayComeInThePayload)
+TEST_F(DirectTile, PiecesMayComeInThePayloadOrFail)
 {
     files[7] = TileFile(265) + Bytes(9, 0xBB); // what is behind the end stays there
     answersInPayload = true;
     EXPECT_EQ(vxDirectTileReadFileEx("local", 7, 1, 0x0203, 0x77), 0u);
     EXPECT_EQ(folder.Read("local"), ToText(TileFile(265)));
     EXPECT_EQ(Printed(), "First ProcCMD iResult = 0\n");
-}
+    answersInPayload = false;
 
-TEST_F(DirectTile, ReadingFailures)
-{
     Bytes piece = TileFile(600);
     piece.resize(264);
     const std::tuple<const char*, std::vector<Answer>, std::uint32_t, Bytes> rows[] = {

@@ -2,46 +2,29 @@
 #pragma once
 
 #include "sim/face/canvas.h"
-#include "support/bytes.h"
+#include "support/playFiles.h"
 #include "support/tempFolder.h"
-
-#include <string>
 
 namespace vxsim::test {
 
-using vxsign::test::Bytes;
-using vxsign::test::operator+;
-using vxsign::test::TempFolder;
+using namespace vxsign::test;
 
-inline constexpr Rgb kRed{255, 0, 0};
-inline constexpr Rgb kGreen{0, 255, 0};
-inline constexpr Rgb kBlue{0, 0, 255};
-
-inline Bytes BytesOf(std::string_view text)
-{
-    return vxsign::test::FromText(text);
-}
-
-inline int CountLit(const Canvas& face)
-{
-    int lit = 0;
-    for (int y = 0; y < face.Height(); ++y) {
-        for (int x = 0; x < face.Width(); ++x)
-            lit += face.At(x, y) != Rgb{} ? 1 : 0;
-    }
-    return lit;
-}
+inline constexpr auto& BytesOf = FromText;
 
 // One line of text for each row: '#' lit, '.' not.
 inline std::string Drawing(const Canvas& face)
 {
     std::string drawing;
-    for (int y = 0; y < face.Height(); ++y) {
+    for (int y = 0; y < face.Height(); ++y, drawing += '\n')
         for (int x = 0; x < face.Width(); ++x)
-            drawing += face.At(x, y) != Rgb{} ? '#' : '.';
-        drawing += '\n';
-    }
+            drawing += face.At(x, y) != kDark ? '#' : '.';
     return drawing;
+}
+
+inline int CountLit(const Canvas& face)
+{
+    const std::string drawing = Drawing(face);
+    return static_cast<int>(std::count(drawing.begin(), drawing.end(), '#'));
 }
 
 } // namespace vxsim::test

@@ -5,7 +5,6 @@
 #include "sim/face/modes.h"
 #include "sim/face/png.h"
 
-#include <gtest/gtest.h>
 #include <stb_image.h>
 
 #include <memory>
@@ -27,20 +26,17 @@ TEST(Canvas, ClipsAccessAndSides)
     EXPECT_EQ(Canvas(100000, 1).Width(), 4096);
 }
 
-TEST(AnsiFace, PutsTwoRowsInALineAndRepeatsNoColour)
+TEST(AnsiFace, PutsTwoRowsInALineAndFitsTheTerminal)
 {
-    Canvas face(2, 3);
-    face.Set(0, 0, kRed);
-    face.Set(1, 0, kRed);
-    face.Set(1, 1, kGreen);
-    face.Set(0, 2, {1, 2, 3});
-    EXPECT_EQ(AnsiFace(face), "\x1b[38;2;255;0;0m\x1b[48;2;24;24;26m\u2580"
+    Canvas tall(2, 3);
+    tall.Set(0, 0, kRed);
+    tall.Set(1, 0, kRed);
+    tall.Set(1, 1, kGreen);
+    tall.Set(0, 2, {1, 2, 3});
+    EXPECT_EQ(AnsiFace(tall), "\x1b[38;2;255;0;0m\x1b[48;2;24;24;26m\u2580"
                               "\x1b[48;2;0;255;0m\u2580\x1b[0m\n"
                               "\x1b[38;2;1;2;3m\u2580\x1b[38;2;24;24;26m\u2580\x1b[0m\n");
-}
 
-TEST(AnsiFace, FitsTheTerminalOrSaysHowWideItMustBe)
-{
     Canvas face(4, 2);
     face.Set(0, 0, kRed);
     face.Set(3, 0, kGreen);
@@ -95,10 +91,7 @@ TEST(PngFace, ShowsLampsInTheirColoursOnADarkPanel)
     EXPECT_LT(unlit.red, 60);
     const Rgb besideRed = png.At(12 + 8, 12 + 4);
     EXPECT_GT(besideRed.red, besideRed.green + 20) << "a lamp shines on what is around it";
-}
 
-TEST(PngFace, KeepsToTheLimitsOfThePicture)
-{
     const Decoded huge = Decode(PngFace(Canvas(4096, 520), 32));
     ASSERT_TRUE(huge.pixels);
     EXPECT_LE(std::int64_t{huge.width} * huge.height, 8 * 1024 * 1024);
@@ -141,10 +134,8 @@ TEST(Modes, ShowTheirStateHalfway)
             reds += (i == 0 ? "" : i == 4 ? " / " : " ") + std::to_string(face.At(i % 4, i / 4).red);
         EXPECT_EQ(reds, wanted) << mode.name;
     }
-}
 
-TEST(Modes, AllBeginWithTheOldAndEndWithTheNewPicture)
-{
+    // All begin with the old and end with the new picture.
     Canvas from(9, 5);
     Canvas to(9, 5);
     for (int i = 0; i < 45; ++i)

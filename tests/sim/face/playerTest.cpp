@@ -2,16 +2,11 @@
 #include "faceSamples.h"
 
 #include "sim/content/player.h"
-#include "support/playFiles.h"
-
-#include <gtest/gtest.h>
 
 #include <array>
 
 namespace vxsim::test {
 namespace {
-
-using vxsign::test::Dot;
 
 // A message of blocks that fill a glyph's whole cell, for two seconds unless told otherwise.
 Bytes Blocks(std::string_view text, std::string_view head = "\x0E"
@@ -23,9 +18,20 @@ Bytes Blocks(std::string_view text, std::string_view head = "\x0E"
 class PlayerTest : public ::testing::Test
 {
 protected:
-    void Write(const std::string& name, const Bytes& bytes) { temp.Write(name, vxsign::test::ToText(bytes)); }
+    PlayerTest()
+    {
+        Write("A.BMP", Dot(kGreen));
+        Write("B.BMP", Dot(kBlue));
+    }
 
-    void WriteList(const std::vector<std::string>& names) { Write("SEQUENT.SYS", vxsign::test::FlatList(names)); }
+    void Write(const std::string& name, const Bytes& bytes) { temp.Write(name, ToText(bytes)); }
+
+    // Plays a list of these files from its start.
+    void Start(const std::vector<std::string>& names, std::uint64_t nowMs = 0)
+    {
+        Write("SEQUENT.SYS", FlatList(names));
+        player.Restart(nowMs);
+    }
 
     // A list of BMPs in folder T made in memory, and a player whose clock shows the minutes since 2008-03-15 06:00.
     static SequenceItem Item(const std::string& name, std::uint8_t playTimes = 1, std::vector<Schedule> schedules = {})
@@ -84,35 +90,25 @@ protected:
 
 TEST_F(PlayerTest, PlaysTheFilesInTurn)
 {
-    Write("A.BMP", Dot(kGreen));
     Write("B.NMG", Blocks("\u2588\u2588"));
-    WriteList({"A.BMP", "B.NMG"});
-    player.Restart(10000);
+    Start({"A.BMP", "B.NMG"}, 10000);
     EXPECT_EQ(player.CurrentFile(), "D:\\T\\A.BMP");
     Film({{9000, 'G', "a clock that runs back"}, {12999, 'G', "three seconds of the sign's own"}, {13000, 'R'}});
     EXPECT_EQ(player.CurrentFile(), "D:\\T\\B.NMG");
     Film({{14999, 'R'}, {15000, 'G', "from the start again"}, {18500, 'R'}});
     Film({{3600000, 'R', "after a long absence a turn starts"}, {3601999, 'R'}, {3602000, 'G'}});
-}
 
-TEST_F(PlayerTest, KeepsToTheTimesOfTurnsThatNobodySaw)
-{
-    Write("A.BMP", Dot(kGreen));
-    Write("B.BMP", Dot(kBlue));
-    WriteList({"A.BMP", "GONE", "B.BMP"});
-    player.Restart(0);
+    // Turns that nobody saw keep to their times.
+    Start({"A.BMP", "GONE", "B.BMP"});
     Film({{4000, 'B'}, {5999, 'B', "the file passed over took no time"}, {6000, 'G'}, {17000, 'B'}, {18000, 'G'}});
 }
 
 TEST_F(PlayerTest, TakesDefaultsFromTheDisplayStyle)
 {
-    Write("A.BMP", Dot(kGreen));
-    Write("B.BMP", Dot(kBlue));
-    WriteList({"A.BMP", "B.BMP"});
     std::array<std::uint8_t, 52> style{};
     style[14] = 10;
     player.SetDefaults(style);
-    player.Restart(0);
+    Start({"A.BMP", "B.BMP"});
     Film({{9999, 'G'}, {10000, 'B'}});
 
     style[14] = 255;
@@ -126,27 +122,8 @@ TEST_F(PlayerTest, TakesDefaultsFromTheDisplayStyle)
     player.SetDefaults(std::array<std::uint8_t, 52>{});
     player.Restart(0);
     Film({{2999, 'G'}, {3000, 'B'}});
-}
 
-TEST_F(PlayerTest, BringsPagesInAndOutByTheModesOfTheFile)
-{
-    // Two pages, wiped in from the left and scrolled out upwards, one second each.
-    Write("A.NMG", Blocks("\u2588\u2588\f\u2588\u2588", "\x0AI1\x0AO5\x0E"
-                                                        "20001"));
-    WriteList({"A.NMG"});
-    player.Restart(0);
-    for (const std::uint64_t page : {0U, 2400U, 4800U})
-        for (const auto& [ms, lit] : {std::pair{0U, 0}, {300U, 128}, {600U, 256}, {1599U, 256}, {2000U, 128}}) {
-            Canvas face(16, 16);
-            player.Draw(page + ms, face);
-            EXPECT_EQ(CountLit(face), lit) << page << ' ' << ms;
-        }
-}
-
-TEST_F(PlayerTest, TakesThePictureFieldsOfATree)
-{
-    Write("A.BMP", Dot(kGreen));
-    Write("B.BMP", Dot(kBlue));
+    // The fields of a tree, in place of the style's.
     const auto record = [](std::string_view path, const Bytes& fields) {
         return Bytes{'F', 'S', 0, 0, 0, 0, 1, 0, 32, 0, 0, 0, 0, 0, 0, 0} + BytesOf(path) + Bytes(2, 0) + fields;
     };
@@ -156,9 +133,34 @@ TEST_F(PlayerTest, TakesThePictureFieldsOfATree)
     Film({{0, '.'}, {7599, 'G'}, {7600, 'B', "no mode of its own"}, {10600, '.'}});
 }
 
+TEST_F(PlayerTest, BringsPagesInAndOutByTheModesOfTheFile)
+{
+    // Two pages, wiped in from the left and scrolled out upwards, one second each.
+    Write("A.NMG", Blocks("\u2588\u2588\f\u2588\u2588", "\x0AI1\x0AO5\x0E"
+                                                        "20001"));
+    Start({"A.NMG"});
+    for (const std::uint64_t page : {0U, 2400U, 4800U})
+        for (const auto& [ms, lit] : {std::pair{0U, 0}, {300U, 128}, {600U, 256}, {1599U, 256}, {2000U, 128}}) {
+            Canvas face(16, 16);
+            player.Draw(page + ms, face);
+            EXPECT_EQ(CountLit(face), lit) << page << ' ' << ms;
+        }
+
+    // A canvas of any size will do.
+    Write("A.NMG", Blocks("\u2588\u2588", "\x0AI3\x0E"
+                                          "20001"));
+    Start({"A.NMG"});
+    for (const auto& [width, height] : {std::pair{1, 1}, {40, 40}, {8, 100}}) {
+        Canvas face(width, height);
+        player.Draw(1300, face);
+        EXPECT_EQ(face.Width(), width);
+        EXPECT_EQ(face.Height(), height);
+        EXPECT_EQ(face.At(0, 0), kRed);
+    }
+}
+
 TEST_F(PlayerTest, PlaysAFileAsOftenAsItsRecordSays)
 {
-    Write("A.BMP", Dot(kGreen));
     Write("B.NMG", Blocks("\u2588\u2588", "\x0AI1\x0E"
                                           "20001"));
     player.Play({6, {Item("A.BMP", 3), Item("B.NMG", 2), Item("A.BMP", 0)}}, 0);
@@ -176,8 +178,6 @@ TEST_F(PlayerTest, PlaysAFileAsOftenAsItsRecordSays)
 
 TEST_F(PlayerTest, KeepsToTheSchedules)
 {
-    Write("A.BMP", Dot(kGreen));
-    Write("B.BMP", Dot(kBlue));
     Write("C.BMP", Dot(kRed));
     clock = Minute;
     player.Play({6,
@@ -229,9 +229,7 @@ TEST_F(PlayerTest, GoesBackThroughTheOrderThatItPlayed)
 
 TEST_F(PlayerTest, ShowsWhatWasWrittenOverAtTheNextTurn)
 {
-    Write("A.BMP", Dot(kGreen));
-    WriteList({"A.BMP"});
-    player.Restart(0);
+    Start({"A.BMP"});
     Write("A.BMP", Dot(kBlue));
     Film({{2999, 'G'}, {3000, 'B'}});
     std::filesystem::remove(folder / "SEQUENT.SYS");
@@ -246,8 +244,7 @@ TEST_F(PlayerTest, DoesNotSpinOnAListOfBrokenFiles)
     Write("BROKEN.BMP", BytesOf("BM broken"));
     Write("NOPIC.NMG", BytesOf("QZ00SAX\x14@0\x04RC\x01") + Bytes(60, 0));
     std::filesystem::create_directories(folder / "FOLDER");
-    WriteList({"GONE", "EMPTY.NMG", "BROKEN.BMP", "NOPIC.NMG", "FOLDER"});
-    player.Restart(0);
+    Start({"GONE", "EMPTY.NMG", "BROKEN.BMP", "NOPIC.NMG", "FOLDER"});
     for (std::uint64_t now = 0; now < 1000; now += 10)
         EXPECT_EQ(Middle(now), '.');
     EXPECT_EQ(asked, 5) << "once around in a second";
@@ -261,28 +258,11 @@ TEST_F(PlayerTest, GetsThroughALongListOfMissingFilesInSteps)
 {
     std::vector<std::string> names(1000, "GONE");
     names.push_back("A.BMP");
-    Write("A.BMP", Dot(kGreen));
-    WriteList(names);
-    player.Restart(0);
+    Start(names);
     EXPECT_LE(asked, 16);
     for (std::uint64_t now = 0; now < 100 && player.CurrentFile().empty(); ++now)
         Middle(now);
     EXPECT_EQ(player.CurrentFile(), "D:\\T\\A.BMP");
-}
-
-TEST_F(PlayerTest, DrawsOnACanvasOfAnySize)
-{
-    Write("A.NMG", Blocks("\u2588\u2588", "\x0AI3\x0E"
-                                          "20001"));
-    WriteList({"A.NMG"});
-    player.Restart(0);
-    for (const auto& [width, height] : {std::pair{1, 1}, {40, 40}, {8, 100}}) {
-        Canvas face(width, height);
-        player.Draw(1300, face);
-        EXPECT_EQ(face.Width(), width);
-        EXPECT_EQ(face.Height(), height);
-        EXPECT_EQ(face.At(0, 0), kRed);
-    }
 }
 
 } // namespace

@@ -5,9 +5,6 @@
 #include "sim/face/text.h"
 #include "sim/face/utf8.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
 #include <stdexcept>
 
 namespace vxsim::test {
@@ -203,6 +200,12 @@ TEST_F(Text, TellsWhatBecomesOfIt)
     EXPECT_TRUE(isCut(feeds + "\fx"));
     EXPECT_FALSE(isCut(std::string(kMostCharacters, 'i')));
     EXPECT_TRUE(isCut(std::string(kMostCharacters + 1, 'i')));
+
+    EXPECT_LE(Set(std::string(1000000, '\f'), 1, 1).size(), kMostPages);
+    std::size_t characters = 0;
+    for (const Page& page : Set(std::string(1000000, 'x'), 4096, 4096, '0'))
+        characters += page.size();
+    EXPECT_EQ(characters, kMostCharacters);
 }
 
 TEST_F(Text, SetsOtherScriptsAsTheyAreWritten)
@@ -222,16 +225,7 @@ TEST_F(Text, SetsOtherScriptsAsTheyAreWritten)
     EXPECT_EQ(Set("\u0939\u093F", 64, 16)[0][0].character, U'\u093F') << "stands in front of its consonant";
 }
 
-TEST_F(Text, IsBoundedWhateverItsLength)
-{
-    EXPECT_LE(Set(std::string(1000000, '\f'), 1, 1).size(), kMostPages);
-    std::size_t characters = 0;
-    for (const Page& page : Set(std::string(1000000, 'x'), 4096, 4096, '0'))
-        characters += page.size();
-    EXPECT_EQ(characters, kMostCharacters);
-}
-
-TEST(Font, NamesTheFileThatItCannotOpen)
+TEST(Font, NamesTheFileThatItCannotOpenAndReplacesUnknownCharacters)
 {
     try {
         const Font font("/nowhere/unifont.otf");
@@ -244,10 +238,7 @@ TEST(Font, NamesTheFileThatItCannotOpen)
     EXPECT_EQ(Font::DefaultPath(), "/elsewhere.otf");
     unsetenv("VXSIM_FONT");
     EXPECT_NE(Font::DefaultPath(), "/elsewhere.otf");
-}
 
-TEST(Font, ShowsUnknownCharactersAsReplacements)
-{
     Font font;
     EXPECT_EQ(font.KeyOf({U'\U0010FFFD', 16}), font.KeyOf({kReplacementCharacter, 16}));
     for (char32_t character = 0x4E00; character < 0x4E00 + 6000; ++character)
