@@ -11,8 +11,18 @@ namespace {
 
 using CallFrame = ScriptedTest;
 
-TEST_F(CallFrame, CorrectsNumbersOutOfRangeForGood)
+TEST_F(CallFrame, InitMarksTheRecordAndNumbersOutOfRangeAreCorrectedForGood)
 {
+    vxApiConfig config = sign.MakeConfig();
+    config.initialised = 0;
+    config.port = 4711;
+    EXPECT_EQ(vxInitAPI(&config), 0u);
+    config.port = 1;
+    EXPECT_EQ(sign.Config().initialised, 1u);
+    EXPECT_EQ(sign.Config().port, 4711u) << "the caller's own record is not referred to again";
+    EXPECT_EQ(vxFreeAPI(), 0u);
+    EXPECT_EQ(sign.Config().initialised, 1u);
+
     using Limits = std::tuple<std::uint32_t, std::uint32_t, std::uint16_t>;
     const Limits standard{3000, 3, 768};
     const std::pair<Limits, Limits> cases[] = {{{49, 0, 63}, standard},
@@ -28,19 +38,6 @@ TEST_F(CallFrame, CorrectsNumbersOutOfRangeForGood)
     }
 }
 
-TEST_F(CallFrame, InitMarksTheRecordWhateverTheCallerLeftThere)
-{
-    vxApiConfig config = sign.MakeConfig();
-    config.initialised = 0;
-    config.port = 4711;
-    EXPECT_EQ(vxInitAPI(&config), 0u);
-    config.port = 1;
-    EXPECT_EQ(sign.Config().initialised, 1u);
-    EXPECT_EQ(sign.Config().port, 4711u) << "the caller's own record is not referred to again";
-    EXPECT_EQ(vxFreeAPI(), 0u);
-    EXPECT_EQ(sign.Config().initialised, 1u);
-}
-
 TEST_F(CallFrame, WithoutInitNothingIsSentButTheCallbacksRun)
 {
     sign.Config().initialised = 0;
@@ -48,10 +45,16 @@ TEST_F(CallFrame, WithoutInitNothingIsSentButTheCallbacksRun)
     EXPECT_EQ(sign.opened, 1);
     EXPECT_EQ(sign.closed, 1);
     EXPECT_TRUE(sign.requests.empty());
-}
 
-TEST_F(CallFrame, AThreadThatWasNeverSetUp)
-{
+    // One callback alone does not count.
+    sign.Renew();
+    sign.Config().onWrite = nullptr;
+    sign.Config().kind = 9; // no such channel
+    EXPECT_EQ(vxBlackScreen(), 20736u);
+    EXPECT_TRUE(sign.readWaits.empty());
+
+    // Nothing is sent from a thread that was never set up.
+    sign.Renew();
     std::uint32_t result = 0;
     vxApiConfig seen{};
     std::thread([&] {
@@ -62,14 +65,6 @@ TEST_F(CallFrame, AThreadThatWasNeverSetUp)
     EXPECT_EQ(sign.opened, 0);
     EXPECT_EQ(seen.initialised, 0u);
     EXPECT_EQ(seen.timeoutMs, 3000u) << "its record is put right all the same";
-}
-
-TEST_F(CallFrame, OneCallbackAloneDoesNotCount)
-{
-    sign.Config().onWrite = nullptr;
-    sign.Config().kind = 9; // no such channel
-    EXPECT_EQ(vxBlackScreen(), 20736u);
-    EXPECT_TRUE(sign.readWaits.empty());
 }
 
 // Every place that calls a callback, with one that throws there.

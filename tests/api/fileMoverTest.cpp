@@ -58,7 +58,7 @@ TEST_F(FileMover, WhatItDoesNotMove)
     EXPECT_TRUE(sign.requests.empty());
 }
 
-TEST_F(FileMover, ReadsTheBeaconIntoAFile)
+TEST_F(FileMover, ReadsTheBeaconIntoAFileAndSetsItFromOne)
 {
     const std::string file = folder.Path("TrafficLight.sys");
     const auto contents = [&] { return FromText(folder.Read("TrafficLight.sys")); };
@@ -72,14 +72,12 @@ TEST_F(FileMover, ReadsTheBeaconIntoAFile)
     EXPECT_EQ(contents(), Hex("4C54 0000 0C000000 00000000"));
     EXPECT_EQ(vxRWFile(folder.Path("no/such/TRAFFICLIGHT.SYS").c_str(), nullptr, kRead), 20737u);
     EXPECT_EQ(sign.progress.size(), 3u);
-}
 
-TEST_F(FileMover, SetsTheBeaconFromAFile)
-{
     const auto write = [&](const Bytes& bytes) {
         return vxRWFile(folder.Write("TRAFFICLIGHT.SYS", ToText(bytes)).c_str(), nullptr, kWrite);
     };
-    EXPECT_EQ(vxRWFile(folder.Path("TRAFFICLIGHT.SYS").c_str(), nullptr, kWrite), 20737u);
+    EXPECT_EQ(vxRWFile(folder.Path("no/such/TRAFFICLIGHT.SYS").c_str(), nullptr, kWrite), 20737u);
+    sign.Renew();
     sign.Then(Good()).Then(Refusal(36912));
     EXPECT_EQ(write(Hex("4C54 0100 14000000 00000000 0102030405060708 99")), 0u);
     EXPECT_EQ(sign.requests[0].Minor(), 10);
@@ -110,10 +108,9 @@ TEST_F(FileMover, TheCurrentMessageIsConvertedByTheCaller)
         EXPECT_EQ(sign.Road(), "6.7 6.7");
         EXPECT_EQ(converted, (std::vector{message + " out.gif 20 1000", message + " /x/monitor.gif 20 1000"}));
     }
-}
 
-TEST_F(FileMover, NoMessageWithoutConverterOrSign)
-{
+    // No message without converter or sign.
+    sign.Renew();
     sign.Then(Good(FromText("A.NMG"))).Then(Refusal(26369));
     EXPECT_EQ(vxCurrentMsg2Gif("tmp", "out.gif"), 0u);
     EXPECT_EQ(vxCurrentMsg2Gif("tmp", "out.gif"), 26369u);

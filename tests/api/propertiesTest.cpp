@@ -15,15 +15,8 @@ Bytes Config()
            Bytes(30, 0x11) + Hex("3025") + Bytes(132, 0x11);
 }
 
-Answer Style()
-{
-    return Good(Bytes(2, 0x22) + FromText("E") + Bytes(49, 0x22));
-}
-
-Answer ConfigFile()
-{
-    return Good(Hex("00000000 40010000"), Config());
-}
+const Answer kStyle = Good(Bytes(2, 0x22) + FromText("E") + Bytes(49, 0x22));
+const Answer kConfigFile = Good(Hex("00000000 40010000"), Config());
 
 // The record of the sign is the thread's: each test begins without.
 class Properties : public ScriptedTest
@@ -35,18 +28,15 @@ protected:
 
 TEST_F(Properties, AreUnsetUntilTheSignWasRead)
 {
-    std::uint8_t out[4];
-    EXPECT_EQ(vxGetProperty(out, 4, 1), 3u);
-    sign.Then(Style()).Then(Refusal(36872));
+    std::uint8_t none[4];
+    EXPECT_EQ(vxGetProperty(none, 4, 1), 3u);
+    sign.Then(kStyle).Then(Refusal(36872));
     EXPECT_EQ(vxInitProperty(), 36872u);
-    EXPECT_EQ(vxGetProperty(out, 4, 1), 3u);
+    EXPECT_EQ(vxGetProperty(none, 4, 1), 3u);
     sign.Then(Refusal(36912));
     EXPECT_EQ(vxInitProperty(), 36912u);
-}
 
-TEST_F(Properties, ByKind)
-{
-    sign.Then(Style()).Then(ConfigFile()).Then(Style());
+    sign.Then(kStyle).Then(kConfigFile).Then(kStyle);
     EXPECT_EQ(vxInitProperty(), 0u);
     Bytes out(400, 0xEE);
     EXPECT_EQ(vxGetProperty(out.data(), 4, VX_PROPERTY_HAS_DRIVE_F), 0u);
@@ -75,7 +65,7 @@ TEST_F(Properties, TheCommunicationSetReadAndAfterwardsReadAfresh)
 {
     vxCommunicationSet set{};
     for (int round = 0; round < 2; ++round) {
-        sign.Then(Style()).Then(ConfigFile()).Then(Style());
+        sign.Then(kStyle).Then(kConfigFile).Then(kStyle);
         EXPECT_EQ(vxReadCommunicationSet(&set), 0u);
     }
     EXPECT_STREQ(set.address, "169.254.49.10");
@@ -97,12 +87,12 @@ TEST_F(Properties, TheCommunicationSetWriteChangesWhatItNames)
     set.port = 9520;
     set.firstSetting = 1;
     set.secondSetting = 2;
-    sign.Then(Style()).Then(ConfigFile()).Then(Style());
+    sign.Then(kStyle).Then(kConfigFile).Then(kStyle);
     EXPECT_EQ(vxWriteCommunicationSet(&set), 2u);
     EXPECT_EQ(sign.requests.back().Major(), 1) << "nothing was written";
 
     std::strcpy(set.thirdAddress, "255.0.0.1");
-    sign.Then(Style()).Then(Good());
+    sign.Then(kStyle).Then(Good());
     EXPECT_EQ(vxWriteCommunicationSet(&set), 0u);
     const Packet& write = sign.requests.back();
     EXPECT_EQ(write.Major(), 2);
@@ -119,17 +109,24 @@ TEST_F(Properties, TheCommunicationSetWriteChangesWhatItNames)
     put(140, Hex("010000FF"));
     put(186, Hex("3025"));
     EXPECT_EQ(write.Extended(), expected) << "an empty address leaves the sign's own";
+
+    // An unreachable sign counts as written.
+    set = {};
+    sign.requests.clear();
+    sign.Then(Refusal(36912));
+    EXPECT_EQ(vxWriteCommunicationSet(&set), 0u);
+    EXPECT_EQ(sign.requests.size(), 1u);
 }
 
 TEST_F(Properties, TheCommunicationSetFormsOfAnAddress)
 {
-    sign.Then(Style()).Then(ConfigFile()).Then(Style());
+    sign.Then(kStyle).Then(kConfigFile).Then(kStyle);
     EXPECT_EQ(vxInitProperty(), 0u);
     for (const char* const text : {"10.20.30.40", " 10.\t20. 30.40", "010.020.0030.00040", "10.20.30.40 and more",
                                    "10.20.30.40.50", "+10.20.30.40-"}) {
         vxCommunicationSet set{};
         std::strcpy(set.address, text);
-        sign.Then(Style()).Then(Good());
+        sign.Then(kStyle).Then(Good());
         EXPECT_EQ(vxWriteCommunicationSet(&set), 0u) << text;
         const Bytes written = sign.requests.back().Extended();
         ASSERT_EQ(written.size(), 300u) << text;
@@ -140,17 +137,9 @@ TEST_F(Properties, TheCommunicationSetFormsOfAnAddress)
           "4294967297.2.3.4", "18446744073709551617.2.3.4", "10,20,30,40"}) {
         vxCommunicationSet set{};
         std::strcpy(set.address, text);
-        sign.Then(Style());
+        sign.Then(kStyle);
         EXPECT_EQ(vxWriteCommunicationSet(&set), 2u) << text;
     }
-}
-
-TEST_F(Properties, TheCommunicationSetAnUnreachableSignCountsAsWritten)
-{
-    vxCommunicationSet set{};
-    sign.Then(Refusal(36912));
-    EXPECT_EQ(vxWriteCommunicationSet(&set), 0u);
-    EXPECT_EQ(sign.requests.size(), 1u);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // Messages as the library writes them.
 #include "content/nmg.h"
+#include "support/bytes.h"
 #include "support/tempFolder.h"
 
 #include <vxsign/content.h>
@@ -15,11 +16,6 @@ const std::uint8_t* Bytes(const std::string& text)
     return reinterpret_cast<const std::uint8_t*>(text.data());
 }
 
-std::string Text(const std::vector<std::uint8_t>& bytes)
-{
-    return {bytes.begin(), bytes.end()};
-}
-
 using Nmg = vxsign::test::FolderTest;
 
 TEST_F(Nmg, TextFile)
@@ -31,6 +27,16 @@ TEST_F(Nmg, TextFile)
                                     "5\x1C"
                                     "3\nIA\nOA\x0E"
                                     "20005HELLO\0\x04 42\x04"s);
+
+    // Values that the sign does not take.
+    const auto header = [](std::uint32_t mode, std::uint32_t staySec, std::uint32_t font, std::uint32_t colour) {
+        return test::ToText(nmg::TextHeader(nmg::Form::kTransmission, {mode, staySec, font, colour})).substr(7);
+    };
+    EXPECT_EQ(header(46, 10000, 47, 46), "\x1A\x31\x1C\x31\nI0\nO0\x0E\x32\x30\x30\x30\x30");
+    EXPECT_EQ(header(47, 12345, 170, 48), "\x1A\x31\x1C\x30\nI/\nO/\x0E\x32\x32\x33\x34\x35");
+    EXPECT_EQ(header(0x141, 5, 48, 0x12345678), "\x1A\x30\x1C\x78\nIA\nOA\x0E\x32\x30\x30\x30\x35");
+    EXPECT_EQ(header(255, 4294967295, 169, 47), "\x1A\xA9\x1C/\0\0\0\nI\xFF\nO\xFF\x0E\x32\x37\x32\x39\x35"s);
+    EXPECT_EQ(header(65, 0, 0xFFFFFFFF, 0x00FF002F), "\x1A\x31\x1C/\0\xFF\0\nIA\nOA\x0E\x32\x30\x30\x30\x30"s);
 }
 
 TEST_F(Nmg, PictureHeaders)
@@ -40,26 +46,14 @@ TEST_F(Nmg, PictureHeaders)
                              "0\x04RC\x01\0\x01"
                              "0\0\0\x01\x02\x03\x04\x28"s +
                              std::string(27, '\0');
-    EXPECT_EQ(Text(nmg::PictureHeader(nmg::Form::kTransmission, {'7', 12}, 0x04030201)), "\x01Z00\x02"
-                                                                                         "AA" +
+    EXPECT_EQ(test::ToText(nmg::PictureHeader(nmg::Form::kTransmission, {'7', 12}, 0x04030201)), "\x01Z00\x02"
+                                                                                                 "AA" +
+                                                                                                     rest);
+    EXPECT_EQ(test::ToText(nmg::PictureHeader(nmg::Form::kFile, {'7', 12}, 0x04030201)), "QZ00SAX\x1A"
+                                                                                         "1\x1C/\xFF\xFF\xFF" +
                                                                                              rest);
-    EXPECT_EQ(Text(nmg::PictureHeader(nmg::Form::kFile, {'7', 12}, 0x04030201)), "QZ00SAX\x1A"
-                                                                                 "1\x1C/\xFF\xFF\xFF" +
-                                                                                     rest);
     EXPECT_EQ(nmg::PictureHeader(nmg::Form::kTransmission, {}, 0).size(), 63u);
     EXPECT_EQ(nmg::PictureHeader(nmg::Form::kFile, {}, 0).size(), 70u);
-}
-
-TEST_F(Nmg, ValuesThatTheSignDoesNotTake)
-{
-    const auto header = [](std::uint32_t mode, std::uint32_t staySec, std::uint32_t font, std::uint32_t colour) {
-        return Text(nmg::TextHeader(nmg::Form::kTransmission, {mode, staySec, font, colour})).substr(7);
-    };
-    EXPECT_EQ(header(46, 10000, 47, 46), "\x1A\x31\x1C\x31\nI0\nO0\x0E\x32\x30\x30\x30\x30");
-    EXPECT_EQ(header(47, 12345, 170, 48), "\x1A\x31\x1C\x30\nI/\nO/\x0E\x32\x32\x33\x34\x35");
-    EXPECT_EQ(header(0x141, 5, 48, 0x12345678), "\x1A\x30\x1C\x78\nIA\nOA\x0E\x32\x30\x30\x30\x35");
-    EXPECT_EQ(header(255, 4294967295, 169, 47), "\x1A\xA9\x1C/\0\0\0\nI\xFF\nO\xFF\x0E\x32\x37\x32\x39\x35"s);
-    EXPECT_EQ(header(65, 0, 0xFFFFFFFF, 0x00FF002F), "\x1A\x31\x1C/\0\xFF\0\nIA\nOA\x0E\x32\x30\x30\x30\x30"s);
 }
 
 TEST_F(Nmg, WrapsAnyFileUnchanged)
@@ -85,15 +79,12 @@ TEST_F(Nmg, WrapsAnyFileUnchanged)
     EXPECT_EQ(vxBmp2Nmg(empty.c_str(), folder.Path("b.nmg").c_str(), 9, '2'), 0u);
     EXPECT_EQ(folder.Read("b.nmg").size(), 70u);
     EXPECT_EQ(folder.Read("b.nmg").substr(38, 4), "\0\0\0\0"s);
-}
 
-TEST_F(Nmg, PictureBytesInMemory)
-{
-    const std::string picture = "BM picture";
+    // Bytes in memory likewise.
     const std::string path = folder.Path("a.nmg");
     EXPECT_EQ(nmg::WritePicture(path.c_str(), nmg::Form::kTransmission, {'2', 9}, {Bytes(picture), 10}), 0u);
     EXPECT_EQ(folder.Read("a.nmg").substr(31, 4), "\x0A\0\0\0"s);
-    EXPECT_EQ(folder.Read("a.nmg").substr(63), picture);
+    EXPECT_EQ(folder.Read("a.nmg").substr(63), picture.substr(0, 10));
     EXPECT_EQ(nmg::WritePicture(path.c_str(), nmg::Form::kTransmission, {'2', 9}, {}), 0u);
     EXPECT_EQ(folder.Read("a.nmg").size(), 63u);
 }

@@ -1,10 +1,8 @@
 // Edits of the play list by paths. Each test works on the list of a thread of its own.
-#include <vxsign/playlist.h>
 #include <vxsign/result.h>
 
 #include "support/playlistTree.h"
 
-#include <algorithm>
 #include <gmock/gmock.h>
 
 namespace {

@@ -98,15 +98,6 @@ TEST_F(PcPlaylist, NamesDoNotLeaveTheDirectory)
     EXPECT_EQ(folder.Read("list/..up.txt"), "contents") << "two dots, but no step";
 }
 
-TEST_F(PcPlaylist, AFileWithAHoleOfManyGigabytes)
-{
-    const std::string path =
-        WriteBytes(folder, "IN.PL", Hex("5351 0400 0100 0000 0000000000000000") + FlatEntry("A.TXT"));
-    std::filesystem::resize_file(path, std::uint64_t{5} << 30);
-    EXPECT_EQ(vxLoadPLSFromPC(path.c_str()), 0u);
-    EXPECT_EQ(Describe(list), ":0/0/255[:0/0/255[D\\T\\A.TXT 1x1 1/1/1;]]");
-}
-
 TEST_F(PcPlaylist, WhatIsNone)
 {
     const Bytes flat = Hex("5351 0400 0100 0000 0000000000000000") + FlatEntry("A.TXT") + FromText("none");
@@ -117,6 +108,13 @@ TEST_F(PcPlaylist, WhatIsNone)
     EXPECT_EQ(vxLoadPLSFromPC(nullptr), 1u);
     EXPECT_EQ(Describe(list), loaded);
     EXPECT_EQ(Load(Hex("5351 0600 FFFF 0000")), "");
+
+    // A file with a hole of many gigabytes.
+    const std::string path =
+        WriteBytes(folder, "IN.PL", Hex("5351 0400 0100 0000 0000000000000000") + FlatEntry("A.TXT"));
+    std::filesystem::resize_file(path, std::uint64_t{5} << 30);
+    EXPECT_EQ(vxLoadPLSFromPC(path.c_str()), 0u);
+    EXPECT_EQ(Describe(list), ":0/0/255[:0/0/255[D\\T\\A.TXT 1x1 1/1/1;]]");
 }
 
 } // namespace

@@ -1,11 +1,9 @@
 // The XML form of the play list.
-#include <vxsign/playlist.h>
 #include <vxsign/result.h>
 
 #include "support/fullDisk.h"
 #include "support/playlistTree.h"
 
-#include <algorithm>
 #include <gmock/gmock.h>
 
 namespace {

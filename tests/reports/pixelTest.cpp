@@ -72,8 +72,24 @@ TEST_F(PixelCheck, PollsEachSecond)
     EXPECT_EQ(check(), 20497u);
 }
 
-TEST_F(PixelCheck, CsvFiles)
+TEST_F(PixelCheck, CsvFilesAndTheirFailures)
 {
+    EXPECT_EQ(Read(0), 0u) << "no results on the sign, empty files here";
+    EXPECT_TRUE(Taken::records.empty());
+    for (const auto& [code, result] : {std::pair{36872, 0u}, std::pair{36912, 36912u}}) {
+        sign.answers["16/1"] = {Refusal(static_cast<std::uint16_t>(code))};
+        EXPECT_EQ(Read(0), result);
+        EXPECT_EQ(sign.asked, Asked{"16/1"});
+    }
+    sign.answers.erase("16/1");
+    std::filesystem::remove(folder.Path("SIGNAL.CSV"));
+    std::filesystem::create_directory(folder.Path("SIGNAL.CSV"));
+    EXPECT_EQ(Read(0), 20737u);
+    EXPECT_EQ(sign.asked.back(), "delete D:\\SIGNAL.CSV");
+    EXPECT_EQ(vxReadPixelInfo(folder.Path("no/such/").c_str(), 7, 0, Taken::WithUser), 20737u);
+    EXPECT_EQ(sign.asked.back(), "delete D:\\PXL.CSV");
+    std::filesystem::remove(folder.Path("SIGNAL.CSV"));
+
     const std::string longText(80, 's');
     // Lines end in CR LF; behind a bare line feed one byte is passed over.
     sign.files["D:\\PXL.CSV"] = "1,20,3,9,\"red\",\"2020-05-13 10:20:30\"\r\n"
@@ -103,24 +119,6 @@ TEST_F(PixelCheck, CsvFiles)
     }
     EXPECT_EQ(Taken::user, 7u);
     EXPECT_EQ(folder.Read("PXL.CSV"), sign.files["D:\\PXL.CSV"]);
-}
-
-TEST_F(PixelCheck, CsvFailures)
-{
-    EXPECT_EQ(Read(0), 0u) << "no results on the sign, empty files here";
-    EXPECT_TRUE(Taken::records.empty());
-    for (const auto& [code, result] : {std::pair{36872, 0u}, std::pair{36912, 36912u}}) {
-        sign.answers["16/1"] = {Refusal(static_cast<std::uint16_t>(code))};
-        EXPECT_EQ(Read(0), result);
-        EXPECT_EQ(sign.asked, Asked{"16/1"});
-    }
-    sign.answers.erase("16/1");
-    std::filesystem::remove(folder.Path("SIGNAL.CSV"));
-    std::filesystem::create_directory(folder.Path("SIGNAL.CSV"));
-    EXPECT_EQ(Read(0), 20737u);
-    EXPECT_EQ(sign.asked.back(), "delete D:\\SIGNAL.CSV");
-    EXPECT_EQ(vxReadPixelInfo(folder.Path("no/such/").c_str(), 7, 0, Taken::WithUser), 20737u);
-    EXPECT_EQ(sign.asked.back(), "delete D:\\PXL.CSV");
 }
 
 TEST_F(PixelCheck, TextFile)

@@ -44,8 +44,24 @@ using Status = ReportTest;
 
 constexpr char kState[] = "A0A1A2A3 A4A5A6A7";
 
-TEST_F(Status, FieldsFromRecordOrStateWord)
+TEST_F(Status, PositionAndFieldsFromRecordOrStateWord)
 {
+    const float infinite = std::numeric_limits<float>::infinity();
+    using Row = std::tuple<float, float, const char*>;
+    for (const auto& [longitude, latitude, bytes] : {
+             Row{1999.5F, 2000.0F, "574E EEEE 0000 1E00 B400 0000 0000 0000"},
+             Row{2121.25F, 1968.75F, "4553 EEEE 7900 0F00 5A00 1F00 0F00 5A00"},
+             Row{1000.0F, 2031.0F, "EEEEEEEE EEEEEEEE EEEEEEEE EEEEEEEE"},
+             Row{2031.0F, 0.0F, "EEEEEEEE EEEEEEEE EEEEEEEE EEEEEEEE"},
+             Row{std::numeric_limits<float>::quiet_NaN(), 2031.0F, "EEEEEEEE EEEEEEEE EEEEEEEE EEEEEEEE"},
+             Row{infinite, 1e30F, "454E EEEE FFFF 0000 0000 FFFF 0000 0000"},
+         }) {
+        sign.answers["1/11"] = {Good(Hex(kState), Bytes(96, 0xEE))};
+        EXPECT_EQ(Read(longitude, latitude), 0u);
+        EXPECT_EQ(Part(Seen::status, 64, 16), Hex(bytes)) << longitude;
+    }
+
+    sign.Renew();
     sign.answers["4/11"] = {Good(Hex("0102030405060708"))};
     const auto status = [&](const Bytes& record) {
         sign.answers["1/11"] = {Good(Hex(kState), record)};
@@ -71,24 +87,6 @@ TEST_F(Status, FieldsFromRecordOrStateWord)
     EXPECT_EQ(Read(), 36869u);
     EXPECT_EQ(sign.asked, Asked{"1/11"});
     EXPECT_TRUE(Seen::status.empty());
-}
-
-TEST_F(Status, Position)
-{
-    const float infinite = std::numeric_limits<float>::infinity();
-    using Row = std::tuple<float, float, const char*>;
-    for (const auto& [longitude, latitude, bytes] : {
-             Row{1999.5F, 2000.0F, "574E EEEE 0000 1E00 B400 0000 0000 0000"},
-             Row{2121.25F, 1968.75F, "4553 EEEE 7900 0F00 5A00 1F00 0F00 5A00"},
-             Row{1000.0F, 2031.0F, "EEEEEEEE EEEEEEEE EEEEEEEE EEEEEEEE"},
-             Row{2031.0F, 0.0F, "EEEEEEEE EEEEEEEE EEEEEEEE EEEEEEEE"},
-             Row{std::numeric_limits<float>::quiet_NaN(), 2031.0F, "EEEEEEEE EEEEEEEE EEEEEEEE EEEEEEEE"},
-             Row{infinite, 1e30F, "454E EEEE FFFF 0000 0000 FFFF 0000 0000"},
-         }) {
-        sign.answers["1/11"] = {Good(Hex(kState), Bytes(96, 0xEE))};
-        EXPECT_EQ(Read(longitude, latitude), 0u);
-        EXPECT_EQ(Part(Seen::status, 64, 16), Hex(bytes)) << longitude;
-    }
 }
 
 TEST_F(Status, SignBeacon)

@@ -10,7 +10,6 @@
 
 #include <cstring>
 #include <mutex>
-#include <set>
 #include <stdexcept>
 #include <thread>
 #include <tuple>
@@ -50,10 +49,8 @@ TEST_F(TempNames, FolderProcessTickAndExtension)
     EXPECT_EQ(Name(), "/elsewhere/" + processId + next + ".Nmg") << "one tick, but another name";
     EXPECT_EQ(Name(14), "/elsewhere/" + processId.substr(0, 2));
     EXPECT_EQ(Name(1), "");
-}
 
-TEST_F(TempNames, SurvivesAHostileFolderFunction)
-{
+    // A hostile function for the folder does no harm.
     vxsign::ThreadConfig()->onTempPath = [](vxApiConfig*, char* buffer, std::uint32_t capacity) {
         std::memset(buffer, 'a', capacity);
     };
@@ -140,10 +137,8 @@ TEST_F(Names, SignPathsTheFirstBytesChooseTheFolder)
         EXPECT_EQ(out, std::string("D:\\") + folderLetter + "\\" + std::string(name));
         EXPECT_EQ(std::string(shortName, 12), std::string(name).append(12 - name.size(), '\0'));
     }
-}
 
-TEST_F(Names, SignPathsRefusals)
-{
+    // Refusals.
     const std::string path = folder.Write("Message1.Nmg", "QZ00SAX");
     char out[20] = "before";
     char shortName[12] = "before";
@@ -159,7 +154,7 @@ TEST_F(Names, SignPathsRefusals)
     EXPECT_STREQ(out, "E:\\T\\Message1.Nmg");
 }
 
-TEST_F(Names, SerialPortsOnlyThoseThatAreThere)
+TEST_F(Names, SerialPortsAreThoseThatAreThere)
 {
     for (const char* device : {"ttyUSB0/device", "ttyACM1/device", "ttyS0/device", "ttyS1/device", "tty1"})
         std::filesystem::create_directories(folder.Path(device));
@@ -167,10 +162,7 @@ TEST_F(Names, SerialPortsOnlyThoseThatAreThere)
     folder.Write("ttyS1/type", "0\n");
     EXPECT_EQ(vxsign::platform::SerialPorts(folder.Path()), (std::vector<std::string>{"ttyACM1", "ttyS0", "ttyUSB0"}));
     EXPECT_TRUE(vxsign::platform::SerialPorts(folder.Path("absent")).empty());
-}
 
-TEST_F(Names, SerialPortsTheListIsClearedAndCut)
-{
     char out[64];
     std::memset(out, 'x', sizeof out);
     std::string list;

@@ -29,9 +29,17 @@ TEST(Time, LocalTimeInItsThreeForms)
     char text[32];
     EXPECT_EQ(vxTM_DecodeDosTime(0x528F50AD, text, sizeof text), 0u);
     EXPECT_STREQ(text, "2020-05-13 10:20:30");
+
+    const std::uint32_t ms = vxSysUpTimeMS();
+    const std::uint32_t seconds = vxSystemUpTimeSec();
+    vxSleep(2500);
+    EXPECT_EQ(FakeClock::SleptMs(), 2500u);
+    EXPECT_EQ(vxSysUpTimeMS() - ms, 2500u);
+    FakeClock::Advance(57'500);
+    EXPECT_EQ(vxSystemUpTimeSec() - seconds, 60u);
 }
 
-TEST(Time, DecodedTimeIsNeitherCorrectedNorTooLong)
+TEST(Time, WhatTheFormDoesNotHoldIsNeitherCorrectedNorWritten)
 {
     char text[32];
     vxTM_DecodeDosTime(0xFFFFFFFF, text, sizeof text);
@@ -45,10 +53,7 @@ TEST(Time, DecodedTimeIsNeitherCorrectedNorTooLong)
     EXPECT_EQ(text[5], 'x');
     EXPECT_EQ(vxTM_DecodeDosTime(0, text, 0), 0u);
     EXPECT_EQ(vxTM_DecodeDosTime(0, nullptr, 20), 0u);
-}
 
-TEST(Time, NothingIsWrittenForNullOrAYearOutsideTheFormat)
-{
     const FakeClock clock;
     std::uint16_t date = 7;
     std::uint16_t time = 8;
@@ -61,18 +66,6 @@ TEST(Time, NothingIsWrittenForNullOrAYearOutsideTheFormat)
     }
     EXPECT_EQ(date, 7);
     EXPECT_EQ(time, 8);
-}
-
-TEST(Time, UpTimesAndSleepGoThroughTheClock)
-{
-    const FakeClock clock;
-    const std::uint32_t ms = vxSysUpTimeMS();
-    const std::uint32_t seconds = vxSystemUpTimeSec();
-    vxSleep(2500);
-    EXPECT_EQ(FakeClock::SleptMs(), 2500u);
-    EXPECT_EQ(vxSysUpTimeMS() - ms, 2500u);
-    FakeClock::Advance(57'500);
-    EXPECT_EQ(vxSystemUpTimeSec() - seconds, 60u);
 }
 
 } // namespace

@@ -16,10 +16,7 @@ TEST(Checksum, KnownVectors)
     EXPECT_EQ(vxChkSum("xx123456789yy", 2, 11, kCrc), 0x6E90u);
     EXPECT_EQ(vxChkSum("123456789", 0, 9, kSum), 477u);
     EXPECT_EQ(vxChkSum("123456789", 0, 9, 7), 477u);
-}
 
-TEST(Checksum, AnEmptySpanIsZero)
-{
     for (const std::uint32_t mode : {kSum, kCrc}) {
         EXPECT_EQ(vxChkSum("abc", 2, 2, mode), 0u);
         EXPECT_EQ(vxChkSum("abc", 2, 1, mode), 0u);

@@ -3,7 +3,6 @@
 #include "support/scriptedSign.h"
 #include "vxBaseCMD/vxBaseCMD.h"
 
-#include <atomic>
 #include <numeric>
 #include <sys/wait.h>
 #include <thread>
@@ -27,16 +26,14 @@ protected:
     }
 };
 
-TEST_F(Exchange, TheFirstPacketOfAProcess)
+TEST_F(Exchange, CarriesBothAddressesAndANewId)
 {
     packetIds::Set(0);
     sign.Then(Good());
     EXPECT_EQ(vxBlackScreen(), 0u);
     EXPECT_EQ(sign.requests.at(0).bytes, Hex("55A7 0600 0000 0000 0000 0100 04 01 00 00"));
-}
+    sign.requests.clear();
 
-TEST_F(Exchange, CarriesBothAddressesAndANewId)
-{
     sign.Config().sourceAddress = 0x1234;
     sign.Config().destinationAddress = 0xABCD;
     packetIds::Set(65534);
@@ -86,12 +83,11 @@ TEST_F(Exchange, StatusBecomesAResultWord)
     sign.Then({2, {}, {}}).Then(Good());
     EXPECT_EQ(vxBlackScreen(), 0u);
     EXPECT_EQ(sign.requests.size(), 5u);
-}
 
-TEST_F(Exchange, LogsFailedTriesAndFailedCommands)
-{
+    // Failed tries and failed commands are logged.
     Answer dropped = Good();
     dropped.fault = Fault::Drop;
+    sign.Renew();
     sign.Then(dropped).Then(Refusal(0x1234));
     EXPECT_EQ(vxBlackScreen(), 4660u);
     ASSERT_EQ(sign.log.size(), 2u);
@@ -130,10 +126,7 @@ TEST_F(Exchange, ReadsInTheStatedPace)
     // Stray bytes with no reply among the first ten: the polls pass without a read.
     EXPECT_EQ(Try(1, 3000, [](const Packet&) { return Pieces(Bytes(80, 0xEE), 40); }), 20736u);
     EXPECT_EQ(sign.readWaits.size(), 1u);
-}
 
-TEST_F(Exchange, TheRestOfAReplyHasPollsOfItsOwn)
-{
     // A header in two pieces uses up the search of three polls; the payload still gets three reads.
     EXPECT_EQ(Try(1, 300,
                   [](const Packet& request) {
@@ -144,6 +137,17 @@ TEST_F(Exchange, TheRestOfAReplyHasPollsOfItsOwn)
                   }),
               0u);
     EXPECT_EQ(sign.readWaits, (std::vector<std::uint32_t>{500, 200, 200, 200}));
+
+    // The longest that a try may read: the header is whole just in time, and nothing follows.
+    for (const auto& [polls, longest] : {std::pair{2u, 900u}, {3u, 1300u}, {30u, 12100u}}) {
+        const auto answer = [empty = polls - 2](const Packet& request) {
+            std::deque<Bytes> pieces(empty);
+            pieces.push_back(Part(MakeReply(request, 0, Bytes(12, 7), {}), 0, 16));
+            return pieces;
+        };
+        EXPECT_EQ(Try(1, polls * 100, answer), 20736u);
+        EXPECT_EQ(std::accumulate(sign.readWaits.begin(), sign.readWaits.end(), 0u), longest);
+    }
 }
 
 // Where stray bytes ahead of the reply may end: 9 are skipped while gathering, 5 while checking.
@@ -189,20 +193,6 @@ TEST_F(Exchange, LongRepliesEndWhereTheBuffersEnd)
                   result);
         ASSERT_EQ(sign.requests.size(), 2u);
         EXPECT_EQ(sign.requests[0].bytes, sign.requests[1].bytes);
-    }
-}
-
-// The longest that a try may read: the header is whole just in time, and nothing follows.
-TEST_F(Exchange, AHeaderAndThenSilenceHasItsBound)
-{
-    for (const auto& [polls, longest] : {std::pair{2u, 900u}, {3u, 1300u}, {30u, 12100u}}) {
-        const auto answer = [empty = polls - 2](const Packet& request) {
-            std::deque<Bytes> pieces(empty);
-            pieces.push_back(Part(MakeReply(request, 0, Bytes(12, 7), {}), 0, 16));
-            return pieces;
-        };
-        EXPECT_EQ(Try(1, polls * 100, answer), 20736u);
-        EXPECT_EQ(std::accumulate(sign.readWaits.begin(), sign.readWaits.end(), 0u), longest);
     }
 }
 
@@ -262,10 +252,8 @@ TEST_F(Exchange, ASignThatNeverStopsTalkingIsLeftInTime)
     EXPECT_EQ(vxBlackScreen(), 20736u);
     EXPECT_EQ(sign.requests.size(), 3u);
     EXPECT_LE(sign.readWaits.size(), 3u * 30);
-}
 
-TEST_F(Exchange, ACallerWhoseReadLiesAboutItsCount)
-{
+    // Nor does a read that lies about its count.
     for (const std::int32_t lie : {-1, -2000000000, 1537, 2000000000}) {
         static std::int32_t told;
         told = lie;
@@ -287,7 +275,7 @@ TEST_F(Exchange, ReceivingAFrameEndsAtTheCallersCapacity)
     EXPECT_EQ(sign.readWaits.size(), 1u);
 }
 
-TEST(PacketIds, AreUniqueAcrossThreads)
+TEST(PacketIds, AreUniqueAcrossThreadsAndGoOnInAForkedChild)
 {
     packetIds::Set(0);
     std::vector<std::uint16_t> seen[2];
@@ -304,11 +292,8 @@ TEST(PacketIds, AreUniqueAcrossThreads)
         for (const std::uint16_t id : ids)
             ++times[id];
     EXPECT_EQ(std::count(times.begin(), times.end(), 1), 40000);
-}
 
-// A lock that another thread holds at that moment would never be free in the child.
-TEST(PacketIds, GoOnInAForkedChild)
-{
+    // A lock that another thread holds at that moment would never be free in the child.
     std::atomic<bool> ending = false;
     std::jthread busy([&] {
         while (!ending)

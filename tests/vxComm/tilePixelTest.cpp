@@ -1,8 +1,6 @@
 // Tile pixel files: each order by a small tile worked out by hand, all of them there and back.
 #include "support/scriptedSign.h"
 
-#include <sstream>
-
 namespace vxsign::test {
 namespace {
 
@@ -172,27 +170,7 @@ TEST_F(TilePixels, SavedPixelsLoadBack)
             }
 }
 
-TEST_F(TilePixels, BadFiles)
-{
-    const Tile tile{0, 0x10, 1, 2, 1, 1};
-    Pixels loaded(18, 0xEEEE);
-    const auto result = [&](const Bytes& file) { return Load(tile, loaded, folder.Write("bad", ToText(file))); };
-    const Bytes header = Hex("AA55") + Bytes(30, 0);
-    EXPECT_EQ(result(Hex("AA55")), 20737u);
-    EXPECT_EQ(result(header + Bytes(11, 1)), 20737u) << "one byte less than six a pixel";
-    EXPECT_EQ(result(Hex("55AA") + Bytes(30 + 36, 0)), 20737u) << "another magic";
-    EXPECT_EQ(Load(tile, loaded, folder.Path("none")), 20737u);
-    EXPECT_EQ(Load(tile, loaded, folder.Path()), 20737u);
-    EXPECT_EQ(loaded, Pixels(18, 0xEEEE));
-    // Six bytes a pixel are enough, whatever the layout wants: what is missing repeats what was read before.
-    EXPECT_EQ(result(header + Bytes(12, 1)), 0u);
-    EXPECT_EQ(loaded, (Pixels{0x101, 0x101, 0x101, 0x101, 0x101, 0x101, 0, 0, 0, //
-                              0x101, 0x101, 0x101, 0x101, 0x101, 0x101, 0, 0, 0}));
-    EXPECT_EQ(Save(tile, loaded, folder.Path("no/such")), 20737u);
-    EXPECT_EQ(Save(tile, loaded, "/dev/full"), 256u);
-}
-
-TEST_F(TilePixels, BadArguments)
+TEST_F(TilePixels, BadFilesAndArguments)
 {
     Pixels pixels(18);
     const auto expectRefusal = [&](std::uint16_t* some, std::uint32_t bytes, const char* file, const Tile& t) {
@@ -214,6 +192,23 @@ TEST_F(TilePixels, BadArguments)
     expectRefusal(pixels.data(), 0, path.c_str(), {74, 0, huge, 0, huge, huge});
     for (const auto& [width, height] : {std::pair{0u, 1u}, {1u, 0u}, {2u, 1u}, {1u, huge}})
         expectRefusal(pixels.data(), 36, path.c_str(), {0, 0, 1, 2, width, height});
+
+    const Tile tile{0, 0x10, 1, 2, 1, 1};
+    Pixels loaded(18, 0xEEEE);
+    const auto result = [&](const Bytes& file) { return Load(tile, loaded, folder.Write("bad", ToText(file))); };
+    const Bytes header = Hex("AA55") + Bytes(30, 0);
+    EXPECT_EQ(result(Hex("AA55")), 20737u);
+    EXPECT_EQ(result(header + Bytes(11, 1)), 20737u) << "one byte less than six a pixel";
+    EXPECT_EQ(result(Hex("55AA") + Bytes(30 + 36, 0)), 20737u) << "another magic";
+    EXPECT_EQ(Load(tile, loaded, folder.Path("none")), 20737u);
+    EXPECT_EQ(Load(tile, loaded, folder.Path()), 20737u);
+    EXPECT_EQ(loaded, Pixels(18, 0xEEEE));
+    // Six bytes a pixel are enough, whatever the layout wants: what is missing repeats what was read before.
+    EXPECT_EQ(result(header + Bytes(12, 1)), 0u);
+    EXPECT_EQ(loaded, (Pixels{0x101, 0x101, 0x101, 0x101, 0x101, 0x101, 0, 0, 0, //
+                              0x101, 0x101, 0x101, 0x101, 0x101, 0x101, 0, 0, 0}));
+    EXPECT_EQ(Save(tile, loaded, folder.Path("no/such")), 20737u);
+    EXPECT_EQ(Save(tile, loaded, "/dev/full"), 256u);
 }
 
 } // namespace

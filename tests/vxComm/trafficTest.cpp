@@ -52,14 +52,6 @@ protected:
     std::string local = folder.Path("log");
 };
 
-TEST_F(TrafficFiles, WithoutConfiguration)
-{
-    sign.Config().initialised = 0;
-    EXPECT_EQ(vxTrafficRFlow(kPhase.data(), "/dev/null"), 3u);
-    EXPECT_EQ(vxReadTrafficStatus("/dev/null"), 20736u);
-    EXPECT_TRUE(sign.requests.empty());
-}
-
 TEST_F(TrafficFiles, Dumps)
 {
     // How many bytes come, and how many are kept behind the header.
@@ -83,10 +75,8 @@ TEST_F(TrafficFiles, Dumps)
         EXPECT_EQ(dump(folder.Path("none").c_str()), 36869u);
         EXPECT_FALSE(folder.Has("none"));
     }
-}
 
-TEST_F(TrafficFiles, Flow)
-{
+    // The flow has the payload, too.
     const auto read = [&](Bytes payload, const Bytes& extended) {
         sign.answers["10/13"] = {Good(std::move(payload), extended)};
         EXPECT_EQ(vxTrafficRFlow(kPhase.data(), local.c_str()), 0u);
@@ -100,11 +90,18 @@ TEST_F(TrafficFiles, Flow)
     sign.answers["10/13"] = {Refusal(36869)};
     EXPECT_EQ(vxTrafficRFlow(kPhase.data(), folder.Path("none").c_str()), 36869u);
     EXPECT_FALSE(folder.Has("none"));
+
+    // Without configuration.
+    sign.requests.clear();
+    sign.Config().initialised = 0;
+    EXPECT_EQ(vxTrafficRFlow(kPhase.data(), "/dev/null"), 3u);
+    EXPECT_EQ(vxReadTrafficStatus("/dev/null"), 20736u);
+    EXPECT_TRUE(sign.requests.empty());
 }
 
 TEST_F(TrafficFiles, ErrorTexts)
 {
-    const auto expect = [&](std::uint32_t level, std::initializer_list<std::pair<std::uint16_t, const char*>> rows) {
+    const auto expect = [&](std::uint32_t level, const std::vector<std::pair<unsigned, std::string>>& rows) {
         for (const auto& [error, text] : rows) {
             SCOPED_TRACE(error);
             const std::string record = HexText("26 20 12 31 23 59 58 FF") + ToText(Little(error, 2)) + HexText("FFFF");
@@ -113,38 +110,32 @@ TEST_F(TrafficFiles, ErrorTexts)
             EXPECT_EQ(entry.level, level);
             EXPECT_STREQ(entry.time, "2026-12-31 23:59:58");
             EXPECT_STREQ(entry.signName, "sign");
-            EXPECT_EQ(entry.text, std::string(text) + " ErrCNT=65535");
+            EXPECT_EQ(entry.text, text + " ErrCNT=65535");
         }
     };
-    expect(3, {{0x0101, " File Format Err"},
-               {0x0111, "Map File Format Err"},
-               {0x0120, "PHASE File Not Exist Err"},
-               {0x0132, "PERIOD File Not Exist Err"},
-               {0x0140, "SPECPERIOD File Not Exist Err"},
-               {0x0150, "IOTABLE File Not Exist Err"},
-               {0x0151, "IOTABLE File Format Err"},
-               {0x0160, "IOTABLE MAN File Not Exist Err"},
-               {0x0170, "CARDETECT File Not Exist Err"},
-               {0x0180, "CONFLICT File Not Exist Err"},
-               {0x0190, "CONFIG File Not Exist Err"},
-               {0x01A1, " File Format Err"}});
-    expect(2, {{0x0203, "Output board Communication Error(motor) Address = \x03"},
-               {0x0200, "Output board Communication Error(motor) Address = "},
-               {0x021F, "Output board Communication Error(man) Address = \x0F"},
-               {0x0221, "Output board Communication Error(motor ext) Address = \x01"},
-               {0x0231, "Output board Communication Error(man ext) Address = \x01"},
+    unsigned file = 0x0100;
+    for (const char* const name : {"", "Map", "PHASE", "PERIOD", "SPECPERIOD", "IOTABLE", "IOTABLE MAN", "CARDETECT",
+                                   "CONFLICT", "CONFIG", ""}) {
+        expect(3,
+               {{file + 1, std::string(name) + " File Format Err"}, {file, std::string(name) + " File Not Exist Err"}});
+        file += 0x10;
+    }
+    expect(3, {{0x0132, "PERIOD File Not Exist Err"}});
+    unsigned board = 0x0200;
+    for (const char* const kind : {"(motor)", "(man)", "(motor ext)", "(man ext)"}) {
+        expect(2, {{board + 15, std::string("Output board Communication Error") + kind + " Address = \x0F"},
+                   {board + 0x0D02, std::string("Output board Error") + kind + " Address = \x02"}});
+        board += 0x10;
+    }
+    expect(2, {{0x0200, "Output board Communication Error(motor) Address = "},
                {0x0241, " Address = \x01"},
+               {0x0FF2, " Address = \x02"},
                {0x0307, "Keyboard communicate error, Address = 7"},
                {0x0410, "Loops communicate error, Address = @"},
                {0x0500, "Video communicate error, Address = 0"},
                {0x05D0, "Video communicate error, Address = "},
                {0x0612, "Slave Connect Error"},
                {0x0E00, "Green Conflict error"}});
-    expect(2, {{0x0F02, "Output board Error(motor) Address = \x02"},
-               {0x0F12, "Output board Error(man) Address = \x02"},
-               {0x0F22, "Output board Error(motor ext) Address = \x02"},
-               {0x0F32, "Output board Error(man ext) Address = \x02"},
-               {0x0FF2, " Address = \x02"}});
     expect(4, {{0x0700, "Sync Error"},
                {0x0810, "AC Lower Error"},
                {0x0801, "AC High Error"},
