@@ -24,6 +24,7 @@ mkdir -p "$found"
 # Rounds of calls with a seed of their own, one behind the other, until the time is over.
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+touch "$work/begun"
 start=$SECONDS
 end=$((SECONDS + minutes * 24))
 call() {
@@ -43,7 +44,7 @@ calls=$(awk '/^[0-9]+ calls$/ { sum += $1 } END { print sum + 0 }' "$work/counts
 
 row='%-28s %12s %9s  %s\n'
 printf "$row" what calls seconds found
-printf "$row" "calls of every export" "$calls" $((SECONDS - start)) "$(find "$found" -name 'calls-*' -newer "$work" | wc -l)"
+printf "$row" "calls of every export" "$calls" $((SECONDS - start)) "$(find "$found" -name 'calls-*' -newer "$work/begun" | wc -l)"
 sed -s -n '/^shown by/p' "$found"/calls-*.txt 2>/dev/null || true
 status=0
 
@@ -66,5 +67,5 @@ part "kills in transfers" env KILL_SEED=$RANDOM KILL_SECONDS=$((minutes * 6)) \
 threads="build/tsan/bin/vxsign_tests --gtest_filter=Threads.* --gtest_shuffle --gtest_fail_fast"
 part "rounds of threads" bash -c "$threads --gtest_repeat=$((minutes / 2 + 1)) && echo $((minutes / 2 + 1))"
 scripts/fuzz.sh $((minutes * 24 * jobs / fuzzTargets + 1)) || status=1
-[ -z "$(find "$found" -name 'calls-*' -newer "$work")" ] || status=1
+[ -z "$(find "$found" -name 'calls-*' -newer "$work/begun")" ] || status=1
 exit $status

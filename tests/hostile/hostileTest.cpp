@@ -155,8 +155,9 @@ const std::map<std::string_view, std::function<void(Random&)>> kByHand = {
 
 // Exports that have more time than others.
 const std::map<std::string_view, HostileSign::Bound> kBounds = {
+    {"vxReadCurScreenshot", {.exchanges = 11}},
     {"vxReadCurScreentshot", {.exchanges = 11}},
-    {"vxXModem_Upgrade", {.exchanges = 40}}, // a byte of noise passes for an answer
+    {"vxXModem_Upgrade", {.exchanges = 10000}}, // a byte of noise passes for an answer
     {"vxWriteFileOptimize", {.betweenTriesMs = 5000}},
 };
 
