@@ -222,8 +222,11 @@ def slow(sign, end):
                 line.send(request(1, 18) * 800)
             except OSError:
                 pass
-        for byte in request(3, 1):
-            dripping.send(bytes([byte]))
+        try:
+            for byte in request(3, 1):
+                dripping.send(bytes([byte]))
+        except OSError:  # it has made room for the other host
+            dripping = sign.tcp()
 
 
 def logins(sign, end):
