@@ -41,7 +41,7 @@ expect 0 put large D:/F/LARGE.BIN
 expect 0 put old.bin D:/F/OLD.BIN
 expect 0 playlist -l pc/list.xml new
 expect 0 playlist -l pc/list.xml add --raw large
-for i in $(seq 12); do expect 0 playlist -l pc/list.xml group "/group $i/"; done
+for i in $(seq 8); do expect 0 playlist -l pc/list.xml group "/group $i/"; done
 expect 0 playlist -l pc/list.xml send
 cp pc/list.xml list.before
 
@@ -89,7 +89,7 @@ cp large.bin pc/large
 lacking 1 "1 of 1 files are not whole on the sign; the next sending tries them again" \
     "$vxctl" playlist -l pc/list.xml send
 find sign -iname large -exec cmp -s {} large \; || fail "the file of the list is not the old one"
-for i in $(seq 80); do "$vxctl" bright 5 || break; done >out 2>err
+for i in $(seq 30); do "$vxctl" bright 5 || break; done >out 2>err
 says sign.err "rows are lost"
 expect 0 log system --limit 3
 stop "$sign"
