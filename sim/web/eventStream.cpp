@@ -36,7 +36,7 @@ std::string FaceEvent(const Canvas& face, const std::vector<Rectangle>& parts)
 
 } // namespace
 
-EventStream::EventStream(SignDesk& signDesk, const Descriptor& stopping, std::string sign)
+EventStream::EventStream(SignDesk& signDesk, const Descriptor& stopping, const std::string& sign)
     : desk(signDesk), stop(stopping), viewer(std::make_shared<Viewer>()), unsaid(Event("sign", sign))
 {
     desk.Questions().Ask([this] { desk.Join(viewer); });

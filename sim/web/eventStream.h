@@ -19,7 +19,7 @@ class EventStream
 {
 public:
     // `sign` is what the event of that name says. Throws SignGone.
-    EventStream(SignDesk& desk, const Descriptor& stop, std::string sign);
+    EventStream(SignDesk& desk, const Descriptor& stop, const std::string& sign);
     ~EventStream();
     EventStream(const EventStream&) = delete;
     EventStream& operator=(const EventStream&) = delete;

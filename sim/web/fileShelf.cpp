@@ -117,7 +117,7 @@ NewFile FileShelf::Make(const std::string& path) const
 
 fs::path FileShelf::Delete(const std::string& path) const
 {
-    const fs::path target = Resolve(path);
+    fs::path target = Resolve(path);
     std::error_code error;
     const bool isDrive = target.parent_path() == temporary.parent_path();
     if (!fs::exists(fs::symlink_status(target, error)))

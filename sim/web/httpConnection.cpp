@@ -69,14 +69,14 @@ int HttpConnection::ReadHead()
 {
     constexpr std::string_view kEnd = "\r\n\r\n";
     std::array<char, 4096> piece;
-    for (std::size_t end = std::string::npos;;) {
+    for (;;) {
         const ssize_t count = Receive(piece.data(), piece.size());
         if (count <= 0)
             return input.empty() || count == 0 ? 0 : 408;
         const std::size_t from = input.size() - std::min(input.size(), kEnd.size());
         input.append(piece.data(), static_cast<std::size_t>(count));
-        end = input.find(kEnd, from);
-        if (end != std::string::npos && end <= kMostHead) {
+        const std::size_t end = input.find(kEnd, from);
+        if (end <= kMostHead) { // where there is none it lies beyond
             Filter(end + kEnd.size());
             return 200;
         }

@@ -48,6 +48,7 @@ public:
     std::vector<std::string> Row() const
     {
         std::vector<std::string> row;
+        row.reserve(static_cast<std::size_t>(Columns()));
         for (int column = 0; column < Columns(); ++column)
             row.push_back(Text(column));
         return row;
