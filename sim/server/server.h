@@ -81,6 +81,9 @@ public:
     void Run(int stop);
 
 private:
+    // Silence after which the rest of a broken request is no longer expected.
+    static constexpr std::chrono::milliseconds kPartTimeout{200};
+
     // Where hosts reach us by datagrams and connections.
     struct Port
     {
