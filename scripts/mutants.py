@@ -23,7 +23,7 @@ COMPARISONS = {"<": "<=", ">": ">=", "<=": "<", ">=": ">", "==": "!=", "!=": "==
 
 # Per folder: what is built, and what is run until something fails.
 UNIT_TESTS = {
-    "src": ["vxsign_tests"],
+    "src": ["vxsign_tests", "hostileTest"],
     "sim": ["vxsim_tests", "vxsim_face_tests", "vxsign_tests"],
     "tools": ["vxctl_tests"],
 }
