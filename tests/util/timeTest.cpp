@@ -66,6 +66,11 @@ TEST(Time, WhatTheFormDoesNotHoldIsNeitherCorrectedNorWritten)
     }
     EXPECT_EQ(date, 7);
     EXPECT_EQ(time, 8);
+    for (const auto& [year, wanted] : {std::pair<std::uint16_t, int>{1980, 0x0021}, {2107, 0xFE21}}) {
+        FakeClock::SetLocalTime({year, 1, 1, 0, 0, 0, 0});
+        vxGetDOSTime(&date, &time);
+        EXPECT_EQ(date, wanted);
+    }
 }
 
 } // namespace
