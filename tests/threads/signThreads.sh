@@ -2,6 +2,7 @@
 # A sign made with ThreadSanitizer, whose threads all have something to do: signThreads.sh VXCTL VXSIM CMAKE
 . "$(dirname "$0")/../tools/endToEnd.sh"
 
+export TSAN_OPTIONS="suppressions=$(realpath "$(dirname "$0")/thread.supp")"
 mkdir "$work/sign"
 head -c 6000 /dev/urandom >"$work/file"
 options=(--png "$work/face.png" --serial --modbus 0)
@@ -21,7 +22,7 @@ stream.start()
 posts = [("condition", {"changes": [{"what": "bad", "value": "3,4,red"}]}), ("line", {"delay": 1}), ("box", {"light": 3}),
          ("condition", {"changes": [{"what": "good", "value": "all"}]}), ("line", {"delay": 0})]
 for turn in range(40):
-    for page in "", "api/traffic", "api/traffic.pcap", "api/files?path=D:/F", "api/playlist", "api/logs", "api/devices":
+    for page in "", "api/traffic", "api/traffic.pcap", "api/files?path=D:/", "api/playlist", "api/logs", "api/devices":
         http.urlopen(url + page, timeout=20).read()
     path, change = posts[turn % len(posts)]
     http.urlopen(url + "api/" + path, json.dumps(change).encode(), timeout=20).read()
