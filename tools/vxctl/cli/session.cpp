@@ -4,24 +4,7 @@
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/interrupt.h"
 
-#include <string_view>
-
 namespace vxctl {
-
-namespace {
-
-// The callback brings nothing along that could name a place for it.
-thread_local std::string failed;
-
-void TakeFailure(vxApiConfig* /*config*/, const char* /*source*/, std::uint32_t /*line*/, std::uint32_t level,
-                 const char* message)
-{
-    constexpr std::uint32_t kFailedCommand = 3;
-    if (level == kFailedCommand && std::string_view(message) != vxErrorDesc(VX_FILE_NOT_EXISTS))
-        failed = message;
-}
-
-} // namespace
 
 void Session::Connect(vxOnProgress onProgress, vxOnLog onLog) const
 {
@@ -43,17 +26,6 @@ void Session::Connect(vxOnProgress onProgress, vxOnLog onLog) const
     Check(vxInitAPI(&config));
     if (CaughtSignal() != 0) // which the new record has forgotten
         throw SignFailure(VX_ABORTED);
-}
-
-void Session::ConnectListening() const
-{
-    failed.clear();
-    Connect(ProgressBar::OnProgress, TakeFailure);
-}
-
-const std::string& Session::Failed()
-{
-    return failed;
 }
 
 } // namespace vxctl
