@@ -66,7 +66,7 @@ private:
         }
         case kStream:
             tcp.Finder().Append(input.Block());
-            return Check(*answers.ToLine(tcp, nowMs), false);
+            return Check(*AnswersTo(tcp), false);
         case kXmodem:
             Give(xmodem);
             return Check(answers.OfBootLoader(nowMs), false);
@@ -79,11 +79,25 @@ private:
         }
     }
 
+    // To all that the line has received, in as many turns as that takes.
+    std::optional<vxsim::Replies> AnswersTo(vxsim::StreamLine& line)
+    {
+        vxsim::Replies all;
+        do {
+            vxsim::Shares shares;
+            const auto replies = answers.ToLine(line, nowMs, shares);
+            if (!replies)
+                return std::nullopt;
+            all.insert(all.end(), replies->begin(), replies->end());
+        } while (line.IsPending());
+        return all;
+    }
+
     void Give(vxsim::StreamLine& line)
     {
         const View bytes = input.Block();
         line.Bytes().insert(line.Bytes().end(), bytes.begin(), bytes.end());
-        if (!answers.ToLine(line, nowMs))
+        if (!AnswersTo(line))
             line.Bytes().clear();
     }
 
