@@ -48,33 +48,45 @@ void SetTime(std::time_t seconds, DirectoryEntry& entry)
 
 } // namespace
 
-std::optional<std::vector<DirectoryEntry>> ReadDirectory(const fs::path& folder)
+std::optional<std::vector<FolderEntry>> ReadFolder(const fs::path& folder)
 {
     std::error_code error;
     fs::directory_iterator file(folder, error);
     if (error)
         return std::nullopt;
-    std::vector<DirectoryEntry> entries;
+    std::vector<FolderEntry> entries;
     for (; file != fs::directory_iterator() && entries.size() < kMostEntries; file.increment(error)) {
         struct stat status = {};
         if (error)
             return std::nullopt;
         if (::lstat(file->path().c_str(), &status) != 0 || !(S_ISREG(status.st_mode) || S_ISDIR(status.st_mode)))
             continue;
-        DirectoryEntry entry;
-        entry.name = file->path().filename().string();
-        entry.isFolder = S_ISDIR(status.st_mode);
-        if (!entry.isFolder)
-            entry.size = static_cast<std::uint32_t>(
-                std::min<std::intmax_t>(status.st_size, std::numeric_limits<std::uint32_t>::max()));
-        SetTime(status.st_mtime, entry);
-        entries.push_back(std::move(entry));
+        const bool isFolder = S_ISDIR(status.st_mode);
+        entries.push_back({file->path().filename().string(), isFolder,
+                           isFolder ? 0 : static_cast<std::uintmax_t>(status.st_size), status.st_mtime});
     }
     std::ranges::sort(entries, {},
-                      [](const DirectoryEntry& e) { return std::pair(!e.isFolder, std::string_view(e.name)); });
+                      [](const FolderEntry& e) { return std::pair(!e.isFolder, std::string_view(e.name)); });
+    return entries;
+}
+
+std::optional<std::vector<DirectoryEntry>> ReadDirectory(const fs::path& folder)
+{
+    const auto there = ReadFolder(folder);
+    if (!there)
+        return std::nullopt;
+    std::vector<DirectoryEntry> entries;
+    entries.reserve(there->size());
     ShortNames names;
-    for (DirectoryEntry& entry : entries)
-        entry.shortName = names.Next(entry.name);
+    for (const FolderEntry& known : *there) {
+        DirectoryEntry& entry = entries.emplace_back();
+        entry.name = known.name;
+        entry.shortName = names.Next(known.name);
+        entry.isFolder = known.isFolder;
+        entry.size =
+            static_cast<std::uint32_t>(std::min<std::uintmax_t>(known.size, std::numeric_limits<std::uint32_t>::max()));
+        SetTime(known.time, entry);
+    }
     return entries;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <ctime>
 #include <filesystem>
 #include <optional>
 #include <span>
@@ -12,6 +13,19 @@ namespace vxsim {
 
 inline constexpr std::size_t kEntrySize = 32;
 inline constexpr std::size_t kLongEntrySize = 276;
+
+// A plain file or folder on the disk.
+struct FolderEntry
+{
+    std::string name;
+    bool isFolder = false;
+    std::uintmax_t size = 0;
+    std::time_t time = 0; // of the last change
+};
+
+// What is in a folder, folders first, each group by name, so that a listing in pages holds together. Nothing if it is
+// no folder that can be read.
+std::optional<std::vector<FolderEntry>> ReadFolder(const std::filesystem::path& folder);
 
 // One file or folder as a listing tells of it.
 struct DirectoryEntry
@@ -24,8 +38,7 @@ struct DirectoryEntry
     std::uint16_t time = 0;
 };
 
-// The plain files and folders in a folder, folders first, each group by name, so that a listing in pages holds
-// together. Short names are unique within the folder. Nothing if it is no folder that can be read.
+// As ReadFolder. Short names are unique within the folder.
 std::optional<std::vector<DirectoryEntry>> ReadDirectory(const std::filesystem::path& folder);
 
 // The 32-byte records of a listing, one after the other.

@@ -71,7 +71,7 @@ void GiveFolder(const FileShelf& shelf, const httplib::Request& request, httplib
 {
     const std::string path = request.get_param_value("path");
     json entries = json::array();
-    for (const ShelfEntry& entry : shelf.List(path))
+    for (const FolderEntry& entry : shelf.List(path))
         entries.push_back({{"name", entry.name},
                            {"folder", entry.isFolder},
                            {"bytes", entry.size},

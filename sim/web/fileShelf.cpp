@@ -2,12 +2,10 @@
 
 #include "sim/web/refusal.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <tuple>
 #include <unistd.h>
 #include <utility>
 
@@ -16,20 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kMostEntries = 10000;
 constexpr int kBadRequest = 400;
 constexpr int kMissing = 404;
-
-// Nothing for what is neither file nor folder, a link above all.
-std::optional<ShelfEntry> EntryOf(const fs::path& path)
-{
-    struct stat status = {};
-    if (::lstat(path.c_str(), &status) != 0 || (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)))
-        return std::nullopt;
-    const bool isFolder = S_ISDIR(status.st_mode);
-    return ShelfEntry{path.filename().string(), isFolder, isFolder ? 0 : static_cast<std::uintmax_t>(status.st_size),
-                      status.st_mtim.tv_sec};
-}
 
 } // namespace
 
@@ -75,24 +61,18 @@ fs::path FileShelf::Resolve(const std::string& path) const
     return *resolved;
 }
 
-std::vector<ShelfEntry> FileShelf::List(const std::string& path) const
+std::vector<FolderEntry> FileShelf::List(const std::string& path) const
 {
-    std::vector<ShelfEntry> entries;
-    if (path.empty()) {
-        for (const char letter : drives.Letters())
-            entries.push_back({std::string{letter, ':'}, true});
-        return entries;
+    if (!path.empty()) {
+        auto entries = ReadFolder(Resolve(path));
+        if (!entries)
+            throw Refusal(kMissing, "there is no such folder");
+        return std::move(*entries);
     }
-    std::error_code error;
-    fs::directory_iterator entry(Resolve(path), error);
-    if (error)
-        throw Refusal(kMissing, "there is no such folder");
-    for (; !error && entry != fs::directory_iterator() && entries.size() < kMostEntries; entry.increment(error)) {
-        if (auto known = EntryOf(entry->path()))
-            entries.push_back(std::move(*known));
-    }
-    std::ranges::sort(entries, {}, [](const ShelfEntry& of) { return std::tuple(!of.isFolder, of.name); });
-    return entries;
+    std::vector<FolderEntry> letters;
+    for (const char letter : drives.Letters())
+        letters.push_back({.name = {letter, ':'}, .isFolder = true});
+    return letters;
 }
 
 OpenFile FileShelf::Open(const std::string& path) const

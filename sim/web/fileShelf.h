@@ -1,25 +1,17 @@
 // Files on the drives, by their sign paths.
 #pragma once
 
+#include "sim/files/directory.h"
 #include "sim/files/drives.h"
 #include "sim/platform/descriptor.h"
 
 #include <cstdint>
-#include <ctime>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vxsim {
-
-struct ShelfEntry
-{
-    std::string name;
-    bool isFolder = false;
-    std::uintmax_t size = 0;
-    std::time_t time = 0; // of the last change
-};
 
 struct OpenFile
 {
@@ -65,7 +57,7 @@ public:
     }
 
     // Folders first, each group by name; of no path the drives.
-    std::vector<ShelfEntry> List(const std::string& path) const;
+    std::vector<FolderEntry> List(const std::string& path) const;
 
     OpenFile Open(const std::string& path) const;
     NewFile Make(const std::string& path) const;

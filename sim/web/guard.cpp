@@ -1,11 +1,11 @@
 #include "sim/web/guard.h"
 
+#include "sim/web/jsonText.h"
 #include "sim/web/refusal.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
-#include <optional>
 #include <string_view>
 #include <unistd.h>
 
@@ -29,32 +29,6 @@ bool IsSame(std::string_view given, std::string_view wanted)
     for (std::size_t i = 0; i < given.size(); ++i)
         differs |= static_cast<unsigned char>(given[i] ^ wanted[i % wanted.size()]);
     return differs == 0;
-}
-
-std::optional<std::uint8_t> Base64Digit(char c)
-{
-    constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    const std::size_t at = kDigits.find(c);
-    return at == std::string_view::npos ? std::nullopt : std::optional(static_cast<std::uint8_t>(at));
-}
-
-std::string FromBase64(std::string_view text)
-{
-    std::string bytes;
-    unsigned bits = 0;
-    int count = 0;
-    for (const char c : text) {
-        const auto digit = Base64Digit(c);
-        if (!digit)
-            break;
-        bits = (bits << 6 | *digit) & 0xFFFF;
-        count += 6;
-        if (count >= 8) {
-            count -= 8;
-            bytes += static_cast<char>(bits >> count & 255);
-        }
-    }
-    return bytes;
 }
 
 // A body has a length that is told and bounded, and is what it is: neither packed nor in parts.

@@ -61,8 +61,7 @@ ssize_t HttpConnection::Receive(char* bytes, std::size_t size)
 {
     if (!WaitUntil(inputEnd, POLLIN))
         return -1;
-    const ssize_t count = ::recv(connection.Get(), bytes, size, MSG_DONTWAIT);
-    return count;
+    return ::recv(connection.Get(), bytes, size, MSG_DONTWAIT);
 }
 
 int HttpConnection::ReadHead()

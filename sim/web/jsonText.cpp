@@ -11,6 +11,7 @@ using nlohmann::json;
 
 constexpr int kDeepest = 8;
 constexpr int kBadRequest = 400;
+constexpr std::string_view kBase64 = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
 const json& MemberOf(const json& object, const std::string& name)
 {
@@ -107,7 +108,6 @@ std::string Hex(std::span<const std::uint8_t> bytes)
 
 std::string Base64(std::span<const std::uint8_t> bytes)
 {
-    constexpr char kDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     std::string text;
     text.reserve((bytes.size() + 2) / 3 * 4);
     for (std::size_t at = 0; at < bytes.size(); at += 3) {
@@ -116,9 +116,28 @@ std::string Base64(std::span<const std::uint8_t> bytes)
         for (std::size_t i = 0; i < 3; ++i)
             bits = bits << 8 | (i < group.size() ? group[i] : 0U);
         for (std::size_t i = 0; i < 4; ++i)
-            text += i <= group.size() ? kDigits[bits >> (18 - 6 * i) & 63] : '=';
+            text += i <= group.size() ? kBase64[bits >> (18 - 6 * i) & 63] : '=';
     }
     return text;
+}
+
+std::string FromBase64(std::string_view text)
+{
+    std::string bytes;
+    unsigned bits = 0;
+    int count = 0;
+    for (const char c : text) {
+        const std::size_t digit = kBase64.find(c);
+        if (digit == std::string_view::npos)
+            break;
+        bits = (bits << 6 | static_cast<unsigned>(digit)) & 0xFFFF;
+        count += 6;
+        if (count >= 8) {
+            count -= 8;
+            bytes += static_cast<char>(bits >> count & 255);
+        }
+    }
+    return bytes;
 }
 
 std::string LocalTimeText(std::time_t time)

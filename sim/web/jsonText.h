@@ -25,6 +25,7 @@ std::string TextOf(const nlohmann::json& object, const std::string& name);
 
 std::string Hex(std::span<const std::uint8_t> bytes);
 std::string Base64(std::span<const std::uint8_t> bytes);
+std::string FromBase64(std::string_view text); // up to the first character that is none of its digits
 
 // "2026-11-22T12:30:00", the local time of this machine.
 std::string LocalTimeText(std::time_t time);
