@@ -83,21 +83,24 @@ def prepare():
         sys.exit("the committed tree does not build")
 
 
+class DoesNotCompile(Exception):
+    pass
+
+
 def build(*targets):
-    """Whether they compile now."""
-    return run(["cmake", "--build", "--preset", "asan", "--target", *targets]) == 0
+    """Raises DoesNotCompile when the changed place does not."""
+    if run(["cmake", "--build", "--preset", "asan", "--target", *targets]):
+        raise DoesNotCompile
 
 
 def noticed(top):
-    """What fails now, None if nothing does; only what runs next is built. Raises SyntaxError when the change does not compile."""
+    """What fails now, None if nothing does; only what runs next is built."""
     environment = dict(os.environ, GTEST_FAIL_FAST="1", GTEST_BRIEF="1")
     for binary in UNIT_TESTS[top]:
-        if not build(binary):
-            raise SyntaxError
+        build(binary)
         if run([BUILD / "bin" / binary], TEST_SECONDS, env=environment):
             return binary
-    if not build("vxctl", "vxsim"):
-        raise SyntaxError
+    build("vxctl", "vxsim")
     return "end to end" if run(["ctest", "--preset", "asan", "-L", "e2e", "--stop-on-failure"], TEST_SECONDS) else None
 
 
@@ -132,7 +135,7 @@ def main():
             print(f"{tried:4} {mark}: {name}:{number + 1} {kind}", flush=True)
             if not by:
                 print(f"     - {before.strip()}\n     + {changed.strip()}", flush=True)
-        except SyntaxError:
+        except DoesNotCompile:
             pass
         (COPY / name).write_text(original)
     print(f"{caught} of {tried} noticed")
