@@ -1,5 +1,6 @@
 // vxctl's own parsers: of bytes that a sign sent, of files, and of what people write.
 #include "fuzz/support.h"
+#include "vxctl/book/signBook.h"
 #include "vxctl/cli/clockTime.h"
 #include "vxctl/cli/faceSize.h"
 #include "vxctl/cli/failure.h"
@@ -136,6 +137,7 @@ void Words(Input& input)
     const std::string text = input.Text();
     Shows(text);
     Try(vxctl::ParseSignUrl, text);
+    Try([](const std::string& book) { vxctl::ParseBook(book, "signs.toml"); }, text);
     Try(vxctl::ReadTime, text);
     Try(vxctl::ParsePlace, text);
     Try(vxctl::ParsePlayFile, text);

@@ -10,7 +10,7 @@ packages=(
     libsqlite3-dev libfreetype-dev libraqm-dev libstb-dev         # the virtual sign
     libcpp-httplib-dev                                            # its page
     fonts-liberation fonts-unifont                                # its lettering
-    libcli11-dev nlohmann-json3-dev libgif-dev                    # the command line
+    libcli11-dev nlohmann-json3-dev libgif-dev libtomlplusplus-dev # the command line
     libgtest-dev libgmock-dev libbenchmark-dev libmodbus-dev lrzsz # tests and measurements
     python3-jsonschema                                            # what --json prints, beside its schema
     mbpoll python3-pymodbus python3-serial-asyncio                # hosts of the Modbus devices

@@ -166,6 +166,9 @@ text 0 preview --text $hostile
 . 1 modbus LC get 1 5 --timeout 50
 . 1 upgrade hello.nmg --anyway --timeout 50 --retries 1
 . 0 ports
+. 0 book add gantry udp://10.0.0.1 --group north --label km=12.4 --size 128x32 --book signs.toml
+. 0 book list --book signs.toml
+. 0 book rm gantry --book signs.toml
 . 0 error 0x5100
 . 0 raw 1 12
 . 0 ping -n 1

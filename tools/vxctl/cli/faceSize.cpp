@@ -14,12 +14,12 @@ namespace vxctl {
 
 namespace {
 
-int ParseSide(std::string_view text)
+int ParseSide(std::string_view text, int most)
 {
     const auto side = ParseNumber(text);
-    if (!side || *side < 1 || *side > kMostPictureSide)
+    if (!side || *side < 1 || *side > static_cast<std::uint32_t>(most))
         throw UsageError("'" + std::string(text) + "' is no side of WIDTHxHEIGHT, each from 1 to " +
-                         std::to_string(kMostPictureSide));
+                         std::to_string(most));
     return static_cast<int>(*side);
 }
 
@@ -31,11 +31,11 @@ FaceSize ReadFaceSize()
     return IsDone(vxReadSystemSet(settings.data())) ? FaceSize{Load16(settings, 0), Load16(settings, 2)} : FaceSize{};
 }
 
-FaceSize ParseFaceSize(std::string_view text)
+FaceSize ParseSides(std::string_view text, int most)
 {
     const std::size_t between = text.find('x');
-    return {ParseSide(text.substr(0, between)),
-            ParseSide(between == std::string_view::npos ? std::string_view() : text.substr(between + 1))};
+    return {ParseSide(text.substr(0, between), most),
+            ParseSide(between == std::string_view::npos ? std::string_view() : text.substr(between + 1), most)};
 }
 
 } // namespace vxctl

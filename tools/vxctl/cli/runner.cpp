@@ -23,12 +23,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-Options OptionsOf(const Args& args)
-{
-    return {args.Text("--sign"), args.Number("--timeout"), args.Number("--retries"), args.Number("--chunk"),
-            args.Number<std::uint16_t>("--destination")};
-}
-
 std::string NameOf(const Command* command)
 {
     return command == nullptr ? "" : std::string(command->name);

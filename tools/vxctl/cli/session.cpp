@@ -4,6 +4,8 @@
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/interrupt.h"
 
+#include <vxsign/login.h>
+
 namespace vxctl {
 
 void Session::Connect(vxOnProgress onProgress, vxOnLog onLog) const
@@ -26,6 +28,8 @@ void Session::Connect(vxOnProgress onProgress, vxOnLog onLog) const
     Check(vxInitAPI(&config));
     if (CaughtSignal() != 0) // which the new record has forgotten
         throw SignFailure(VX_ABORTED);
+    if (options.login)
+        Check(vxLogin(options.login->user.c_str(), PasswordOf(*options.login).c_str()));
 }
 
 } // namespace vxctl

@@ -1,6 +1,7 @@
 // What a command works with: the options that hold for every command, the sign, and the report.
 #pragma once
 
+#include "vxctl/cli/options.h"
 #include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/report.h"
 #include "vxctl/cli/signUrl.h"
@@ -13,15 +14,6 @@
 
 namespace vxctl {
 
-struct Options
-{
-    std::string url;
-    std::uint32_t timeoutMs = 0;
-    std::uint32_t retries = 0;
-    std::uint32_t chunk = 0;
-    std::uint16_t destination = 0;
-};
-
 struct Session
 {
     Options options;
@@ -32,7 +24,8 @@ struct Session
     // The sign, ready for functions that take the connection as arguments. Throws UsageError.
     SignUrl Sign() const { return Resolve(ParseSignUrl(options.url)); }
 
-    // Makes the sign that of this thread, for functions that use the thread's configuration. Throws UsageError.
+    // Makes the sign that of this thread, for functions that use the thread's configuration, and logs in where the
+    // options say so. Throws UsageError and SignFailure.
     void Connect(vxOnProgress onProgress = ProgressBar::OnProgress, vxOnLog onLog = nullptr) const;
 
     // Connects anew and listens, for calls that pass over a step that failed; Failed() is then the text of the last

@@ -9,8 +9,11 @@ namespace vxctl {
 
 namespace {
 
+constexpr ArgumentType kBook{"FILE", nullptr, true};
+
 constexpr Argument kCommon[] = {
     Text("-s,--sign", "the sign").In("URL").Default(kDefaultUrl).From("VXSIGN"),
+    Of(kBook, "--book", "the book of signs; otherwise signs.toml in ~/.config/vxsign").From("VXBOOK"),
     Number("--timeout", 50, 60000, "milliseconds for each try").In("MS").Default("3000"),
     Number("--retries", 1, 100, "tries for each packet").In("N").Default("3"),
     Number("--chunk", 64, 1280, "bytes of a file in each packet").In("BYTES").Default("768"),
@@ -59,6 +62,7 @@ constexpr const CommandTable* kTables[] = {
     &kModbusCommands,
     &kUpgradeCommands,
     &kLocalCommands,
+    &kBookCommands,
     &kRawCommands,
     &kPingCommands,
     &kToolCommands,

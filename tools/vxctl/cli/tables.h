@@ -44,6 +44,7 @@ extern const CommandTable kLogCommands;
 extern const CommandTable kModbusCommands;
 extern const CommandTable kUpgradeCommands;
 extern const CommandTable kLocalCommands;
+extern const CommandTable kBookCommands;
 extern const CommandTable kRawCommands;
 extern const CommandTable kPingCommands;
 extern const CommandTable kToolCommands;

@@ -1,5 +1,6 @@
 // login, logout, passwd.
 #include "vxctl/cli/answer.h"
+#include "vxctl/cli/login.h"
 #include "vxctl/cli/tables.h"
 
 #include <vxsign/login.h>
@@ -8,26 +9,15 @@ namespace vxctl {
 
 namespace {
 
-constexpr std::size_t kLongestUser = 13;
-constexpr std::size_t kLongestPassword = 6;
-
-// What is longer would be cut on its way: no other program could then tell what the password is.
-std::string Limited(std::string text, std::size_t longest, const char* what)
-{
-    if (text.size() > longest)
-        throw UsageError(std::string(what) + " has " + std::to_string(longest) + " characters at most");
-    return text;
-}
-
 std::string UserOf(const Args& args)
 {
-    return Limited(args.Text("USER"), kLongestUser, "a user");
+    return CheckedUser(args.Text("USER"));
 }
 
 // A password that the command line may have. Where it has not, it is asked for.
 std::string Password(const Args& args, const char* option, const std::string& question)
 {
-    return Limited(args.Has(option) ? args.Text(option) : Ask(question, Echo::kOff), kLongestPassword, "a password");
+    return CheckedPassword(args.Has(option) ? args.Text(option) : Ask(question, Echo::kOff));
 }
 
 std::uint32_t Login(Session& /*session*/, const Args& args)

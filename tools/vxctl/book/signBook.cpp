@@ -1,0 +1,299 @@
+// Reads the book of signs.
+#include "vxctl/book/signBook.h"
+
+#include "vxctl/book/bookEntry.h"
+#include "vxctl/cli/args.h"
+#include "vxctl/cli/signUrl.h"
+#include "vxctl/cli/suggestion.h"
+#include "vxctl/cli/tables.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <tuple>
+#include <utility>
+
+namespace vxctl {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kLongestName = 64;
+constexpr std::size_t kLongestBook = 64 << 20;
+constexpr std::string_view kAll = "all";
+constexpr std::string_view kGroup = "group:";
+
+bool IsLetterOrDigit(char c)
+{
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+// An option of every command, which is called like the key.
+const Argument& OptionOf(const BookEntry& entry)
+{
+    return *std::ranges::find(CommonArguments(), "--" + std::string(entry.Key()), &Argument::name);
+}
+
+template <auto member>
+void TakeNumber(const BookEntry& entry, BookSign& sign)
+{
+    auto& number = sign.options.*member;
+    number = static_cast<std::remove_reference_t<decltype(number)>>(entry.Number(OptionOf(entry)));
+}
+
+void TakeUrl(const BookEntry& entry, BookSign& sign)
+{
+    sign.options.url = entry.Text();
+    entry.Reading([&] { return ParseSignUrl(sign.options.url); });
+}
+
+void TakeSize(const BookEntry& entry, BookSign& sign)
+{
+    sign.size = entry.Reading([&] { return ParseSides(entry.Text(), kMostFaceSide); });
+}
+
+void TakeGroups(const BookEntry& entry, BookSign& sign)
+{
+    sign.groups.clear();
+    entry.ForEach([&](const BookEntry& group) { sign.groups.push_back(group.Name()); });
+}
+
+// They become labels of metrics, beside those that have the names of sign and site.
+void TakeLabels(const BookEntry& entry, BookSign& sign)
+{
+    entry.ForEachMember([&](const BookEntry& label) {
+        const std::string name(label.Key());
+        const auto isPart = [](char c) { return IsLetterOrDigit(c) || c == '_'; };
+        if (name.empty() || !std::ranges::all_of(name, isPart) || (name[0] >= '0' && name[0] <= '9'))
+            label.Refuse("'" + name + "' is no label: they have letters, digits and '_', and no digit ahead");
+        if (name == "sign" || name == "site" || name.starts_with("__"))
+            label.Refuse("the label " + name + " is taken");
+        sign.labels[name] = label.AnyText();
+    });
+}
+
+// A file that the book names lies beside it, unless it says where.
+std::string Beside(const std::string& book, const std::string& file)
+{
+    return (fs::path(book).parent_path() / file).lexically_normal().string();
+}
+
+void TakeLogin(const BookEntry& entry, BookSign& sign)
+{
+    constexpr const char* kMembers = "a login has user, and password-file or password-env";
+    Login login;
+    entry.ForEachMember([&](const BookEntry& member) {
+        if (member.Key() == "user")
+            login.user = member.Reading([&] { return CheckedUser(member.Text()); });
+        else if (member.Key() == "password-file")
+            login.passwordFile = Beside(member.File(), member.Text());
+        else if (member.Key() == "password-env")
+            login.passwordVariable = member.Text();
+        else
+            member.Refuse(std::string(kMembers) + (member.Key() == "password" ? ": the book itself keeps none" : ""));
+    });
+    if (login.user.empty() || login.passwordFile.empty() == login.passwordVariable.empty())
+        entry.Refuse(kMembers);
+    sign.options.login = login;
+}
+
+constexpr Argument kInterval = Number("interval", 1, 86400, "seconds between two polls");
+
+struct Row
+{
+    std::string_view key;
+    void (*take)(const BookEntry& entry, BookSign& sign);
+    bool isOfSign = false; // rather than for all signs, ahead of their tables
+};
+
+constexpr Row kRows[] = {
+    {"url", TakeUrl, true},
+    {"timeout", TakeNumber<&Options::timeoutMs>},
+    {"retries", TakeNumber<&Options::retries>},
+    {"chunk", TakeNumber<&Options::chunk>},
+    {"destination", TakeNumber<&Options::destination>},
+    {"site", [](const BookEntry& entry, BookSign& sign) { sign.site = entry.Name(); }},
+    {"groups", TakeGroups},
+    {"size", TakeSize},
+    {"labels", TakeLabels},
+    {"login", TakeLogin},
+    {"interval", [](const BookEntry& entry, BookSign& sign) { sign.intervalSeconds = entry.Number(kInterval); }},
+};
+
+void Take(const BookEntry& entry, BookSign& sign, bool isTop)
+{
+    const auto* const row = std::ranges::find(kRows, entry.Key(), &Row::key);
+    if (row != std::end(kRows) && !(isTop && row->isOfSign))
+        return row->take(entry, sign);
+    std::vector<std::string_view> known;
+    for (const Row& other : kRows) {
+        if (!isTop || !other.isOfSign)
+            known.push_back(other.key);
+    }
+    entry.Refuse("'" + std::string(entry.Key()) + "' is no key " + (isTop ? "for all signs" : "of a sign") +
+                 DidYouMean(Nearest(entry.Key(), known)));
+}
+
+// What holds where a book says nothing.
+BookSign Standard()
+{
+    Args args;
+    for (const Argument& row : CommonArguments())
+        args.Add(row, {});
+    BookSign sign;
+    sign.options = OptionsOf(args);
+    sign.options.url.clear();
+    sign.site = "main";
+    sign.intervalSeconds = 60;
+    return sign;
+}
+
+class Reader
+{
+public:
+    explicit Reader(const std::string& bookFile) : file(bookFile) {}
+
+    SignBook Read(const toml::table& top)
+    {
+        for (const auto& [key, value] : top) {
+            if (key != "sign")
+                Take(BookEntry(file, key.str(), value), standard, true);
+        }
+        if (const toml::node* const signs = top.get("sign"))
+            BookEntry(file, "sign", *signs).ForEachMember([this](const BookEntry& sign) { Add(sign); });
+        SignBook book;
+        for (auto& [line, sign] : signsByPlace)
+            book.push_back(std::move(sign));
+        return book;
+    }
+
+private:
+    void Add(const BookEntry& entry)
+    {
+        BookSign sign = standard;
+        sign.name = entry.Key();
+        if (!IsBookName(sign.name))
+            entry.Refuse("'" + sign.name + "' is no name: they have " + std::string(kBookNames));
+        entry.ForEachMember([&sign](const BookEntry& member) { Take(member, sign, false); });
+        if (sign.options.url.empty())
+            entry.Refuse("sign " + sign.name + " has no url");
+        const SignUrl url = ParseSignUrl(sign.options.url);
+        const auto [same, isNew] =
+            names.try_emplace({url.kind, url.host, url.port, url.serialName, sign.options.destination}, sign.name);
+        if (!isNew)
+            entry.Refuse("sign " + sign.name + " is reached as " + same->second + " is");
+        signsByPlace.emplace(std::pair(entry.Place().line, entry.Place().column), std::move(sign));
+    }
+
+    const std::string& file;
+    BookSign standard = Standard();
+    std::multimap<std::pair<std::uint32_t, std::uint32_t>, BookSign> signsByPlace;
+    std::map<std::tuple<std::uint32_t, std::string, std::uint16_t, std::string, std::uint16_t>, std::string> names;
+};
+
+// Whether a word means the sign.
+bool Names(std::string_view word, const BookSign& sign)
+{
+    if (!word.starts_with(kGroup))
+        return word == kAll || word == sign.name;
+    return std::ranges::find(sign.groups, word.substr(kGroup.size())) != sign.groups.end();
+}
+
+[[noreturn]] void RefuseWord(const SignBook& book, const std::string& word)
+{
+    std::set<std::string> known{std::string(kAll)};
+    for (const BookSign& sign : book) {
+        known.insert(sign.name);
+        for (const std::string& group : sign.groups)
+            known.insert(std::string(kGroup) + group);
+    }
+    throw UsageError(word == kAll
+                         ? "the book has no signs"
+                         : "the book has no '" + word + "'" + DidYouMean(Nearest(word, {known.begin(), known.end()})));
+}
+
+std::string Variable(const char* name)
+{
+    const char* const value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): nothing here sets variables
+    return value == nullptr ? "" : value;
+}
+
+} // namespace
+
+std::string BookFile(const std::string& given)
+{
+    if (!given.empty())
+        return given;
+    const std::string folder = Variable("XDG_CONFIG_HOME");
+    return (folder.empty() ? fs::path(Variable("HOME")) / ".config" : fs::path(folder)) / "vxsign" / "signs.toml";
+}
+
+std::string ReadBookText(const std::string& file)
+{
+    std::error_code error;
+    if (!fs::exists(file, error))
+        return {};
+    std::ifstream stream(file, std::ios::binary);
+    std::string text(fs::is_directory(file, error) ? 0 : kLongestBook, '\0');
+    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
+    if (!stream.eof())
+        throw UsageError("the book " + file + " cannot be read, or is larger than 64 MB");
+    text.resize(static_cast<std::size_t>(stream.gcount()));
+    return text;
+}
+
+SignBook ReadBook(const std::string& file)
+{
+    std::error_code error;
+    if (!fs::exists(file, error))
+        throw UsageError("there is no book " + file + ": \"vxctl book add\" begins one");
+    return ParseBook(ReadBookText(file), file);
+}
+
+SignBook ParseBook(std::string_view text, const std::string& file)
+{
+    try {
+        return Reader(file).Read(toml::parse(text));
+    } catch (const toml::parse_error& error) {
+        RefuseAt(file, error.source().begin, std::string(error.description()));
+    }
+}
+
+bool IsBookWord(std::string_view word)
+{
+    return word.starts_with(kGroup) || word == kAll || IsBookName(word);
+}
+
+SignBook Select(const SignBook& book, const std::vector<std::string>& words)
+{
+    std::vector<bool> isMeant(book.size());
+    for (const std::string& word : words) {
+        bool isKnown = false;
+        for (std::size_t i = 0; i < book.size(); ++i) {
+            const bool isNamed = Names(word, book[i]);
+            isMeant[i] = isMeant[i] || isNamed;
+            isKnown = isKnown || isNamed;
+        }
+        if (!isKnown)
+            RefuseWord(book, word);
+    }
+    SignBook meant;
+    for (std::size_t i = 0; i < book.size(); ++i) {
+        if (isMeant[i])
+            meant.push_back(book[i]);
+    }
+    return meant;
+}
+
+bool IsBookName(std::string_view name)
+{
+    const auto isPart = [](char c) { return IsLetterOrDigit(c) || c == '-' || c == '_' || c == '.'; };
+    return !name.empty() && name.size() <= kLongestName && std::ranges::all_of(name, isPart) && name != kAll &&
+           name.find_first_not_of('.') != std::string_view::npos && name.front() != '-';
+}
+
+} // namespace vxctl

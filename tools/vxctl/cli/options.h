@@ -1,0 +1,29 @@
+// The options that hold for every command: a sign, and how to reach it.
+#pragma once
+
+#include "vxctl/cli/login.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace vxctl {
+
+struct Options
+{
+    std::string url;
+    std::uint32_t timeoutMs = 0;
+    std::uint32_t retries = 0;
+    std::uint32_t chunk = 0;
+    std::uint16_t destination = 0;
+    std::optional<Login> login = {}; // of a sign in the book; every connection begins with it
+
+    bool operator==(const Options&) const = default;
+};
+
+class Args;
+
+// As a command line has them.
+Options OptionsOf(const Args& args);
+
+} // namespace vxctl
