@@ -43,8 +43,9 @@ TEST_F(Properties, AreUnsetUntilTheSignWasRead)
     EXPECT_EQ(Part(out, 0, 5), Hex("01000000EE"));
     EXPECT_EQ(vxGetProperty(out.data(), 1, VX_PROPERTY_CONTENT_SOURCE), 0u);
     EXPECT_EQ(out[0], 'E');
-    EXPECT_EQ(vxGetProperty(out.data(), 1, VX_PROPERTY_SEQUENCE_FORM), 0u);
-    EXPECT_EQ(out[0], 1);
+    out[1] = 0xEE;
+    EXPECT_EQ(vxGetProperty(out.data(), 4, VX_PROPERTY_SEQUENCE_FORM), 0u);
+    EXPECT_EQ(Part(out, 0, 2), Hex("01EE"));
     EXPECT_EQ(vxGetProperty(out.data(), 360, VX_PROPERTY_DISPLAY_STYLE), 0u);
     EXPECT_EQ(out[0], 0x22);
     EXPECT_EQ(out[52 + 17], 2) << "the configuration lies behind the style";
