@@ -106,7 +106,9 @@ VXSIGN_API uint32_t vxInitAPI(const vxApiConfig* config);
 VXSIGN_API uint32_t vxFreeAPI(void);
 
 /* The calling thread's live record, made on demand: the way to reach abortFlag after vxInitAPI has copied it.
- * which: vxThreadRecord. Null for any other value, or when memory runs out. */
+ * which: vxThreadRecord. Null for any other value, or when memory runs out.
+ * The first byte of the state says whether it holds the sign's properties (see vxInitProperty): a thread that turns to
+ * another sign sets it to 0, since vxInitAPI leaves it as it is. */
 VXSIGN_API void* vxTLSGet(int which);
 
 /* Start and stop socket support. Loading the library starts it; both return 0. */

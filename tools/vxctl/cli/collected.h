@@ -15,17 +15,25 @@ std::vector<Record>& CollectedOfThread()
     return records;
 }
 
+// The callback for a call that begins now: what an earlier one that failed has left is forgotten.
 template <class Record>
-std::uint32_t Collect(const Record* record)
+auto Collecting()
 {
-    CollectedOfThread<Record>().push_back(*record);
-    return 0;
+    CollectedOfThread<Record>().clear();
+    return +[](const Record* record) -> std::uint32_t {
+        CollectedOfThread<Record>().push_back(*record);
+        return 0;
+    };
 }
 
 template <class Record>
-std::uint32_t CollectForUser(std::uint32_t /*user*/, const Record* record)
+auto CollectingForUser()
 {
-    return Collect(record);
+    CollectedOfThread<Record>().clear();
+    return +[](std::uint32_t /*user*/, const Record* record) -> std::uint32_t {
+        CollectedOfThread<Record>().push_back(*record);
+        return 0;
+    };
 }
 
 // What has been collected since the last call.

@@ -7,11 +7,11 @@
 
 #include <arpa/inet.h>
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace vxctl {
@@ -117,8 +117,7 @@ LineFault FaultOf(int systemError, const std::string& place)
     case EPERM:
         return {place + ": permission denied", "on most systems the group dialout may use serial lines"};
     default:
-        // NOLINTNEXTLINE(concurrency-mt-unsafe): there is one thread
-        return {place + ": " + std::strerror(systemError), std::string(AdviceFor(VX_COMMUNICATION))};
+        return {place + ": " + std::generic_category().message(systemError), std::string(AdviceFor(VX_COMMUNICATION))};
     }
 }
 

@@ -16,7 +16,7 @@ constexpr std::uint32_t kWidth = 40;
 constexpr double kQuickSeconds = 0.5; // needs no bar
 
 // The library's callback brings nothing along that could name a bar.
-ProgressBar* current = nullptr;
+thread_local ProgressBar* current = nullptr;
 
 } // namespace
 

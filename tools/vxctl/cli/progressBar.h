@@ -21,8 +21,9 @@ public:
     // To be called by the library: shows the percentage on the bar that is alive.
     static void OnProgress(vxApiConfig* config, std::uint32_t reserved, std::uint32_t percent);
 
-    // Whether the library has told of any progress under a bar.
+    // Whether the library has told this thread of any progress under a bar, since the last start.
     static bool HasMoved() { return moved; }
+    static void StartAnew() { moved = false; }
 
     double Seconds() const;
 
@@ -31,7 +32,7 @@ private:
 
     std::string title;
     bool visible;
-    static inline bool moved = false;
+    static inline thread_local bool moved = false;
     bool drawn = false;
     std::uint32_t shown = 0;
     std::chrono::steady_clock::time_point started = std::chrono::steady_clock::now();

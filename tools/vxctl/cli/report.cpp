@@ -1,6 +1,7 @@
 // Prints what a command found, and what to try after a failure.
 #include "vxctl/cli/report.h"
 
+#include "vxctl/cli/argument.h"
 #include "vxctl/cli/jsonText.h"
 #include "vxctl/cli/numbers.h"
 #include "vxctl/cli/terminal.h"
@@ -42,16 +43,26 @@ nlohmann::ordered_json JsonTime(const std::optional<ClockTime>& time)
     return text.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json(text);
 }
 
+nlohmann::ordered_json JsonResult(std::uint32_t result, std::string_view reason, std::string_view advice)
+{
+    nlohmann::ordered_json object = {{"result", result}, {"text", vxErrorDesc(result)}, {"advice", advice}};
+    if (!reason.empty())
+        object["reason"] = reason;
+    return object;
+}
+
 void Report::Line(const Shown& line) const
 {
-    if (!json)
+    if (kept != nullptr)
+        kept->append(line.Text()).append("\n");
+    else if (!json)
         PrintLine(Stream::kOut, line);
 }
 
 void Report::Lines(std::string_view lines) const
 {
-    if (!json)
-        PrintLines(Stream::kOut, lines);
+    for (const std::string_view line : Split(lines, '\n'))
+        Line(line);
 }
 
 void Report::Value(const std::string& name, const std::string& key, Json value, const Shown& text)
@@ -125,11 +136,7 @@ void Report::Refuse(const std::string& complaint, const std::string& advice) con
 void Report::PrintObject(std::uint32_t result, std::string_view reason, std::string_view advice) const
 {
     Json object = head;
-    object["result"] = result;
-    object["text"] = vxErrorDesc(result);
-    object["advice"] = advice;
-    if (!reason.empty())
-        object["reason"] = reason;
+    object.update(JsonResult(result, reason, advice));
     object.update(values);
     PrintLine(Stream::kOut, JsonText(object));
 }

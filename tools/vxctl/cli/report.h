@@ -20,6 +20,9 @@ std::string_view AdviceFor(std::uint32_t code);
 // A time of the sign for programs: with zone, or null when there is none.
 nlohmann::ordered_json JsonTime(const std::optional<ClockTime>& time);
 
+// What --json prints of a result, ahead of what was found.
+nlohmann::ordered_json JsonResult(std::uint32_t result, std::string_view reason, std::string_view advice);
+
 class Report
 {
 public:
@@ -27,6 +30,15 @@ public:
 
     void UseJson(bool wanted) { json = wanted; }
     bool IsJson() const { return json; }
+
+    // From here on the lines for people go there, and nothing is printed.
+    void KeepLines(std::string& lines) { kept = &lines; }
+
+    // Whether a program wants the values, and nobody looks on who wants to see how far it is.
+    bool IsForPrograms() const { return json || kept != nullptr; }
+
+    // All values so far.
+    const Json& Values() const { return values; }
 
     // What the report is about: the name of the command, and the URL of the sign where one is asked.
     void SetHead(std::string_view command, std::string_view sign);
@@ -65,6 +77,7 @@ private:
     void PrintObject(std::uint32_t result, std::string_view reason, std::string_view advice) const;
 
     bool json = false;
+    std::string* kept = nullptr;
     Json head = {{"command", nullptr}, {"sign", nullptr}};
     Json values = Json::object();
 };

@@ -5,64 +5,20 @@
 #include "vxctl/cli/complaint.h"
 #include "vxctl/cli/completion.h"
 #include "vxctl/cli/documents.h"
-#include "vxctl/cli/interrupt.h"
-#include "vxctl/cli/lineFault.h"
-#include "vxctl/cli/localFiles.h"
+#include "vxctl/cli/outcome.h"
 #include "vxctl/cli/terminal.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <sstream>
-#include <system_error>
-#include <vector>
 
 namespace vxctl {
-
-namespace fs = std::filesystem;
 
 namespace {
 
 std::string NameOf(const Command* command)
 {
     return command == nullptr ? "" : std::string(command->name);
-}
-
-// On Ctrl-C.
-int Stop(const Session& session, const SignFailure& failure)
-{
-    session.report.Finish(VX_ABORTED, failure.code == VX_ABORTED ? failure.reason : "",
-                          ProgressBar::HasMoved() ? session.leftOver : "");
-    return kExitSignal + CaughtSignal();
-}
-
-// What keeps this PC from taking the files that a command makes: those that it was told, and temporary ones.
-std::string LocalFault(const Args& args)
-{
-    std::error_code error;
-    std::vector<fs::path> folders;
-    for (const std::string& text : args.LocalFiles()) {
-        const fs::path file = text;
-        folders.push_back(fs::is_directory(file, error) ? file : file.parent_path());
-    }
-    folders.push_back(fs::temp_directory_path(error));
-    for (const fs::path& folder : folders) {
-        if (std::string fault = FolderFault(folder); !fault.empty())
-            return fault;
-    }
-    return {};
-}
-
-// With the reason of a silence, or of a file that cannot be written, which no command knows.
-int Fail(const Session& session, const SignFailure& failure, const CommandLine& line)
-{
-    LineFault fault{failure.reason, {}};
-    if (failure.code == VX_COMMUNICATION && failure.reason.empty())
-        fault = FindLineFault(session.options);
-    if ((failure.code == VX_CALL || failure.code == VX_OPEN_FILE) && failure.reason.empty())
-        fault.reason = LocalFault(line.ArgsOf(*line.Found()));
-    session.report.Finish(failure.code, fault.reason, fault.advice);
-    return session.exitStatus.value_or(kExitFailure);
 }
 
 int Refuse(Report& report, const Command* found, const std::string& complaint)
@@ -108,15 +64,22 @@ bool PrintHidden(const std::vector<std::string>& words)
     return true;
 }
 
-std::uint32_t Run(const CommandLine& line, const Command& command, Session& session)
+Order OrderOf(const CommandLine& line, const Command& command, Session& session)
 {
-    const Args args = line.ArgsOf(command);
+    Args args = line.ArgsOf(command);
     session.options = OptionsOf(args);
     session.report.UseJson(args.Has("--json"));
     session.report.SetHead(command.name, command.line == Line::kNone ? "" : session.options.url);
-    if (command.line == Line::kReady)
-        session.Connect();
-    return command.run(session, args);
+    return {command, std::move(args)};
+}
+
+int Tell(const Report& report, const Outcome& outcome)
+{
+    if (outcome.isRefused)
+        report.Refuse(outcome.reason, outcome.advice);
+    else if (!report.Finish(outcome.result, outcome.reason, outcome.advice) && outcome.result == VX_OK)
+        return kExitFailure;
+    return outcome.status;
 }
 
 } // namespace
@@ -125,7 +88,10 @@ std::uint32_t Execute(Session& session, const std::vector<std::string>& words)
 {
     CommandLine line;
     const Command& command = line.Parse(words);
-    return Run(line, command, session);
+    const Order order = OrderOf(line, command, session);
+    if (command.line == Line::kReady)
+        session.Connect();
+    return command.run(session, order.With());
 }
 
 std::string HelpOf(const std::string& name)
@@ -145,17 +111,13 @@ int RunTool(const std::vector<std::string>& words)
         return EXIT_SUCCESS;
     CommandLine line;
     Session session;
+    session.heedsSignals = true;
     session.report.UseJson(WantsJson(words));
     try {
-        const std::uint32_t result = Run(line, line.Parse(words), session);
-        if (result != VX_OK || CaughtSignal() != 0)
-            throw SignFailure(result);
-        return session.report.Finish(VX_OK) ? session.exitStatus.value_or(EXIT_SUCCESS) : kExitFailure;
-    } catch (const SignFailure& failure) {
-        return CaughtSignal() != 0 ? Stop(session, failure) : Fail(session, failure, line);
+        const Order order = OrderOf(line, line.Parse(words), session);
+        return Tell(session.report, Run(session, order));
     } catch (const UsageError& error) {
-        return CaughtSignal() != 0 ? Stop(session, SignFailure(VX_ABORTED))
-                                   : Refuse(session.report, line.Found(), error.what());
+        return Refuse(session.report, line.Found(), error.what());
     } catch (const CLI::ParseError& error) {
         return EndOfParsing(session.report, line, error);
     }

@@ -11,7 +11,9 @@ namespace vxctl {
 void Session::Connect(vxOnProgress onProgress, vxOnLog onLog) const
 {
     const SignUrl sign = Sign(); // which may take its time over a name, and has sent nothing yet
-    AbortOnInterrupt();
+    if (heedsSignals)
+        AbortOnInterrupt();
+    HeedAborts();
     vxApiConfig config{};
     config.kind = sign.kind;
     // Both fit with their ends: a dotted address has 15 characters, and Resolve looks at the serial name.
@@ -26,7 +28,7 @@ void Session::Connect(vxOnProgress onProgress, vxOnLog onLog) const
     config.onProgress = onProgress;
     config.onLog = onLog;
     Check(vxInitAPI(&config));
-    if (CaughtSignal() != 0) // which the new record has forgotten
+    if (IsAborted()) // which the new record has forgotten
         throw SignFailure(VX_ABORTED);
     if (options.login)
         Check(vxLogin(options.login->user.c_str(), PasswordOf(*options.login).c_str()));

@@ -19,6 +19,7 @@ struct Session
     Options options;
     Report report;
     std::optional<int> exitStatus; // in place of the usual one, for what the sign is asked about
+    bool heedsSignals = false;     // Ctrl-C ends what waits
     std::string leftOver;          // what a command leaves that is stopped behind the first progress; often nothing
 
     // The sign, ready for functions that take the connection as arguments. Throws UsageError.

@@ -77,14 +77,16 @@ bool IsUtf8(std::string_view text)
 
 bool IsColoured()
 {
-    const char* const refusal = std::getenv("NO_COLOR");
-    return ::isatty(STDOUT_FILENO) != 0 && (refusal == nullptr || *refusal == '\0');
+    static const bool isTerminal = [] {
+        const char* const refusal = std::getenv("NO_COLOR");
+        return ::isatty(STDOUT_FILENO) != 0 && (refusal == nullptr || *refusal == '\0');
+    }();
+    return isTerminal && !Colourless::IsWanted();
 }
 
 Shown Toned(Shown shown, Tone tone)
 {
-    static const bool coloured = IsColoured();
-    if (coloured && tone != Tone::kPlain)
+    if (tone != Tone::kPlain && IsColoured())
         shown.text = Escape(tone) + shown.text + "\x1b[0m";
     return shown;
 }

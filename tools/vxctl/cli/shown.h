@@ -22,6 +22,21 @@ bool IsUtf8(std::string_view text);
 // Whether standard output is a terminal, and the environment does not ask for no colours with NO_COLOR.
 bool IsColoured();
 
+// No colours for the texts of this thread for as long as it lives: they do not go to a terminal as they are.
+class Colourless
+{
+public:
+    Colourless() { ++count; }
+    ~Colourless() { --count; }
+    Colourless(const Colourless&) = delete;
+    Colourless& operator=(const Colourless&) = delete;
+
+    static bool IsWanted() { return count != 0; }
+
+private:
+    static inline thread_local int count = 0;
+};
+
 enum class Tone
 {
     kPlain,

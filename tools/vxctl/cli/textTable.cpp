@@ -62,12 +62,9 @@ void TextTable::Add(TextRow row)
 
 void TextTable::Show(Report& report, const std::string& key, TableForm form) const
 {
-    if (report.IsJson()) {
-        Report::Json objects = Report::Json::array();
-        for (const TextRow& row : rows)
-            objects.push_back(ObjectOf(row));
-        return report.Put(key, std::move(objects));
-    }
+    Put(report, key);
+    if (report.IsJson())
+        return;
     // As they are shown, since that is what the columns are to hold.
     std::vector<TextRow> shown(1);
     for (const TextColumn& column : columns)
@@ -84,6 +81,25 @@ void TextTable::Show(Report& report, const std::string& key, TableForm form) con
     }
     for (const TextRow& row : shown)
         report.Line(form == TableForm::kCsv ? CsvLine(row) : Columns(row, widths));
+}
+
+void TextTable::ShowOr(Report& report, const std::string& key, const Shown& ifEmpty, TableForm form) const
+{
+    if (Size() != 0 || form == TableForm::kCsv)
+        return Show(report, key, form);
+    Put(report, key);
+    if (!ifEmpty.IsEmpty())
+        report.Line(ifEmpty);
+}
+
+void TextTable::Put(Report& report, const std::string& key) const
+{
+    if (!report.IsForPrograms())
+        return;
+    Report::Json objects = Report::Json::array();
+    for (const TextRow& row : rows)
+        objects.push_back(ObjectOf(row));
+    report.Put(key, std::move(objects));
 }
 
 // A code shows as its name.

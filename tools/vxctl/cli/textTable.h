@@ -46,6 +46,13 @@ public:
     // The rows below a line that names the columns; for programs they are objects in the array with this key.
     void Show(Report& report, const std::string& key, TableForm form = TableForm::kColumns) const;
 
+    // The same, but for people an empty table is a line, or none.
+    void ShowOr(Report& report, const std::string& key, const Shown& ifEmpty,
+                TableForm form = TableForm::kColumns) const;
+
+    // For programs alone.
+    void Put(Report& report, const std::string& key) const;
+
 private:
     std::string TextOf(const TextRow& row, std::size_t column) const;
     Report::Json ObjectOf(const TextRow& row) const;

@@ -163,6 +163,7 @@ vxctl -s serial:/dev/ttyUSB0@9600 modbus VSLS set 5 1 3 80      device 5, sectio
             {Of(kClass, "CLASS", "the class of the device"), Choice("ACTION", "get|set", "read it, or write it"),
              Number("NUMBERS", 0, 65535, "2 to 4: DEVICE [SECTION] REGISTER, and the VALUE to set").Repeated()},
         .line = Line::kOwn,
+        .signs = Signs::kMany,
         .run = Modbus,
     },
 };

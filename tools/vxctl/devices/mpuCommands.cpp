@@ -20,7 +20,7 @@ constexpr std::uint32_t kStepMs = 100;
 // Asks until the MPU is at 100.
 std::uint8_t AwaitTask(Session& session, std::uint32_t task, std::uint32_t seconds)
 {
-    const ProgressBar bar("window", session.report.IsJson());
+    const ProgressBar bar("window", session.report.IsForPrograms());
     const std::uint32_t start = vxSysUpTimeMS();
     std::uint8_t progress = 0;
     for (;;) {

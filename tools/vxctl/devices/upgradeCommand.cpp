@@ -1,5 +1,4 @@
 // upgrade: firmware for a boot loader, by XMODEM.
-#include "vxctl/cli/interrupt.h"
 #include "vxctl/cli/libraryOutput.h"
 #include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/tables.h"
@@ -8,6 +7,7 @@
 #include <vxsign/xmodem.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -66,7 +66,7 @@ private:
     {
         if (!silent && SteadyClock::now() >= End()) {
             silent = true;
-            Abort();
+            std::atomic_ref(config.abortFlag).store(1);
         }
         return silent;
     }
@@ -89,6 +89,7 @@ private:
 
     static inline SilenceWatch* current = nullptr; // the callback brings nothing along that could name it
 
+    vxApiConfig& config = *static_cast<vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION)); // of the thread that sends
     const std::chrono::milliseconds longest;
     SteadyClock::time_point last = SteadyClock::now();
     std::uint32_t answered = 0;
@@ -98,14 +99,14 @@ private:
     std::jthread thread;
 };
 
-struct Outcome
+struct Ending
 {
     std::uint32_t code = VX_OK;
     std::string reason;
 };
 
 // The library's result alone does not tell: some transfers that failed give 0.
-Outcome Judge(std::uint32_t result, const std::string& steps, bool silent, bool aborted, std::uint32_t answered)
+Ending Judge(std::uint32_t result, const std::string& steps, bool silent, bool aborted, std::uint32_t answered)
 {
     const auto told = [&steps](const char* words) { return steps.find(words) != std::string::npos; };
     const std::string behind = " behind block " + std::to_string(answered);
@@ -156,7 +157,7 @@ std::uint32_t Upgrade(Session& session, const Args& args)
     std::uint32_t answered = 0;
     {
         session.Connect(SilenceWatch::OnProgress);
-        const ProgressBar bar("upgrade", session.report.IsJson());
+        const ProgressBar bar("upgrade", session.report.IsForPrograms());
         SilenceWatch watch(session.options);
         LibraryOutput output;
         session.leftOver = "the device has a part of the firmware: send all of it before it is used";
@@ -167,15 +168,15 @@ std::uint32_t Upgrade(Session& session, const Args& args)
         seconds = bar.Seconds();
     }
     const auto* const config = static_cast<const vxApiConfig*>(vxTLSGet(VX_RECORD_CONFIGURATION));
-    const Outcome outcome = Judge(result, steps, silent, config != nullptr && config->abortFlag != 0, answered);
+    const Ending ending = Judge(result, steps, silent, config != nullptr && config->abortFlag != 0, answered);
     const double bytes = vxOSGetFileSize(file.c_str());
     const double rate = seconds > 0 ? bytes / seconds : 0;
     session.report.Put("bytes", static_cast<std::uint32_t>(bytes));
     session.report.Put("blocks", answered);
     session.report.Put("seconds", seconds);
     session.report.Put("steps", steps);
-    if (outcome.code != VX_OK)
-        throw SignFailure(outcome.code, outcome.reason);
+    if (ending.code != VX_OK)
+        throw SignFailure(ending.code, ending.reason);
     session.report.Line("upgrade: " + std::to_string(answered) + " blocks, " + FormatSize(bytes) + ", " +
                         FormatSize(rate) + "/s");
     return VX_OK;

@@ -38,7 +38,7 @@ void Transfer(Session& session, const std::string& title, bool silent, const std
 {
     double seconds = 0;
     {
-        const ProgressBar bar(title, silent || session.report.IsJson());
+        const ProgressBar bar(title, silent || session.report.IsForPrograms());
         const std::uint32_t result = move();
         seconds = bar.Seconds();
         Check(result);

@@ -14,7 +14,7 @@ std::string PartOf(const std::string& path)
 
 std::uint32_t SendFile(Session& session, const std::string& path, const std::string& local, SendOf send)
 {
-    const ProgressBar bar(path, session.report.IsJson());
+    const ProgressBar bar(path, session.report.IsForPrograms());
     session.leftOver = PartOf(path);
     const std::uint32_t result = send(path.c_str(), local.c_str());
     if (result == VX_OK)

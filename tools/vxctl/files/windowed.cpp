@@ -38,7 +38,7 @@ public:
         current = nullptr;
         if (isOver)
             config.abortFlag = 0;
-        if (isOver && CaughtSignal() != 0)
+        if (isOver && IsAborted())
             config.abortFlag = 1;
     }
     Trial(const Trial&) = delete;
@@ -60,7 +60,7 @@ private:
         config.abortFlag = 1;
     }
 
-    static inline Trial* current = nullptr; // the callbacks bring nothing along that could name it
+    static inline thread_local Trial* current = nullptr; // the callbacks bring nothing along that could name it
 
     vxApiConfig& config;
     const vxOnProgress onProgress;

@@ -146,7 +146,7 @@ std::uint32_t Send(Session& session, const Args& args)
     CheckRoom(list);
     std::uint32_t result = VX_OK;
     {
-        const ProgressBar bar("send " + args.Text("--list"), session.report.IsJson());
+        const ProgressBar bar("send " + args.Text("--list"), session.report.IsForPrograms());
         session.leftOver = "the sign has a part of the list: send it once more";
         session.ConnectListening();
         if (args.Has("--all"))
@@ -166,7 +166,7 @@ std::uint32_t Send(Session& session, const Args& args)
 std::uint32_t Fetch(Session& session, const Args& args)
 {
     PlayList list = PlayList::OpenOrMake(args.Text("--list"));
-    const ProgressBar bar("fetch " + args.Text("--list"), session.report.IsJson());
+    const ProgressBar bar("fetch " + args.Text("--list"), session.report.IsForPrograms());
     Check(vxPLReadFromLED(args.Has("--list-only") ? 0 : 1));
     list.Save();
     session.report.Value("entries", "entries", list.Level("/")->size());

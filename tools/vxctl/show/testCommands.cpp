@@ -32,7 +32,7 @@ std::uint32_t RunTicker(Session& session, const Args& args)
         throw UsageError("'" + args.Text("--colour") +
                          "' is no code of the sign: a ticker takes a character, or 48 to 255");
     const std::vector<std::uint8_t> bytes = ReadWhole(args.Text("FILE"));
-    const ProgressBar bar("ticker", session.report.IsJson());
+    const ProgressBar bar("ticker", session.report.IsForPrograms());
     Check(vxTickerStart(args.Number<std::uint8_t>("--speed"), static_cast<std::uint8_t>(ParseFont(args.Text("--font"))),
                         static_cast<std::uint8_t>(colour)));
     Check(vxUploadBuffer(bytes.data(), static_cast<std::uint32_t>(bytes.size())));

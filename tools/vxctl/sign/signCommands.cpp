@@ -33,7 +33,7 @@ std::uint32_t Power(Session& session, const Args& args)
 
 std::uint32_t Reset(Session& session, const Args& args)
 {
-    const ProgressBar bar("reset", session.report.IsJson());
+    const ProgressBar bar("reset", session.report.IsForPrograms());
     if (args.Has("--flash"))
         return vxResetSystemToDataFlash();
     return args.Has("--cold") ? vxResetSystemCool() : vxResetSystem();

@@ -40,7 +40,7 @@ std::string PlaceOf(const vxWaringReportRow& row)
 
 std::uint32_t ReadWarnings(std::vector<Warning>& warnings)
 {
-    const std::uint32_t result = vxReadWaringReport(Collect<vxWaringReportRow>);
+    const std::uint32_t result = vxReadWaringReport(Collecting<vxWaringReportRow>());
     for (const vxWaringReportRow& row : TakeCollected<vxWaringReportRow>())
         warnings.push_back({PlaceOf(row), row.Name, row.Value, row.Time});
     return result == VX_FILE_NOT_EXISTS ? static_cast<std::uint32_t>(VX_OK) : result;

@@ -123,8 +123,7 @@ void ShowWarningLines(Report& report)
     const std::uint32_t read = ReadWarnings(warnings);
     if (read != VX_OK)
         return report.Line(std::string("warnings            ") + vxErrorDesc(read));
-    if (report.IsJson())
-        return TableOf(warnings).Show(report, "warnings");
+    TableOf(warnings).Put(report, "warnings");
     report.Line("warnings            " +
                 (warnings.empty() ? Toned("none", Tone::kFine) : Toned(std::to_string(warnings.size()), Tone::kWrong)));
     for (const Warning& warning : warnings)
@@ -153,7 +152,7 @@ std::uint32_t ShowStatus(Session& session, const Args& /*args*/)
 void ShowRing(Report& report, const std::string& local)
 {
     const std::array<std::uint8_t, 100> noName{};
-    const std::uint32_t result = vxReadSignWaringLog(local.c_str(), noName.data(), Collect<vxWaringLogRow>);
+    const std::uint32_t result = vxReadSignWaringLog(local.c_str(), noName.data(), Collecting<vxWaringLogRow>());
     TextTable table({{"time", kTimes}, {"level", kNumbers}, {"warning"}});
     for (const vxWaringLogRow& row : TakeCollected<vxWaringLogRow>())
         table.Add({FieldText(row.Time), std::to_string(+row.Level), FieldText(row.Text)});
@@ -162,10 +161,7 @@ void ShowRing(Report& report, const std::string& local)
         std::filesystem::remove(local, error); // a sign without a ring
     Check(result);
     report.Line("");
-    if (table.Size() == 0)
-        report.Line("the sign's ring has no warnings");
-    if (table.Size() != 0 || report.IsJson())
-        table.Show(report, "ring");
+    table.ShowOr(report, "ring", "the sign's ring has no warnings");
 }
 
 std::uint32_t ShowWarnings(Session& session, const Args& args)
@@ -176,10 +172,7 @@ std::uint32_t ShowWarnings(Session& session, const Args& args)
         throw UsageError(ring + " is there already: what the sign gives away wants a new file");
     std::vector<Warning> warnings;
     Check(ReadWarnings(warnings));
-    if (warnings.empty())
-        session.report.Line(Toned("no warnings", Tone::kFine));
-    if (!warnings.empty() || session.report.IsJson())
-        TableOf(warnings).Show(session.report, "warnings");
+    TableOf(warnings).ShowOr(session.report, "warnings", Toned("no warnings", Tone::kFine));
     if (!ring.empty())
         ShowRing(session.report, ring);
     return VX_OK;

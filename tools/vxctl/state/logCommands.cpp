@@ -103,7 +103,7 @@ void AddLatest(TextTable& table, std::uint32_t limit, const ToRow& toRow)
 TextTable ReadRadar(const Wanted& wanted, const std::string& folder)
 {
     if (wanted.from == "lanes") {
-        Check(vxReadTJRadarLog(folder.c_str(), 0, 0, CollectForUser<TJRadarLogRecord>));
+        Check(vxReadTJRadarLog(folder.c_str(), 0, 0, CollectingForUser<TJRadarLogRecord>()));
         std::vector<TextColumn> columns{
             {"time", kTimes}, {"lane", kNumbers}, {"vehicles", kNumbers}, {"speedKmh", kNumbers}};
         for (int i = 2; i < 8; ++i)
@@ -119,7 +119,7 @@ TextTable ReadRadar(const Wanted& wanted, const std::string& folder)
         return table;
     }
     const auto read = wanted.from == "new" ? vxReadNewRadarLog : vxReadRadarLog;
-    Check(read(folder.c_str(), 0, 0, CollectForUser<RadarLogRecord>));
+    Check(read(folder.c_str(), 0, 0, CollectingForUser<RadarLogRecord>()));
     TextTable table({{"time", kTimes}, {"vehicles", kNumbers}, {"speedKmh", kNumbers}});
     AddLatest<RadarLogRecord>(table, wanted.limit, [](const RadarLogRecord& record) {
         return TextRow{FieldText(record.Time), std::to_string(record.First), std::to_string(record.Second)};
@@ -130,7 +130,7 @@ TextTable ReadRadar(const Wanted& wanted, const std::string& folder)
 TextTable ReadBattery(const Wanted& wanted, const std::string& folder)
 {
     const auto kind = static_cast<std::int8_t>(wanted.from == "second" ? VX_BATTERY_SECOND_LOG : 0);
-    Check(vxReadBatInfoLog(folder.c_str(), 0, 0, kind, CollectForUser<BatInfoLogRecord>));
+    Check(vxReadBatInfoLog(folder.c_str(), 0, 0, kind, CollectingForUser<BatInfoLogRecord>()));
     std::vector<TextColumn> columns{{"time", kTimes},          {"voltageMv", kNumbers}, {"currentMa", kNumbers},
                                     {"value3", kNumbers},      {"value4", kNumbers},    {"chargePercent", kNumbers},
                                     {"temperatureC", kNumbers}};
@@ -185,7 +185,7 @@ TextTable ReadLog(const Wanted& wanted)
 // Pages of a table count on the bar themselves; of a file the library tells how much of it has come.
 TextTable ReadWithBar(const Session& session, const Wanted& wanted)
 {
-    const ProgressBar bar(wanted.log, session.report.IsJson());
+    const ProgressBar bar(wanted.log, session.report.IsForPrograms());
     const bool isFile = wanted.log == "radar" || wanted.log == "battery";
     session.Connect(isFile ? ProgressBar::OnProgress : nullptr);
     return ReadLog(wanted);
@@ -199,10 +199,7 @@ std::uint32_t ShowLog(Session& session, const Args& args)
     if (csv && session.report.IsJson())
         throw UsageError("--csv and --json exclude each other");
     const TextTable table = ReadWithBar(session, wanted);
-    if (table.Size() == 0 && !csv)
-        session.report.Line("the log has no rows");
-    if (table.Size() != 0 || csv || session.report.IsJson())
-        table.Show(session.report, "rows", csv ? TableForm::kCsv : TableForm::kColumns);
+    table.ShowOr(session.report, "rows", "the log has no rows", csv ? TableForm::kCsv : TableForm::kColumns);
     return VX_OK;
 }
 

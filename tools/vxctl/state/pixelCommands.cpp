@@ -22,9 +22,9 @@ namespace {
 std::vector<BadPixel> RunCheck(Session& session)
 {
     const TemporaryFolder folder;
-    const ProgressBar bar("pixel check", session.report.IsJson());
+    const ProgressBar bar("pixel check", session.report.IsForPrograms());
     session.leftOver = "the sign goes on with its check: pixels --last shows what it has found";
-    Check(vxReadPixelInfo(folder.Path().c_str(), 0, VX_PIXELS_FROM_CSV, CollectForUser<vxPixelRow>));
+    Check(vxReadPixelInfo(folder.Path().c_str(), 0, VX_PIXELS_FROM_CSV, CollectingForUser<vxPixelRow>()));
     std::vector<BadPixel> found;
     for (const vxPixelRow& row : TakeCollected<vxPixelRow>())
         found.push_back({row.X, row.Y, row.Kind == VX_SIGNAL_BAD, FieldText(row.Status), FieldText(row.Time)});
@@ -62,10 +62,7 @@ std::uint32_t ShowPixels(Session& session, const Args& args)
     for (const BadPixel& pixel : found)
         table.Add({std::to_string(pixel.x), std::to_string(pixel.y), pixel.isSignal ? "signal" : "pixel", pixel.status,
                    pixel.time});
-    if (found.empty())
-        report.Line(Toned("no bad pixels", Tone::kFine));
-    if (!found.empty() || report.IsJson())
-        table.Show(report, "pixels");
+    table.ShowOr(report, "pixels", Toned("no bad pixels", Tone::kFine));
 #ifdef VXCTL_HAS_PREVIEW
     if (args.Has("--png"))
         DrawPixels(report, found, args);

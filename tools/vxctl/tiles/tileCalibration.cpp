@@ -139,7 +139,7 @@ std::uint32_t Calibrate(Session& session, const Args& args)
     TilePixels pixels;
     bool verified = true;
     {
-        const ProgressBar bar("calibrate", session.report.IsJson());
+        const ProgressBar bar("calibrate", session.report.IsForPrograms());
         const TileStatus status = ReadTileStatus(session, TileChoice(args));
         if (status.locked.value_or(false)) {
             session.report.Value("calibration", "locked", true, "locked: the tile takes none");

@@ -21,7 +21,7 @@ std::string SizeText(std::uint32_t width, std::uint32_t height)
 
 TileStatus ReadStatus(Session& session, const TileChoice& choice)
 {
-    const ProgressBar bar("status", session.report.IsJson());
+    const ProgressBar bar("status", session.report.IsForPrograms());
     return ReadTileStatus(session, choice);
 }
 
@@ -52,14 +52,14 @@ std::uint32_t ShowStatus(Session& session, const Args& args)
 
 std::uint32_t Test(Session& session, const Args& args)
 {
-    const ProgressBar bar("test", session.report.IsJson());
+    const ProgressBar bar("test", session.report.IsForPrograms());
     TestTile(TileChoice(args), args.Number<std::uint8_t>("CODE"));
     return VX_OK;
 }
 
 std::uint32_t SendCommand(Session& session, const Args& args)
 {
-    const ProgressBar bar("command", session.report.IsJson());
+    const ProgressBar bar("command", session.report.IsForPrograms());
     CommandTile(TileChoice(args), args.Number<std::uint8_t>("COMMAND"), args.Bytes("--data"),
                 args.Number("--limit") * 1000);
     return VX_OK;
@@ -88,7 +88,7 @@ std::uint32_t Read(Session& session, const Args& args)
         throw UsageError("--staged is for the second family: --port");
     const LocalTarget target(args.Text("FILE"), "tile.dat");
     {
-        const ProgressBar bar("read", session.report.IsJson());
+        const ProgressBar bar("read", session.report.IsForPrograms());
         ReadTileFile(session, choice, file, target.Temporary().string());
     }
     ShowBytes(session.report, std::filesystem::file_size(target.Temporary()));
@@ -101,7 +101,7 @@ std::uint32_t Write(Session& session, const Args& args)
 {
     const std::size_t bytes = ReadWhole(args.Text("FILE")).size();
     {
-        const ProgressBar bar("write", session.report.IsJson());
+        const ProgressBar bar("write", session.report.IsForPrograms());
         session.leftOver = kPartOfFile;
         WriteTileFile(session, TileChoice(args), FileOf(args), args.Text("FILE"));
     }

@@ -62,11 +62,7 @@ std::string WithAddress(const std::string& text)
 
 std::uint32_t Show(Report& report, const TextTable& table, const Args& args)
 {
-    const bool csv = args.Has("--csv");
-    if (table.Size() == 0 && !csv)
-        report.Line("the log has no rows");
-    if (table.Size() != 0 || csv || report.IsJson())
-        table.Show(report, "rows", csv ? TableForm::kCsv : TableForm::kColumns);
+    table.ShowOr(report, "rows", "the log has no rows", args.Has("--csv") ? TableForm::kCsv : TableForm::kColumns);
     return VX_OK;
 }
 
@@ -77,7 +73,7 @@ std::vector<Record> Collected(const Session& session, const Args& args, const Re
         throw UsageError("--csv and --json exclude each other");
     const TemporaryFolder folder;
     std::string path = folder.Path() + "log";
-    const ProgressBar bar("log", session.report.IsJson());
+    const ProgressBar bar("log", session.report.IsForPrograms());
     Check(read(path.data()));
     return TakeCollected<Record>();
 }
@@ -86,7 +82,7 @@ std::uint32_t ShowErrors(Session& session, const Args& args)
 {
     const std::size_t limit = args.Number("--limit", UINT32_MAX);
     const auto records = Collected<TrafficLogEntry>(
-        session, args, [](char* path) { return vxReadTrafficErrLog(path, "", Collect<TrafficLogEntry>); });
+        session, args, [](char* path) { return vxReadTrafficErrLog(path, "", Collecting<TrafficLogEntry>()); });
     TextTable table({{"time", kTimes}, {"level", kNumbers}, {"text"}});
     for (std::size_t i = records.size() - std::min(limit, records.size()); i < records.size(); ++i)
         table.Add(
@@ -100,7 +96,7 @@ std::uint32_t ShowTemperatures(Session& session, const Args& args)
     const bool hours = args.Has("--hours");
     constexpr std::size_t kDateSize = 10;
     const auto records = Collected<TrafficTempEntry>(
-        session, args, [](char* path) { return vxReadTrafficTempLog(path, "", Collect<TrafficTempEntry>); });
+        session, args, [](char* path) { return vxReadTrafficTempLog(path, "", Collecting<TrafficTempEntry>()); });
     TextTable table(
         {{hours ? "time" : "date", hours ? kTimes : kTexts}, {"source", kNumbers}, {"temperatureC", kNumbers}});
     std::string former;

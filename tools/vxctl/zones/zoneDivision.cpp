@@ -112,8 +112,7 @@ std::uint32_t List(Session& session, const Args& args)
     }
     session.report.Value("zones", "enabled", enabled != 0, enabled != 0 ? "on" : "off");
     session.report.Value("pages in turn", "pageCount", count);
-    if (table.Size() != 0 || session.report.IsJson())
-        table.Show(session.report, "zones");
+    table.ShowOr(session.report, "zones", {});
     return VX_OK;
 }
 
