@@ -34,10 +34,11 @@ bool IsUnset(std::uint8_t mode)
 } // namespace
 
 Player::Player(int faceWidth, int faceHeight, PathResolver resolver, std::filesystem::path sequence,
-               MomentClock signClock)
+               MomentClock signClock, std::shared_ptr<Font> sharedFont)
     : width(std::clamp(faceWidth, 1, Canvas::kMostPixelsPerSide)),
       height(std::clamp(faceHeight, 1, Canvas::kMostPixelsPerSide)), resolve(std::move(resolver)),
-      sequenceFile(std::move(sequence)), clock(std::move(signClock))
+      sequenceFile(std::move(sequence)), clock(std::move(signClock)),
+      font(sharedFont ? std::move(sharedFont) : std::make_shared<Font>())
 {
 }
 
@@ -167,9 +168,16 @@ void Player::Draw(std::uint64_t nowMs, Canvas& face)
     const std::uint64_t now = PlayMs(nowMs);
     Advance(now);
     if (show)
-        show->Draw((now - std::min(now, startMs)) % show->DurationMs(), font, face);
+        show->Draw((now - std::min(now, startMs)) % show->DurationMs(), *font, face);
     else
         face.Clear();
+}
+
+std::optional<std::uint64_t> Player::NextMs() const
+{
+    if (pausedAtMs || (!show && order.Size() == 0))
+        return std::nullopt;
+    return (show ? EndMs() : startMs) + lagMs;
 }
 
 const FileEntry* Player::ListedFile()
@@ -273,7 +281,7 @@ std::optional<Show> Player::Load(const FileEntry& file)
         timing.exitMode = file.pictureExitMode;
     if (file.pictureStaySeconds != 0)
         timing.stayMs = std::uint64_t{file.pictureStaySeconds} * 1000;
-    return Show::Load(bytes, timing, width, height, font);
+    return Show::Load(bytes, timing, width, height, *font);
 }
 
 } // namespace vxsim

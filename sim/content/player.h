@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -36,8 +37,10 @@ using MomentClock = std::function<Moment(std::uint64_t nowMs)>;
 class Player
 {
 public:
-    // Without a clock every file is always due. Throws std::runtime_error when the sign's font can't be opened.
-    Player(int width, int height, PathResolver resolve, std::filesystem::path sequenceFile, MomentClock clock = {});
+    // Without a clock every file is always due; players may share a font, and one without has its own. Throws
+    // std::runtime_error when the sign's font can't be opened.
+    Player(int width, int height, PathResolver resolve, std::filesystem::path sequenceFile, MomentClock clock = {},
+           std::shared_ptr<Font> font = {});
 
     // Modes and stay time used where a file has none of its own, from the sign's display style: byte 11 entry mode,
     // byte 12 exit mode, byte 14 stay time in seconds, or 255 for the 32-bit stay time at offset 16; a stay time
@@ -75,6 +78,13 @@ public:
 
     // Passes the turns that are over. Draw does so as well.
     void KeepUp(std::uint64_t nowMs) { Advance(PlayMs(nowMs)); }
+
+    // When something of the list comes next: the end of the turn, or the next look for a file to show. Nothing where
+    // nothing will.
+    std::optional<std::uint64_t> NextMs() const;
+
+    // Whether a file has its turn.
+    bool IsShowing() const { return show.has_value(); }
 
     // Draws what the face shows at that time. A canvas of another size than that given at
     // construction gets the part that it has room for.
@@ -115,7 +125,7 @@ private:
     PathResolver resolve;
     std::filesystem::path sequenceFile;
     MomentClock clock;
-    Font font;
+    std::shared_ptr<Font> font;
     Timing defaults;
     PlayOrder order;
     std::uint64_t next = 0;   // the turn after the current one

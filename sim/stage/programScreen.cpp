@@ -21,7 +21,8 @@ void ProgramScreen::Begin(ProgramPlace place, const FaceArea& area, const std::v
         entry.pictureStaySeconds = file.staySeconds;
         sequence.items.push_back({std::move(entry)});
     }
-    Slot slot{area, once, std::make_unique<Player>(area.width, area.height, resolve, std::filesystem::path())};
+    Slot slot{area, once,
+              std::make_unique<Player>(area.width, area.height, resolve, std::filesystem::path(), MomentClock(), font)};
     slot.player->Play(std::move(sequence), nowMs);
     At(place) = std::move(slot);
 }
@@ -39,6 +40,16 @@ void ProgramScreen::KeepUp(std::uint64_t nowMs)
 {
     for (auto& slot : slots)
         KeepUp(slot, nowMs);
+}
+
+std::optional<std::uint64_t> ProgramScreen::NextMs() const
+{
+    std::optional<std::uint64_t> next;
+    for (const auto& slot : slots) {
+        if (const auto due = slot ? slot->player->NextMs() : std::nullopt)
+            next = std::min(next.value_or(*due), *due);
+    }
+    return next;
 }
 
 std::optional<std::string> ProgramScreen::CurrentFile(ProgramPlace place, std::uint64_t nowMs)

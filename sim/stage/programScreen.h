@@ -18,7 +18,10 @@ namespace vxsim {
 class ProgramScreen : public ProgramDisplay
 {
 public:
-    explicit ProgramScreen(PathResolver resolver) : resolve(std::move(resolver)) {}
+    ProgramScreen(PathResolver resolver, std::shared_ptr<Font> signFont)
+        : resolve(std::move(resolver)), font(std::move(signFont))
+    {
+    }
 
     void Begin(ProgramPlace place, const FaceArea& area, const std::vector<ProgramFile>& files, bool once,
                std::uint64_t nowMs) override;
@@ -27,6 +30,9 @@ public:
 
     // Passes the turns that are over, and ends what plays once.
     void KeepUp(std::uint64_t nowMs);
+
+    // When one of them has to be kept up next; nothing where none plays.
+    std::optional<std::uint64_t> NextMs() const;
 
     // Draws what plays over the whole face. False, and nothing drawn, if nothing does.
     bool DrawFace(ProgramPlace place, std::uint64_t nowMs, Canvas& face);
@@ -46,6 +52,7 @@ private:
     std::optional<Slot>& At(ProgramPlace place) { return slots[static_cast<std::size_t>(place)]; }
 
     PathResolver resolve;
+    std::shared_ptr<Font> font;
     std::array<std::optional<Slot>, kProgramPlaces> slots;
 };
 

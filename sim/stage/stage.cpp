@@ -20,6 +20,7 @@ namespace vxsim {
 namespace {
 
 constexpr std::int64_t kLeapMs = 5000; // of forward and back
+constexpr std::uint64_t kUnseenRetryMs = 5000;
 // What stands for so many eighths of the full light. Pictures hold their values for the eye, which takes a quarter of
 // the light for half of it, so these are the roots of the eighths.
 constexpr std::array<std::uint8_t, 9> kValues{0, 99, 136, 163, 186, 206, 224, 240, 255};
@@ -36,14 +37,13 @@ Moment MomentOf(const SignClock& clock, std::uint64_t nowMs)
 
 } // namespace
 
-Stage::Stage(VirtualSign& shownSign)
-    : sign(shownSign),
+Stage::Stage(VirtualSign& shownSign, std::shared_ptr<Font> sharedFont)
+    : sign(shownSign), font(std::move(sharedFont)),
       player(
           sign.Settings().width, sign.Settings().height, [this](std::string_view path) { return sign.Resolve(path); },
-          sign.SequenceFile(), [this](std::uint64_t nowMs) { return MomentOf(sign.Time().Clock(), nowMs); }),
-      zones(sign.Zones(), font, [this](std::string_view path) { return sign.Resolve(path); }),
-      programs([this](std::string_view path) { return sign.Resolve(path); }),
-      face(sign.Settings().width, sign.Settings().height)
+          sign.SequenceFile(), [this](std::uint64_t nowMs) { return MomentOf(sign.Time().Clock(), nowMs); }, font),
+      zones(sign.Zones(), *font, [this](std::string_view path) { return sign.Resolve(path); }),
+      programs([this](std::string_view path) { return sign.Resolve(path); }, font)
 {
     player.SetDefaults(sign.Records().DisplayStyle());
     SignEvents events;
@@ -66,24 +66,31 @@ Stage::Stage(VirtualSign& shownSign)
     sign.Observe(std::move(events));
     sign.Attach(static_cast<Playback&>(*this));
     sign.Attach(programs);
-    sign.MeasureTickerWith(
-        [this](std::string_view text, const TickerStyle& style) { return ticker.Width(text, style, face.Height()); });
+    sign.MeasureTickerWith([this](std::string_view text, const TickerStyle& style) {
+        return ticker.Width(text, style, sign.Settings().height);
+    });
+}
+
+Canvas& Stage::Made() const
+{
+    return made ? *made : made.emplace(sign.Settings().width, sign.Settings().height);
 }
 
 const Canvas& Stage::Draw(std::uint64_t nowMs)
 {
     KeepUp(nowMs);
+    Canvas& face = Made();
     const bool isDark = sign.Light().IsDark(nowMs); // the sign plays on in the dark
     const TileWall& tiles = sign.Tiles(nowMs);
     if (isDark)
         face.Clear();
     else if (!programs.DrawFace(ProgramPlace::kEmergency, nowMs, face))
-        DrawContent(nowMs);
+        DrawContent(nowMs, face);
     if (caption)
-        DrawCaption(caption(), font, face);
+        DrawCaption(caption(), *font, face);
     Tint(sign.Video().Levels(), face);
     if (!isDark)
-        DrawTiles(tiles, nowMs, font, face);
+        DrawTiles(tiles, nowMs, *font, face);
     CalibrateFace(tiles, face);
     const std::uint8_t light = kValues.at(sign.Light().LevelAt(nowMs));
     Tint({light, light, light}, face);
@@ -93,21 +100,21 @@ const Canvas& Stage::Draw(std::uint64_t nowMs)
 
 // A test, a ticker or the signals of a controller; else a program, zones or the list, and over them the inputs of the
 // video processors and the windows of programs.
-void Stage::DrawContent(std::uint64_t nowMs)
+void Stage::DrawContent(std::uint64_t nowMs, Canvas& face)
 {
     const TestCommands& tests = sign.Tests();
     if (!std::holds_alternative<std::monostate>(tests.Running()))
-        return DrawTest(tests.Running(), nowMs - std::min(nowMs, tests.StartedMs()), font, face);
+        return DrawTest(tests.Running(), nowMs - std::min(nowMs, tests.StartedMs()), *font, face);
     if (sign.Ticker().IsRunning(nowMs))
         return ticker.Draw(sign.Ticker(), nowMs, face);
     if (sign.Traffic())
-        return DrawSignalHeads(sign.Traffic()->SignalsAt(nowMs), font, face);
+        return DrawSignalHeads(sign.Traffic()->SignalsAt(nowMs), *font, face);
     const WindowMode windows = sign.Programs().Windows();
     if (windows == WindowMode::kAlone && programs.HasWindows())
         face.Clear();
     else if (!programs.DrawFace(ProgramPlace::kFace, nowMs, face) && !zones.Draw(nowMs, face))
         player.Draw(nowMs, face);
-    DrawVideo(sign.Video(), nowMs, font, face);
+    DrawVideo(sign.Video(), nowMs, *font, face);
     if (windows != WindowMode::kHidden)
         programs.DrawWindows(nowMs, face);
 }
@@ -123,6 +130,18 @@ void Stage::KeepUp(std::uint64_t nowMs)
     player.KeepUp(nowMs);
     programs.KeepUp(nowMs);
     NoteTurn(nowMs);
+}
+
+std::optional<std::uint64_t> Stage::NextMs(std::uint64_t nowMs) const
+{
+    auto next = player.NextMs();
+    if (next && !player.IsShowing())
+        next = std::max(*next, nowMs + kUnseenRetryMs);
+    for (const auto& other : {programs.NextMs(), restartAtMs}) {
+        if (other)
+            next = std::min(next.value_or(*other), *other);
+    }
+    return next;
 }
 
 // A turn goes into the log of plays when it is over.

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -26,14 +27,14 @@ namespace vxsim {
 class Stage : public Playback
 {
 public:
-    // Throws std::runtime_error if the font is missing.
-    explicit Stage(VirtualSign& sign);
+    // Stages of one thread may share a font. Throws std::runtime_error if the font is missing.
+    explicit Stage(VirtualSign& sign, std::shared_ptr<Font> font = std::make_shared<Font>());
 
     // The face at that time, in milliseconds of the clock that requests are timed by. Valid until the next call.
     const Canvas& Draw(std::uint64_t nowMs);
 
     // The face as it was drawn last; unlit at first.
-    const Canvas& Face() const { return face; }
+    const Canvas& Face() const { return Made(); }
 
     // What is written over the face from now on, asked for at each picture.
     void CaptionWith(std::function<Caption()> source) { caption = std::move(source); }
@@ -46,6 +47,10 @@ public:
     // Passes the turns that are over, for a sign that nobody looks at.
     void KeepUp(std::uint64_t nowMs);
 
+    // When it has to be kept up next although nobody looks and nobody asks; nothing where nothing plays. What it looks
+    // for in vain is not urgent then.
+    std::optional<std::uint64_t> NextMs(std::uint64_t nowMs) const;
+
     void Steer(PlayStep step, std::uint64_t nowMs) override;
     void PlayList(const std::filesystem::path& sequence, std::uint64_t nowMs) override;
     bool PlayOnce(const std::string& signPath, std::uint64_t nowMs) override;
@@ -54,16 +59,17 @@ public:
     std::vector<std::uint8_t> Screenshot(std::uint64_t nowMs) override;
 
 private:
-    void DrawContent(std::uint64_t nowMs);
+    Canvas& Made() const;
+    void DrawContent(std::uint64_t nowMs, Canvas& face);
     void NoteTurn(std::uint64_t nowMs);
 
     VirtualSign& sign;
+    std::shared_ptr<Font> font;
     Player player;
-    Font font;
-    TickerPicture ticker{font};
+    TickerPicture ticker{*font};
     ZoneScreen zones;
     ProgramScreen programs;
-    Canvas face;
+    mutable std::optional<Canvas> made; // the face, from the first look at it on
     std::function<Caption()> caption;
     std::optional<std::uint64_t> restartAtMs = 0; // when the list plays anew; 0 is at once
     std::filesystem::path numberedList;           // what plays instead of the main list; empty if that does

@@ -103,6 +103,21 @@ TEST_F(PlayerTest, PlaysTheFilesInTurn)
     Film({{4000, 'B'}, {5999, 'B', "the file passed over took no time"}, {6000, 'G'}, {17000, 'B'}, {18000, 'G'}});
 }
 
+TEST_F(PlayerTest, TellsWhenItHasToBeLookedAtNext)
+{
+    using Time = std::optional<std::uint64_t>;
+    Start({"A.BMP"}, 10000);
+    EXPECT_EQ(player.NextMs(), Time(13000)) << "the end of the turn";
+    player.Pause(11000);
+    EXPECT_EQ(player.NextMs(), Time());
+    player.Continue(20000);
+    EXPECT_EQ(player.NextMs(), Time(22000));
+    Start({"GONE"}, 30000);
+    EXPECT_EQ(player.NextMs(), Time(31000)) << "it may come";
+    player.Stop();
+    EXPECT_EQ(player.NextMs(), Time());
+}
+
 TEST_F(PlayerTest, TakesDefaultsFromTheDisplayStyle)
 {
     std::array<std::uint8_t, 52> style{};
