@@ -39,8 +39,8 @@ fs::path MakeKeptFolder(const fs::path& folder)
 
 VirtualSign::VirtualSign(const SignSettings& wanted)
     : settings(wanted), drives(settings.folder, settings.drives), kept(MakeKeptFolder(settings.folder)),
-      database(kept / "logs.sqlite"), log(database), time(settings.localSecondsAtZero, settings.controller),
-      light(kept / "brightness.bin", time.Clock()),
+      database(kept / "logs.sqlite", SignDatabase::kBusyMs, settings.databases), log(database),
+      time(settings.localSecondsAtZero, settings.controller), light(kept / "brightness.bin", time.Clock()),
       monitor(settings.folder, drives, database, time, light, settings.width, settings.height),
       wall(kept, settings.width, settings.height), board(wall, monitor),
       reports(drives, monitor, database, observers, settings.width, settings.height,

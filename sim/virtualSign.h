@@ -55,6 +55,7 @@ struct SignSettings
     std::uint64_t loginHoldMs = 600000;  // from the last command to the end of a login
     std::int64_t localSecondsAtZero = 0; // local time, in seconds since 1970, when Arrival::nowMs was 0
     bool controller = false;             // whether it is a traffic signal controller
+    OpenDatabases* databases = nullptr;  // of a sign among many, which opens its own when it is needed
 };
 
 // A sign without its line: answers the bytes of one request with the bytes of the reply. Needs no clock and no socket,
@@ -117,6 +118,9 @@ public:
 
     // Somebody has put the file onto a drive or taken it away.
     void NoteFile(const std::filesystem::path& file) { transfers.Tell(file); }
+
+    // Writes the rows of the logs that wait, for whoever reads the file.
+    void WriteLogs() { database.Open(); }
 
     // The tiles as they are at that time.
     const TileWall& Tiles(std::uint64_t nowMs);

@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 namespace vxsim {
@@ -84,22 +85,80 @@ void SignDatabase::Finalizer::operator()(sqlite3_stmt* statement) const
     sqlite3_finalize(statement);
 }
 
-SignDatabase::SignDatabase(const std::filesystem::path& file, int busy) : name(file.filename().string()), busyMs(busy)
+void OpenDatabases::Enter(SignDatabase& opened)
+{
+    open.push_back(&opened);
+    if (open.size() <= kMost)
+        return;
+    open.front()->Close();
+    open.pop_front();
+}
+
+SignDatabase::SignDatabase(const std::filesystem::path& path, int busy, OpenDatabases* many)
+    : file(path), busyMs(busy), others(many)
 {
     sqlite3_hard_heap_limit64(kMostMemory);
-    int result = Open(file);
+    if (others == nullptr)
+        Make();
+}
+
+SignDatabase::~SignDatabase()
+{
+    if (others == nullptr)
+        return;
+    if (others->AreKept() && !waiting.IsEmpty())
+        Open();
+    others->Leave(*this);
+}
+
+bool SignDatabase::Open()
+{
+    if (database)
+        return true;
+    try {
+        Make();
+    } catch (const std::runtime_error& error) {
+        database.reset();
+        if (tell && !std::exchange(losesRows, true))
+            tell(error.what());
+        return false;
+    }
+    others->Enter(*this);
+    WriteWaiting();
+    return true;
+}
+
+void SignDatabase::WriteWaiting()
+{
+    const WaitingRows rows = std::exchange(waiting, {});
+    Run("begin");
+    for (const auto& [table, row] : rows.added)
+        Add(table, row);
+    for (const auto& [row, plays] : rows.played) {
+        Row whole = row;
+        whole.push_back(plays.last);
+        CountPlay(std::move(whole), plays.times, plays.seconds);
+    }
+    Run("commit");
+    for (const auto& [table, all] : rows.replaced)
+        Replace(table, all);
+}
+
+void SignDatabase::Make()
+{
+    int result = Connect();
     if (result == SQLITE_NOTADB || result == SQLITE_CORRUPT) {
         database.reset();
         std::error_code error;
         for (const char* part : {"", "-wal", "-shm"})
             std::filesystem::remove(file.string() + part, error);
-        result = Open(file);
+        result = Connect();
     }
     if (result != SQLITE_OK)
         throw std::runtime_error("cannot make the tables in " + file.string() + ": " + sqlite3_errstr(result));
 }
 
-int SignDatabase::Open(const std::filesystem::path& file)
+int SignDatabase::Connect()
 {
     sqlite3* opened = nullptr;
     const int result = sqlite3_open(file.c_str(), &opened);
@@ -118,7 +177,7 @@ int SignDatabase::Open(const std::filesystem::path& file)
     sqlite3_progress_handler(opened, kStepUnit, CountSteps, this);
     // Whoever reads beside the sign, for as long as he likes, does not keep it from writing. Logs need not outlive a
     // failing machine.
-    std::vector<std::string> begin{"pragma journal_mode=wal", "pragma synchronous=off", "pragma temp_store=memory",
+    std::vector<std::string> begin{"pragma synchronous=off", "pragma journal_mode=wal", "pragma temp_store=memory",
                                    "begin"};
     for (const Table& table : kTables)
         begin.push_back("create table if not exists " + std::string(table.name) + "(" + table.columns + ")");
@@ -153,6 +212,8 @@ RowPage SignDatabase::Query(std::string_view sql)
     sql = sql.substr(0, sql.find('\0'));
     if (sql.size() > kLongestValue)
         return {Code::kNotSupported, 0, {}};
+    if (!Open())
+        return {Code::kWriteFailed, 0, {}};
     hostSpeaks = true;
     touchesRows = false; // some statements, such as vacuum, ask for no permission until they run
     stepsLeft = kMostSteps;
@@ -226,7 +287,9 @@ bool SignDatabase::Insert(const std::string& table, const Row& row)
 
 void SignDatabase::Add(const std::string& table, const Row& row)
 {
-    if (Written(Insert(table, row)))
+    if (!database && waiting.Add(table, row))
+        return;
+    if (Open() && Written(Insert(table, row)))
         Trim(table);
 }
 
@@ -237,6 +300,8 @@ void SignDatabase::Trim(const std::string& table)
 
 void SignDatabase::Replace(const std::string& table, std::span<const Row> rows)
 {
+    if ((!database && waiting.Replace(table, rows)) || !Open())
+        return;
     bool done = Run("begin") && Run("delete from " + table);
     for (const Row& row : rows.first(std::min<std::size_t>(rows.size(), kMostRows)))
         done = done && Insert(table, row);
@@ -246,14 +311,22 @@ void SignDatabase::Replace(const std::string& table, std::span<const Row> rows)
 
 void SignDatabase::AddPlay(const Row& windowGroupFileTime, std::int64_t seconds)
 {
-    Row row = windowGroupFileTime;
+    if ((!database && waiting.AddPlay(windowGroupFileTime, seconds)) || !Open())
+        return;
+    if (CountPlay(windowGroupFileTime, 1, seconds))
+        Trim("PlayLog");
+}
+
+// True if the file has a row of its own from now on.
+bool SignDatabase::CountPlay(Row row, std::int64_t times, std::int64_t seconds)
+{
     row.emplace_back(seconds);
-    const bool updated = Run("update PlayLog set Time=?4,PlayTimes=PlayTimes+1,TotalSeconds=TotalSeconds+?5 "
+    row.emplace_back(times);
+    const bool updated = Run("update PlayLog set Time=?4,PlayTimes=PlayTimes+?6,TotalSeconds=TotalSeconds+?5 "
                              "where WinID=?1 and GroupName=?2 and FileName=?3",
                              row);
     const bool isNew = updated && sqlite3_changes(database.get()) == 0;
-    if (Written(updated && (!isNew || Run("insert into PlayLog values(?1,?2,?3,?4,1,?5)", row))) && isNew)
-        Trim("PlayLog");
+    return Written(updated && (!isNew || Run("insert into PlayLog values(?1,?2,?3,?4,?6,?5)", row))) && isNew;
 }
 
 // Tells of rows that get lost once, until rows are written again. Nobody is waited for meanwhile: hosts wait too.
@@ -269,7 +342,7 @@ bool SignDatabase::Written(bool done)
 void SignDatabase::Trouble(const char* what) const
 {
     if (tell)
-        tell(name + ": " + what + ": " + sqlite3_errmsg(database.get()));
+        tell(file.filename().string() + ": " + what + ": " + sqlite3_errmsg(database.get()));
 }
 
 } // namespace vxsim

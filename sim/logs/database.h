@@ -1,6 +1,8 @@
 // The tables of the logs.
 #pragma once
 
+#include "sim/logs/openDatabases.h"
+#include "sim/logs/waitingRows.h"
 #include "sim/protocol/codes.h"
 
 #include <cstddef>
@@ -13,7 +15,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <variant>
 #include <vector>
 
 struct sqlite3;
@@ -38,12 +39,18 @@ struct RowPage
 class SignDatabase
 {
 public:
-    using Value = std::variant<std::int64_t, std::string>;
-    using Row = std::vector<Value>;
+    static constexpr int kBusyMs = 500;
+
+    using Value = LogValue;
+    using Row = LogRow;
 
     // Makes the file and the tables that are missing; a file that is no database is replaced. Who else writes to the
-    // file is waited for so long. Throws std::runtime_error, which says why, if the tables cannot be made.
-    explicit SignDatabase(const std::filesystem::path& file, int busyMs = 500);
+    // file is waited for so long. Throws std::runtime_error, which says why, if the tables cannot be made. As one of
+    // many it is opened when a host asks for rows or too many of them wait, and tells if that fails.
+    explicit SignDatabase(const std::filesystem::path& file, int busyMs = kBusyMs, OpenDatabases* many = nullptr);
+    ~SignDatabase();
+    SignDatabase(const SignDatabase&) = delete;
+    SignDatabase& operator=(const SignDatabase&) = delete;
 
     // Told when rows get lost and when a statement fails for no fault of the host, in words.
     void Observe(std::function<void(const std::string&)> observer) { tell = std::move(observer); }
@@ -59,6 +66,12 @@ public:
     // Counts a play of the file in its row of PlayLog.
     void AddPlay(const Row& windowGroupFileTime, std::int64_t seconds);
 
+    // Opens the file if it is closed, and writes the rows that wait for it. False if it cannot be opened.
+    bool Open();
+
+    // Until it is needed again; for one of many.
+    void Close() { database.reset(); }
+
 private:
     struct Closer
     {
@@ -70,7 +83,10 @@ private:
     };
     using Statement = std::unique_ptr<sqlite3_stmt, Finalizer>;
 
-    int Open(const std::filesystem::path& file); // what SQLite says to it
+    void Make();
+    int Connect(); // what SQLite says to the file
+    void WriteWaiting();
+    bool CountPlay(Row windowGroupFileTime, std::int64_t times, std::int64_t seconds);
     bool Run(const std::string& sql, std::span<const Value> values = {});
     bool Insert(const std::string& table, const Row& row);
     void Trim(const std::string& table);
@@ -82,8 +98,10 @@ private:
     static int Authorize(void* self, int action, const char* first, const char* second, const char*, const char*);
     static int CountSteps(void* self);
 
-    std::string name; // of the file
+    std::filesystem::path file;
     int busyMs;
+    OpenDatabases* others; // null for one that is open for good
+    WaitingRows waiting;   // as long as it is closed
     std::function<void(const std::string&)> tell;
     bool losesRows = false;
     std::unique_ptr<sqlite3, Closer> database;

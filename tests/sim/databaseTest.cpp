@@ -92,6 +92,48 @@ TEST(SignDatabase, KeepsTheLatestRowsAndReplacesABrokenFile)
     EXPECT_THROW(SignDatabase(folder.path / "missing" / "logs"), std::runtime_error);
 }
 
+TEST(SignDatabase, OfManyAFewAreOpenAndTheRowsOfTheOthersWait)
+{
+    const TempFolder folder;
+    const auto file = [&](std::size_t i) { return folder.path / std::to_string(i); };
+    const SignDatabase::Row play{std::int64_t{1}, "list", "file", "now"};
+    for (const bool areKept : {false, true}) {
+        vxsim::OpenDatabases many(areKept);
+        std::list<SignDatabase> all;
+        for (std::size_t i = 0; i < vxsim::OpenDatabases::kMost + 2; ++i) {
+            SignDatabase& database = all.emplace_back(file(i), 0, &many);
+            for (int round = 0; round < 2; ++round) {
+                database.Add("EventLog", {std::int64_t{round}, "", std::int64_t{0}, ""});
+                database.AddPlay(play, 5);
+                database.Replace("TileInfo", {});
+            }
+            EXPECT_FALSE(std::filesystem::exists(file(i)));
+        }
+        for (int round = 0; round < 2; ++round) { // the first ones are closed when the last ones open
+            for (SignDatabase& database : all)
+                EXPECT_EQ(
+                    database.Query("select (select count(*) from EventLog),PlayTimes,TotalSeconds from PlayLog").text,
+                    "<2><2><10>");
+        }
+        EXPECT_FALSE(std::filesystem::exists(file(0).string() + "-wal")) << "closed";
+        std::list<SignDatabase> late;
+        for (std::size_t rows : {vxsim::WaitingRows::kMost, vxsim::WaitingRows::kMost + 1}) {
+            SignDatabase& database = late.emplace_back(file(100 + rows), 0, &many);
+            for (std::size_t i = 0; i < rows; ++i)
+                database.Add("EventLog", {std::int64_t{1}, "", std::int64_t{0}, ""});
+            EXPECT_EQ(std::filesystem::exists(file(100 + rows)), rows > vxsim::WaitingRows::kMost);
+        }
+        late.clear();
+        EXPECT_EQ(std::filesystem::exists(file(100 + vxsim::WaitingRows::kMost)), areKept);
+        all.clear();
+        for (const auto& entry : std::filesystem::directory_iterator(folder.path))
+            std::filesystem::remove(entry);
+    }
+    vxsim::OpenDatabases many(true);
+    SignDatabase lost(folder.path / "missing" / "logs", 0, &many);
+    EXPECT_EQ(lost.Query("select count(*) from EventLog").code, vxsim::Code::kWriteFailed);
+}
+
 // Somebody who has opened the file beside the sign.
 class Onlooker
 {
