@@ -42,17 +42,23 @@ std::optional<fs::path> Entry(const fs::path& folder, std::string_view name)
 
 } // namespace
 
-Drives::Drives(const fs::path& rootFolder, std::string_view wanted) : root(rootFolder)
+std::string Drives::CheckLetters(std::string_view wanted)
 {
+    std::string letters;
     for (const char c : wanted) {
         const char letter = Upper(c);
         if (letter < 'A' || letter > 'Z')
             throw std::invalid_argument("a drive is named by a letter, not by '" + std::string(1, c) + "'");
-        if (!Has(letter))
+        if (letters.find(letter) == std::string::npos)
             letters += letter;
     }
-    if (!Has('C'))
+    if (letters.find('C') == std::string::npos)
         throw std::invalid_argument("a sign needs drive C, where its system files are");
+    return letters;
+}
+
+Drives::Drives(const fs::path& rootFolder, std::string_view wanted) : root(rootFolder), letters(CheckLetters(wanted))
+{
     for (const char letter : letters)
         fs::create_directories(root / std::string(1, letter));
 }

@@ -20,6 +20,9 @@ public:
     // std::invalid_argument if `letters` has anything but letters or lacks C, where the system files live.
     Drives(const std::filesystem::path& root, std::string_view letters);
 
+    // Throws std::invalid_argument as the making does; gives the letters in upper case, each once.
+    static std::string CheckLetters(std::string_view letters);
+
     bool Has(char letter) const;
     const std::string& Letters() const { return letters; } // in upper case, each once
 

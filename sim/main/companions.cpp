@@ -1,7 +1,5 @@
 #include "sim/main/companions.h"
 
-#include <iostream>
-
 namespace vxsim {
 
 void CompanionOptions::AddTo(CLI::App& app)
@@ -25,27 +23,26 @@ void CompanionOptions::AddTo(CLI::App& app)
 }
 
 Companions::Companions(const CompanionOptions& options, const std::filesystem::path& kept, const std::string& host,
-                       bool verbose)
+                       std::size_t index, const std::function<void(const std::string&)>& tell)
     : showRegisters(options.showRegisters)
 {
-    const auto tell = [](const std::string& what) { std::cerr << what << '\n'; };
     if (options.bootLoader) {
         bootLoader.emplace(kept / "firmware.bin", options.sumsOnly);
         beside.bootLoader = &*bootLoader;
-        if (verbose)
+        if (tell)
             bootLoader->Observe(tell);
     }
     if (!options.HasModbus())
         return;
     devices.emplace(kept / "modbus.txt", options.exceptions);
     beside.devices = &*devices;
-    rtuPort.emplace(ListenSettings{host, options.rtuPort, false});
+    rtuPort.emplace(ListenSettings{host, Following(options.rtuPort, index), false});
     beside.modbusRtuPort = &*rtuPort;
     if (options.HasModbusTcp()) {
-        tcpPort.emplace(ListenSettings{host, options.tcpPort, false});
+        tcpPort.emplace(ListenSettings{host, Following(options.tcpPort, index), false});
         beside.modbusTcpPort = &*tcpPort;
     }
-    if (verbose)
+    if (tell)
         devices->Observe(tell);
 }
 

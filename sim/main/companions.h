@@ -8,8 +8,10 @@
 #include "sim/stage/stage.h"
 
 #include <CLI/CLI.hpp>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -41,9 +43,10 @@ private:
 class Companions
 {
 public:
-    // Keeps what they keep in `kept`, has their ports on `host`. Throws what Endpoints throws.
+    // Keeps what they keep in `kept`, has their ports on `host`; those of the sign with this index follow the given
+    // ones. What they do is told to `tell`, which may be empty. Throws what Endpoints throws.
     Companions(const CompanionOptions& options, const std::filesystem::path& kept, const std::string& host,
-               bool verbose);
+               std::size_t index, const std::function<void(const std::string&)>& tell);
     Companions(const Companions&) = delete;
     Companions& operator=(const Companions&) = delete;
 

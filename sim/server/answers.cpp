@@ -22,7 +22,8 @@ void Answers::AnswerPacket(const Request& request, std::span<const std::uint8_t>
                            Replies& replies)
 {
     const auto begin = Clock::now();
-    std::vector<std::uint8_t> reply = sign.Answer(request, arrival);
+    VirtualSign* const sign = signAt(arrival.nowMs);
+    std::vector<std::uint8_t> reply = sign != nullptr ? sign->Answer(request, arrival) : std::vector<std::uint8_t>();
     const auto took = Clock::now() - begin;
     reply = injector.Apply(std::move(reply));
     if (tell)
@@ -39,7 +40,7 @@ Replies Answers::ToDatagram(Speech speech, std::span<const std::uint8_t> request
         AnswerPacket(request, request, arrival, replies);
     } else {
         std::vector<std::uint8_t> bytes(request.begin(), request.end());
-        AnswerModbus(speech, bytes, replies);
+        AnswerModbus(speech, bytes, arrival.nowMs, replies);
     }
     return replies;
 }
@@ -71,7 +72,7 @@ std::optional<Replies> Answers::ToLine(StreamLine& line, std::uint64_t nowMs, Sh
     }
     const auto skipped = line.Finder().TakeSkipped();
     bytes.insert(bytes.end(), skipped.begin(), skipped.end());
-    if (devices != nullptr && !AnswerModbus(line.Spoken(), bytes, replies))
+    if (devices != nullptr && !AnswerModbus(line.Spoken(), bytes, nowMs, replies))
         return std::nullopt;
     return replies;
 }
@@ -86,8 +87,10 @@ Replies Answers::OfBootLoader(std::uint64_t nowMs)
 }
 
 // False if what came is no Modbus TCP.
-bool Answers::AnswerModbus(Speech speech, std::vector<std::uint8_t>& bytes, Replies& replies)
+bool Answers::AnswerModbus(Speech speech, std::vector<std::uint8_t>& bytes, std::uint64_t nowMs, Replies& replies)
 {
+    if (!bytes.empty())
+        signAt(nowMs); // has the folder that they are kept in, and shows them
     auto answers = speech == Speech::kModbusTcp ? AnswerModbusTcp(*devices, bytes) : AnswerModbusRtu(*devices, bytes);
     for (std::vector<std::uint8_t>& answer : answers.value_or(ModbusAnswers()))
         AddBytes(std::move(answer), replies);

@@ -29,13 +29,17 @@ struct Carried
     std::chrono::nanoseconds took; // by the sign, to answer
 };
 
+// The sign at that time, for requests that have come. It may be made only then; null if it cannot, and then it is
+// silent.
+using SignAt = std::function<VirtualSign*(std::uint64_t nowMs)>;
+
 // What goes out for what comes in, whoever it is for, with the faults of the line done to it. Boot loader and devices
 // may be missing where nobody speaks to them.
 class Answers
 {
 public:
-    Answers(VirtualSign& of, BootLoader* boot, ModbusDevices* others, const FaultSettings& faults)
-        : sign(of), bootLoader(boot), devices(others), injector(faults)
+    Answers(SignAt of, BootLoader* boot, ModbusDevices* others, const FaultSettings& faults)
+        : signAt(std::move(of)), bootLoader(boot), devices(others), injector(faults)
     {
     }
 
@@ -61,10 +65,10 @@ private:
     template <typename Request>
     void AnswerPacket(const Request& request, std::span<const std::uint8_t> bytes, const Arrival& arrival,
                       Replies& replies);
-    bool AnswerModbus(Speech speech, std::vector<std::uint8_t>& bytes, Replies& replies);
+    bool AnswerModbus(Speech speech, std::vector<std::uint8_t>& bytes, std::uint64_t nowMs, Replies& replies);
     void AddBytes(std::vector<std::uint8_t> reply, Replies& replies);
 
-    VirtualSign& sign;
+    SignAt signAt;
     BootLoader* bootLoader;
     ModbusDevices* devices;
     FaultInjector injector;

@@ -3,6 +3,7 @@
 
 #include "sim/platform/descriptor.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -14,6 +15,12 @@ struct ListenSettings
     std::uint16_t port = 9520;      // UDP and TCP; 0 picks one that is free in both
     bool serial = false;            // a pseudo-terminal as well
 };
+
+// The port of the sign with this index among many; each picks its own where the first one does.
+inline std::uint16_t Following(std::uint16_t first, std::size_t index)
+{
+    return static_cast<std::uint16_t>(first == 0 ? 0 : first + index);
+}
 
 // Where hosts reach the sign. All descriptors are non-blocking.
 struct Endpoints

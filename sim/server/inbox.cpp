@@ -9,24 +9,33 @@ constexpr std::size_t kMostHosts = 16;     // that have so many
 
 } // namespace
 
-void Inbox::Read(int socket, std::size_t port)
+Inbox::~Inbox()
+{
+    for (const Request& request : requests)
+        crowd.Remove(HostOf(request.datagram.peer));
+}
+
+void Inbox::Read(DatagramReader& datagrams, int socket, std::size_t port)
 {
     std::size_t count = DatagramReader::kMost;
     for (int batch = 0; batch < kMostBatches && count == DatagramReader::kMost; ++batch) {
         count = datagrams.Receive(socket);
         for (std::size_t i = 0; i < count; ++i) {
             const sockaddr_in& peer = datagrams.Peer(i);
-            if (requests.size() >= kMostHosts * kMostRequests || counts[HostOf(peer)] >= kMostRequests)
+            const std::uint32_t host = HostOf(peer);
+            if (requests.size() >= kMostHosts * kMostRequests || !crowd.HasRoom(host) || counts[host] >= kMostRequests)
                 continue; // lost, like any datagram that comes too fast
-            ++counts[HostOf(peer)];
+            crowd.Add(host);
+            ++counts[host];
             const auto bytes = datagrams.Bytes(i);
             requests.push_back({port, {{bytes.begin(), bytes.end()}, peer}});
         }
     }
 }
 
-void Inbox::Serve(Shares& shares, const Serving& serve)
+bool Inbox::Serve(Shares& shares, const Serving& serve)
 {
+    bool served = false;
     for (auto request = requests.begin(); request != requests.end();) {
         const std::uint32_t host = HostOf(request->datagram.peer);
         if (!shares.IsLeft(host)) {
@@ -35,11 +44,14 @@ void Inbox::Serve(Shares& shares, const Serving& serve)
         }
         const Shares::Spending spending(shares, host);
         if (!serve(request->port, request->datagram))
-            return;
+            return served;
+        served = true;
+        crowd.Remove(host);
         if (--counts[host] == 0)
             counts.erase(host);
         request = requests.erase(request);
     }
+    return served;
 }
 
 } // namespace vxsim

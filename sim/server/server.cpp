@@ -1,8 +1,7 @@
 #include "sim/server/server.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <climits>
+#include <sys/epoll.h>
 #include <system_error>
 #include <utility>
 
@@ -14,16 +13,6 @@ using std::chrono::milliseconds;
 constexpr std::size_t kMostWaiting = 1024;
 constexpr std::size_t kMostUnsent = 65536; // on the serial line, which nobody may be reading
 
-// Places among what is watched: the last two for each port, and the lines behind them.
-enum : std::size_t
-{
-    kStop,
-    kAsked,
-    kUdp,
-    kTcp
-};
-constexpr std::size_t kEachPort = 2;
-
 } // namespace
 
 std::uint64_t NowMs()
@@ -32,9 +21,9 @@ std::uint64_t NowMs()
         std::chrono::duration_cast<milliseconds>(Clock::now().time_since_epoch()).count());
 }
 
-Server::Server(Endpoints& where, VirtualSign& served, const ServerSettings& how, const Beside& others)
-    : endpoints(where), ports{{&where, Speech::kPackets}}, settings(how), beside(others),
-      answers(served, others.bootLoader, others.devices, how.faults)
+Server::Server(Loop& of, Endpoints& where, SignAt sign, const ServerSettings& how, const Beside& others)
+    : loop(of), number(loop.Join(*this)), endpoints(where), ports{{&where, Speech::kPackets}}, settings(how),
+      beside(others), answers(std::move(sign), others.bootLoader, others.devices, how.faults), inbox(loop.crowd)
 {
     if (beside.modbusRtuPort != nullptr)
         ports.push_back({beside.modbusRtuPort, Speech::kModbusRtu});
@@ -50,25 +39,27 @@ Server::Server(Endpoints& where, VirtualSign& served, const ServerSettings& how,
     } else {
         beside.bootLoader = nullptr;
     }
+    WatchLines();
+    loop.Reschedule(number);
 }
 
 void Server::OnTick(milliseconds every, std::function<void()> call)
 {
     tickEvery = every;
     tick = std::move(call);
-    nextTick = Clock::now();
+    TickBy(nextTick = Clock::now());
 }
 
 void Server::TickEvery(milliseconds every)
 {
     tickEvery = every;
-    nextTick = std::min(nextTick, Clock::now() + every);
+    TickBy(Clock::now() + every);
 }
 
-void Server::Watch(int descriptor, std::function<void()> serve)
+void Server::TickBy(Clock::time_point when)
 {
-    asked = descriptor;
-    serveAsked = std::move(serve);
+    nextTick = std::min(nextTick, when);
+    loop.Reschedule(number);
 }
 
 LineSettings Server::Line()
@@ -86,42 +77,37 @@ void Server::Use(const LineSettings& line)
     const auto latest = Clock::now() + line.delay;
     for (Waiting& reply : waiting)
         reply.due = std::min(reply.due, latest);
+    loop.Reschedule(number);
 }
 
-void Server::Run(int stop)
+bool Server::Turn()
 {
-    while (true) {
-        const auto begin = Clock::now();
-        Prepare(stop);
-        if (::poll(watched.data(), watched.size(), TimeToWait(begin)) < 0) {
-            if (errno == EINTR)
-                continue;
-            throw std::system_error(errno, std::generic_category(), "cannot wait for requests");
-        }
-        if (watched[kStop].revents != 0)
-            return;
-        if (watched[kAsked].revents != 0)
-            serveAsked();
-        shares.BeginTurn();
-        for (std::size_t i = 0; i < ports.size(); ++i)
-            if (watched[kUdp + kEachPort * i].revents != 0)
-                inbox.Read(ports[i].at->udp.Get(), i);
-        ServeDatagrams();
-        ServeLines();
-        for (std::size_t i = 0; i < ports.size(); ++i)
-            if (watched[kTcp + kEachPort * i].revents != 0)
-                Accept(ports[i]);
-        if (lines.empty() && waiting.empty() && !tick)
-            continue;
-        const auto now = Clock::now();
-        SendDue(now);
-        SettleSilentLines(now);
-        KeepUpBootLoader(now);
-        if (tick && now >= nextTick) {
-            tick();
-            nextTick = now + tickEvery;
-        }
+    served = false;
+    for (std::size_t i = 0; i < ports.size(); ++i)
+        if (Noted(ports[i].at->udp.Get()) != 0)
+            inbox.Read(loop.datagrams, ports[i].at->udp.Get(), i);
+    ServeDatagrams();
+    ServeLines();
+    for (Port& port : ports)
+        if (Noted(port.at->tcp.Get()) != 0)
+            Accept(port);
+    const auto now = Clock::now();
+    SendDue(now);
+    SettleSilentLines(now);
+    KeepUpBootLoader(now);
+    if (tick && now >= nextTick) {
+        nextTick = now + tickEvery;
+        tick();
     }
+    noted.clear();
+    WatchLines();
+    return served;
+}
+
+std::uint32_t Server::Noted(int descriptor) const
+{
+    const auto found = std::ranges::find(noted, descriptor, &std::pair<int, std::uint32_t>::first);
+    return found != noted.end() ? found->second : 0;
 }
 
 bool Server::IsFull() const
@@ -135,46 +121,52 @@ bool Server::HasWork() const
            std::ranges::any_of(lines, [this](const StreamLine& line) { return line.IsPending() && CanServe(line); });
 }
 
-void Server::Prepare(int stop)
+void Server::WatchFor(std::uint32_t events, int descriptor, std::uint32_t& watched)
 {
-    const auto input = static_cast<short>(IsFull() ? 0 : POLLIN);
-    watched.clear();
-    watched.push_back({stop, POLLIN, 0});
-    watched.push_back({asked, POLLIN, 0});
-    for (const Port& port : ports) {
-        watched.push_back({port.at->udp.Get(), input, 0});
-        watched.push_back({!acceptPaused ? port.at->tcp.Get() : -1, POLLIN, 0});
+    constexpr std::uint32_t kKnown = 1U << 31; // to the loop
+    if (watched == (events | kKnown))
+        return;
+    if ((watched & kKnown) == 0)
+        loop.Add(number, descriptor, events);
+    else
+        loop.Change(number, descriptor, events);
+    watched = events | kKnown;
+}
+
+void Server::WatchLines()
+{
+    const bool accepts = acceptFrom <= Clock::now();
+    for (Port& port : ports) {
+        WatchFor(IsFull() ? 0U : EPOLLIN, port.at->udp.Get(), port.udpWatched);
+        WatchFor(accepts ? EPOLLIN : 0U, port.at->tcp.Get(), port.tcpWatched);
     }
-    for (const StreamLine& line : lines) {
-        const int events = (line.HasUnsent() ? POLLOUT : 0) | (CanServe(line) && !line.IsPending() ? POLLIN : 0);
-        watched.push_back({line.Get(), static_cast<short>(events), 0});
+    for (StreamLine& line : lines) {
+        const bool reads = CanServe(line) && !line.IsPending();
+        WatchFor((line.HasUnsent() ? EPOLLOUT : 0U) | (reads ? EPOLLIN : 0U), line.Get(), line.watched);
     }
 }
 
-int Server::TimeToWait(Clock::time_point now) const
+Clock::time_point Server::Due() const
 {
-    if (HasWork())
-        return 0;
     auto until = Clock::time_point::max();
     if (!waiting.empty())
         until = waiting.front().due;
     if (tick)
         until = std::min(until, nextTick);
+    if (acceptFrom > Clock::now())
+        until = std::min(until, acceptFrom);
     if (beside.bootLoader != nullptr)
         until = std::min(until, Clock::time_point(milliseconds(beside.bootLoader->DueMs())));
     for (const StreamLine& line : lines) {
         if (line.IsWaiting() && !line.IsPending())
             until = std::min(until, line.LastInput() + kPartTimeout);
     }
-    if (until == Clock::time_point::max())
-        return -1;
-    const auto left = std::chrono::ceil<milliseconds>(until - now).count();
-    return static_cast<int>(std::clamp<decltype(left)>(left, 0, INT_MAX));
+    return until;
 }
 
 void Server::ServeDatagrams()
 {
-    inbox.Serve(shares, [this](std::size_t index, const Datagram& request) {
+    served |= inbox.Serve(loop.shares, [this](std::size_t index, const Datagram& request) {
         if (IsFull())
             return false;
         Port& port = ports[index];

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <map>
 #include <netinet/tcp.h>
+#include <sys/epoll.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <termios.h>
@@ -16,7 +17,8 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr std::size_t kMostLines = 64;
-constexpr int kMostAccepted = 64; // in a turn
+constexpr int kMostAccepted = 64;         // in a turn
+constexpr milliseconds kAcceptPause{250}; // where nobody leaves
 // Silence after which replies that no host has fetched from the serial line are stale.
 constexpr milliseconds kStaleTimeout{1000};
 
@@ -66,8 +68,9 @@ void Server::Accept(Port& port)
         Descriptor connection(
             ::accept4(port.at->tcp.Get(), reinterpret_cast<sockaddr*>(&peer), &size, SOCK_NONBLOCK | SOCK_CLOEXEC));
         if (!connection) {
-            // Out of descriptors: no new connection before an old one goes.
-            acceptPaused = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
+            // Out of descriptors: no new connection before an old one goes, here or at another sign.
+            if (errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM)
+                acceptFrom = Clock::now() + kAcceptPause;
             return;
         }
         if (!MakeRoomFor(HostOf(peer)))
@@ -81,26 +84,25 @@ void Server::Accept(Port& port)
 
 void Server::ServeLines()
 {
-    std::size_t index = watched.size() - lines.size(); // they stand behind all else, in their order
-    for (auto line = lines.begin(); line != lines.end(); ++index) {
-        const short events = watched[index].revents;
+    for (auto line = lines.begin(); line != lines.end();) {
+        const std::uint32_t events = Noted(line->Get());
         if ((events == 0 && !line->IsPending()) || ServeLine(*line, events)) {
             ++line;
         } else {
             line = lines.erase(line);
-            acceptPaused = false;
+            acceptFrom = Clock::time_point::min();
         }
     }
 }
 
 // False if the line has ended.
-bool Server::ServeLine(StreamLine& line, short events)
+bool Server::ServeLine(StreamLine& line, std::uint32_t events)
 {
-    if ((events & POLLOUT) != 0 && !line.Flush())
+    if ((events & EPOLLOUT) != 0 && !line.Flush())
         return false;
     if (line.IsPending() && CanServe(line))
         return AnswerLine(line);
-    if ((events & ~POLLOUT) == 0)
+    if ((events & ~std::uint32_t{EPOLLOUT}) == 0)
         return true;
     const auto now = Clock::now();
     if (IsSerial(line)) {
@@ -118,7 +120,8 @@ bool Server::ServeLine(StreamLine& line, short events)
 
 bool Server::AnswerLine(StreamLine& line)
 {
-    auto replies = answers.ToLine(line, NowMs(), shares);
+    auto replies = answers.ToLine(line, NowMs(), loop.shares);
+    served |= !line.IsPending() || (replies && !replies->empty());
     return replies && SendOrWait(line, std::move(*replies));
 }
 

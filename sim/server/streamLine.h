@@ -60,6 +60,9 @@ public:
     std::size_t Unsent() const { return unsent.size(); }
     void DropUnsent() { unsent.clear(); }
 
+    // What the loop waits for at this line; who changes it has to tell the loop.
+    std::uint32_t watched = 0;
+
 private:
     std::uint64_t number;
     Descriptor line;

@@ -5,6 +5,8 @@
 
 #include <arpa/inet.h>
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/eventfd.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 
@@ -160,6 +162,48 @@ TEST_F(ServerTest, DelayedRepliesKeepTheirOrderAndTheirPeer)
     EXPECT_EQ(Receive(stream, 32), kBlack1Reply + kBlack2Reply);
     EXPECT_EQ(Receive(datagrams, 16), kBlack1Reply);
     EXPECT_GE(vxsim::Clock::now() - begin, how.delay);
+}
+
+TEST(LoopTest, WhoOverwhelmsASignReachesTheOthersAllTheSame)
+{
+    constexpr std::chrono::milliseconds kAnswer{1};
+    const TempFolder folder;
+    vxsim::VirtualSign sign({.folder = folder.path});
+    vxsim::Endpoints crowded({"127.0.0.1", 0, false});
+    vxsim::Endpoints quiet({"127.0.0.1", 0, false});
+    const vxsim::Descriptor end(::eventfd(0, EFD_CLOEXEC));
+    vxsim::Loop loop;
+    int answered = 0;
+    int before = -1;
+    const auto answerSlowly = [&](std::uint64_t) {
+        for (const auto until = vxsim::Clock::now() + kAnswer; vxsim::Clock::now() < until;) {
+        }
+        ++answered;
+        return &sign;
+    };
+    const auto answerLast = [&](std::uint64_t) {
+        before = answered;
+        ::eventfd_write(end.Get(), 1);
+        return &sign;
+    };
+    const vxsim::Server one(loop, crowded, answerSlowly, {});
+    const vxsim::Server other(loop, quiet, answerLast, {});
+    const vxsim::Descriptor host(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    const auto send = [&](const vxsim::Endpoints& to) {
+        sockaddr_in peer = {};
+        peer.sin_family = AF_INET;
+        peer.sin_port = htons(to.port);
+        peer.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        EXPECT_GT(::sendto(host.Get(), kBlack1.data(), kBlack1.size(), 0, reinterpret_cast<const sockaddr*>(&peer),
+                           sizeof peer),
+                  0);
+    };
+    for (int i = 0; i < 200; ++i)
+        send(crowded);
+    send(quiet);
+    loop.Run(end.Get());
+    EXPECT_GE(before, 0);
+    EXPECT_LT(before, 20) << "of 200";
 }
 
 TEST(EndpointsTest, ATakenPortAndABadHostAreErrors)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "sim/server/endpoints.h"
+#include "sim/server/loop.h"
 #include "sim/server/server.h"
 #include "sim/virtualSign.h"
 #include "support/tempFolder.h"
@@ -18,7 +19,9 @@ class ServedSign
 public:
     explicit ServedSign(const vxsim::ServerSettings& settings = {})
         : endpoints({"127.0.0.1", 0, true}), sign({.folder = folder.path, .port = endpoints.port}),
-          server(endpoints, sign, settings), stop(::eventfd(0, EFD_CLOEXEC)), thread([this] { server.Run(stop); })
+          server(
+              loop, endpoints, [this](std::uint64_t) { return &sign; }, settings),
+          stop(::eventfd(0, EFD_CLOEXEC)), thread([this] { loop.Run(stop); })
     {
     }
     ~ServedSign()
@@ -39,6 +42,7 @@ private:
     TempFolder folder;
     vxsim::Endpoints endpoints;
     vxsim::VirtualSign sign;
+    vxsim::Loop loop;
     vxsim::Server server;
     int stop;
     std::thread thread;
