@@ -26,5 +26,11 @@ offers() {
 eval "$("$vxctl" completion bash)"
 offers "power o" on off
 offers "-s udp://127.0.0.1:9520 playlist mv /a " up down
+export VXBOOK=$(mktemp)
+trap 'rm "$VXBOOK"' EXIT
+printf '[sign.gantry-%s]\nurl = "udp://10.7.0.%s"\ngroups = ["north"]\n' 1 1 2 2 >"$VXBOOK"
+offers "-s ga" gantry-1 gantry-2
+offers "status -s gantry-1 --sign " gantry-1 gantry-2 group:north all
+offers "-s gantry-1 stat" status
 cd "$(dirname "$0")" || exit 1
 offers "put completionT" completionTest.sh

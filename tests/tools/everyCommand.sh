@@ -36,6 +36,7 @@ text 0 ls D:/T
 text 0 ls -l D:/T
 text 0 info
 text 0 status
+text 0 watch -n 1
 text 0 doctor
 text 0 warnings
 text 0 pixels

@@ -21,7 +21,7 @@ while read -r mark wanted row; do
     status=0
     : >"$work/err"
     VXSIGN=$sign SHELL=$BASH script -qec "$vxctl $row" /dev/null </dev/null 2>&1 |
-        sed 's/\r\x1b\[K//g; s/\r//g' >"$work/out" || status=$?
+        sed -E 's/\r?\x1b\[([KJ]|[0-9]+A)//g; s/\r//g' >"$work/out" || status=$?
     [ "$status" -eq "$wanted" ] || fail "exit status $status, not $wanted: vxctl $row"
     harmless "$work/out" || fail "orders to a terminal: vxctl $row"
     [ "$mark" = . ] || grep -qF '?' "$work/out" || fail "nothing of the sign's words: vxctl $row"

@@ -14,6 +14,7 @@
 #include <iterator>
 #include <set>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 namespace vxctl {
@@ -271,8 +272,16 @@ bool IsBookWord(std::string_view word)
 SignBook Select(const SignBook& book, const std::vector<std::string>& words)
 {
     std::vector<bool> isMeant(book.size());
+    std::unordered_map<std::string_view, std::size_t> places;
+    for (std::size_t i = 0; i < book.size(); ++i)
+        places.emplace(book[i].name, i);
     for (const std::string& word : words) {
-        bool isKnown = false;
+        const auto named = places.find(word);
+        bool isKnown = named != places.end();
+        if (isKnown) {
+            isMeant[named->second] = true;
+            continue;
+        }
         for (std::size_t i = 0; i < book.size(); ++i) {
             const bool isNamed = Names(word, book[i]);
             isMeant[i] = isMeant[i] || isNamed;

@@ -44,6 +44,15 @@ std::vector<std::string> Args::LocalFiles() const
     return files;
 }
 
+void Args::ChangeLocalFiles(std::span<const Argument> of, const std::function<std::string(const std::string&)>& change)
+{
+    for (Given& given : all) {
+        const bool isMeant = std::ranges::any_of(of, [&](const Argument& one) { return &one == given.argument; });
+        if (isMeant && given.argument->type == &kWriteFile)
+            std::ranges::transform(given.texts, given.texts.begin(), change);
+    }
+}
+
 const Args::Given& Args::Find(std::string_view name) const
 {
     const auto found = std::ranges::find_if(all, [name](const Given& given) {

@@ -5,6 +5,8 @@
 #include "vxctl/cli/numbers.h"
 
 #include <cstdint>
+#include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +27,9 @@ public:
     std::vector<std::uint8_t> Bytes(std::string_view name) const;
     std::size_t Choice(std::string_view name) const; // the place of the word among the choices
     std::vector<std::string> LocalFiles() const;     // that the command may write
+
+    // Puts other files in the place of those that one of these arguments has the command write.
+    void ChangeLocalFiles(std::span<const Argument> of, const std::function<std::string(const std::string&)>& change);
 
     template <class Integer = std::uint32_t>
     Integer Number(std::string_view name, Integer otherwise = 0) const

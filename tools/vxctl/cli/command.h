@@ -20,12 +20,13 @@ enum class Line : std::uint8_t
     kNone   // it stays on this PC
 };
 
-// Whether the command makes sense for many signs at once: it asks nobody, and writes no file of this PC that it must
-// have (those of options aside).
+// Whether the command makes sense for many signs at once: it asks nobody. What it writes on this PC goes into a folder
+// for each sign.
 enum class Signs : std::uint8_t
 {
     kOne,
-    kMany
+    kMany,
+    kTogether // it takes them all itself
 };
 
 struct Command

@@ -14,15 +14,19 @@ namespace vxctl {
 namespace {
 
 constexpr const char* kFooter =
-    R"(The sign is one URL: udp://HOST:PORT, tcp://HOST:PORT or serial:NAME@BAUD. Without -s it is that of the
-environment variable VXSIGN. Paths on the sign look like D:/T/NAME.NMG.
+    R"(A sign is a URL, udp://HOST:PORT, tcp://HOST:PORT or serial:NAME@BAUD, or a name in the book of signs ("vxctl help
+book"). Without -s it is that of the environment variable VXSIGN. Paths on the sign look like D:/T/NAME.NMG.
 
-Exit status: 0 done, 1 the sign or the line failed, 2 the command line is wrong.
+Many signs: -s again, group:NAME, all. Each has its line when it is done; what fails is told at the end too. What is
+written on this PC goes into a folder for each: "get D:/T/A.NMG out/" makes out/NAME/A.NMG.
+
+Exit status: 0 done, 1 the sign or the line failed, 2 the command line is wrong, 3 some of many signs failed.
 
 Examples:
   vxctl show "HELLO 42"
   vxctl -s tcp://192.168.1.50:9520 put hello.nmg D:/T/HELLO.NMG
   vxctl -s serial:/dev/ttyUSB0@115200 info
+  vxctl -s group:a7-north show "Fog"
   vxctl help get)";
 
 std::string FooterOf(const Command& command)
@@ -48,6 +52,8 @@ CLI::Option* AddOption(CLI::App& to, const Argument& argument)
                                                       : to.add_option_function<std::string>(
                                                             name, [](const std::string&) {}, help);
     const std::string value = ValueText(argument);
+    if (argument.IsRepeated() && argument.IsOption())
+        option->allow_extra_args(false); // what follows the value is not another one
     option->required(argument.isRequired)->type_name(value == name ? "" : value);
     if (!argument.standard.empty())
         option->default_str(std::string(argument.standard));

@@ -1,13 +1,19 @@
 // Reads the rows as far as the words go.
 #include "vxctl/cli/completion.h"
 
+#include "vxctl/book/signBook.h"
+#include "vxctl/cli/failure.h"
 #include "vxctl/cli/tables.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <set>
 
 namespace vxctl {
 
 namespace {
+
+constexpr std::string_view kSign = "-s,--sign";
 
 // Words ahead of the one that is typed, and what they leave open.
 class Reading
@@ -15,14 +21,16 @@ class Reading
 public:
     void Take(const std::string& word)
     {
-        if (valueOf != nullptr)
+        if (valueOf != nullptr) {
+            book = valueOf->name == "--book" ? word : book;
             valueOf = nullptr;
-        else if (word.starts_with('-'))
+        } else if (word.starts_with('-')) {
             TakeOption(word);
-        else if (command != nullptr && command->run != nullptr)
+        } else if (command != nullptr && command->run != nullptr) {
             ++places;
-        else
+        } else {
             TakeName(word);
+        }
     }
 
     // Lines for all that may stand here.
@@ -31,7 +39,7 @@ public:
         if (isLost)
             return {};
         if (valueOf != nullptr)
-            return Values(*valueOf, typed);
+            return valueOf->name == kSign ? Signs(typed) : Values(*valueOf, typed);
         if (typed.starts_with('-'))
             return Options(typed);
         if (command != nullptr && command->run != nullptr)
@@ -58,6 +66,25 @@ private:
     static std::string Line(std::string_view word, std::string_view meaning, const std::string& typed)
     {
         return word.starts_with(typed) ? std::string(word).append(" ").append(meaning).append("\n") : std::string();
+    }
+
+    // Of the book, where there is one.
+    std::string Signs(const std::string& typed) const
+    {
+        std::string lines;
+        std::set<std::string> groups;
+        try {
+            for (const BookSign& sign : ReadBook(BookFile(book))) {
+                lines += Line(sign.name, sign.options.url, typed);
+                for (const std::string& group : sign.groups)
+                    groups.insert("group:" + group);
+            }
+        } catch (const UsageError&) {
+            return {};
+        }
+        for (const std::string& group : groups)
+            lines += Line(group, "the signs of a group", typed);
+        return lines + Line("all", "all signs of the book", typed);
     }
 
     static std::string Values(const Argument& argument, const std::string& typed)
@@ -103,7 +130,14 @@ private:
         return lines;
     }
 
+    static std::string BookOfUser()
+    {
+        const char* const file = std::getenv("VXBOOK");
+        return file == nullptr ? "" : file;
+    }
+
     const Command* command = nullptr;
+    std::string book = BookOfUser();
     const Argument* valueOf = nullptr; // an option whose value comes next
     std::size_t places = 0;            // arguments by their place so far
     bool isLost = false;

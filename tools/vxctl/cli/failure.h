@@ -13,6 +13,7 @@ namespace vxctl {
 // Exit statuses.
 inline constexpr int kExitFailure = 1;
 inline constexpr int kExitUsage = 2;
+inline constexpr int kExitSome = 3;     // of many signs some failed
 inline constexpr int kExitSignal = 128; // and the number of the signal that ended the command
 
 // The command line asks for something that cannot be: nothing was sent.

@@ -129,9 +129,9 @@ LineFault LookAtLine(const Options& options, int waitMs)
     return FaultOf(isSerial ? SerialError(place) : NetworkError(Resolve(typed), waitMs), place);
 }
 
-LineFault FindLineFault(const Options& options)
+LineFault FindLineFault(const Options& options, int waitMs)
 {
-    LineFault fault = LookAtLine(options);
+    LineFault fault = LookAtLine(options, waitMs);
     return fault.reason.empty() ? Silence(options) : fault;
 }
 

@@ -24,6 +24,6 @@ inline constexpr int kLookMs = 500;
 LineFault LookAtLine(const Options& options, int waitMs = kLookMs);
 
 // The same behind a failure: where nothing speaks against the line, the sign keeps silent.
-LineFault FindLineFault(const Options& options);
+LineFault FindLineFault(const Options& options, int waitMs = kLookMs);
 
 } // namespace vxctl

@@ -117,4 +117,21 @@ TemporaryFolder::~TemporaryFolder()
     fs::remove_all(path, error);
 }
 
+LinkedFile::LinkedFile(const std::string& file, Linked what) : path(folder.Path() + fs::path(file).filename().string())
+{
+    std::error_code error;
+    const fs::path whole = fs::absolute(file, error);
+    fs::create_symlink(whole, path, error);
+    if (what == Linked::kFolder) {
+        for (const fs::directory_entry& entry : fs::directory_iterator(whole.parent_path(), error)) {
+            std::error_code isThere; // the file itself
+            const fs::path name = entry.path().filename();
+            if (name != "SEQ_PC.SYS" && name.extension() != ".tmp") // which the library writes
+                fs::create_symlink(entry.path(), folder.Path() + name.string(), isThere);
+        }
+    }
+    if (error)
+        throw SignFailure(VX_OPEN_FILE);
+}
+
 } // namespace vxctl

@@ -60,4 +60,25 @@ private:
     std::string path;
 };
 
+// The folder of a file, or the file alone, under names that no other thread uses: the library writes files of its own
+// beside those that it sends. The copies are links, which go with the object. Throws SignFailure when they cannot be
+// made.
+enum class Linked
+{
+    kFile,
+    kFolder
+};
+
+class LinkedFile
+{
+public:
+    LinkedFile(const std::string& file, Linked what);
+
+    const std::string& Path() const { return path; }
+
+private:
+    TemporaryFolder folder;
+    std::string path;
+};
+
 } // namespace vxctl

@@ -21,6 +21,13 @@ struct Options
     bool operator==(const Options&) const = default;
 };
 
+// A sign as people name it: by its name in the book, or by its URL.
+struct Target
+{
+    std::string name;
+    Options options;
+};
+
 class Args;
 
 // As a command line has them.

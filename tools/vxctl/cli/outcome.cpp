@@ -19,6 +19,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr int kShortLookMs = 100; // at the line of one of many signs
+
 // The thread may have had another sign, whose properties the library keeps until its record of them is unloaded.
 void TurnToSign()
 {
@@ -58,7 +60,7 @@ Outcome Failed(const Session& session, const SignFailure& failure, const Args& a
 {
     LineFault fault{failure.reason, {}};
     if (failure.code == VX_COMMUNICATION && failure.reason.empty())
-        fault = FindLineFault(session.options);
+        fault = FindLineFault(session.options, session.isOneOfMany ? kShortLookMs : kLookMs);
     if ((failure.code == VX_CALL || failure.code == VX_OPEN_FILE) && failure.reason.empty())
         fault.reason = LocalFault(args);
     return {.result = failure.code,
@@ -103,7 +105,7 @@ Order::Order(const std::vector<std::string>& words) : command(nullptr)
         throw UsageError(error.get_exit_code() == 0 ? "no command, but a question about vxctl"
                                                     : Complaint(line, error));
     }
-    if (command->signs == Signs::kOne)
+    if (command->signs != Signs::kMany)
         throw UsageError(std::string(command->name) + " takes one sign at a time");
     args = line.ArgsOf(*command);
 }
@@ -123,6 +125,7 @@ Outcome RunOn(const Options& sign, const Order& order)
     Session session;
     std::string lines;
     session.options = sign;
+    session.isOneOfMany = true;
     session.report.KeepLines(lines);
     Outcome outcome;
     try {

@@ -4,6 +4,7 @@
 #include "vxctl/cli/command.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,12 @@ public:
 
     const Command& What() const { return *command; }
     const Args& With() const { return args; }
+
+    // Puts other files in the place of those that the command itself writes on this PC.
+    void ChangeLocalFiles(const std::function<std::string(const std::string&)>& change)
+    {
+        args.ChangeLocalFiles({command->arguments.begin(), command->arguments.size()}, change);
+    }
 
 private:
     const Command* command;

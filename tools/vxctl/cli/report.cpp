@@ -108,7 +108,7 @@ bool Report::Finish(std::uint32_t result, std::string_view reason, std::string_v
 {
     if (reason.empty() && advice.empty())
         advice = AdviceFor(result);
-    if (json)
+    if (json && !(isTold && result == VX_OK))
         PrintObject(result, reason, advice);
     const bool isTaken = Flush();
     if (!isTaken)

@@ -65,6 +65,9 @@ public:
     void Code(const std::string& name, const std::string& key, CodeNames names, std::uint32_t code,
               const Shown& text = {});
 
+    // All has been told in objects of the command's own making: where all goes well its end tells no more.
+    void EndsInLines() { isTold = true; }
+
     // The end of the command: JSON gets the result word, its text and all values. In text a failure goes to standard
     // error, with its reason and what to try next; where neither is known, with what helps against the result. False
     // when standard output did not take it all.
@@ -78,6 +81,7 @@ private:
 
     bool json = false;
     std::string* kept = nullptr;
+    bool isTold = false;
     Json head = {{"command", nullptr}, {"sign", nullptr}};
     Json values = Json::object();
 };

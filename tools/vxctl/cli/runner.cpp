@@ -7,6 +7,8 @@
 #include "vxctl/cli/documents.h"
 #include "vxctl/cli/outcome.h"
 #include "vxctl/cli/terminal.h"
+#include "vxctl/many/manySigns.h"
+#include "vxctl/many/targets.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -67,7 +69,9 @@ bool PrintHidden(const std::vector<std::string>& words)
 Order OrderOf(const CommandLine& line, const Command& command, Session& session)
 {
     Args args = line.ArgsOf(command);
-    session.options = OptionsOf(args);
+    if (command.line != Line::kNone)
+        session.signs = TargetsOf(args);
+    session.options = session.signs.empty() ? OptionsOf(args) : session.signs.front().options;
     session.report.UseJson(args.Has("--json"));
     session.report.SetHead(command.name, command.line == Line::kNone ? "" : session.options.url);
     return {command, std::move(args)};
@@ -115,6 +119,9 @@ int RunTool(const std::vector<std::string>& words)
     session.report.UseJson(WantsJson(words));
     try {
         const Order order = OrderOf(line, line.Parse(words), session);
+        const bool areMany = session.signs.size() > 1 || (order.With().Has("--retry-failed") && !session.signs.empty());
+        if (areMany && order.What().signs != Signs::kTogether)
+            return RunMany(order, session.signs);
         return Tell(session.report, Run(session, order));
     } catch (const UsageError& error) {
         return Refuse(session.report, line.Found(), error.what());

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vxctl {
 
@@ -20,6 +21,8 @@ struct Session
     Report report;
     std::optional<int> exitStatus; // in place of the usual one, for what the sign is asked about
     bool heedsSignals = false;     // Ctrl-C ends what waits
+    bool isOneOfMany = false;      // other threads do the same with other signs: a line will do
+    std::vector<Target> signs;     // all that the command line names; the first has the options
     std::string leftOver;          // what a command leaves that is stopped behind the first progress; often nothing
 
     // The sign, ready for functions that take the connection as arguments. Throws UsageError.

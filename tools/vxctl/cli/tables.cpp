@@ -9,16 +9,24 @@ namespace vxctl {
 
 namespace {
 
-constexpr ArgumentType kBook{"FILE", nullptr, true};
+constexpr ArgumentType kPlainFile{"FILE", nullptr, true};
 
 constexpr Argument kCommon[] = {
-    Text("-s,--sign", "the sign").In("URL").Default(kDefaultUrl).From("VXSIGN"),
-    Of(kBook, "--book", "the book of signs; otherwise signs.toml in ~/.config/vxsign").From("VXBOOK"),
+    Text("-s,--sign", "the sign: its URL, or in the book NAME, group:NAME or all; several times for many signs")
+        .In("SIGN")
+        .Default(kDefaultUrl)
+        .From("VXSIGN")
+        .Repeated(),
+    Of(kPlainFile, "--book", "the book of signs; otherwise signs.toml in ~/.config/vxsign").From("VXBOOK"),
     Number("--timeout", 50, 60000, "milliseconds for each try").In("MS").Default("3000"),
     Number("--retries", 1, 100, "tries for each packet").In("N").Default("3"),
     Number("--chunk", 64, 1280, "bytes of a file in each packet").In("BYTES").Default("768"),
     Number("--destination", 0, 65535, "address in each packet, such as 257 or 0x0101").In("ADDR").Default("0"),
-    Flag("--json", "one JSON object on standard output in place of text"),
+    Flag("--json", "one JSON object on standard output in place of text; for many signs one for each, on a line"),
+    Number("--jobs", 1, 512, "many signs: how many at a time").In("N").Default("32"),
+    Flag("--fail-fast", "many signs: begin no more when one has failed"),
+    Of(kPlainFile, "--retry-failed",
+       "many signs: FILE gets those that failed; what it names already takes the place of -s"),
 };
 
 constexpr const CommandTable* kTables[] = {
@@ -55,6 +63,7 @@ constexpr const CommandTable* kTables[] = {
     &kTrafficCommands,
     &kTrafficLogCommands,
     &kInfoCommands,
+    &kWatchCommands,
     &kConditionCommands,
     &kPixelCommands,
     &kDoctorCommands,

@@ -38,6 +38,7 @@ extern const CommandTable kTrafficCommands;
 extern const CommandTable kTrafficLogCommands;
 extern const CommandTable kInfoCommands;
 extern const CommandTable kConditionCommands;
+extern const CommandTable kWatchCommands;
 extern const CommandTable kPixelCommands;
 extern const CommandTable kDoctorCommands;
 extern const CommandTable kLogCommands;

@@ -2,6 +2,8 @@
 #include "vxctl/cli/terminal.h"
 
 #include <iostream>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 namespace vxctl {
 
@@ -41,6 +43,25 @@ void DrawLine(const Shown& line)
 void EraseLine()
 {
     std::cerr << "\r\x1b[K" << std::flush;
+}
+
+std::optional<ScreenSize> SizeOfScreen()
+{
+    winsize size{};
+    if (::isatty(STDOUT_FILENO) == 0)
+        return std::nullopt;
+    if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0 || size.ws_row == 0)
+        return ScreenSize{80, 24};
+    return ScreenSize{size.ws_col, size.ws_row};
+}
+
+void DrawScreen(const std::vector<Shown>& lines, std::size_t former)
+{
+    if (former != 0)
+        std::cout << "\x1b[" << former << 'A';
+    for (const Shown& line : lines)
+        std::cout << '\r' << line.Text() << "\x1b[K\n";
+    std::cout << "\x1b[J" << std::flush;
 }
 
 bool Flush()

@@ -3,7 +3,10 @@
 
 #include "vxctl/cli/shown.h"
 
+#include <cstddef>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 namespace vxctl {
 
@@ -23,6 +26,17 @@ void PrintLines(Stream stream, std::string_view lines);
 void PrintQuestion(const Shown& question);
 void DrawLine(const Shown& line);
 void EraseLine();
+
+// The terminal at standard output; nothing where there is none.
+struct ScreenSize
+{
+    std::size_t columns;
+    std::size_t rows;
+};
+std::optional<ScreenSize> SizeOfScreen();
+
+// Lines on standard output in the place of those that were drawn last, which were so many.
+void DrawScreen(const std::vector<Shown>& lines, std::size_t former);
 
 // Writes what is still on its way to standard output. False when that did not take it all.
 bool Flush();

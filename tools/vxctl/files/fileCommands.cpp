@@ -65,7 +65,8 @@ bool FitsWindow(const std::string& local, std::uint32_t chunkSize)
 std::uint32_t Put(Session& session, const Args& args)
 {
     CheckSystemName(args);
-    const std::string& local = args.Text("LOCAL");
+    const Unshared unshared(session, args.Text("LOCAL"));
+    const std::string& local = unshared.Path();
     const std::string path = args.Has("--system") ? args.Text("PATH") : TargetPath(args.Text("PATH"), local);
     const bool window = args.Has("--window") && FitsWindow(local, session.options.chunk);
     const auto send = [&] {
@@ -154,6 +155,7 @@ and is not measured.)",
 vxctl get D:/T/HELLO.NMG .
 vxctl get --system CONFIG.SYS config.sys)",
         .arguments = {kPath, WriteFile("LOCAL", "the file on this PC, or a folder"), kSystem},
+        .signs = Signs::kMany,
         .run = Get,
     },
     {

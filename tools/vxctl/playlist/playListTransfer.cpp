@@ -12,6 +12,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -141,7 +142,10 @@ void CheckArrival(Session& session, const PlayList& list, Depth depth)
 
 std::uint32_t Send(Session& session, const Args& args)
 {
-    const PlayList list = PlayList::Open(args.Text("--list"));
+    std::optional<LinkedFile> linked;
+    if (session.isOneOfMany && fs::exists(args.Text("--list")))
+        linked.emplace(args.Text("--list"), Linked::kFolder);
+    const PlayList list = PlayList::Open(linked ? linked->Path() : args.Text("--list"));
     const std::int8_t withFiles = args.Has("--list-only") ? 0 : 1;
     CheckRoom(list);
     std::uint32_t result = VX_OK;

@@ -20,7 +20,7 @@ constexpr std::size_t kLongestText = std::size_t{1} << 20U;
 
 constexpr std::uint32_t kAtOnce = '0'; // the mode
 
-std::string ReadStandardInput()
+std::string ReadToEnd()
 {
     std::string text(kLongestText + 1, '\0');
     text.resize(std::fread(text.data(), 1, text.size(), stdin));
@@ -30,6 +30,13 @@ std::string ReadStandardInput()
         text.pop_back();
     if (text.ends_with('\r'))
         text.pop_back();
+    return text;
+}
+
+// Once: all of many signs get the same.
+const std::string& ReadStandardInput()
+{
+    static const std::string text = ReadToEnd();
     return text;
 }
 

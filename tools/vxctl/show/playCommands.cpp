@@ -87,6 +87,7 @@ vxctl --json playing | jq -r .playing)",
         .details = "A JPEG of what the face shows now. FILE may be a folder.",
         .examples = "vxctl screenshot face.jpeg",
         .arguments = {WriteFile("FILE", "the file on this PC, or a folder")},
+        .signs = Signs::kMany,
         .run = TakeScreenshot,
     },
     {

@@ -21,7 +21,7 @@ std::optional<vxsim::Layout> LayOutText(FileBytes message, const FaceSize& face)
     const auto parsed = vxsim::ParseNmg(message);
     if (!parsed || parsed->picture)
         return std::nullopt;
-    vxsim::Font font;
+    static thread_local vxsim::Font font; // dear to open, and many signs may want the same letters
     vxsim::Layout layout = vxsim::LayOut(parsed->runs, face.width, face.height, font);
     layout.isCut = layout.isCut || message.size() > vxsim::kMostMessageBytes;
     return layout;

@@ -14,6 +14,8 @@ namespace vxctl {
 
 namespace {
 
+constexpr std::uint32_t kPatienceWithOneOfMany = 2; // requests without any answer
+
 std::string Milliseconds(double time)
 {
     std::array<char, 64> text{};
@@ -46,7 +48,8 @@ std::uint32_t Ping(Session& session, const Args& args)
     std::vector<double> times;
     std::uint32_t sent = 0;
     std::uint32_t result = VX_OK;
-    while (sent < count && (result == VX_OK || result == VX_COMMUNICATION)) {
+    const std::uint32_t patience = session.isOneOfMany ? kPatienceWithOneOfMany : count;
+    while (sent < count && (result == VX_OK || result == VX_COMMUNICATION) && (sent < patience || !times.empty())) {
         std::array<std::uint16_t, 2> numbers{};
         std::uint32_t third = 0;
         const ProgressBar watch("ping", true);
@@ -55,6 +58,8 @@ std::uint32_t Ping(Session& session, const Args& args)
         const std::string title = "answer " + std::to_string(++sent) + ": ";
         if (result == VX_OK)
             times.push_back(time);
+        if (session.isOneOfMany)
+            continue;
         session.report.Line(title + (result != VX_OK
                                          ? std::string(vxErrorDesc(result))
                                          : Milliseconds(time) + " (" + std::to_string(numbers[0]) + ", " +
@@ -71,7 +76,8 @@ const Command kCommands[] = {
         .help = "Measure how long the sign takes to answer",
         .details =
             R"(Each line has the time from request to answer and the three numbers of the sign's. Each is tried once: --retries does
-not apply. The exit status is 0 when anything was answered.)",
+not apply. The exit status is 0 when anything was answered. Of many signs each has one line, and one that is silent twice
+at first is given up.)",
         .examples = R"(vxctl ping
 vxctl ping -n 100 --timeout 500)",
         .arguments = {Number("-n,--count", 1, 1000000, "how often").In("COUNT").Default("4")},

@@ -59,4 +59,7 @@ std::int64_t MinutesAhead(const ClockTime& first, const ClockTime& second);
 // The minutes by which a clock that is right may differ from that of this PC.
 inline constexpr std::int64_t kClockTolerance = 2;
 
+// What `watch` shows of a sign, and vxbridge polls: state, measurements, what plays, warnings. The thread has the sign.
+std::uint32_t ShowBriefly(Session& session, const Args& args);
+
 } // namespace vxctl

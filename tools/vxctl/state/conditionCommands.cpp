@@ -130,14 +130,20 @@ void ShowWarningLines(Report& report)
         report.Line("  " + Toned(warning.where + ": " + warning.what + " " + warning.value, Tone::kWrong));
 }
 
-std::uint32_t ShowStatus(Session& session, const Args& /*args*/)
+Status ReadStatus()
 {
-    Report& report = session.report;
     Status found;
     status = &found;
     const std::uint32_t result = vxReadStatusInfo("", 0, 0, TakeStatus, 0, 0, 0);
     status = nullptr;
     Check(result);
+    return found;
+}
+
+std::uint32_t ShowStatus(Session& session, const Args& /*args*/)
+{
+    Report& report = session.report;
+    const Status found = ReadStatus();
     report.Line("sign                " + session.options.url);
     ShowRecord(report, found);
     ShowFace(report, ReadFace());
@@ -177,6 +183,17 @@ std::uint32_t ShowWarnings(Session& session, const Args& args)
         ShowRing(session.report, ring);
     return VX_OK;
 }
+
+} // namespace
+
+std::uint32_t ShowBriefly(Session& session, const Args& /*args*/)
+{
+    ShowRecord(session.report, ReadStatus());
+    ShowWarningLines(session.report);
+    return VX_OK;
+}
+
+namespace {
 
 const Command kCommands[] = {
     {

@@ -1,0 +1,97 @@
+// Finds the signs of a command line in the book.
+#include "vxctl/many/targets.h"
+
+#include "vxctl/book/signBook.h"
+#include "vxctl/cli/failure.h"
+#include "vxctl/cli/localFiles.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <system_error>
+
+namespace vxctl {
+
+namespace {
+
+std::vector<std::string> WordsOf(const Args& args)
+{
+    if (args.Has("--retry-failed")) {
+        if (std::vector<std::string> names = ReadNames(args.Text("--retry-failed")); !names.empty())
+            return names;
+    }
+    return args.List("--sign");
+}
+
+// What the command line says holds, and else what the book does.
+Options Merged(Options book, const Args& args)
+{
+    const Options given = OptionsOf(args);
+    if (args.Has("--timeout"))
+        book.timeoutMs = given.timeoutMs;
+    if (args.Has("--retries"))
+        book.retries = given.retries;
+    if (args.Has("--chunk"))
+        book.chunk = given.chunk;
+    if (args.Has("--destination"))
+        book.destination = given.destination;
+    return book;
+}
+
+} // namespace
+
+std::vector<Target> TargetsOf(const Args& args)
+{
+    std::vector<std::string> urls = WordsOf(args);
+    const auto firstName =
+        std::stable_partition(urls.begin(), urls.end(), [](const auto& word) { return !IsBookWord(word); });
+    const std::vector<std::string> names(firstName, urls.end());
+    urls.erase(firstName, urls.end());
+    std::vector<Target> targets;
+    if (!names.empty()) {
+        for (const BookSign& sign : Select(ReadBook(BookFile(args.Text("--book"))), names))
+            targets.push_back({sign.name, Merged(sign.options, args)});
+    }
+    std::set<std::string> seen;
+    for (const std::string& url : urls) {
+        Options options = OptionsOf(args);
+        options.url = url;
+        if (seen.insert(url).second)
+            targets.push_back({url, std::move(options)});
+    }
+    return targets;
+}
+
+std::vector<std::string> ReadNames(const std::string& file)
+{
+    std::error_code error;
+    if (!std::filesystem::exists(file, error))
+        return {};
+    std::ifstream stream(file);
+    std::vector<std::string> names;
+    std::copy(std::istream_iterator<std::string>(stream), {}, std::back_inserter(names));
+    if (!stream.eof())
+        throw UsageError("--retry-failed: '" + file + "' cannot be read");
+    return names;
+}
+
+void WriteNames(const std::string& file, const std::vector<std::string>& names)
+{
+    std::error_code error;
+    if (names.empty()) {
+        std::filesystem::remove(file, error);
+        return;
+    }
+    const LocalTarget target(file, "failed.txt");
+    std::ofstream stream(target.Temporary());
+    for (const std::string& name : names)
+        stream << name << '\n';
+    stream.close();
+    if (!stream)
+        throw SignFailure(VX_OPEN_FILE);
+    target.Keep();
+}
+
+} // namespace vxctl
