@@ -155,8 +155,8 @@ TEST(FlatCommands, Boards)
 TEST(FlatCommands, Tiles)
 {
     ExpectFlat({
-        {CALL(vxTarsisGetTileStat(3, Long(out))), 12, 7, "03000000", "", "01020304 05", "", "01020304"},
-        {CALL(vxTarsisGetTileStat(3, Long(out))), 12, 7, "03000000", "", "", "01020304", ""},
+        {CALL(vxTarsisGetTileStat(494, Long(out))), 12, 7, "F0000000", "", "01020304 05", "", "01020304"},
+        {CALL(vxTarsisGetTileStat(494, Long(out))), 12, 7, "F0000000", "", "", "01020304", ""},
         {CALL(vxTarsisTileTest(494, 0xAB, Long(out))), 12, 9, "F0AB0000", "", "01020304 05", "", "01020304"},
         {CALL(vxTarsisTileTest(494, 0xAB, Long(out))), 12, 9, "F0AB0000", "", "", "01020304", ""},
         {CALL(vxTarsisFMCalOpt(9)), 50, 9, "00000000"},

@@ -9,8 +9,7 @@ using namespace vxsign;
 
 std::uint32_t vxTarsisGetTileStat(std::uint16_t tile, std::uint32_t* taskId)
 {
-    return Call<vxTarsisLED>(Required(taskId) && tile <= VX_LAST_TILE,
-                             [=](vxTarsisLED& sign) { return sign.StartStatus(tile, taskId); });
+    return Call<vxTarsisLED>(Required(taskId), [=](vxTarsisLED& sign) { return sign.StartStatus(tile, taskId); });
 }
 
 std::uint32_t vxTarsisGetResult(std::uint32_t taskId, std::uint8_t* buffer, std::uint32_t bufferSize,
