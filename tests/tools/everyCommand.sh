@@ -170,6 +170,8 @@ text 0 preview --text $hostile
 . 0 book add gantry udp://10.0.0.1 --group north --label km=12.4 --size 128x32 --book signs.toml
 . 0 book list --book signs.toml
 . 0 book rm gantry --book signs.toml
+. 0 book add here $VXSIGN --size 32x16 --book signs.toml
+. 0 book check --book signs.toml
 . 0 error 0x5100
 . 0 raw 1 12
 . 0 ping -n 1

@@ -59,15 +59,15 @@ TEST(SignBook, SaysWhatHoldsForEachSign)
 {
     const SignBook book = ParseBook(kBook, "/etc/vx/b.toml");
     ASSERT_EQ(NamesOf(book), "z-first a.second m ");
-    EXPECT_EQ(book[0], (BookSign{"z-first",
-                                 "a7",
-                                 {"udp://10.7.0.12:9520", 500, 3, 768, 257, Login{"operator", "/etc/vx/z.pass", ""}},
-                                 {"north", "portal"},
-                                 {2048, 64},
-                                 {{"hard_shoulder", "true"}, {"km", "12.4"}, {"road", "A7"}},
-                                 60}));
+    EXPECT_EQ(book[0],
+              (BookSign{"z-first",
+                        "a7",
+                        {"udp://10.7.0.12:9520", 500, 3, 768, 257, Login{"operator", "/etc/vx/z.pass", ""}, {2048, 64}},
+                        {"north", "portal"},
+                        {{"hard_shoulder", "true"}, {"km", "12.4"}, {"road", "A7"}},
+                        60}));
     EXPECT_EQ(book[1],
-              (BookSign{"a.second", "a7", {"tcp://10.7.0.13", 500, 9, 768, 0}, {"south"}, {}, {{"road", "A7"}}, 5}));
+              (BookSign{"a.second", "a7", {"tcp://10.7.0.13", 500, 9, 768, 0}, {"south"}, {{"road", "A7"}}, 5}));
     EXPECT_EQ(NamesOf(ParseBook("", "b.toml")), "");
 }
 

@@ -1,4 +1,4 @@
-// book list, add, rm: the signs that -s may name.
+// book list, check, add, rm: the signs that -s may name.
 #include "vxctl/book/bookEdit.h"
 #include "vxctl/book/signBook.h"
 #include "vxctl/cli/localFiles.h"
@@ -36,8 +36,8 @@ Report::Json JsonOf(const BookSign& sign)
     return {{"name", sign.name},
             {"site", sign.site},
             {"url", sign.options.url},
-            {"width", sign.size.width},
-            {"height", sign.size.height},
+            {"width", sign.options.size.width},
+            {"height", sign.options.size.height},
             {"groups", sign.groups},
             {"labels", sign.labels},
             {"timeoutMs", sign.options.timeoutMs},
@@ -55,8 +55,8 @@ std::uint32_t List(Session& session, const Args& args)
     TextTable table({{"name"}, {"url"}, {"size"}, {"groups"}, {"labels"}});
     Report::Json signs = Report::Json::array();
     for (const BookSign& sign : words.empty() ? book : Select(book, words)) {
-        table.Add({sign.name, sign.options.url, sign.size.width == 0 ? "" : SizeText(sign.size), Joined(sign.groups),
-                   LabelText(sign)});
+        table.Add({sign.name, sign.options.url, sign.options.size.width == 0 ? "" : SizeText(sign.options.size),
+                   Joined(sign.groups), LabelText(sign)});
         signs.push_back(JsonOf(sign));
     }
     if (!session.report.IsJson())
@@ -76,6 +76,22 @@ void Write(const std::string& file, const std::string& text)
     if (!stream)
         throw SignFailure(VX_OPEN_FILE);
     target.Keep();
+}
+
+// The sign says what it is: only the size can be compared.
+std::uint32_t Check(Session& session, const Args& /*args*/)
+{
+    const FaceSize told = ReadFaceSize();
+    const FaceSize& known = session.options.size;
+    const bool isRight = known.width == 0 || told == known;
+    session.report.Put("width", told.width);
+    session.report.Put("height", told.height);
+    session.report.Put("sizeIsRight", isRight);
+    session.report.Line((told.width == 0 ? "does not tell its size" : SizeText(told)) +
+                        (isRight ? "" : ", and the book says " + SizeText(known)));
+    if (!isRight)
+        session.exitStatus = kExitFailure;
+    return VX_OK;
 }
 
 std::string Quoted(const Args& args, std::string_view option)
@@ -152,6 +168,8 @@ std::uint32_t Remove(Session& /*session*/, const Args& args)
     return VX_OK;
 }
 
+constexpr Argument kSigns = Text("SIGN", "names, groups as group:NAME, or all; without, all").Optional().Repeated(0);
+
 const Command kCommands[] = {
     {
         .name = "book",
@@ -166,9 +184,18 @@ of a sign, group:NAME or all, several times.)",
         .help = "List the signs of the book",
         .examples = R"(vxctl book list
 vxctl book list group:a7-north)",
-        .arguments = {Text("SIGN", "names, groups as group:NAME, or all; without, all").Optional().Repeated(0)},
+        .arguments = {kSigns},
         .line = Line::kNone,
         .run = List,
+    },
+    {
+        .name = "book check",
+        .help = "Ask every sign of the book whether it is there, and as large as the book says",
+        .examples = R"(vxctl book check
+vxctl book check group:a7-north --timeout 500)",
+        .arguments = {kSigns},
+        .signs = Signs::kOfBook,
+        .run = Check,
     },
     {
         .name = "book add",

@@ -54,7 +54,7 @@ void TakeUrl(const BookEntry& entry, BookSign& sign)
 
 void TakeSize(const BookEntry& entry, BookSign& sign)
 {
-    sign.size = entry.Reading([&] { return ParseSides(entry.Text(), kMostFaceSide); });
+    sign.options.size = entry.Reading([&] { return ParseSides(entry.Text(), kMostFaceSide); });
 }
 
 void TakeGroups(const BookEntry& entry, BookSign& sign)

@@ -1,7 +1,6 @@
 // The book of signs: who they are and how to reach them, in a file of this PC.
 #pragma once
 
-#include "vxctl/cli/faceSize.h"
 #include "vxctl/cli/options.h"
 
 #include <cstdint>
@@ -18,7 +17,6 @@ struct BookSign
     std::string site;
     Options options;
     std::vector<std::string> groups;
-    FaceSize size;                             // zeros where the book does not say
     std::map<std::string, std::string> labels; // free ones, such as road and km
     std::uint32_t intervalSeconds = 0;         // between two looks of the bridge at the sign
 

@@ -26,7 +26,8 @@ enum class Signs : std::uint8_t
 {
     kOne,
     kMany,
-    kTogether // it takes them all itself
+    kTogether, // it takes them all itself
+    kOfBook    // those of the book that SIGN names, otherwise all, as many even if it is one
 };
 
 struct Command

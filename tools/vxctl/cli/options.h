@@ -1,6 +1,7 @@
 // The options that hold for every command: a sign, and how to reach it.
 #pragma once
 
+#include "vxctl/cli/faceSize.h"
 #include "vxctl/cli/login.h"
 
 #include <cstdint>
@@ -17,6 +18,7 @@ struct Options
     std::uint32_t chunk = 0;
     std::uint16_t destination = 0;
     std::optional<Login> login = {}; // of a sign in the book; every connection begins with it
+    FaceSize size = {};              // likewise; zeros where that does not say
 
     bool operator==(const Options&) const = default;
 };

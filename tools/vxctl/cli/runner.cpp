@@ -66,11 +66,19 @@ bool PrintHidden(const std::vector<std::string>& words)
     return true;
 }
 
+// The words for the signs that it is about.
+std::vector<std::string> WordsFor(const Command& command, const Args& args)
+{
+    if (command.signs != Signs::kOfBook)
+        return args.List("--sign");
+    return args.Has("SIGN") ? args.List("SIGN") : std::vector<std::string>{"all"};
+}
+
 Order OrderOf(const CommandLine& line, const Command& command, Session& session)
 {
     Args args = line.ArgsOf(command);
     if (command.line != Line::kNone)
-        session.signs = TargetsOf(args);
+        session.signs = TargetsOf(args, WordsFor(command, args));
     session.options = session.signs.empty() ? OptionsOf(args) : session.signs.front().options;
     session.report.UseJson(args.Has("--json"));
     session.report.SetHead(command.name, command.line == Line::kNone ? "" : session.options.url);
@@ -119,7 +127,8 @@ int RunTool(const std::vector<std::string>& words)
     session.report.UseJson(WantsJson(words));
     try {
         const Order order = OrderOf(line, line.Parse(words), session);
-        const bool areMany = session.signs.size() > 1 || (order.With().Has("--retry-failed") && !session.signs.empty());
+        const bool areMany = session.signs.size() > 1 || order.What().signs == Signs::kOfBook ||
+                             (order.With().Has("--retry-failed") && !session.signs.empty());
         if (areMany && order.What().signs != Signs::kTogether)
             return RunMany(order, session.signs);
         return Tell(session.report, Run(session, order));

@@ -50,8 +50,11 @@ std::string WhyOf(const Outcome& outcome)
 {
     if (outcome.isRefused)
         return outcome.reason;
-    if (outcome.result == VX_OK)
-        return "exit status " + std::to_string(outcome.status);
+    if (outcome.result == VX_OK) {
+        const bool isOneLine = std::ranges::count(outcome.lines, '\n') == 1;
+        return isOneLine ? outcome.lines.substr(0, outcome.lines.size() - 1)
+                         : "exit status " + std::to_string(outcome.status);
+    }
     const std::string& more = outcome.reason.empty() ? outcome.advice : outcome.reason;
     return "error " + std::to_string(outcome.result) + " (" + FormatWord(outcome.result) +
            "): " + vxErrorDesc(outcome.result) + (more.empty() ? "" : "; " + more);

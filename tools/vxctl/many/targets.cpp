@@ -16,13 +16,13 @@ namespace vxctl {
 
 namespace {
 
-std::vector<std::string> WordsOf(const Args& args)
+std::vector<std::string> WordsOf(const Args& args, const std::vector<std::string>& words)
 {
     if (args.Has("--retry-failed")) {
         if (std::vector<std::string> names = ReadNames(args.Text("--retry-failed")); !names.empty())
             return names;
     }
-    return args.List("--sign");
+    return words;
 }
 
 // What the command line says holds, and else what the book does.
@@ -42,9 +42,9 @@ Options Merged(Options book, const Args& args)
 
 } // namespace
 
-std::vector<Target> TargetsOf(const Args& args)
+std::vector<Target> TargetsOf(const Args& args, const std::vector<std::string>& words)
 {
-    std::vector<std::string> urls = WordsOf(args);
+    std::vector<std::string> urls = WordsOf(args, words);
     const auto firstName =
         std::stable_partition(urls.begin(), urls.end(), [](const auto& word) { return !IsBookWord(word); });
     const std::vector<std::string> names(firstName, urls.end());

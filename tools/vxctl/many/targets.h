@@ -9,9 +9,9 @@
 
 namespace vxctl {
 
-// Those of -s, or those of the file of --retry-failed where that names any: in the order of the book, then by their
-// URLs; each once. The book tells how to reach a sign, unless the command line does. Throws UsageError.
-std::vector<Target> TargetsOf(const Args& args);
+// Those that the words name, or those of the file of --retry-failed where that names any: in the order of the book,
+// then by their URLs; each once. The book tells how to reach a sign, unless the command line does. Throws UsageError.
+std::vector<Target> TargetsOf(const Args& args, const std::vector<std::string>& words);
 
 // The names in such a file, one on a line; none where there is no file.
 std::vector<std::string> ReadNames(const std::string& file);
