@@ -55,9 +55,15 @@ class Sign:
         self.process = harmless.start([program, *options.split(), "--port", "0", "--dir", folder],
                                       stdout=subprocess.PIPE, text=True)
         self.lines = {}
-        while "serial" not in self.lines or ("--modbus-tcp" in options and "modbus-tcp" not in self.lines):
-            name, place = self.process.stdout.readline().split()
-            self.lines[name] = place
+        last = "second" if "--count" in options else "modbus-tcp" if "--modbus-tcp" in options else "serial"
+        while last not in self.lines:
+            name, *words = self.process.stdout.readline().split()
+            if name != "sign":
+                self.lines[name] = words[0]
+            elif "udp" in self.lines:  # the neighbour of the first one
+                self.lines["second"] = words[1]
+            else:
+                self.lines["udp"] = self.lines["tcp"] = words[1]
         self.ports = {name: int(place.split(":")[1]) for name, place in self.lines.items() if ":" in place}
 
     def fill(self):
@@ -92,12 +98,18 @@ class Sign:
 
 
 class Pings(threading.Thread):
-    """The other host: over UDP, where it asks once more after a while, and now and then over a new connection."""
+    """The other host: over UDP, where it asks once more after a while, and now and then over a new connection. Of two signs
+    in one program the same host asks the other sign."""
 
     def __init__(self, sign):
         super().__init__()
-        self.sign, self.datagrams, self.ending = sign, sign.udp(source="127.0.0.2"), threading.Event()
+        self.isNeighbour = "second" in sign.lines
+        self.source = "127.0.0.1" if self.isNeighbour else "127.0.0.2"
+        self.sign, self.datagrams, self.ending = sign, self.line(sign.udp, "udp"), threading.Event()
         self.worst, self.worstWall, self.count = 0.0, 0.0, 0
+
+    def line(self, make, kind):
+        return make("second" if self.isNeighbour else kind, self.source)
 
     def ask(self, line, number):
         until = time.monotonic() + NOTHING_MS / 1000
@@ -116,7 +128,7 @@ class Pings(threading.Thread):
         while not self.ending.wait(0.005):
             start, worked = time.monotonic(), self.sign.worked()
             try:
-                line = self.datagrams if self.count % 10 else self.sign.tcp(source="127.0.0.2")
+                line = self.datagrams if self.count % 10 else self.line(self.sign.tcp, "tcp")
                 self.ask(line, self.count % 60000 + 1)
                 if line is not self.datagrams:
                     line.close()
@@ -314,21 +326,24 @@ def main():
     sign = Sign(program, folder, f"--serial --modbus 0 --modbus-tcp 0 --size 512x256 --png {folder}/face.png")
     sign.fill()
     loader = Sign(program, os.path.join(folder, "loader"), "--bootloader --login operator:secret")
+    pair = Sign(program, os.path.join(folder, "pair"), "--count 2")
     rows = sign.udp()
     for _ in range(3000):  # for the statements
         rows.send(request(4, 7, b"\3"))
         time.sleep(0.001)
     failures, pinged = [], 0
     print(f"{'greedy host':<14} {'pings':>6} {'worst ms':>9} {'on the clock':>13}")
-    for on, greedy in [(sign, greedy) for greedy in (nobody, statements, listings, uploads, pictures, large_files,
-                                                     connections, slow, logins, paths, noise)] + [
-                                                         (loader, logins), (loader, noise)]:
+    runs = [(sign, greedy) for greedy in (nobody, statements, listings, uploads, pictures, large_files, connections, slow,
+                                          logins, paths, noise)]
+    runs += [(loader, logins), (loader, noise)]
+    runs += [(pair, greedy) for greedy in (nobody, statements, uploads, connections, slow)]
+    for on, greedy in runs:
         count, wrong = endures(on, greedy)
         pinged += count
         failures += wrong
     if os.listdir(outside) != ["sign"] or os.path.exists("/tmp/out"):
         failures.append(f"a host wrote outside the drives: {os.listdir(outside)}")
-    for ending in (sign.process, loader.process):
+    for ending in (sign.process, loader.process, pair.process):
         ending.terminate()
         try:
             if ending.wait(20) != 0:
