@@ -2,11 +2,12 @@
 #pragma once
 
 #include "sim/main/options.h"
+#include "sim/main/program.h"
 
 namespace vxsim {
 
-// Serves them until the descriptor `end` can be read. Throws std::runtime_error if the system lets too few files be
-// open.
-void ServeMany(const Options& options, int end);
+// Serves them until the descriptor `end` can be read; `pages` may be null without a page. Throws std::runtime_error if
+// the system lets too few files be open.
+void ServeMany(const Options& options, const PageMakers* pages, int end);
 
 } // namespace vxsim

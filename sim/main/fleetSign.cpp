@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
+#include <vector>
 
 namespace vxsim {
 namespace {
@@ -43,12 +45,35 @@ FleetSign::FleetSign(FleetParts& shared, std::size_t index, const std::filesyste
         std::filesystem::create_directories(folder / "sign");
 }
 
-std::string FleetSign::Places() const
+std::string FleetSign::Lines() const
 {
     std::string lines = "sign " + name + ' ' + endpoints.Place() + '\n';
     for (const std::string& place : companions.Places())
         lines += std::string(place).insert(place.find(' '), ' ' + name) + '\n';
     return lines;
+}
+
+WebSign FleetSign::Open()
+{
+    if (!awake)
+        Wake();
+    return {awake->sign, awake->stage, server, companions.Devices()};
+}
+
+const Canvas* FleetSign::Face(std::uint64_t nowMs)
+{
+    if (!awake)
+        return nullptr;
+    if (nowMs >= awake->keptUpMs + kStepMs)
+        KeepUp(nowMs);
+    return &awake->stage.Draw(nowMs);
+}
+
+WebIdentity FleetSign::Identity() const
+{
+    std::vector<std::string> lines = companions.Places();
+    lines.insert(lines.begin(), {"udp " + endpoints.Place(), "tcp " + endpoints.Place()});
+    return {VXSIM_VERSION, folder.string(), std::move(lines), name};
 }
 
 // Null, which is silence, for a sign that cannot be made: the others go on.
@@ -85,9 +110,14 @@ void FleetSign::KeepUp(std::uint64_t nowMs)
 {
     awake->keptUpMs = nowMs;
     awake->sign.KeepUp(nowMs);
-    awake->stage.KeepUp(nowMs);
+    if (watcher != nullptr && watcher->IsWatched())
+        awake->stage.Draw(nowMs);
+    else
+        awake->stage.KeepUp(nowMs);
     const std::uint64_t next = std::min(awake->stage.NextMs(nowMs).value_or(UINT64_MAX), nowMs + kRestMs);
     server.TickBy(Clock::time_point(milliseconds(std::max(next, nowMs + kLeastMs))));
+    if (watcher != nullptr)
+        watcher->Publish(nowMs);
 }
 
 void FleetSign::KeepUpOrTell()

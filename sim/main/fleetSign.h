@@ -9,6 +9,7 @@
 #include "sim/server/server.h"
 #include "sim/stage/stage.h"
 #include "sim/virtualSign.h"
+#include "sim/web/onlooker.h"
 
 #include <chrono>
 #include <cstddef>
@@ -40,9 +41,16 @@ public:
 
     const std::string& Name() const { return name; }
     std::uint16_t Port() const { return endpoints.port; }
+    std::string Place() const { return endpoints.Place(); }
 
     // A line for each place where hosts reach it: "sign NAME HOST:PORT".
-    std::string Places() const;
+    std::string Lines() const;
+
+    // As WebFleet has them.
+    WebSign Open();
+    void TellTo(Watcher& other) { watcher = &other; }
+    const Canvas* Face(std::uint64_t nowMs);
+    WebIdentity Identity() const;
 
 private:
     struct Awake
@@ -67,6 +75,7 @@ private:
     Companions companions;
     std::unique_ptr<Awake> awake;
     std::string told; // what failed last
+    Watcher* watcher = nullptr;
     Server server;
 };
 

@@ -44,7 +44,7 @@ void Announce(const std::filesystem::path& folder, const std::vector<std::string
 
 } // namespace
 
-void ServeOne(const Options& options, MakeOnlooker makePage, int end)
+void ServeOne(const Options& options, const PageMakers* pages, int end)
 {
     Endpoints endpoints(options.listen);
     const SignFolder folder(options.folder);
@@ -61,8 +61,8 @@ void ServeOne(const Options& options, MakeOnlooker makePage, int end)
     const auto step = options.IsPainted() ? kFrame : kUnseenStep;
     std::unique_ptr<Onlooker> page;
     if (options.web.IsWanted()) {
-        page = makePage(options.web.Settings(), {sign, stage, server, companions.Devices()},
-                        {VXSIM_VERSION, folder.Path().string(), places}, step);
+        page = pages->one(options.web.Settings(), {sign, stage, server, companions.Devices()},
+                          {VXSIM_VERSION, folder.Path().string(), places}, step);
         places.push_back("web " + page->Address());
     }
     if (!options.book.empty())

@@ -7,6 +7,6 @@
 namespace vxsim {
 
 // Serves the sign until the descriptor `end` can be read.
-void ServeOne(const Options& options, MakeOnlooker makePage, int end);
+void ServeOne(const Options& options, const PageMakers* pages, int end);
 
 } // namespace vxsim

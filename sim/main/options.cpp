@@ -141,7 +141,6 @@ void Options::CheckMany() const
         {listen.serial, "--serial"},
         {face == "ansi", "--face ansi"},
         {!png.empty(), "--png"},
-        {web.IsWanted(), "--web"},
     };
     for (const auto& [isGiven, name] : ofOne) {
         if (isGiven)

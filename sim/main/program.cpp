@@ -61,17 +61,17 @@ void GoOnWithPage(char** arguments)
     throw std::system_error(errno, std::generic_category(), "cannot start " + other.string());
 }
 
-void Serve(const Options& options, MakeOnlooker makePage)
+void Serve(const Options& options, const PageMakers* pages)
 {
     options.Check();
     const Descriptor end = CatchEndSignals();
     if (options.IsMany())
-        ServeMany(options, end.Get());
+        ServeMany(options, pages, end.Get());
     else
-        ServeOne(options, makePage, end.Get());
+        ServeOne(options, pages, end.Get());
 }
 
-int ParseAndRun(int argc, char** argv, MakeOnlooker makePage)
+int ParseAndRun(int argc, char** argv, const PageMakers* pages)
 {
     Options options;
     CLI::App app{"vxsim, a virtual LED sign: answers what a host sends and keeps the files it is given"};
@@ -85,10 +85,10 @@ int ParseAndRun(int argc, char** argv, MakeOnlooker makePage)
     try {
         if (options.commands)
             PrintCommands();
-        else if (options.web.IsWanted() && makePage == nullptr)
+        else if (options.web.IsWanted() && pages == nullptr)
             GoOnWithPage(argv);
         else if (app.get_subcommands().empty())
-            Serve(options, makePage);
+            Serve(options, pages);
         else
             options.condition.ApplyToTarget();
     } catch (const std::invalid_argument& error) {
@@ -100,10 +100,10 @@ int ParseAndRun(int argc, char** argv, MakeOnlooker makePage)
 
 } // namespace
 
-int RunProgram(int argc, char** argv, MakeOnlooker makePage)
+int RunProgram(int argc, char** argv, const PageMakers* pages)
 {
     try {
-        return ParseAndRun(argc, argv, makePage);
+        return ParseAndRun(argc, argv, pages);
     } catch (const fs::filesystem_error& error) {
         std::cerr << "vxsim: cannot use " << error.path1().string() << ": " << error.code().message() << '\n';
     } catch (const std::exception& error) {

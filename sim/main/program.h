@@ -5,10 +5,15 @@
 
 namespace vxsim {
 
-using MakeOnlooker = decltype(&MakeWebSite);
+// What makes pages, for one sign and for many.
+struct PageMakers
+{
+    decltype(&MakeWebSite) one;
+    decltype(&MakeFleetSite) many;
+};
 
-// Gives the exit status. Where `makePage` is null and a page is wanted, the program goes on as the one beside it that
+// Gives the exit status. Where `pages` is null and a page is wanted, the program goes on as the one beside it that
 // has the page.
-int RunProgram(int argc, char** argv, MakeOnlooker makePage);
+int RunProgram(int argc, char** argv, const PageMakers* pages);
 
 } // namespace vxsim

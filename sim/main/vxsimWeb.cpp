@@ -3,5 +3,6 @@
 
 int main(int argc, char** argv)
 {
-    return vxsim::RunProgram(argc, argv, vxsim::MakeWebSite);
+    constexpr vxsim::PageMakers kPages{vxsim::MakeWebSite, vxsim::MakeFleetSite};
+    return vxsim::RunProgram(argc, argv, &kPages);
 }

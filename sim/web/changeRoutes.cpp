@@ -28,32 +28,22 @@ void Say(httplib::Response& response, const json& what)
 }
 
 // Brings changes into the file that tells the sign. One page at a time, so that none loses those of another.
-class ConditionChanger
+void ApplyChanges(const SignSettings& settings, const json& changes, std::mutex& mutex)
 {
-public:
-    explicit ConditionChanger(const SignSettings& of) : settings(of), file(of.folder) {}
-
-    void Apply(const json& changes)
-    {
-        if (!changes.is_array())
-            throw Refusal(kBadRequest, "'changes' is no list");
-        std::vector<std::pair<std::string, std::string>> wanted;
-        for (const json& change : changes) {
-            wanted.emplace_back(TextOf(change, "what"), TextOf(change, "value"));
-            CheckChange(wanted.back().first, wanted.back().second, settings.width, settings.height);
-        }
-        const std::scoped_lock lock(mutex);
-        Condition condition = file.Read();
-        for (const auto& [what, value] : wanted)
-            Change(condition, what, value);
-        file.Write(condition);
+    if (!changes.is_array())
+        throw Refusal(kBadRequest, "'changes' is no list");
+    std::vector<std::pair<std::string, std::string>> wanted;
+    for (const json& change : changes) {
+        wanted.emplace_back(TextOf(change, "what"), TextOf(change, "value"));
+        CheckChange(wanted.back().first, wanted.back().second, settings.width, settings.height);
     }
-
-private:
-    SignSettings settings;
-    ConditionFile file;
-    std::mutex mutex;
-};
+    const std::scoped_lock lock(mutex);
+    const ConditionFile file(settings.folder);
+    Condition condition = file.Read();
+    for (const auto& [what, value] : wanted)
+        Change(condition, what, value);
+    file.Write(condition);
+}
 
 void SetLine(LineSettings& line, const std::string& name, const json& body)
 {
@@ -103,21 +93,23 @@ void LetSign(SignDesk& desk, Doing doing)
 
 } // namespace
 
-void AddChanges(HttpServer& server, SignDesk& desk)
+void AddChanges(HttpServer& server, const DeskOf& deskOf)
 {
-    const auto changer = std::make_shared<ConditionChanger>(desk.Sign().sign.Settings());
-    server.Post("/api/condition", [changer](const httplib::Request& request, httplib::Response& response) {
+    const auto mutex = std::make_shared<std::mutex>();
+    server.Post("/api/condition", [deskOf, mutex](const httplib::Request& request, httplib::Response& response) {
         const json body = ParseObject(request.body);
         try {
-            changer->Apply(body.value("changes", json()));
+            SignDesk& desk = deskOf(request);
+            ApplyChanges(desk.Sign().sign.Settings(), body.value("changes", json()), *mutex);
+            LetSign(desk, [](const WebSign&) {});
         } catch (const std::invalid_argument& error) {
             throw Refusal(kBadRequest, error.what());
         }
         Say(response, json::object());
     });
-    server.Post("/api/line", [&desk](const httplib::Request& request, httplib::Response& response) {
+    server.Post("/api/line", [deskOf](const httplib::Request& request, httplib::Response& response) {
         const json body = ParseObject(request.body);
-        LetSign(desk, [&](const WebSign& web) {
+        LetSign(deskOf(request), [&](const WebSign& web) {
             LineSettings line = web.server.Line();
             for (const auto& member : body.items())
                 SetLine(line, member.key(), body);
@@ -125,11 +117,11 @@ void AddChanges(HttpServer& server, SignDesk& desk)
         });
         Say(response, json::object());
     });
-    server.Post("/api/box", [&desk](const httplib::Request& request, httplib::Response& response) {
+    server.Post("/api/box", [deskOf](const httplib::Request& request, httplib::Response& response) {
         const json body = ParseObject(request.body);
         if (body.size() != 1)
             throw Refusal(kBadRequest, "one button at a time");
-        LetSign(desk, [&](const WebSign& web) { PressButton(web.sign, body.begin().key(), body); });
+        LetSign(deskOf(request), [&](const WebSign& web) { PressButton(web.sign, body.begin().key(), body); });
         Say(response, json::object());
     });
 }

@@ -42,6 +42,12 @@ std::string Quoted(const std::string& name)
     return text;
 }
 
+FileShelf ShelfOf(const SignDesk& desk)
+{
+    const SignSettings& settings = desk.Sign().sign.Settings();
+    return {settings.folder, settings.drives};
+}
+
 // The type of a file; it is one to keep unless it is a picture.
 const char* TypeOf(const std::filesystem::path& file, httplib::Response& response)
 {
@@ -109,18 +115,22 @@ void Delete(SignDesk& desk, const FileShelf& shelf, const httplib::Request& requ
 
 } // namespace
 
-void AddFiles(HttpServer& server, SignDesk& desk)
+void AddFiles(HttpServer& server, const DeskOf& deskOf)
 {
-    const SignSettings& settings = desk.Sign().sign.Settings();
-    const auto shelf = std::make_shared<const FileShelf>(settings.folder, settings.drives);
-    server.Get("/api/files", [shelf](const auto& request, auto& response) { GiveFolder(*shelf, request, response); });
-    server.Get("/api/file", [shelf](const auto& request, auto& response) { GiveFile(*shelf, request, response); });
-    server.Post("/api/file", [&desk, shelf](const httplib::Request& request, httplib::Response& response,
-                                            const httplib::ContentReader& reader) {
-        TakeFile(desk, *shelf, request, response, reader);
+    server.Get("/api/files", [deskOf](const auto& request, auto& response) {
+        GiveFolder(ShelfOf(deskOf(request)), request, response);
     });
-    server.Post("/api/delete", [&desk, shelf](const httplib::Request& request, httplib::Response& response) {
-        Delete(desk, *shelf, request, response);
+    server.Get("/api/file", [deskOf](const auto& request, auto& response) {
+        GiveFile(ShelfOf(deskOf(request)), request, response);
+    });
+    server.Post("/api/file", [deskOf](const httplib::Request& request, httplib::Response& response,
+                                      const httplib::ContentReader& reader) {
+        SignDesk& desk = deskOf(request);
+        TakeFile(desk, ShelfOf(desk), request, response, reader);
+    });
+    server.Post("/api/delete", [deskOf](const httplib::Request& request, httplib::Response& response) {
+        SignDesk& desk = deskOf(request);
+        Delete(desk, ShelfOf(desk), request, response);
     });
 }
 

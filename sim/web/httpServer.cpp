@@ -90,7 +90,7 @@ void HttpServer::Answer(HttpConnection& connection)
 {
     try {
         bool closed = true;
-        process_request(connection, true, closed, nullptr);
+        process_request(connection, true, closed, prepare);
     } catch (const std::exception&) { // no memory, or a sign that has gone
     }
 }

@@ -6,10 +6,12 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <httplib.h>
 #include <optional>
 #include <string>
 #include <thread>
+#include <utility>
 
 namespace vxsim {
 
@@ -28,6 +30,9 @@ public:
 
     std::uint16_t Port() const { return port; }
 
+    // Changes each request before anybody looks at it.
+    void PrepareBy(std::function<void(httplib::Request&)> change) { prepare = std::move(change); }
+
     void Start();
 
     // Ends all connections.
@@ -45,6 +50,7 @@ private:
     Descriptor listening;
     std::uint16_t port = 0;
     std::atomic<int> open = 0; // connections
+    std::function<void(httplib::Request&)> prepare;
     std::optional<httplib::ThreadPool> pool;
     std::thread acceptor;
 };

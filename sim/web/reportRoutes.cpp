@@ -155,20 +155,24 @@ json DevicesJson(const DevicesCopy& copy, const Tiles& tiles)
 
 } // namespace
 
-void AddReports(HttpServer& server, SignDesk& desk)
+void AddReports(HttpServer& server, const DeskOf& deskOf)
 {
-    const SignSettings& settings = desk.Sign().sign.Settings();
     const auto say = [](httplib::Response& response, const json& what) {
         response.set_content(Dump(what), "application/json");
     };
-    server.Get("/api/playlist",
-               [&desk, say](const auto&, auto& response) { say(response, PlayListJson(CopyList(desk))); });
-    server.Get("/api/logs", [say, database = settings.folder / "sign" / "logs.sqlite"](
-                                const auto& request, auto& response) { say(response, LogsJson(database, request)); });
-    server.Get("/api/devices",
-               [&desk, say, tiles = Tiles(settings.width, settings.height)](const auto&, auto& response) {
-                   say(response, DevicesJson(CopyDevices(desk), tiles));
-               });
+    server.Get("/api/playlist", [deskOf, say](const auto& request, auto& response) {
+        say(response, PlayListJson(CopyList(deskOf(request))));
+    });
+    server.Get("/api/logs", [deskOf, say](const auto& request, auto& response) {
+        SignDesk& desk = deskOf(request);
+        desk.Questions().Ask([&] { desk.Sign().sign.WriteLogs(); });
+        say(response, LogsJson(desk.Sign().sign.Settings().folder / "sign" / "logs.sqlite", request));
+    });
+    server.Get("/api/devices", [deskOf, say](const auto& request, auto& response) {
+        SignDesk& desk = deskOf(request);
+        const SignSettings& settings = desk.Sign().sign.Settings();
+        say(response, DevicesJson(CopyDevices(desk), Tiles(settings.width, settings.height)));
+    });
 }
 
 } // namespace vxsim

@@ -4,15 +4,23 @@
 #include "sim/web/httpServer.h"
 #include "sim/web/signDesk.h"
 
-#include <string>
+#include <functional>
 
 namespace vxsim {
 
-void AddPages(HttpServer& server);
-void AddEvents(HttpServer& server, SignDesk& desk, const std::string& sign);
-void AddTraffic(HttpServer& server, SignDesk& desk);
-void AddChanges(HttpServer& server, SignDesk& desk);
-void AddFiles(HttpServer& server, SignDesk& desk);
-void AddReports(HttpServer& server, SignDesk& desk);
+// The desk of the sign that a request is for. Throws Refusal where there is no such sign.
+using DeskOf = std::function<SignDesk&(const httplib::Request& request)>;
+
+// The files of the page, of which `first` is the one that stands for a request's folder.
+void AddPages(HttpServer& server, const std::function<std::string(const httplib::Request&)>& first);
+
+void AddEvents(HttpServer& server, const DeskOf& deskOf);
+void AddTraffic(HttpServer& server, const DeskOf& deskOf);
+void AddChanges(HttpServer& server, const DeskOf& deskOf);
+void AddFiles(HttpServer& server, const DeskOf& deskOf);
+void AddReports(HttpServer& server, const DeskOf& deskOf);
+
+// All of these but the first.
+void AddSign(HttpServer& server, const DeskOf& deskOf);
 
 } // namespace vxsim

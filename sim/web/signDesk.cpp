@@ -7,8 +7,9 @@ namespace vxsim {
 namespace {
 
 constexpr std::uint64_t kLookMs = 100;
-constexpr std::uint64_t kNextFileMs = 2000; // a long list of missing files takes its time
-constexpr std::size_t kMostTold = 200;      // packets at a time; a page can ask for more
+constexpr std::uint64_t kNextFileMs = 2000;      // a long list of missing files takes its time
+constexpr std::size_t kMostTold = 200;           // packets at a time; a page can ask for more
+constexpr std::chrono::milliseconds kHeard{250}; // for a change of the condition, too
 
 std::int64_t WallMs()
 {
@@ -18,7 +19,8 @@ std::int64_t WallMs()
 
 } // namespace
 
-SignDesk::SignDesk(const WebSign& of, std::chrono::milliseconds step) : web(of), idleStep(step)
+SignDesk::SignDesk(const WebSign& of, const WebIdentity& who, AskQueue& asked, std::chrono::milliseconds step)
+    : web(of), identity(who), idleStep(step), questions(asked)
 {
     SignEvents events;
     events.answered = [this](const Exchange& exchange) {
@@ -32,7 +34,6 @@ SignDesk::SignDesk(const WebSign& of, std::chrono::milliseconds step) : web(of),
     };
     web.sign.Observe(std::move(events));
     web.server.Observe([this](const Carried& carried) { Keep(carried); });
-    web.server.Watch(questions.Waiting(), [this] { questions.Answer(); });
 }
 
 void SignDesk::Keep(const Carried& carried)
@@ -61,6 +62,12 @@ void SignDesk::Leave(const std::shared_ptr<Viewer>& viewer)
     std::erase(viewers, viewer);
     if (viewers.empty())
         web.server.TickEvery(idleStep);
+}
+
+void SignDesk::Refresh()
+{
+    nextLookMs = 0;
+    web.server.TickBy(Clock::now() + kHeard);
 }
 
 void SignDesk::Publish(std::uint64_t nowMs)

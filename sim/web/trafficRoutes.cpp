@@ -64,12 +64,14 @@ void GivePcap(SignDesk& desk, httplib::Response& response)
 
 } // namespace
 
-void AddTraffic(HttpServer& server, SignDesk& desk)
+void AddTraffic(HttpServer& server, const DeskOf& deskOf)
 {
-    server.Get("/api/traffic", [&desk](const auto& request, auto& response) { GiveList(desk, request, response); });
+    server.Get("/api/traffic",
+               [deskOf](const auto& request, auto& response) { GiveList(deskOf(request), request, response); });
     server.Get(R"(/api/traffic/(\d{1,19}))",
-               [&desk](const auto& request, auto& response) { GiveDetails(desk, request, response); });
-    server.Get(R"(/api/traffic\.pcap)", [&desk](const auto&, auto& response) { GivePcap(desk, response); });
+               [deskOf](const auto& request, auto& response) { GiveDetails(deskOf(request), request, response); });
+    server.Get(R"(/api/traffic\.pcap)",
+               [deskOf](const auto& request, auto& response) { GivePcap(deskOf(request), response); });
 }
 
 } // namespace vxsim

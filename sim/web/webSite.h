@@ -25,6 +25,7 @@ public:
     const std::string& Address() const override { return address; }
 
 private:
+    AskQueue questions;
     SignDesk desk;
     HttpServer http;
     std::string address;

@@ -59,8 +59,8 @@ class Sign:
         self.png = self.folder / "face.png"
         self.png.unlink(missing_ok=True)
         self.process = subprocess.Popen(
-            [programs / "vxsim", "--dir", self.folder / "sign", "--port", str(port), "--web", str(web), "--png", self.png,
-             *options], stdout=subprocess.PIPE, text=True)
+            [programs / "vxsim", "--dir", self.folder / "sign", "--port", str(port), "--web", str(web), *options,
+             *([] if "--count" in options else ["--png", self.png])], stdout=subprocess.PIPE, text=True)
         lines = {}
         while "web" not in lines:
             line = self.process.stdout.readline()
@@ -68,7 +68,7 @@ class Sign:
                 raise AssertionError(f"vxsim ended with {self.process.wait()}")
             name, _, value = line.strip().partition(" ")
             lines[name] = value
-        self.url, self.address = lines["web"], lines["udp"]
+        self.url, self.address = lines["web"], lines.get("udp") or lines["sign"].split()[1]  # the last one of many
         self.port, self.web = (int(re.search(r":(\d+)", text)[1]) for text in (self.address, self.url.removeprefix("http:")))
 
     def __enter__(self):

@@ -300,6 +300,27 @@ class Scenarios(unittest.TestCase):
         finally:
             driver.execute_cdp_cmd("Emulation.clearDeviceMetricsOverride", {})
 
+    def test_many_signs(self):
+        fleet = self.sign("--count", "500")
+        fleet.run("show", "HELLO")
+        self.page.open(fleet)
+        self.assertEqual(len(self.page.all("#signs li")), 500)
+        self.assertEqual(self.page.all("#signs canvas"), [], "those out of sight have no face")
+        self.page.find("#filter").send_keys("0500")
+        until(lambda: self.page.all("#signs canvas"), "the face of the last sign")
+        lit = "const c = document.querySelector('#signs canvas'); " \
+              "return c.getContext('2d').getImageData(0, 0, c.width, c.height).data.some((v, at) => at % 4 < 3 && v > 0)"
+        until(lambda: self.page.run(lit), "its text")
+        self.page.click("#signs li:not([hidden]) a")
+        self.page.live()
+        self.page.says("#about", "sign-0500")
+        self.page.click("#power, #box .switch")
+        until(lambda: "power is off" in self.page.text("#badge"), "a sign without power")
+        fleet.run("show", "AGAIN")
+        until(lambda: self.page.all(".exchange"), "its traffic")
+        self.page.click("#all")
+        until(lambda: len(self.page.all("#signs li")) == 500, "all of them again")
+
     def test_controls_have_names(self):
         self.page.open(self.sign())
         for tab in self.page.all("#tabs button"):

@@ -36,12 +36,15 @@ class Sign:
         self.folder = Path(tempfile.mkdtemp())
         self.process = subprocess.Popen([PROGRAMS / "vxsim", "--dir", self.folder, "--port", "0", "--web", "0", *options],
                                         stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
-        self.places = {}
+        self.places, self.signs = {}, {}
         while "web" not in self.places:
             line = self.process.stdout.readline()
             assert line, self.process.stderr.read()
             kind, place = line.split(maxsplit=1)
             self.places[kind] = place.strip()
+            if kind == "sign":  # one of many
+                name, at = place.split()
+                self.signs[name] = at
         self.place = self.places["web"].removeprefix("http://").rstrip("/")
         self.host, self.port = self.place.split(":")[0], int(self.place.split(":")[1])
 
@@ -84,15 +87,15 @@ class Sign:
                     answer += part
             return answer
 
-    def ctl(self, *arguments):
-        return subprocess.run([PROGRAMS / "vxctl", "-s", "udp://" + self.places["udp"], *arguments], text=True,
-                              capture_output=True)
+    def ctl(self, *arguments, name=None):
+        at = self.signs[name] if name else self.places["udp"]
+        return subprocess.run([PROGRAMS / "vxctl", "-s", "udp://" + at, *arguments], text=True, capture_output=True)
 
     @contextlib.contextmanager
-    def events(self):
+    def events(self, path="/events"):
         """A stream, as a function that gives the next event as its name and data; None for the name if it was refused."""
         line = socket.create_connection((self.host, self.port), timeout=20)
-        line.sendall(f"GET /events HTTP/1.1\r\nHost: {self.place}\r\n\r\n".encode())
+        line.sendall(f"GET {path} HTTP/1.1\r\nHost: {self.place}\r\n\r\n".encode())
         stream = line.makefile("rb")
         status = int(stream.readline().split()[1])
         while stream.readline() != b"\r\n":
@@ -460,6 +463,59 @@ class ServerTest(unittest.TestCase):
             begin = time.monotonic()
             self.assertEqual(sign.end(), (0, ""))
             self.assertLess(time.monotonic() - begin, 10)
+
+
+class FleetTest(unittest.TestCase):
+    def fleet(self, *options):
+        fleet = Sign("--count", *options)
+        self.addCleanup(lambda: self.assertEqual(fleet.end(), (0, "")))
+        return fleet
+
+    def test_each_sign_has_its_own_page(self):
+        fleet = self.fleet("70")
+        self.assertEqual(fleet.get("/api/signs")["signs"], [{"name": name, "at": at} for name, at in fleet.signs.items()])
+        self.assertIn(b"/fleet.js", fleet.ask("GET", "/")[2])
+        status, headers, _ = fleet.ask("GET", "/sign/sign-0002")
+        self.assertEqual((status, headers["Location"]), (302, "/sign/sign-0002/"))
+        self.assertIn(b"/main.js", fleet.ask("GET", "/sign/sign-0002/")[2])
+        for path in ("/sign/sign-0071/", "/sign/sign-0071", "/sign/../api/playlist", "/sign//", "/api/playlist", "/events",
+                     "/sign/sign-0002/sign/sign-0003/api/playlist"):
+            self.assertEqual(fleet.ask("GET", path)[0], 404, path)
+        self.assertEqual(fleet.ask("GET", "/api/playlist", X_Sign="sign-0002")[0], 404, "no way past the path")
+
+        bad = [{"what": "bad", "value": "3,4,red,stuck"}]
+        with fleet.events("/sign/sign-0002/events") as stream:
+            page = Faces(stream)
+            self.assertEqual((page.sign["name"], page.sign["lines"][0]), ("sign-0002", "udp " + fleet.signs["sign-0002"]))
+            self.assertEqual(fleet.post("/sign/sign-0002/api/condition", changes=bad)[0], 200)
+            page.read_until(lambda it: it.pixel(3, 4) == (255, 0, 0))
+            self.assertEqual(fleet.ctl("bright", "3", name="sign-0002").returncode, 0)
+            page.read_until(lambda it: it.state and it.state["light"] == 3)
+        self.assertEqual(fleet.get("/sign/sign-0003/api/traffic"), {"exchanges": []})
+        self.assertTrue(fleet.get("/sign/sign-0002/api/traffic")["exchanges"])
+        self.assertEqual(fleet.put("/sign/sign-0003/D:/T/A.TXT", b"a"), 404)
+        self.assertEqual(fleet.ask("POST", "/sign/sign-0003/api/file?path=D:/T/A.TXT", b"a")[0], 200)
+        self.assertEqual((fleet.folder / "sign-0003/D/T/A.TXT").read_bytes(), b"a")
+        rows = fleet.get("/sign/sign-0002/api/logs?table=SysLog")["rows"]
+        self.assertEqual([row[2] for row in rows], ["brightness", "start"])
+        # A condition is seen though nobody looks on.
+        self.assertEqual(fleet.post("/sign/sign-0004/api/condition", changes=bad)[0], 200)
+        until(lambda: "pixels" in fleet.ctl("status", name="sign-0004").stdout, "a bad pixel")
+
+    def test_faces_in_small(self):
+        fleet = self.fleet("70", "--size", "513x64", "--bad", "0,0,green,stuck")
+        names = list(fleet.signs)
+        faces = lambda wanted: fleet.post("/api/faces", **wanted)
+        status, answer = faces({name: None for name in names[:64]})
+        self.assertEqual((status, answer["faces"]), (200, {name: {"asleep": True} for name in names[:64]}))
+        self.assertEqual(faces({name: None for name in names[:65]})[0], 400)
+        self.assertEqual(faces({"sign-0071": None})[0], 404)
+        self.assertEqual(fleet.ctl("ping", name=names[0]).returncode, 0)
+        face = faces({names[0]: None})[1]["faces"][names[0]]
+        rgb = base64.b64decode(face["rgb"])
+        self.assertEqual((face["width"], face["height"], len(rgb)), (171, 22, 3 * 171 * 22))
+        self.assertEqual(rgb[:6], bytes([0, 255 // 9, 0, 0, 0, 0]), "the mean of nine pixels")
+        self.assertEqual(faces({names[0]: face["version"]})[1]["faces"][names[0]], {"version": face["version"]})
 
 
 if __name__ == "__main__":

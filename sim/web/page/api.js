@@ -3,8 +3,11 @@ import {tell} from "./dom.js";
 
 const kChangesAtOnce = 10000;
 
+// Where the sign is: at the root, or at /sign/NAME among many.
+export const base = location.pathname.replace(/\/[^/]*$/, "");
+
 // Without the password that the address of the page may hold, which browsers refuse here.
-const whole = (path) => location.origin + path;
+const whole = (path) => location.origin + base + path;
 
 async function answerOf(response) {
     if (response.ok)
@@ -23,6 +26,12 @@ export async function get(path, parameters = {}) {
     return (await answerOf(await fetch(query ? `${whole(path)}?${query}` : whole(path)))).json();
 }
 
+// What a question gives that is too long for an address. Throws as get does.
+export async function ask(path, object) {
+    const how = {method: "POST", headers: {"Content-Type": "application/json"}, body: JSON.stringify(object)};
+    return (await answerOf(await fetch(whole(path), how))).json();
+}
+
 // True if it was done; what went wrong is told to the user.
 async function send(path, body, type) {
     try {
@@ -35,8 +44,9 @@ async function send(path, body, type) {
 }
 
 export const post = (path, object) => send(path, JSON.stringify(object), "application/json");
-export const fileUrl = (path) => `/api/file?${new URLSearchParams({path})}`;
-export const upload = (path, file) => send(fileUrl(path), file, "application/octet-stream");
+const filePath = (path) => `/api/file?${new URLSearchParams({path})}`;
+export const fileUrl = (path) => base + filePath(path);
+export const upload = (path, file) => send(filePath(path), file, "application/octet-stream");
 
 // As many requests as it takes: the sign reads a megabyte of each.
 export async function change(changes) {

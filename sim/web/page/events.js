@@ -1,4 +1,5 @@
 // Hands the sign's events to the parts of the page.
+import {base} from "./api.js";
 import {Stream} from "./stream.js";
 
 const listeners = {live: [], sign: [], face: [], state: [], traffic: []};
@@ -8,9 +9,10 @@ export const on = (kind, listener) => listeners[kind].push(listener);
 
 // One stream for all tabs, told when this one is seen.
 function share() {
-    const worker = new SharedWorker(`${location.origin}/worker.js`, {type: "module", name: "vxsim"});
+    const script = `${location.origin}/worker.js?${new URLSearchParams({base})}`;
+    const worker = new SharedWorker(script, {type: "module", name: "vxsim"});
     worker.port.onmessage = ({data: {kind, data}}) => deliver(kind, data);
-    worker.onerror = () => new Stream(deliver);
+    worker.onerror = () => new Stream(base, deliver);
     const tell = () => worker.port.postMessage(document.hidden ? "hidden" : "seen");
     document.addEventListener("visibilitychange", tell);
     tell();
@@ -23,6 +25,6 @@ export function begin() {
     try {
         share();
     } catch { // a browser that has no such thing, or does not allow it
-        new Stream(deliver);
+        new Stream(base, deliver);
     }
 }

@@ -34,9 +34,11 @@ export function beginHeader() {
         byId("live").firstElementChild.textContent = live ? "live" : "gone";
     });
     on("sign", (sign) => {
-        title = `vxsim ${sign.width}×${sign.height}`;
+        title = sign.name || `vxsim ${sign.width}×${sign.height}`;
         const kind = sign.controller ? "traffic signal controller, " : "";
-        byId("about").textContent = `${kind}${sign.width} × ${sign.height}, version ${sign.version}`;
+        const name = sign.name ? `${sign.name}, ` : "";
+        byId("all").hidden = !sign.name;
+        byId("about").textContent = `${name}${kind}${sign.width} × ${sign.height}, version ${sign.version}`;
         byId("about").title = sign.folder ?? "";
         const address = (line) => line.replace(/^(udp|tcp) /, "$1://");
         fill(byId("lines"), ...sign.lines.map((line) => make("li", {},

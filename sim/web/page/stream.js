@@ -5,7 +5,7 @@ const kRetryMs = 1000;
 const kSilenceMs = 15000; // the sign says that it is alive every five seconds
 const kKeptExchanges = 200;
 
-function bytesOf(base64) {
+export function bytesOf(base64) {
     const text = atob(base64);
     const bytes = new Uint8Array(text.length);
     for (let i = 0; i < text.length; ++i)
@@ -15,7 +15,9 @@ function bytesOf(base64) {
 
 // Delivers (kind, data): "live" with true or false, "sign" when everything begins anew, "face", "state", "traffic".
 export class Stream {
-    constructor(deliver) {
+    // `base` is where the sign is, as in api.js.
+    constructor(base, deliver) {
+        this.base = base;
         this.deliver = deliver;
         this.forget();
         this.open();
@@ -30,7 +32,7 @@ export class Stream {
     }
 
     open() {
-        this.source = new EventSource(`${location.origin}/events`);
+        this.source = new EventSource(`${location.origin}${this.base}/events`);
         for (const kind of ["sign", "face", "state", "traffic"])
             this.source.addEventListener(kind, (event) => this.take(kind, JSON.parse(event.data)));
         this.source.addEventListener("alive", () => this.watch());

@@ -1,5 +1,5 @@
 // The traffic: a line for each exchange, of which only those in sight are elements of the page.
-import {get} from "./api.js";
+import {base, get} from "./api.js";
 import {button, byId, make} from "./dom.js";
 import {on} from "./events.js";
 import {Exchanges} from "./exchanges.js";
@@ -202,7 +202,7 @@ function build() {
     byId("traffic").append(
         make("div", {class: "bar"},
             filterInput, make("label", {class: "check"}, refusedOnly, "failures only"), count, pauseButton,
-            make("a", {class: "button", href: "/api/traffic.pcap", download: "vxsim.pcap"}, "Save as pcap")),
+            make("a", {class: "button", href: `${base}/api/traffic.pcap`, download: "vxsim.pcap"}, "Save as pcap")),
         make("div", {class: "exchangeHead", role: "presentation"}, kColumns.map((name) => make("span", {}, name))),
         view, details);
 }

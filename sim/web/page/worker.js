@@ -1,8 +1,9 @@
-// One stream for all pages of a browser: it opens six connections to a sign at most, and each stream holds one.
+// One stream for all pages of a sign in a browser: it opens six connections to a sign at most, and each stream holds one.
 import {Stream} from "./stream.js";
 
 const pages = new Map(); // by port, whether it is seen
-const stream = new Stream((kind, data) => pages.forEach((seen, port) => {
+const base = new URLSearchParams(location.search).get("base");
+const stream = new Stream(base, (kind, data) => pages.forEach((seen, port) => {
     if (seen || kind !== "face") // pictures would heap up before a page that sleeps
         port.postMessage({kind, data});
 }));
