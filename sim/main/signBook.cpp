@@ -54,8 +54,9 @@ void WriteBook(const Options& options, const NamedPorts& signs)
     const std::string host = ReachableHost(options.listen.host);
     for (std::size_t i = 0; i < signs.size(); ++i) {
         const auto& [name, port] = signs[i];
-        text += "\n[sign." + name + "]\nurl = \"udp://" + host + ":" + std::to_string(port) + "\"\ngroups = [\"row-" +
-                Numbered(i / kSignsInRow + 1, 2) + "\"]\n";
+        text.append("\n[sign.").append(name).append("]\nurl = \"udp://").append(host).append(":");
+        text.append(std::to_string(port)).append("\"\ngroups = [\"row-");
+        text.append(Numbered(i / kSignsInRow + 1, 2)).append("\"]\n");
     }
     if (!ReplaceFile(options.book, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}))
         throw std::runtime_error("cannot write " + options.book);
