@@ -42,7 +42,8 @@ groups = ["g"])");
     const std::string none = folder.Write("none", "\n");
     // Words, and name, URL, time-out and tries of each sign.
     const std::pair<Words, const char*> rows[] = {
-        {{"-s", "udp://10.0.0.9", "-s", "a"}, "a udp://10.0.0.1 100 3, udp://10.0.0.9 udp://10.0.0.9 3000 3, "},
+        {{"-s", "udp://10.0.0.1", "-s", "udp://10.0.0.9", "-s", "a"},
+         "a udp://10.0.0.1 100 3, udp://10.0.0.9 udp://10.0.0.9 3000 3, "},
         {{"-s", "group:g", "-s", "all", "-s", "b"}, "b udp://10.0.0.2 100 7, a udp://10.0.0.1 100 3, "},
         {{"-s", "b", "--timeout", "50", "--retries", "1"}, "b udp://10.0.0.2 50 1, "},
         {{"-s", "udp://x", "-s", "udp://x", "--retries", "2"}, "udp://x udp://x 3000 2, "},

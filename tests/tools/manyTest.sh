@@ -46,7 +46,7 @@ expect 0 -s group:well bright 5
 [ "$(sort "$work/out")" = $'a: done\nb: done\nc: done' ] || fail "not a line for each"
 says err "3 of 3 done in "
 VXSIGN=group:well expect 0 -s a -s group:well -s "$url" ping -n 2
-lines out 4 ": 2 sent, 2 answered"
+lines out 3 ": 2 sent, 2 answered"
 expect 0 -s a -s b ls C:/
 lines out "$(("$("$vxctl" -s a ls C:/ | wc -l)" + "$("$vxctl" -s b ls C:/ | wc -l)"))" ": "
 expect 0 --json -s group:well status
@@ -103,6 +103,14 @@ expect 0 -s group:well playlist send --verify
 [ ! -e SEQ_PC.SYS ] || fail "signs share a sequence file"
 expect 0 -s group:well playing
 lines out 6 fog.nmg
+
+# Signs on one serial line have their turns.
+mkdir "$work/bus"
+start "$work/bus" --serial
+for address in 257 258 259 260; do
+    printf '[sign.at%s]\nurl = "serial:%s"\ndestination = %s\n' "$address" "$(sed -n 's/^serial //p' "$work/bus.lines")" "$address"
+done >bus.toml
+expect 0 --book bus.toml -s all bright 4
 
 # Ctrl-C ends all, and says what was not begun.
 set -m

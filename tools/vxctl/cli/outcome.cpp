@@ -9,8 +9,11 @@
 
 #include <vxsign/api.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <map>
+#include <mutex>
 #include <system_error>
 
 namespace vxctl {
@@ -28,6 +31,31 @@ void TurnToSign()
         *isLoaded = 0;
     ProgressBar::StartAnew();
 }
+
+// A turn on the line of a sign: several signs may share a serial one, which takes one at a time.
+class Turn
+{
+public:
+    explicit Turn(const SignUrl& sign)
+    {
+        if (sign.kind != VX_CHANNEL_SERIAL)
+            return;
+        line = std::unique_lock(LineOf(sign.serialName), std::defer_lock);
+        while (!IsAborted() && !line.try_lock_for(std::chrono::milliseconds(50))) {
+        }
+    }
+
+private:
+    static std::timed_mutex& LineOf(const std::string& name)
+    {
+        static std::mutex mutex;
+        static std::map<std::string, std::timed_mutex> lines;
+        const std::lock_guard lock(mutex);
+        return lines[name];
+    }
+
+    std::unique_lock<std::timed_mutex> line;
+};
 
 // What keeps this PC from taking the files that a command makes: those that it was told, and temporary ones.
 std::string LocalFault(const Args& args)
@@ -129,7 +157,10 @@ Outcome RunOn(const Options& sign, const Order& order)
     session.report.KeepLines(lines);
     Outcome outcome;
     try {
+        const Turn turn(ParseSignUrl(sign.url));
         outcome = Run(session, order);
+    } catch (const UsageError& error) {
+        outcome = Refused(order.What().name, error.what());
     } catch (const std::exception& error) {
         outcome = {.result = VX_CALL, .status = kExitFailure, .reason = error.what()};
     }

@@ -11,6 +11,7 @@
 #include <iterator>
 #include <set>
 #include <system_error>
+#include <utility>
 
 namespace vxctl {
 
@@ -50,16 +51,19 @@ std::vector<Target> TargetsOf(const Args& args, const std::vector<std::string>& 
     const std::vector<std::string> names(firstName, urls.end());
     urls.erase(firstName, urls.end());
     std::vector<Target> targets;
+    std::set<std::pair<std::string, std::uint16_t>> seen;
+    const auto add = [&](const std::string& name, Options options) {
+        if (seen.emplace(options.url, options.destination).second)
+            targets.push_back({name, std::move(options)});
+    };
     if (!names.empty()) {
         for (const BookSign& sign : Select(ReadBook(BookFile(args.Text("--book"))), names))
-            targets.push_back({sign.name, Merged(sign.options, args)});
+            add(sign.name, Merged(sign.options, args));
     }
-    std::set<std::string> seen;
     for (const std::string& url : urls) {
         Options options = OptionsOf(args);
         options.url = url;
-        if (seen.insert(url).second)
-            targets.push_back({url, std::move(options)});
+        add(url, std::move(options));
     }
     return targets;
 }
