@@ -23,7 +23,8 @@ std::vector<Target> Named(Words words)
 {
     CommandLine line;
     words.emplace_back("blank");
-    return TargetsOf(line.ArgsOf(line.Parse(words)));
+    const Args args = line.ArgsOf(line.Parse(words));
+    return TargetsOf(args, args.List("--sign"));
 }
 
 TEST(Targets, AreThoseOfTheBookAndThenTheUrls)

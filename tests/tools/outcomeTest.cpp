@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
 #include <deque>
 #include <sys/socket.h>
@@ -31,23 +32,24 @@ Options OptionsOf(std::uint16_t port, std::uint32_t timeoutMs = 20000)
 // own: a good one its brightness, a refusing one an order that it does not take, a mute one an attempt.
 TEST(Outcome, IsThatOfItsSignOnAnyThread)
 {
-    constexpr int kThreads = 8;
-    constexpr int kRounds = 8;
+    constexpr std::size_t kThreads = 8;
+    constexpr std::size_t kRounds = 8;
     const Order count({"ping", "-n", "1"});
     const auto good = [](const Bytes& request) { return MakeReply({request}, 0, {}, {}); };
     const auto refusing = [](const Bytes& request) { return MakeReply({request}, 1, {3, 12, 0, 0}, {}); };
     std::deque<UdpPeer> signs;
-    for (int i = 0; i < kThreads; ++i) {
+    for (std::size_t i = 0; i < kThreads; ++i) {
         if (i % 2 == 0)
             signs.emplace_back(good);
         else
             signs.emplace_back(refusing);
     }
     std::vector<std::jthread> threads;
-    for (int thread = 0; thread < kThreads; ++thread) {
+    threads.reserve(kThreads);
+    for (std::size_t thread = 0; thread < kThreads; ++thread) {
         threads.emplace_back([&signs, &count, thread] {
-            for (int round = 0; round < kRounds; ++round) {
-                const int which = (thread + round) % kThreads;
+            for (std::size_t round = 0; round < kRounds; ++round) {
+                const std::size_t which = (thread + round) % kThreads;
                 const Options sign = OptionsOf(signs[which].Port());
                 const Outcome outcome = RunOn(sign, {"--timeout", "50", "bright", std::to_string(which)});
                 EXPECT_EQ(outcome.result, which % 2 == 0 ? 0U : 3075U) << outcome.reason;
@@ -60,8 +62,8 @@ TEST(Outcome, IsThatOfItsSignOnAnyThread)
         });
     }
     threads.clear();
-    for (int which = 0; which < kThreads; ++which) {
-        int levels = 0;
+    for (std::size_t which = 0; which < kThreads; ++which) {
+        std::size_t levels = 0;
         for (const Packet& request : signs[which].TakeRequests()) {
             if (request.Major() == 4) {
                 ++levels;
@@ -101,9 +103,9 @@ void AbortAll()
     std::jthread([port] { RunOn(OptionsOf(port, 50), {"blank"}); }).join();
     std::atomic<int> aborted{0};
     {
-        std::vector<std::jthread> threads;
-        for (int i = 0; i < 4; ++i)
-            threads.emplace_back([&] { aborted += RunOn(OptionsOf(port, 60000), {"blank"}).result == VX_ABORTED; });
+        std::array<std::jthread, 4> threads;
+        for (std::jthread& thread : threads)
+            thread = std::jthread([&] { aborted += RunOn(OptionsOf(port, 60000), {"blank"}).result == VX_ABORTED; });
         std::this_thread::sleep_for(20ms);
         Abort();
     }
