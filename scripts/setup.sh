@@ -10,6 +10,7 @@ packages=(
     libsqlite3-dev libfreetype-dev libraqm-dev libstb-dev         # the virtual sign
     libcpp-httplib-dev                                            # its page
     fonts-liberation fonts-unifont                                # its lettering
+    libmosquitto-dev prometheus-cpp-dev                           # the service
     libcli11-dev nlohmann-json3-dev libgif-dev libtomlplusplus-dev # the command line
     libgtest-dev libgmock-dev libbenchmark-dev libmodbus-dev lrzsz # tests and measurements
     python3-jsonschema                                            # what --json prints, beside its schema
@@ -21,6 +22,7 @@ packages=(
 [ "${1:-}" != ci ] || packages+=(
     clang libclang-rt-14-dev                                      # fuzz targets
     chromium chromium-driver python3-selenium                     # the page in a browser
+    mosquitto mosquitto-clients python3-paho-mqtt prometheus      # the service with a broker
 )
 
 missing=()

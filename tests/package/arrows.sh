@@ -40,4 +40,5 @@ arrows src "" words platform util thread,channels vxBaseCMD vxComm,playlist,repo
 arrows src/vxComm vxComm/ shared . FileCtrl,MB,Ondra,Read,Tarsis,Traffic,Write,XModem || result=1
 arrows sim sim/ platform protocol command files state logs monitor boards,devices,play,tiles,traffic,zones . \
     face content stage server web main || result=1
+arrows tools/vxbridge vxbridge/ journal mqtt,work sign metrics service . || result=1
 exit $result
