@@ -42,5 +42,6 @@ result=0
 compare docs/vxctl.md "$begin" "$end" vxctl --commands-table || result=1
 compare docs/man/vxctl.1 '.\" from the commands' '.\" end of what is from the commands' vxctl --manual-sections || result=1
 compare docs/vxsim.md "$begin" "$end" vxsim --commands || result=1
+compare docs/vxbridge.md "$begin" "$end" vxbridge --verbs || result=1
 compare docs/functions.md '<!-- from the headers -->' '<!-- end of what is from the headers -->' scripts/functionIndex.py || result=1
 exit $result
