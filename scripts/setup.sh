@@ -2,6 +2,7 @@
 # Installs the Debian packages that building, testing and showing vxsign need. Does nothing when all are there.
 #   scripts/setup.sh       for everyone
 #   scripts/setup.sh ci    those for the longer tests as well
+#   scripts/setup.sh fleet those for many signs at a broker
 set -euo pipefail
 
 packages=(
@@ -22,8 +23,9 @@ packages=(
 [ "${1:-}" != ci ] || packages+=(
     clang libclang-rt-14-dev                                      # fuzz targets
     chromium chromium-driver python3-selenium                     # the page in a browser
-    mosquitto mosquitto-clients python3-paho-mqtt prometheus      # the service with a broker
+    python3-paho-mqtt prometheus                                  # the service with a broker
 )
+[[ ! "${1:-}" =~ ^(ci|fleet)$ ]] || packages+=(mosquitto mosquitto-clients)
 
 missing=()
 for package in "${packages[@]}"; do

@@ -83,6 +83,15 @@ class Fleet:
                 return "udp://" + line.split()[1]
         raise AssertionError("no sign")
 
+    def many_signs(self, count, interval):
+        """As many virtual signs in one process, in the book as sign-0001 and so on, of the site vxsim."""
+        process = self.start(self.programs / "vxsim", "--count", count, "--port", "0", "--dir", self.folder / "signs",
+                             "--write-book", self.book, stdout=subprocess.PIPE, text=True)
+        for _ in range(count):
+            while not process.stdout.readline().startswith("sign "):
+                assert process.poll() is None, "no signs"
+        self.book.write_text(f"interval = {interval}\n" + self.book.read_text())
+
     def write_book(self, signs, **defaults):
         values = {"site": "a7", "timeout": 300, "retries": 2, "interval": 2, **defaults}
         text = "".join(f"{name} = {json.dumps(value)}\n" for name, value in values.items())

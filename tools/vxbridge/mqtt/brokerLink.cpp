@@ -1,3 +1,4 @@
+// The connection: how it is made, kept and ended.
 #include "vxbridge/mqtt/brokerLink.h"
 
 #include "vxbridge/journal/journal.h"
@@ -29,7 +30,6 @@ constexpr milliseconds kFirstPause{250};
 constexpr milliseconds kLongestPause{30'000};
 constexpr milliseconds kTurn{500};
 constexpr milliseconds kFarewell{1000};
-constexpr std::size_t kMostWaiting = 10'000;
 
 // While acknowledgements are held back no ping goes out, so that the system has to notice a broker that is gone.
 void KeepAliveByTcp(int socket)
@@ -194,6 +194,7 @@ void BrokerLink::Serve()
     if (isStopping && result == MOSQ_ERR_SUCCESS)
         return End();
     isConnected = false;
+    KeepUnderWay();
     Tell(options.client +
          " lost the broker: " + (isTakenOver ? "another connection has its name" : mosquitto_strerror(result)));
 }
@@ -261,83 +262,6 @@ void BrokerLink::TakeConnected(int code, bool hadSession)
     isConnected = true;
     SendWaiting();
     events.onConnected(hadSession);
-}
-
-void BrokerLink::TakeMessage(Message message, int id, int qos)
-{
-    lastNews = Clock::now();
-    message.isRedelivered = isRedelivered;
-    if (qos > 0 && options.sessionSeconds != 0) {
-        message.receipt = unanswered->Take(id, isRedelivered);
-        if (message.receipt == nullptr)
-            return; // it is in work, or done
-    }
-    events.onMessage(message);
-}
-
-bool BrokerLink::IsQuiet(milliseconds time) const
-{
-    return isTakenOver || (unanswered->IsEmpty() && Clock::now() - lastNews.load() > time);
-}
-
-void BrokerLink::Publish(const Publication& publication, const Receipt& receipt)
-{
-    const std::lock_guard lock(mutex);
-    if (!Send(publication, receipt) && !publication.isRetained && waiting.size() < kMostWaiting)
-        waiting.emplace_back(publication, receipt);
-    Wake();
-}
-
-// Under the lock, so that the arrival of a message does not overtake its receipt.
-bool BrokerLink::Send(const Publication& publication, const Receipt& receipt)
-{
-    if (!isConnected)
-        return false;
-    Properties properties;
-    if (!publication.payload.empty())
-        properties.AddText(MQTT_PROP_CONTENT_TYPE, "application/json");
-    if (!publication.correlation.empty())
-        properties.AddBytes(MQTT_PROP_CORRELATION_DATA, publication.correlation);
-    if (publication.isRedelivered)
-        properties.AddUser("redelivered", "true");
-    int id = 0;
-    const int result =
-        mosquitto_publish_v5(client, &id, publication.topic.c_str(), static_cast<int>(publication.payload.size()),
-                             publication.payload.data(), kOnce, publication.isRetained, properties.Get());
-    if (result == MOSQ_ERR_SUCCESS)
-        underWay[id] = receipt;
-    else if (result != MOSQ_ERR_NO_CONN)
-        Tell("cannot publish to " + publication.topic + ": " + mosquitto_strerror(result));
-    return result != MOSQ_ERR_NO_CONN;
-}
-
-void BrokerLink::SendWaiting()
-{
-    const std::lock_guard lock(mutex);
-    for (const auto& [publication, receipt] : std::exchange(waiting, {}))
-        Send(publication, receipt);
-}
-
-void BrokerLink::TakeArrived(int id)
-{
-    Receipt gone; // let go behind the lock
-    const std::lock_guard lock(mutex);
-    if (const auto found = underWay.find(id); found != underWay.end()) {
-        gone = std::move(found->second);
-        underWay.erase(found);
-    }
-}
-
-void BrokerLink::Subscribe(const std::string& filter)
-{
-    mosquitto_subscribe_v5(client, nullptr, filter.c_str(), kOnce, 0, nullptr);
-    Wake();
-}
-
-void BrokerLink::Unsubscribe(const std::string& filter)
-{
-    mosquitto_unsubscribe_v5(client, nullptr, filter.c_str(), nullptr);
-    Wake();
 }
 
 } // namespace vxbridge

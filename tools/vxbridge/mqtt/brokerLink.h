@@ -79,6 +79,7 @@ private:
     void AwaitBell(std::chrono::milliseconds time) const;
     bool Send(const Publication& publication, const Receipt& receipt);
     void SendWaiting();
+    void KeepUnderWay();
     void TakeConnected(int code, bool hadSession);
     void TakeMessage(Message message, int id, int qos);
     void TakeArrived(int id);
@@ -98,8 +99,13 @@ private:
     bool isRedelivered = false; // the message that is being read
     std::shared_ptr<Unanswered> unanswered;
     std::mutex mutex; // of what follows
-    std::unordered_map<int, Receipt> underWay;
-    std::deque<std::pair<Publication, Receipt>> waiting;
+    struct Sent
+    {
+        Publication publication;
+        Receipt receipt;
+    };
+    std::unordered_map<int, Sent> underWay; // answers that the broker does not have yet
+    std::deque<Sent> waiting;               // and those that could not go
 };
 
 } // namespace vxbridge

@@ -15,7 +15,9 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
 #include <iterator>
+#include <thread>
 
 namespace vxbridge {
 
@@ -26,6 +28,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr milliseconds kLook{50};
 constexpr milliseconds kPatience{2500}; // for commands that are under way at the end
+constexpr milliseconds kLongestEnd{4500};
 
 // What ends the waits of the calling thread.
 SignQueues::Stopper StopperOfThread()
@@ -42,6 +45,20 @@ SignQueues::Limits LimitsFor(std::size_t threads)
     return limits;
 }
 
+vxctl::SignBook ReadBookOf(const Settings& settings)
+{
+    return vxctl::ReadBook(vxctl::BookFile(settings.bookFile));
+}
+
+// A broker that takes no connection may hold a thread for minutes.
+void EndAtTheLatest()
+{
+    std::thread([] {
+        std::this_thread::sleep_for(kLongestEnd);
+        ::_exit(EXIT_SUCCESS);
+    }).detach();
+}
+
 std::set<std::string> SitesOf(const vxctl::SignBook& book)
 {
     std::set<std::string> sites;
@@ -53,11 +70,9 @@ std::set<std::string> SitesOf(const vxctl::SignBook& book)
 } // namespace
 
 Bridge::Bridge(const Settings& wanted)
-    : settings(wanted), peers(wanted.id),
+    : settings(wanted), shelf(ReadBookOf(wanted)), peers(wanted.id),
       link(wanted.broker,
-           {"vxbridge-" + wanted.id, 0,
-            (shelf.Put(vxctl::ReadBook(vxctl::BookFile(wanted.bookFile))),
-             Publication{OnlineTopic(wanted.id), Peers::Format(wanted.id, Self(false))})},
+           {"vxbridge-" + wanted.id, 0, Publication{OnlineTopic(wanted.id), Peers::Format(wanted.id, Self(false))}},
            EventsOfLink()),
       queues(LimitsFor(wanted.threads), StopperOfThread), common{settings, shelf, own, queues, board, counters, link},
       poller(common), desk(common, poller),
@@ -213,7 +228,7 @@ void Bridge::Reload()
     Notify("RELOADING=1");
     const auto former = shelf.Get();
     try {
-        shelf.Put(vxctl::ReadBook(vxctl::BookFile(settings.bookFile)));
+        shelf.Put(ReadBookOf(settings));
         const auto book = shelf.Get();
         for (const vxctl::BookSign& sign : *former) {
             const auto now = std::ranges::find(*book, sign.name, &vxctl::BookSign::name);
@@ -241,6 +256,7 @@ void Bridge::End()
 {
     Notify("STOPPING=1");
     isEnding = true;
+    EndAtTheLatest();
     server.reset();
     queues.Close();
     desk.Close();

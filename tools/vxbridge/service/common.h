@@ -12,6 +12,7 @@
 #include <mutex>
 #include <set>
 #include <string>
+#include <utility>
 
 namespace vxbridge {
 
@@ -19,6 +20,8 @@ namespace vxbridge {
 class BookShelf
 {
 public:
+    explicit BookShelf(vxctl::SignBook book) { Put(std::move(book)); }
+
     std::shared_ptr<const vxctl::SignBook> Get() const;
     void Put(vxctl::SignBook book);
 
@@ -27,7 +30,7 @@ public:
 
 private:
     mutable std::mutex mutex;
-    std::shared_ptr<const vxctl::SignBook> current = std::make_shared<const vxctl::SignBook>();
+    std::shared_ptr<const vxctl::SignBook> current;
 };
 
 // The signs that this bridge polls.
