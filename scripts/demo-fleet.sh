@@ -52,7 +52,7 @@ answers say "HELLO 42"
 
 echo "Another one; in its middle the first bridge is killed:"
 (sleep 0.3 && kill -KILL "$kill_first") &
-answers say "ROAD WORKS"
+answers say "ROAD WORKS" 2>"$work/killed" # which the shell would tell
 until grep -q "first is offline" "$work/second.log"; do sleep 0.1; done
 sleep 10 # two intervals
 

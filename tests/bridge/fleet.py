@@ -64,7 +64,7 @@ class Fleet:
         """Starts it, or starts it anew; further lines of its configuration stand ahead of the listener's own."""
         config = self.folder / "broker.conf"
         if not config.exists():
-            config.write_text("\n".join(["user root", "max_queued_messages 0", *(lines or ["allow_anonymous true"]),
+            config.write_text("\n".join(["user root", "max_queued_messages 0", "set_tcp_nodelay true", *(lines or ["allow_anonymous true"]),
                                          f"listener {self.port} 127.0.0.1"]) + "\n")
         log = open(self.folder / "broker.log", "a")
         process = self.start("mosquitto", "-c", config, stdout=log, stderr=log)
@@ -123,6 +123,7 @@ class Fleet:
         self.client.on_message = self.take
         self.client.max_inflight_messages_set(1000)
         self.client.connect("127.0.0.1", self.port)
+        self.client.socket().setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
         self.client.subscribe([("vx/#", 1), ("answers/#", 1), ("homeassistant/#", 1)])
         self.client.loop_start()
 

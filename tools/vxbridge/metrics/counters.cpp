@@ -86,6 +86,7 @@ void Counters::AddTime(std::string_view kind, double seconds)
 std::vector<prometheus::MetricFamily> FamiliesOf(const std::vector<Reading>& readings)
 {
     std::vector<prometheus::MetricFamily> families;
+    families.reserve(readings.size());
     for (const Reading& reading : readings)
         families.push_back(FamilyOf(reading, prometheus::MetricType::Gauge));
     return families;

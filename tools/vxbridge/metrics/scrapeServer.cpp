@@ -17,7 +17,8 @@ constexpr std::size_t kThreads = 4;
 
 } // namespace
 
-ScrapeServer::ScrapeServer(const std::string& place, Answers answers) : server(std::make_unique<httplib::Server>())
+ScrapeServer::ScrapeServer(const std::string& place, const Answers& answers)
+    : server(std::make_unique<httplib::Server>())
 {
     const std::size_t colon = place.rfind(':');
     const auto port = colon == std::string::npos ? std::nullopt : vxctl::ParseNumber(place.substr(colon + 1));

@@ -24,7 +24,7 @@ public:
     };
 
     // "HOST:PORT"; port 0 picks one. Throws vxctl::UsageError, and std::runtime_error when it cannot listen there.
-    ScrapeServer(const std::string& place, Answers answers);
+    ScrapeServer(const std::string& place, const Answers& answers);
     ~ScrapeServer();
     ScrapeServer(const ScrapeServer&) = delete;
     ScrapeServer& operator=(const ScrapeServer&) = delete;

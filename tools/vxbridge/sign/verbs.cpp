@@ -67,6 +67,20 @@ std::string TextOf(const Key& key, const Json& value, const SharedFolder& folder
     return key.argument->type->isLocal ? folder.Find(text) : text;
 }
 
+// "" for a flag that is false.
+std::string WordOf(const Key& key, const Json& value, const SharedFolder& folder)
+{
+    std::string text = TextOf(key, value, folder);
+    const std::string_view name = vxctl::Split(key.argument->name, ',').front();
+    if (key.argument->IsFlag())
+        return value.get<bool>() ? std::string(name) : "";
+    if (key.argument->IsOption())
+        return std::string(name) + "=" + text;
+    if (text == "-")
+        throw UsageError("'-' alone stands for the standard input of vxctl, which a message does not have");
+    return text;
+}
+
 Json Parse(const std::string& payload)
 {
     if (payload.empty())
@@ -80,6 +94,18 @@ Json Parse(const std::string& payload)
     if (!values.is_object())
         throw UsageError("the payload is no JSON object");
     return values;
+}
+
+// For the table of the verbs.
+std::string KeyText(const Key& key)
+{
+    const Argument& argument = *key.argument;
+    const std::string values = vxctl::ValueText(argument);
+    std::string text = "`" + key.name + "`";
+    text.append(argument.isRequired ? ", required, " : ", ").append(TypeOf(argument));
+    if (!argument.IsFlag() && !argument.type->isLocal && values != argument.name)
+        text.append(" ").append(values);
+    return text.append(": ").append(argument.help);
 }
 
 void RefuseUnknown(const Json& values, const Verb& verb, const std::vector<Key>& keys)
@@ -130,25 +156,14 @@ std::vector<std::string> WordsOf(const Verb& verb, const std::string& payload, c
     const std::vector<Key> keys = KeysOf(verb);
     RefuseUnknown(values, verb, keys);
     std::vector<std::string> words{std::string(verb.name)};
-    std::vector<std::string> byPlace;
+    std::vector<std::string> byPlace{"--"};
     for (const Key& key : keys) {
-        const auto found = values.find(key.name);
-        if (found == values.end() && key.argument->isRequired)
+        if (const auto found = values.find(key.name); found != values.end())
+            (key.argument->IsOption() ? words : byPlace).push_back(WordOf(key, *found, folder));
+        else if (key.argument->isRequired)
             throw UsageError("'" + key.name + "' is missing");
-        if (found == values.end())
-            continue;
-        const std::string text = TextOf(key, *found, folder);
-        const std::string name(vxctl::Split(key.argument->name, ',').front());
-        if (!key.argument->IsOption())
-            byPlace.push_back(text);
-        else if (!key.argument->IsFlag())
-            words.push_back(name + "=" + text);
-        else if (found->get<bool>())
-            words.push_back(name);
     }
-    if (std::ranges::find(byPlace, "-") != byPlace.end())
-        throw UsageError("'-' alone stands for the standard input of vxctl, which a message does not have");
-    words.emplace_back("--");
+    std::erase(words, ""); // flags that are false
     words.insert(words.end(), byPlace.begin(), byPlace.end());
     return words;
 }
@@ -158,19 +173,11 @@ std::string VerbTable()
     std::string table = "| verb | what it does | keys |\n|---|---|---|\n";
     for (const Verb& verb : kVerbs) {
         std::string keys;
-        for (const Key& key : KeysOf(verb)) {
-            keys.append(keys.empty() ? "" : "<br>").append("`" + key.name + "`");
-            keys.append(key.argument->isRequired ? ", required" : "").append(", ").append(TypeOf(*key.argument));
-            if (const std::string value = vxctl::ValueText(*key.argument);
-                !key.argument->IsFlag() && !key.argument->type->isLocal && value != key.argument->name)
-                keys.append(" ").append(value);
-            keys.append(": ").append(key.argument->help);
-        }
+        for (const Key& key : KeysOf(verb))
+            keys.append(keys.empty() ? "" : "<br>").append(KeyText(key));
         std::ranges::replace(keys, '|', '/');
-        table.append("| `" + std::string(verb.name) + "` | ")
-            .append(vxctl::FindCommand(verb.name)->help)
-            .append(verb.needsLeave ? "; only with `--allow-raw`" : "")
-            .append(" | " + keys + " |\n");
+        table.append("| `").append(verb.name).append("` | ").append(vxctl::FindCommand(verb.name)->help);
+        table.append(verb.needsLeave ? "; only with `--allow-raw` | " : " | ").append(keys).append(" |\n");
     }
     return table;
 }
