@@ -12,6 +12,7 @@ import time
 from pathlib import Path
 
 sys.path.append(str(Path(__file__).resolve().parents[1] / "tests/bridge"))
+sys.dont_write_bytecode = True
 from fleet import Fleet, kill, until
 
 COMMANDS = 1000

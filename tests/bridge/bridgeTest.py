@@ -13,6 +13,7 @@ from pathlib import Path
 
 import jsonschema
 
+sys.dont_write_bytecode = True
 from fleet import Fleet, free_port, kill, until
 
 PROGRAMS = Path(sys.argv[1]).resolve()
@@ -40,6 +41,7 @@ class BridgeTest(unittest.TestCase):
         bridge = fleet.bridge("one", *options)
         for name in self.signs:
             until(lambda: fleet.state(name), "the state of " + name)
+        until(lambda: (fleet.last.get("vx/bridge/one/online") or {}).get("online"), "the bridge")
         return bridge
 
     def test_states(self):
@@ -177,6 +179,7 @@ class BridgeTest(unittest.TestCase):
             server = self.fleet.broker()
             self.fleet.connect()
             until(lambda: self.fleet.state("s0"), "the state")
+            until(lambda: (self.fleet.last.get("vx/bridge/one/online") or {}).get("online"), "the bridge")
             self.assertEqual(0, self.fleet.ask("s0", "blank")["result"])
             self.fleet.client.loop_stop()
             self.fleet.client.disconnect()

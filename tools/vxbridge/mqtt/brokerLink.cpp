@@ -139,6 +139,12 @@ void BrokerLink::Stop(bool isSessionEnd)
     thread.join();
 }
 
+void BrokerLink::Hurry()
+{
+    isHurried = true;
+    Wake();
+}
+
 void BrokerLink::Wake() const
 {
     ::eventfd_write(bell, 1);
@@ -161,7 +167,7 @@ void BrokerLink::Run()
             Serve();
         if (Clock::now() - began > kLongestPause)
             pause = kFirstPause;
-        for (const auto end = Clock::now() + pause; !isStopping && Clock::now() < end;)
+        for (const auto end = Clock::now() + pause; !isStopping && !isHurried && Clock::now() < end;)
             AwaitBell(std::chrono::duration_cast<milliseconds>(end - Clock::now()) + milliseconds(1));
         pause = std::min(pause * 2, kLongestPause);
     }
@@ -170,6 +176,7 @@ void BrokerLink::Run()
 bool BrokerLink::Connect()
 {
     isTakenOver = false;
+    isHurried = false;
     isGreeting = true;
     Properties properties;
     properties.AddNumber(MQTT_PROP_SESSION_EXPIRY_INTERVAL, options.sessionSeconds);

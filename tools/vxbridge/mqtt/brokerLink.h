@@ -48,6 +48,9 @@ public:
     // Begins to connect, with growing pauses as long as the broker is away.
     void Start();
 
+    // The broker is there: does not wait for the end of a pause.
+    void Hurry();
+
     // Sends what still waits for a moment, and says goodbye when nothing that came is open. A session stays with the
     // broker unless it is to end.
     void Stop(bool endsSession = false);
@@ -93,6 +96,7 @@ private:
     std::atomic<bool> isConnected{false};
     std::atomic<bool> isStopping{false};
     std::atomic<bool> isTakenOver{false};
+    std::atomic<bool> isHurried{false};
     std::atomic<bool> endsSession{false};
     std::atomic<Clock::time_point> lastNews{Clock::now()};
     bool isGreeting = false;    // the broker has not answered yet

@@ -95,7 +95,8 @@ BrokerLink::Events Bridge::EventsOfLink()
 {
     return {[this](bool) {
                 link.Subscribe(kOnlineFilter);
-                link.Publish({OnlineTopic(settings.id), Peers::Format(settings.id, Self(true))});
+                commands.Hurry();
+                SayOnline();
                 for (const Publication& publication : board.All())
                     link.Publish(publication);
                 for (const vxctl::BookSign& sign : *shelf.Get()) {
@@ -113,7 +114,11 @@ BrokerLink::Events Bridge::EventsOfLink()
 
 BrokerLink::Events Bridge::EventsOfCommands()
 {
-    return {[this](bool) { Subscribe(); }, [this](const Message& message) { desk.Take(message); }};
+    return {[this](bool) {
+                Subscribe();
+                SayOnline();
+            },
+            [this](const Message& message) { desk.Take(message); }};
 }
 
 void Bridge::Subscribe()
@@ -122,14 +127,21 @@ void Bridge::Subscribe()
         commands.Subscribe(CommandFilter(site));
 }
 
+// Who sees a bridge online may send commands.
+void Bridge::SayOnline()
+{
+    if (commands.IsConnected() && !isEnding)
+        link.Publish({OnlineTopic(settings.id), Peers::Format(settings.id, Self(true))});
+}
+
 // A bridge that finds itself called offline came back before its will was out.
 void Bridge::TakePeer(const std::string& bridge, const std::string& payload)
 {
     const auto peer = Peers::Parse(payload);
     if (!peer)
         return;
-    if (bridge == settings.id && !peer->isOnline && !isEnding)
-        return link.Publish({OnlineTopic(settings.id), Peers::Format(settings.id, Self(true))});
+    if (bridge == settings.id && !peer->isOnline)
+        return SayOnline();
     if (!peers.Take(bridge, *peer))
         return;
     isPlanOld = true;
@@ -241,7 +253,7 @@ void Bridge::Reload()
                 commands.Unsubscribe(CommandFilter(site));
         }
         Subscribe();
-        link.Publish({OnlineTopic(settings.id), Peers::Format(settings.id, Self(true))});
+        SayOnline();
         isPlanOld = true;
         Tell("read the book anew: " + std::to_string(book->size()) + " signs");
     } catch (const std::exception& error) {

@@ -33,6 +33,7 @@ private:
     BrokerLink::Events EventsOfCommands();
     void TakePeer(const std::string& bridge, const std::string& payload);
     void Subscribe();
+    void SayOnline();
     void Reload();
     void Look();
     void Share();

@@ -101,11 +101,7 @@ void CommandDesk::Answer(const Job& job, const vxctl::Outcome& outcome)
 
 void CommandDesk::Refuse(const Job& job, const std::string& reason)
 {
-    vxctl::Outcome outcome;
-    outcome.result = VX_ARGUMENTS;
-    outcome.reason = reason;
-    outcome.isRefused = true;
-    Answer(job, outcome);
+    Answer(job, {.result = VX_ARGUMENTS, .reason = reason, .isRefused = true});
 }
 
 } // namespace vxbridge
