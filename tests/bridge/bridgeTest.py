@@ -57,13 +57,13 @@ class BridgeTest(unittest.TestCase):
         for topic, payload in self.fleet.last.items():
             if topic.startswith("vx/"):
                 check(topic.split("/")[-1], payload)
-        config = self.fleet.last["homeassistant/light/a7_s0/face/config"]
+        config = self.fleet.last["homeassistant/light/a7_s0/light/config"]
         self.assertEqual("vx/a7/s0/cmd/power", config["command_topic"])
         self.assertEqual(0, self.fleet.ask("s0", "power", config["payload_off"])["result"])
         self.fleet.write_book(self.signs)
         bridge.send_signal(signal.SIGHUP)
         until(lambda: self.fleet.last["vx/a7/dead/availability"] is None, "the end of the dead sign")
-        self.assertIsNone(self.fleet.last["homeassistant/light/a7_dead/face/config"])
+        self.assertIsNone(self.fleet.last["homeassistant/light/a7_dead/light/config"])
         self.fleet.book.write_text("site = [")
         bridge.send_signal(signal.SIGHUP)
         until(lambda: "stays in force" in self.fleet.log("one"), "the refusal of the book")

@@ -95,7 +95,7 @@ TEST_F(Board, BecomesMetrics)
 TEST_F(Board, IsIntroducedToHomeAssistant)
 {
     const auto told = DiscoveryOf(sign, "ha");
-    EXPECT_EQ("ha/light/a7_s_1/face/config", told.front().topic);
+    EXPECT_EQ("ha/light/a7_s_1/light/config", told.front().topic);
     for (const Publication& publication : told) {
         const Json config = Json::parse(publication.payload);
         EXPECT_EQ("vx/a7/s.1/availability", config["availability_topic"]);

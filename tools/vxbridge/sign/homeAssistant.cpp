@@ -16,12 +16,11 @@ using Json = nlohmann::ordered_json;
 struct Entity
 {
     const char* kind;
-    const char* id;
     const char* members;
 };
 
 constexpr Entity kEntities[] = {
-    {"light", "face", R"({
+    {"light", R"({
         "name": "Face",
         "command_topic": "cmd/power",
         "payload_on": "{\"action\": \"on\"}",
@@ -33,46 +32,29 @@ constexpr Entity kEntities[] = {
         "brightness_state_topic": "state",
         "brightness_value_template": "{{ value_json.lightEighths }}",
         "brightness_scale": 8})"},
-    {"text", "text", R"({
+    {"text", R"({
         "name": "Text",
         "command_topic": "cmd/show",
         "command_template": "{\"text\": {{ value | tojson }}}"})"},
-    {"sensor", "inside", R"({
-        "name": "Temperature inside",
-        "state_topic": "state",
-        "value_template": "{{ value_json.measured.insideC }}",
-        "unit_of_measurement": "\u00B0C",
-        "device_class": "temperature",
-        "state_class": "measurement"})"},
-    {"sensor", "outside", R"({
-        "name": "Temperature outside",
-        "state_topic": "state",
-        "value_template": "{{ value_json.measured.outsideC }}",
-        "unit_of_measurement": "\u00B0C",
-        "device_class": "temperature",
-        "state_class": "measurement"})"},
-    {"sensor", "tile", R"({
-        "name": "Hottest tile",
-        "state_topic": "state",
-        "value_template": "{{ value_json.measured.hottestTileC }}",
-        "unit_of_measurement": "\u00B0C",
-        "device_class": "temperature",
-        "state_class": "measurement"})"},
-    {"sensor", "humidity", R"({
-        "name": "Humidity",
-        "state_topic": "state",
-        "value_template": "{{ value_json.measured.humidityPercent }}",
-        "unit_of_measurement": "%",
-        "device_class": "humidity",
-        "state_class": "measurement"})"},
-    {"sensor", "warnings", R"({
-        "name": "Warnings",
-        "state_topic": "warnings",
-        "value_template": "{{ value_json.warnings | count }}"})"},
-    {"sensor", "playing", R"({
-        "name": "Playing",
-        "state_topic": "playing",
-        "value_template": "{{ value_json.playing or 'nothing' }}"})"},
+};
+
+struct Sensor
+{
+    const char* id;
+    const char* name;
+    const char* topic;
+    const char* value;          // in the payload
+    const char* unit = nullptr; // with what is measured
+    const char* measures = nullptr;
+};
+
+constexpr Sensor kSensors[] = {
+    {"inside", "Temperature inside", "state", "measured.insideC", "\u00B0C", "temperature"},
+    {"outside", "Temperature outside", "state", "measured.outsideC", "\u00B0C", "temperature"},
+    {"tile", "Hottest tile", "state", "measured.hottestTileC", "\u00B0C", "temperature"},
+    {"humidity", "Humidity", "state", "measured.humidityPercent", "%", "humidity"},
+    {"warnings", "Warnings", "warnings", "warnings | count"},
+    {"playing", "Playing", "playing", "playing or 'nothing'"},
 };
 
 // It takes letters, digits, '-' and '_' in its names.
@@ -83,43 +65,52 @@ std::string NodeOf(const vxctl::BookSign& sign)
     return node;
 }
 
-std::string TopicOf(const Entity& entity, const std::string& node, const std::string& prefix)
+Json MembersOf(const Sensor& sensor)
 {
-    return prefix + "/" + entity.kind + "/" + node + "/" + entity.id + "/config";
+    Json members = {{"name", sensor.name},
+                    {"state_topic", sensor.topic},
+                    {"value_template", std::string("{{ value_json.") + sensor.value + " }}"}};
+    if (sensor.unit != nullptr)
+        members.update(
+            {{"unit_of_measurement", sensor.unit}, {"device_class", sensor.measures}, {"state_class", "measurement"}});
+    return members;
 }
 
-Json ConfigOf(const Entity& entity, const vxctl::BookSign& sign, const std::string& node)
+// The members that end in "topic" get the whole name of the sign's topic.
+Publication ConfigOf(const vxctl::BookSign& sign, const std::string& prefix, const std::string& kind,
+                     const std::string& id, Json config)
 {
-    Json config = Json::parse(entity.members);
+    const std::string node = NodeOf(sign);
     for (auto& [key, value] : config.items()) {
         if (key.ends_with("topic"))
             value = SignTopic(sign.site, sign.name, value.get<std::string>());
     }
-    config["unique_id"] = "vx_" + node + "_" + entity.id;
+    config["unique_id"] = "vx_" + node + "_" + id;
     config["availability_topic"] = SignTopic(sign.site, sign.name, "availability");
     config["availability_template"] = "{{ 'online' if value_json.available else 'offline' }}";
     config["device"] = {{"identifiers", {"vx_" + node}}, {"name", sign.name}, {"model", "LED sign"}};
     if (const auto road = sign.labels.find("road"); road != sign.labels.end())
         config["device"]["suggested_area"] = road->second;
-    return config;
+    return {prefix + "/" + kind + "/" + node + "/" + id + "/config", config.dump()};
 }
 
 } // namespace
 
 std::vector<Publication> DiscoveryOf(const vxctl::BookSign& sign, const std::string& prefix)
 {
-    const std::string node = NodeOf(sign);
     std::vector<Publication> told;
     for (const Entity& entity : kEntities)
-        told.push_back({TopicOf(entity, node, prefix), ConfigOf(entity, sign, node).dump()});
+        told.push_back(ConfigOf(sign, prefix, entity.kind, entity.kind, Json::parse(entity.members)));
+    for (const Sensor& sensor : kSensors)
+        told.push_back(ConfigOf(sign, prefix, "sensor", sensor.id, MembersOf(sensor)));
     return told;
 }
 
 std::vector<Publication> DiscoveryRemoval(const vxctl::BookSign& sign, const std::string& prefix)
 {
-    std::vector<Publication> gone;
-    for (const Entity& entity : kEntities)
-        gone.push_back({TopicOf(entity, NodeOf(sign), prefix), ""});
+    std::vector<Publication> gone = DiscoveryOf(sign, prefix);
+    for (Publication& publication : gone)
+        publication.payload.clear();
     return gone;
 }
 
