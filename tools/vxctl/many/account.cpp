@@ -144,7 +144,8 @@ int Account::Close(std::size_t begun)
     const bool isTaken = Flush();
     if (!isTaken)
         PrintLine(Stream::kError, "vxctl: standard output takes no more");
-    PrintLine(Stream::kError, Sum(begun));
+    if (!json || done != signs.size()) // a program knows by the status that nothing is wrong
+        PrintLine(Stream::kError, Sum(begun));
     for (std::size_t i = 0; i < std::min(failures.size(), kMostTold); ++i)
         PrintLine(Stream::kError, "  " + failures[i]);
     if (failures.size() > kMostTold)
