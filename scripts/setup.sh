@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that building, testing and showing vxsign need. Does nothing when all are there.
-#   scripts/setup.sh       for everyone
-#   scripts/setup.sh ci    those for the longer tests as well
-#   scripts/setup.sh fleet those for many signs at a broker
+#   scripts/setup.sh            for everyone
+#   scripts/setup.sh fleet      those for many signs at a broker as well
+#   scripts/setup.sh package    those for packages
+#   scripts/setup.sh ci         all, those for the longer tests too
 set -euo pipefail
 
 packages=(
@@ -20,12 +21,18 @@ packages=(
     clang-format clang-tidy binutils                              # style and the export check
 )
 
-[ "${1:-}" != ci ] || packages+=(
+wanted=${1:-}
+of() { [[ "$wanted" =~ ^(ci|$1)$ ]]; }
+! of fleet || packages+=(mosquitto mosquitto-clients)
+! of package || packages+=(
+    debhelper dpkg-dev lintian                                    # making packages, and looking at them
+    abigail-tools mmdebstrap                                      # the binary contract; a bare Debian
+)
+! of ci || packages+=(
     clang libclang-rt-14-dev                                      # fuzz targets
     chromium chromium-driver python3-selenium                     # the page in a browser
     python3-paho-mqtt prometheus                                  # the service with a broker
 )
-[[ ! "${1:-}" =~ ^(ci|fleet)$ ]] || packages+=(mosquitto mosquitto-clients)
 
 missing=()
 for package in "${packages[@]}"; do
