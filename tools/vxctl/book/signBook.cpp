@@ -8,13 +8,12 @@
 #include "vxctl/cli/tables.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <set>
 #include <tuple>
-#include <unordered_map>
 #include <utility>
 
 namespace vxctl {
@@ -25,8 +24,6 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kLongestName = 64;
 constexpr std::size_t kLongestBook = 64 << 20;
-constexpr std::string_view kAll = "all";
-constexpr std::string_view kGroup = "group:";
 
 bool IsLetterOrDigit(char c)
 {
@@ -196,27 +193,6 @@ private:
     std::map<std::tuple<std::uint32_t, std::string, std::uint16_t, std::string, std::uint16_t>, std::string> names;
 };
 
-// Whether a word means the sign.
-bool Names(std::string_view word, const BookSign& sign)
-{
-    if (!word.starts_with(kGroup))
-        return word == kAll || word == sign.name;
-    return std::ranges::find(sign.groups, word.substr(kGroup.size())) != sign.groups.end();
-}
-
-[[noreturn]] void RefuseWord(const SignBook& book, const std::string& word)
-{
-    std::set<std::string> known{std::string(kAll)};
-    for (const BookSign& sign : book) {
-        known.insert(sign.name);
-        for (const std::string& group : sign.groups)
-            known.insert(std::string(kGroup) + group);
-    }
-    throw UsageError(word == kAll
-                         ? "the book has no signs"
-                         : "the book has no '" + word + "'" + DidYouMean(Nearest(word, {known.begin(), known.end()})));
-}
-
 std::string Variable(const char* name)
 {
     const char* const value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): nothing here sets variables
@@ -239,11 +215,15 @@ std::string ReadBookText(const std::string& file)
     if (!fs::exists(file, error))
         return {};
     std::ifstream stream(file, std::ios::binary);
-    std::string text(fs::is_directory(file, error) ? 0 : kLongestBook, '\0');
-    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
+    std::string text;
+    std::array<char, 65536> part{};
+    while (stream.read(part.data(), part.size()) || stream.gcount() > 0) {
+        text.append(part.data(), static_cast<std::size_t>(stream.gcount()));
+        if (text.size() > kLongestBook)
+            break;
+    }
     if (!stream.eof())
         throw UsageError("the book " + file + " cannot be read, or is larger than 64 MB");
-    text.resize(static_cast<std::size_t>(stream.gcount()));
     return text;
 }
 
@@ -264,44 +244,10 @@ SignBook ParseBook(std::string_view text, const std::string& file)
     }
 }
 
-bool IsBookWord(std::string_view word)
-{
-    return word.starts_with(kGroup) || word == kAll || IsBookName(word);
-}
-
-SignBook Select(const SignBook& book, const std::vector<std::string>& words)
-{
-    std::vector<bool> isMeant(book.size());
-    std::unordered_map<std::string_view, std::size_t> places;
-    for (std::size_t i = 0; i < book.size(); ++i)
-        places.emplace(book[i].name, i);
-    for (const std::string& word : words) {
-        const auto named = places.find(word);
-        bool isKnown = named != places.end();
-        if (isKnown) {
-            isMeant[named->second] = true;
-            continue;
-        }
-        for (std::size_t i = 0; i < book.size(); ++i) {
-            const bool isNamed = Names(word, book[i]);
-            isMeant[i] = isMeant[i] || isNamed;
-            isKnown = isKnown || isNamed;
-        }
-        if (!isKnown)
-            RefuseWord(book, word);
-    }
-    SignBook meant;
-    for (std::size_t i = 0; i < book.size(); ++i) {
-        if (isMeant[i])
-            meant.push_back(book[i]);
-    }
-    return meant;
-}
-
 bool IsBookName(std::string_view name)
 {
     const auto isPart = [](char c) { return IsLetterOrDigit(c) || c == '-' || c == '_' || c == '.'; };
-    return !name.empty() && name.size() <= kLongestName && std::ranges::all_of(name, isPart) && name != kAll &&
+    return !name.empty() && name.size() <= kLongestName && std::ranges::all_of(name, isPart) && name != kAllSigns &&
            name.find_first_not_of('.') != std::string_view::npos && name.front() != '-';
 }
 

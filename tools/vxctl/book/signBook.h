@@ -35,6 +35,8 @@ SignBook ParseBook(std::string_view text, const std::string& file);
 // The same of a file that may not be there yet, as text: "" then.
 std::string ReadBookText(const std::string& file);
 
+inline constexpr std::string_view kAllSigns = "all";
+
 // Whether a word names signs of a book rather than being the URL of one.
 bool IsBookWord(std::string_view word);
 
