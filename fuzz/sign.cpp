@@ -176,7 +176,7 @@ private:
     vxsim::Stage stage{sign};
     vxsim::BootLoader boot{settings.folder / "firmware", false};
     vxsim::ModbusDevices devices{settings.folder / "registers", true};
-    vxsim::Answers answers{sign, &boot, &devices, {}};
+    vxsim::Answers answers{[this](std::uint64_t) { return &sign; }, &boot, &devices, {}};
     vxsim::StreamLine tcp{1, {}, 1};
     vxsim::StreamLine rtu{2, {}, {}};
     vxsim::StreamLine modbus{3, {}, 1};
