@@ -22,7 +22,8 @@ cmake --build --preset fuzz --parallel "$jobs" --target fuzz | tail -n 1
 work=$(mktemp -d "${TMPDIR:-/tmp}/vxsignFuzzXXXXXX")
 trap 'rm -rf "$work"' EXIT
 chmod 711 "$work"
-cp build/fuzz/bin/fuzz_* "$work"
+cp build/fuzz/bin/fuzz_* build/fuzz/src/libvxsign.so.2 "$work"
+export LD_LIBRARY_PATH=$work
 mkdir "$work/run" "$work/kept"
 [ ! -d fuzz/corpus ] || cp -r fuzz/corpus/. "$work/kept"
 as=()
