@@ -123,12 +123,17 @@ def all_of_them(work):
     check(all(os.path.exists(f"{folder}/{name}/sign/logs.sqlite") for name in some), "what is kept has its logs at the end")
 
 
-def others():
-    fleet = Fleet("--count", "3", "--port", "0", "--modbus", "0", "--login", "op:1")
+def others(work):
+    book = os.path.join(work, "login.toml")
+    fleet = Fleet("--count", "3", "--port", "0", "--modbus", "0", "--login", "op:1", "--write-book", book)
     places = [*fleet.signs.values(), *fleet.modbus.values()]
     check(len(set(places)) == 6 and len(os.listdir(fleet.folder)) == 0, f"places of signs and devices: {places}")
     vxctl(fleet.modbus["sign-0002"], "modbus", "VSLS", "set", "5", "1", "3", "80")
     check(os.listdir(fleet.folder) == ["sign-0002"], "who was asked has a folder")
+    for password, status in (("2", 3), ("1", 0)):
+        done = subprocess.run([VXCTL, "--book", book, "-s", "all", "bright", "4"], capture_output=True, text=True, timeout=60,
+                              env={**os.environ, "VXSIM_PASSWORD": password})
+        check(done.returncode == status, f"a login with the password {password} of the book: {done}")
     fleet.end()
     check(not os.path.exists(fleet.folder), "the temporary folder goes")
 
@@ -157,6 +162,6 @@ def refusals(work):
 
 with tempfile.TemporaryDirectory() as work:
     all_of_them(work)
-    others()
+    others(work)
     refusals(work)
 sys.exit(1 if failures else 0)
