@@ -7,7 +7,6 @@
 #include "vxctl/show/wantedFace.h"
 
 #include <filesystem>
-#include <fstream>
 
 namespace vxctl {
 
@@ -69,13 +68,7 @@ void Write(const std::string& file, const std::string& text)
 {
     std::error_code error;
     fs::create_directories(fs::absolute(file).parent_path(), error);
-    const LocalTarget target(file, "signs.toml");
-    std::ofstream stream(target.Temporary(), std::ios::binary);
-    stream << text;
-    stream.close();
-    if (!stream)
-        throw SignFailure(VX_OPEN_FILE);
-    target.Keep();
+    ReplaceText(file, "signs.toml", text);
 }
 
 // The sign says what it is: only the size can be compared.

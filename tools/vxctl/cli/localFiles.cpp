@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <memory>
 #include <system_error>
 
@@ -100,6 +101,17 @@ void LocalTarget::Keep() const
         fs::rename(temporary, final, error);
     if (error)
         throw SignFailure(VX_OPEN_FILE);
+}
+
+void ReplaceText(const std::string& local, const std::string& nameInFolder, const std::string& text)
+{
+    const LocalTarget target(local, nameInFolder);
+    std::ofstream stream(target.Temporary(), std::ios::binary);
+    stream << text;
+    stream.close();
+    if (!stream)
+        throw SignFailure(VX_OPEN_FILE);
+    target.Keep();
 }
 
 TemporaryFolder::TemporaryFolder()

@@ -40,6 +40,10 @@ private:
     std::filesystem::path temporary;
 };
 
+// Puts a text in the place of what a file has; in a folder the file gets the given name. Throws SignFailure when it
+// cannot be written, and the file is as it was.
+void ReplaceText(const std::string& local, const std::string& nameInFolder, const std::string& text);
+
 // Why this PC keeps no file in a folder, such as "cannot write in /tmp: No space left on device"; empty where it does.
 std::string FolderFault(const std::filesystem::path& folder);
 

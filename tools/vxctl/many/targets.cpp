@@ -88,14 +88,10 @@ void WriteNames(const std::string& file, const std::vector<std::string>& names)
         std::filesystem::remove(file, error);
         return;
     }
-    const LocalTarget target(file, "failed.txt");
-    std::ofstream stream(target.Temporary());
+    std::string lines;
     for (const std::string& name : names)
-        stream << name << '\n';
-    stream.close();
-    if (!stream)
-        throw SignFailure(VX_OPEN_FILE);
-    target.Keep();
+        lines.append(name).append("\n");
+    ReplaceText(file, "failed.txt", lines);
 }
 
 } // namespace vxctl
