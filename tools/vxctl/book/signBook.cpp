@@ -205,6 +205,8 @@ std::string BookFile(const std::string& given)
 {
     if (!given.empty())
         return given;
+    if (std::string file = Variable("VXBOOK"); !file.empty())
+        return file;
     const std::string folder = Variable("XDG_CONFIG_HOME");
     return (folder.empty() ? fs::path(Variable("HOME")) / ".config" : fs::path(folder)) / "vxsign" / "signs.toml";
 }

@@ -25,7 +25,8 @@ struct BookSign
 
 using SignBook = std::vector<BookSign>; // in the order of the file
 
-// The file that is given, else that of the user: signs.toml in vxsign in the folder of configurations.
+// The file that is given, else that of VXBOOK, else that of the user: signs.toml in vxsign in the folder of
+// configurations.
 std::string BookFile(const std::string& given);
 
 // Throws UsageError with the place, such as "signs.toml:12:7: ...".

@@ -6,7 +6,6 @@
 #include "vxctl/cli/tables.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <set>
 
 namespace vxctl {
@@ -130,14 +129,8 @@ private:
         return lines;
     }
 
-    static std::string BookOfUser()
-    {
-        const char* const file = std::getenv("VXBOOK");
-        return file == nullptr ? "" : file;
-    }
-
     const Command* command = nullptr;
-    std::string book = BookOfUser();
+    std::string book; // that was given
     const Argument* valueOf = nullptr; // an option whose value comes next
     std::size_t places = 0;            // arguments by their place so far
     bool isLost = false;
