@@ -7,6 +7,8 @@
 #include "vxctl/show/wantedFace.h"
 
 #include <filesystem>
+#include <functional>
+#include <utility>
 
 namespace vxctl {
 
@@ -14,20 +16,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Joined(const std::vector<std::string>& words)
+// What `write` makes of each, with a text between.
+template <class Items, class Write>
+std::string Joined(const Items& items, const char* between, const Write& write)
 {
     std::string text;
-    for (const std::string& word : words)
-        text.append(text.empty() ? "" : " ").append(word);
+    for (const auto& item : items)
+        text.append(text.empty() ? "" : between).append(write(item));
     return text;
 }
 
-std::string LabelText(const BookSign& sign)
+std::string LabelText(const std::pair<const std::string, std::string>& label)
 {
-    std::string text;
-    for (const auto& [name, value] : sign.labels)
-        text.append(text.empty() ? "" : " ").append(name).append("=").append(value);
-    return text;
+    return label.first + "=" + label.second;
 }
 
 Report::Json JsonOf(const BookSign& sign)
@@ -55,7 +56,7 @@ std::uint32_t List(Session& session, const Args& args)
     Report::Json signs = Report::Json::array();
     for (const BookSign& sign : words.empty() ? book : Select(book, words)) {
         table.Add({sign.name, sign.options.url, sign.options.size.width == 0 ? "" : SizeText(sign.options.size),
-                   Joined(sign.groups), LabelText(sign)});
+                   Joined(sign.groups, " ", std::identity()), Joined(sign.labels, " ", LabelText)});
         signs.push_back(JsonOf(sign));
     }
     if (!session.report.IsJson())
@@ -92,16 +93,6 @@ std::string Quoted(const Args& args, std::string_view option)
     return BookText(args.Text(option));
 }
 
-// The members of a list or table, such as "a, b".
-template <class Write>
-std::string Members(const std::vector<std::string>& texts, const Write& write)
-{
-    std::string members;
-    for (const std::string& text : texts)
-        members.append(members.empty() ? "" : ", ").append(write(text));
-    return members;
-}
-
 std::string LabelMember(const std::string& label)
 {
     const std::size_t between = label.find('=');
@@ -136,9 +127,9 @@ std::string LinesOf(const Args& args)
             add(number.substr(2), std::to_string(args.Number(number)));
     }
     if (args.Has("--group"))
-        add("groups", "[" + Members(args.List("--group"), BookText) + "]");
+        add("groups", "[" + Joined(args.List("--group"), ", ", BookText) + "]");
     if (args.Has("--label"))
-        add("labels", "{ " + Members(args.List("--label"), LabelMember) + " }");
+        add("labels", "{ " + Joined(args.List("--label"), ", ", LabelMember) + " }");
     if (args.Has("--user"))
         add("login", LoginTable(args));
     return lines;
@@ -202,8 +193,7 @@ vxctl book add gantry-2 tcp://10.7.0.13:9520 --user operator --password-file gan
              Text("--size", "pixels of the face").In("WxH"),
              Text("--group", "a group that it belongs to").In("NAME").Repeated(),
              Text("--label", "what else is known of it, such as km=12.4").In("KEY=VALUE").Repeated(),
-             Text("--site", "the site that it belongs to").In("NAME"),
-             Number("--interval", 1, 86400, "seconds between two looks of vxbridge at it").In("SECONDS"),
+             Text("--site", "the site that it belongs to").In("NAME"), kInterval,
              Text("--user", "who logs in to the sign"),
              Text("--password-file", "a file with the password, seen from the book").In("FILE").Needs("--user"),
              Text("--password-env", "a variable with the password")

@@ -99,8 +99,6 @@ void TakeLogin(const BookEntry& entry, BookSign& sign)
     sign.options.login = login;
 }
 
-constexpr Argument kInterval = Number("interval", 1, 86400, "seconds between two polls");
-
 struct Row
 {
     std::string_view key;

@@ -23,6 +23,9 @@ struct BookSign
     bool operator==(const BookSign&) const = default;
 };
 
+inline constexpr Argument kInterval =
+    Number("--interval", 1, 86400, "seconds between two looks of vxbridge at it").In("SECONDS");
+
 using SignBook = std::vector<BookSign>; // in the order of the file
 
 // The file that is given, else that of VXBOOK, else that of the user: signs.toml in vxsign in the folder of
