@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <exception>
 #include <utility>
-#include <vector>
 
 namespace vxsim {
 namespace {
@@ -71,9 +70,7 @@ const Canvas* FleetSign::Face(std::uint64_t nowMs)
 
 WebIdentity FleetSign::Identity() const
 {
-    std::vector<std::string> lines = companions.Places();
-    lines.insert(lines.begin(), {"udp " + endpoints.Place(), "tcp " + endpoints.Place()});
-    return {VXSIM_VERSION, folder.string(), std::move(lines), name};
+    return {VXSIM_VERSION, folder.string(), PlacesOf(endpoints, companions), name};
 }
 
 // Null, which is silence, for a sign that cannot be made: the others go on.

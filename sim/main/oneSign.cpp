@@ -14,7 +14,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace vxsim {
@@ -22,17 +21,6 @@ namespace {
 
 constexpr std::chrono::milliseconds kFrame{40};
 constexpr std::chrono::milliseconds kUnseenStep{500}; // of a list that plays without a face
-
-// A line for each place where hosts reach the sign.
-std::vector<std::string> Places(const Endpoints& endpoints, const Companions& companions)
-{
-    std::vector<std::string> places{"udp " + endpoints.Place(), "tcp " + endpoints.Place()};
-    if (!endpoints.serialPath.empty())
-        places.push_back("serial " + endpoints.serialPath);
-    for (std::string& place : companions.Places())
-        places.push_back(std::move(place));
-    return places;
-}
 
 void Announce(const std::filesystem::path& folder, const std::vector<std::string>& places)
 {
@@ -57,7 +45,7 @@ void ServeOne(const Options& options, const PageMakers* pages, int end)
     Loop loop;
     Server server(
         loop, endpoints, [&sign](std::uint64_t) { return &sign; }, options.Lines(), companions.Lines());
-    std::vector<std::string> places = Places(endpoints, companions);
+    std::vector<std::string> places = PlacesOf(endpoints, companions);
     const auto step = options.IsPainted() ? kFrame : kUnseenStep;
     std::unique_ptr<Onlooker> page;
     if (options.web.IsWanted()) {

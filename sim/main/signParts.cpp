@@ -56,6 +56,16 @@ SignSettings SettingsOf(const Options& options, const std::filesystem::path& fol
     return settings;
 }
 
+std::vector<std::string> PlacesOf(const Endpoints& endpoints, const Companions& companions)
+{
+    std::vector<std::string> places{"udp " + endpoints.Place(), "tcp " + endpoints.Place()};
+    if (!endpoints.serialPath.empty())
+        places.push_back("serial " + endpoints.serialPath);
+    for (std::string& place : companions.Places())
+        places.push_back(std::move(place));
+    return places;
+}
+
 std::function<void(const std::string&)> TellerOf(const std::string& name, bool isWanted)
 {
     if (!isWanted)

@@ -1,17 +1,22 @@
 // What one sign and many have in common.
 #pragma once
 
+#include "sim/main/companions.h"
 #include "sim/main/options.h"
 #include "sim/virtualSign.h"
 
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace vxsim {
 
 // What the options say of a sign that is reached there. Its clock begins at the local time of this machine.
 SignSettings SettingsOf(const Options& options, const std::filesystem::path& folder, const Endpoints& endpoints);
+
+// A line for each place where hosts reach it.
+std::vector<std::string> PlacesOf(const Endpoints& endpoints, const Companions& companions);
 
 // What fails, and with `verbose` each command, as lines on standard error. `name` stands ahead of them; it is empty
 // where there is one sign.
