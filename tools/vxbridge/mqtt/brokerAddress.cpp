@@ -1,10 +1,12 @@
 #include "vxbridge/mqtt/brokerAddress.h"
 
 #include "vxctl/cli/failure.h"
+#include "vxctl/cli/login.h"
 #include "vxctl/cli/numbers.h"
 
-#include <fstream>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 namespace vxbridge {
 
@@ -38,13 +40,10 @@ void ParseBrokerUrl(const std::string& url, BrokerAddress& address)
 
 std::string ReadSecret(const std::string& file)
 {
-    std::ifstream in(file);
-    std::string line;
-    if (!std::getline(in, line))
+    std::optional<std::string> line = vxctl::FirstLineOf(file);
+    if (!line)
         throw vxctl::UsageError("cannot read " + file);
-    if (line.ends_with('\r'))
-        line.pop_back();
-    return line;
+    return std::move(*line);
 }
 
 } // namespace vxbridge

@@ -33,6 +33,17 @@ std::string CheckedPassword(std::string password)
     return Limited(std::move(password), kLongestPassword, "a password");
 }
 
+std::optional<std::string> FirstLineOf(const std::string& file)
+{
+    std::ifstream stream(file);
+    std::string line;
+    if (!std::getline(stream, line))
+        return std::nullopt;
+    while (line.ends_with('\r'))
+        line.pop_back();
+    return line;
+}
+
 std::string PasswordOf(const Login& login)
 {
     if (!login.passwordVariable.empty()) {
@@ -42,13 +53,10 @@ std::string PasswordOf(const Login& login)
             throw UsageError("the variable " + login.passwordVariable + ", which has the password, is not set");
         return CheckedPassword(value);
     }
-    std::ifstream file(login.passwordFile);
-    std::string password;
-    if (!std::getline(file, password))
+    std::optional<std::string> password = FirstLineOf(login.passwordFile);
+    if (!password)
         throw UsageError(login.passwordFile + ", which has the password, cannot be read or is empty");
-    while (!password.empty() && password.back() == '\r')
-        password.pop_back();
-    return CheckedPassword(std::move(password));
+    return CheckedPassword(std::move(*password));
 }
 
 } // namespace vxctl

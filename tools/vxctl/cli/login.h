@@ -1,6 +1,7 @@
 // Users of signs, and where their passwords are kept.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace vxctl {
@@ -19,6 +20,9 @@ struct Login
 // password is. Throw UsageError for what is too long.
 std::string CheckedUser(std::string user);
 std::string CheckedPassword(std::string password);
+
+// What a file keeps in its first line, whatever ends that. Nothing for a file that cannot be read or is empty.
+std::optional<std::string> FirstLineOf(const std::string& file);
 
 // Throws UsageError that names the file or variable that gives none.
 std::string PasswordOf(const Login& login);
