@@ -130,7 +130,7 @@ private:
     }
 
     const Command* command = nullptr;
-    std::string book; // that was given
+    std::string book;                  // that was given
     const Argument* valueOf = nullptr; // an option whose value comes next
     std::size_t places = 0;            // arguments by their place so far
     bool isLost = false;
