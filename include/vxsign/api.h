@@ -28,23 +28,26 @@ enum vxThreadRecord
  * made, and onClose comes too late to change the result. */
 struct vxApiConfig;
 /* A command object was made, or comes to its end: once for each command, also for one that is then refused. */
-typedef void (*vxOnOpen)(struct vxApiConfig* config);
-typedef void (*vxOnClose)(struct vxApiConfig* config);
+typedef void (*vxOnOpen)(VX_INOUT struct vxApiConfig* config);
+typedef void (*vxOnClose)(VX_INOUT struct vxApiConfig* config);
 /* Progress of a transfer or of a long operation, 0 to 100 percent whatever a sign says. */
-typedef void (*vxOnProgress)(struct vxApiConfig* config, uint32_t reserved, uint32_t percent);
+typedef void (*vxOnProgress)(VX_INOUT struct vxApiConfig* config, uint32_t reserved, uint32_t percent);
 /* Reads up to capacity bytes, waiting timeoutMs at most; returns the bytes read, 0 for none. */
-typedef int32_t (*vxOnRead)(struct vxApiConfig* config, uint8_t* buffer, uint32_t capacity, uint32_t timeoutMs);
+typedef int32_t (*vxOnRead)(VX_INOUT struct vxApiConfig* config, VX_OUT VX_BYTES(capacity) uint8_t* buffer,
+                            uint32_t capacity, uint32_t timeoutMs);
 /* Writes length bytes; the result is not looked at. */
-typedef int32_t (*vxOnWrite)(struct vxApiConfig* config, const uint8_t* buffer, uint32_t length, uint32_t timeoutMs);
+typedef int32_t (*vxOnWrite)(VX_INOUT struct vxApiConfig* config, VX_BYTES(length) const uint8_t* buffer,
+                             uint32_t length, uint32_t timeoutMs);
 /* A failed try (level 6) or a failed command (level 3), with its text. */
-typedef void (*vxOnLog)(struct vxApiConfig* config, const char* sourcePath, uint32_t line, uint32_t level,
+typedef void (*vxOnLog)(VX_INOUT struct vxApiConfig* config, const char* sourcePath, uint32_t line, uint32_t level,
                         const char* message);
 /* Turns a message file of the sign into a GIF; the library has no converter of its own. The two numbers are the
  * converter's own settings. */
-typedef uint32_t (*vxOnMessageToGif)(struct vxApiConfig* config, const char* messagePath, const char* gifPath,
-                                     uint32_t first, uint32_t second);
+typedef uint32_t (*vxOnMessageToGif)(VX_INOUT struct vxApiConfig* config, VX_PATH const char* messagePath,
+                                     VX_PATH const char* gifPath, uint32_t first, uint32_t second);
 /* Fills in the folder for temporary files, up to capacity bytes, ending in a path separator and NUL. */
-typedef void (*vxOnTempPath)(struct vxApiConfig* config, char* buffer, uint32_t capacity);
+typedef void (*vxOnTempPath)(VX_INOUT struct vxApiConfig* config, VX_OUT VX_PATH VX_BYTES(capacity) char* buffer,
+                             uint32_t capacity);
 
 /* The configuration of one thread: 192 bytes, a binary contract.
  *

@@ -19,14 +19,16 @@ VXSIGN_BEGIN
 
 /* Writes a text message of size bytes to the file path, in the file form ("QZ00SAX"). The text goes in as it stands,
  * control bytes included. A size of 0 gives VX_ARGUMENTS. */
-VXSIGN_API uint32_t vxShowMsgToNmg(const uint8_t* text, uint32_t size, const char* path, int font, uint32_t colour,
-                                   uint32_t mode, uint32_t staySec);
+VXSIGN_API uint32_t vxShowMsgToNmg(VX_SIGN_TEXT VX_BYTES(size) const uint8_t* text, uint32_t size,
+                                   VX_PATH const char* path, int font, uint32_t colour, uint32_t mode,
+                                   uint32_t staySec);
 
 /* Wraps a picture file of any type, unchanged, into an NMG file in the transmission form. */
-VXSIGN_API uint32_t vxShowBmpToNmg(const char* bmpPath, const char* nmgPath, uint32_t mode, uint32_t staySec);
+VXSIGN_API uint32_t vxShowBmpToNmg(VX_PATH const char* bmpPath, VX_PATH const char* nmgPath, uint32_t mode,
+                                   uint32_t staySec);
 
 /* The same in the file form. Note the order of staySec and mode. */
-VXSIGN_API uint32_t vxBmp2Nmg(const char* bmpPath, const char* nmgPath, uint16_t staySec, uint8_t mode);
+VXSIGN_API uint32_t vxBmp2Nmg(VX_PATH const char* bmpPath, VX_PATH const char* nmgPath, uint16_t staySec, uint8_t mode);
 
 VXSIGN_END
 

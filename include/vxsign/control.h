@@ -24,19 +24,19 @@ VXSIGN_API uint32_t vxResetSystemToDataFlash(void);
 
 /* Power of the face: off for 0, on otherwise; and its two state bytes. */
 VXSIGN_API uint32_t vxPowerOnOff(int8_t on);
-VXSIGN_API uint32_t vxGetPowerState(uint8_t* first, uint8_t* second);
+VXSIGN_API uint32_t vxGetPowerState(VX_OUT uint8_t* first, VX_OUT uint8_t* second);
 
 /* Brightness: one level, two, or 8 bytes for the sides of the sign. */
 VXSIGN_API uint32_t vxBrightAdjust(uint8_t level);
 VXSIGN_API uint32_t vxBrightAdjustEx(uint8_t first, uint8_t second);
-VXSIGN_API uint32_t vxBrightAdjustSides(const void* sides);
+VXSIGN_API uint32_t vxBrightAdjustSides(VX_BYTES(8) const void* sides);
 
 /* Serial speed of the sign. The thread's own baudRate stays as it is. */
 VXSIGN_API uint32_t vxChangeBaudRate(uint8_t rateCode);
 
 /* Checking of the sign's Ethernet line. */
 VXSIGN_API uint32_t vxSetEthCheck(uint8_t value);
-VXSIGN_API uint32_t vxReadEthCheck(uint8_t* first, uint8_t* second);
+VXSIGN_API uint32_t vxReadEthCheck(VX_OUT uint8_t* first, VX_OUT uint8_t* second);
 
 /* Switches the sign between online and offline operation; mode is the sign's. */
 VXSIGN_API uint32_t vxSwitchOnlineOffline(uint8_t mode);
@@ -44,26 +44,27 @@ VXSIGN_API uint32_t vxSwitchOnlineOffline(uint8_t mode);
 /* Beacons, the sign's own beacon and external equipment: 8 bytes each. What is read is as long as the sign's answer, 8
  * bytes at most; the rest of out stays as it was. */
 VXSIGN_API uint32_t vxSetBeacon(const uint64_t* value);
-VXSIGN_API uint32_t vxGetBeacon(uint8_t* out);
+VXSIGN_API uint32_t vxGetBeacon(VX_OUT VX_BYTES(8) uint8_t* out);
 VXSIGN_API uint32_t vxSetSignBeacon(const uint64_t* value);
-VXSIGN_API uint32_t vxGetSignBeacon(uint8_t* out);
+VXSIGN_API uint32_t vxGetSignBeacon(VX_OUT VX_BYTES(8) uint8_t* out);
 VXSIGN_API uint32_t vxSetExternalEquipment(const uint64_t* value);
-VXSIGN_API uint32_t vxGetExternalEquipment(uint8_t* out);
+VXSIGN_API uint32_t vxGetExternalEquipment(VX_OUT VX_BYTES(8) uint8_t* out);
 
 /* Sets the generator. out, if not null, gets up to 8 bytes of the sign's answer. */
-VXSIGN_API uint32_t vxGeneratorSet(uint8_t first, uint8_t second, void* out);
+VXSIGN_API uint32_t vxGeneratorSet(uint8_t first, uint8_t second, VX_OUT VX_OPTIONAL VX_BYTES(8) void* out);
 
 /* Sets or reads the commit status. out, if not null, gets one byte. */
-VXSIGN_API uint32_t vxCommitStatusRW(uint8_t first, uint8_t second, uint8_t* out);
+VXSIGN_API uint32_t vxCommitStatusRW(uint8_t first, uint8_t second, VX_OUT VX_OPTIONAL uint8_t* out);
 
 /* The LCS setting and the two FH settings. */
 VXSIGN_API uint32_t vxSetLCS(uint8_t value);
-VXSIGN_API uint32_t vxGetLCS(uint8_t* out);
+VXSIGN_API uint32_t vxGetLCS(VX_OUT uint8_t* out);
 VXSIGN_API uint32_t vxSetFH(uint8_t first, uint8_t second);
-VXSIGN_API uint32_t vxGetFH(uint8_t* first, uint8_t* second);
+VXSIGN_API uint32_t vxGetFH(VX_OUT uint8_t* first, VX_OUT uint8_t* second);
 
 /* Speaks dataLength bytes of voice data. */
-VXSIGN_API uint32_t vxPlayVoice(uint8_t first, uint8_t second, const void* data, uint8_t dataLength);
+VXSIGN_API uint32_t vxPlayVoice(uint8_t first, uint8_t second, VX_BYTES(dataLength) const void* data,
+                                uint8_t dataLength);
 
 VXSIGN_END
 

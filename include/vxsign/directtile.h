@@ -55,20 +55,20 @@ typedef struct TileStaRecord
 
 /* Test a tile and send it a command with dataLength bytes of data; testCode and command are the tile's. */
 VXSIGN_API uint32_t vxDirectTileTest(uint8_t testCode, uint8_t port, uint16_t tile);
-VXSIGN_API uint32_t vxDirectTileCMD(uint8_t command, uint8_t port, uint16_t tile, const uint8_t* data,
-                                    uint32_t dataLength);
+VXSIGN_API uint32_t vxDirectTileCMD(uint8_t command, uint8_t port, uint16_t tile,
+                                    VX_BYTES(dataLength) const uint8_t* data, uint32_t dataLength);
 
 /* Reads a file of a tile. VX_NO_RECORD when a local file cannot be made or written, VX_NO_MAGIC when what comes does
  * not begin like a file or would have 4 GB and more. A tile that sends less than it announced leaves a shorter file. A
  * calibration that cannot be converted is no failure; then only the tile's form is there. extra is the tile's. A tile
  * is asked for as many pieces of 264 bytes as it announces, with onProgress behind each: millions, if it says so. */
-VXSIGN_API uint32_t vxDirectTileReadFileEx(const char* path, uint8_t fileType, uint8_t port, uint16_t tile,
+VXSIGN_API uint32_t vxDirectTileReadFileEx(VX_PATH const char* path, uint8_t fileType, uint8_t port, uint16_t tile,
                                            uint8_t extra);
 
 /* Writes a file to a tile. VX_NO_RECORD when the local file cannot be read, for a calibration also when it cannot be
  * converted, when the tile's status cannot be read or when the tile is locked; nothing has been sent then. What an
  * earlier call converted stays when there is nothing to take its place. An empty file gives 0. */
-VXSIGN_API uint32_t vxDirectTileWriteFileEx(const char* path, uint8_t fileType, uint8_t port, uint16_t tile,
+VXSIGN_API uint32_t vxDirectTileWriteFileEx(VX_PATH const char* path, uint8_t fileType, uint8_t port, uint16_t tile,
                                             uint8_t extra);
 
 /* Two steps by which a tile takes over coefficients. The first is command 15. The second converts the calibration at
@@ -76,12 +76,13 @@ VXSIGN_API uint32_t vxDirectTileWriteFileEx(const char* path, uint8_t fileType, 
  * "c:/port<port>/<tile as four hexadecimal digits>.mcc" in 21 tries at most; params[64] other than 0 ends it after
  * command 16. It gives 0 whatever comes of that, but 1 when only the last try succeeds. reserved is not used. */
 VXSIGN_API uint32_t vxDirectTilePHYWriteCoefficent1(uint8_t port, uint16_t tile);
-VXSIGN_API uint32_t vxDirectTilePHYWriteCoefficent2(const char* path, uint8_t port, uint16_t tile, uint64_t reserved,
-                                                    const uint8_t* params, uint32_t paramsLength);
+VXSIGN_API uint32_t vxDirectTilePHYWriteCoefficent2(VX_PATH const char* path, uint8_t port, uint16_t tile,
+                                                    uint64_t reserved, VX_BYTES(paramsLength) const uint8_t* params,
+                                                    uint32_t paramsLength);
 
 /* Sends bytes as they are and waits timeoutMs of the configuration for whatever comes back, which is dropped: 0 for any
  * byte, VX_NO_ANSWER for none, VX_ABORTED when abortFlag ended the wait. */
-VXSIGN_API uint32_t vxWriteCmdBuf(const uint8_t* buffer, uint32_t length);
+VXSIGN_API uint32_t vxWriteCmdBuf(VX_BYTES(length) const uint8_t* buffer, uint32_t length);
 
 VXSIGN_END
 

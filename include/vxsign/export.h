@@ -23,6 +23,28 @@
 #define VXSIGN_PRINTF(formatNumber, firstNumber)
 #endif
 
+/* What a declaration says of a pointer. The marks are empty: they are for readers, for the bindings and for the tests,
+ * which take the size of each buffer from them. A pointer without VX_BYTES or VX_COUNT leads to one value, a pointer to
+ * characters to a text up to its NUL, and void* without one is the caller's own and only handed on.
+ *
+ *   VX_OUT, VX_INOUT   the function writes there; with VX_INOUT it reads what is there first, or leaves a part of it.
+ *                      Without either it only reads
+ *   VX_OPTIONAL        may be null
+ *   VX_BYTES(n)        room or length in bytes: a number or an expression over the other parameters, in C. Of a pointer
+ *                      to a pointer it tells of what the second one leads to
+ *   VX_COUNT(n)        the same in elements
+ *   VX_PATH            path of this PC, in its encoding
+ *   VX_SIGN_TEXT       text that the sign sees, paths and names on it included: bytes in the encoding of the sign
+ *
+ * A text without VX_PATH and VX_SIGN_TEXT is ASCII. */
+#define VX_OUT
+#define VX_INOUT
+#define VX_OPTIONAL
+#define VX_BYTES(n)
+#define VX_COUNT(n)
+#define VX_PATH
+#define VX_SIGN_TEXT
+
 #ifdef __cplusplus
 #define VXSIGN_BEGIN extern "C" {
 #define VXSIGN_END }

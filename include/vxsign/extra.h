@@ -11,20 +11,20 @@
 VXSIGN_BEGIN
 
 /* Collection: sends 8 bytes of data; reads up to 38 bytes. */
-VXSIGN_API uint32_t vxExtraCollectCtrl(const uint8_t* data, uint8_t board);
-VXSIGN_API uint32_t vxExtraCollectRead(uint8_t* buffer, uint8_t board);
+VXSIGN_API uint32_t vxExtraCollectCtrl(VX_BYTES(8) const uint8_t* data, uint8_t board);
+VXSIGN_API uint32_t vxExtraCollectRead(VX_OUT VX_BYTES(38) uint8_t* buffer, uint8_t board);
 
 /* Inputs and outputs: sends 16 bytes of data; reads up to 68 bytes. */
-VXSIGN_API uint32_t vxExtraIOCtrl(const uint8_t* data, uint8_t board);
-VXSIGN_API uint32_t vxExtraIORead(uint8_t* buffer, uint8_t board);
+VXSIGN_API uint32_t vxExtraIOCtrl(VX_BYTES(16) const uint8_t* data, uint8_t board);
+VXSIGN_API uint32_t vxExtraIORead(VX_OUT VX_BYTES(68) uint8_t* buffer, uint8_t board);
 
 /* Unlocks the Wi-Fi module with length bytes of data; *result becomes its answer. */
-VXSIGN_API uint32_t vxExtraWifiUnlock(const uint8_t* data, uint8_t length, uint32_t* result);
+VXSIGN_API uint32_t vxExtraWifiUnlock(VX_BYTES(length) const uint8_t* data, uint8_t length, VX_OUT uint32_t* result);
 
 /* The Wi-Fi settings, 44 bytes. vxExtraWifiGetInfo sends the 44 bytes that it is given and overwrites them with up to
  * 44 of the answer. */
-VXSIGN_API uint32_t vxExtraWifiSetInfo(const uint8_t* wifiInfo);
-VXSIGN_API uint32_t vxExtraWifiGetInfo(uint8_t* wifiInfo);
+VXSIGN_API uint32_t vxExtraWifiSetInfo(VX_BYTES(44) const uint8_t* wifiInfo);
+VXSIGN_API uint32_t vxExtraWifiGetInfo(VX_INOUT VX_BYTES(44) uint8_t* wifiInfo);
 VXSIGN_API uint32_t vxExtraWifiReset(void);
 
 VXSIGN_END

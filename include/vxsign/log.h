@@ -158,20 +158,22 @@ VXSIGN_API uint32_t vxReadEventLog(uint64_t reserved, uint32_t user, int mode, v
  *                         are both 0 are passed over
  *   vxReadBatInfoLog      the battery file of that kind as "DBATINFO.LOG" or "BATINFO.LOG"; stays on the sign
  *   vxReadBatInfoLogII    the same; deleted on the sign */
-VXSIGN_API uint32_t vxReadRadarLog(const char* localFolder, uint32_t user, uint64_t reserved, vxOnRadarLog callback);
-VXSIGN_API uint32_t vxReadNewRadarLog(const char* localFolder, uint32_t user, uint64_t reserved, vxOnRadarLog callback);
-VXSIGN_API uint32_t vxReadTJRadarLog(const char* localFolder, uint32_t user, uint64_t reserved,
+VXSIGN_API uint32_t vxReadRadarLog(VX_PATH const char* localFolder, uint32_t user, uint64_t reserved,
+                                   vxOnRadarLog callback);
+VXSIGN_API uint32_t vxReadNewRadarLog(VX_PATH const char* localFolder, uint32_t user, uint64_t reserved,
+                                      vxOnRadarLog callback);
+VXSIGN_API uint32_t vxReadTJRadarLog(VX_PATH const char* localFolder, uint32_t user, uint64_t reserved,
                                      vxOnTJRadarLog callback);
-VXSIGN_API uint32_t vxReadBatInfoLog(const char* localFolder, uint32_t user, uint64_t reserved, int8_t kind,
+VXSIGN_API uint32_t vxReadBatInfoLog(VX_PATH const char* localFolder, uint32_t user, uint64_t reserved, int8_t kind,
                                      vxOnBatInfoLog callback);
-VXSIGN_API uint32_t vxReadBatInfoLogII(const char* localFolder, uint32_t user, uint64_t reserved, int8_t kind,
+VXSIGN_API uint32_t vxReadBatInfoLogII(VX_PATH const char* localFolder, uint32_t user, uint64_t reserved, int8_t kind,
                                        vxOnBatInfoLog callback);
 
 /* Sends the files that a local batch file names, one after the other, with vxWriteSpecFile. The batch begins with 116
  * bytes ("MC", 2 bytes, then twice 1 in 32 bits); each 512 bytes behind them are a local path and a path on the sign,
  * of 256 bytes each. Returns the first failure; VX_OPEN_FILE when the batch cannot be opened, VX_FILE_FORMAT when it
  * does not begin like one. */
-VXSIGN_API uint32_t vxExecFileCMD(const char* localFile);
+VXSIGN_API uint32_t vxExecFileCMD(VX_PATH const char* localFile);
 
 VXSIGN_END
 

@@ -39,29 +39,35 @@
 VXSIGN_BEGIN
 
 /* Reads and writes a register of a device of the class in the name. */
-VXSIGN_API uint32_t vxMB_LCGet(uint8_t device, uint16_t registerNumber, uint16_t* value);
+VXSIGN_API uint32_t vxMB_LCGet(uint8_t device, uint16_t registerNumber, VX_OUT VX_OPTIONAL uint16_t* value);
 VXSIGN_API uint32_t vxMB_LCSet(uint8_t device, uint16_t registerNumber, uint16_t value);
 
-VXSIGN_API uint32_t vxMB_TLSGet(uint8_t device, uint8_t section, uint16_t registerNumber, uint16_t* value);
+VXSIGN_API uint32_t vxMB_TLSGet(uint8_t device, uint8_t section, uint16_t registerNumber,
+                                VX_OUT VX_OPTIONAL uint16_t* value);
 VXSIGN_API uint32_t vxMB_TLSSet(uint8_t device, uint8_t section, uint16_t registerNumber, uint16_t value);
 
-VXSIGN_API uint32_t vxMB_ALCSGet(uint8_t device, uint8_t section, uint16_t registerNumber, uint16_t* value);
+VXSIGN_API uint32_t vxMB_ALCSGet(uint8_t device, uint8_t section, uint16_t registerNumber,
+                                 VX_OUT VX_OPTIONAL uint16_t* value);
 VXSIGN_API uint32_t vxMB_ALCSSet(uint8_t device, uint8_t section, uint16_t registerNumber, uint16_t value);
 
-VXSIGN_API uint32_t vxMB_MLCSGet(uint8_t device, uint8_t section, uint16_t registerNumber, uint16_t* value);
+VXSIGN_API uint32_t vxMB_MLCSGet(uint8_t device, uint8_t section, uint16_t registerNumber,
+                                 VX_OUT VX_OPTIONAL uint16_t* value);
 VXSIGN_API uint32_t vxMB_MLCSSet(uint8_t device, uint8_t section, uint16_t registerNumber, uint16_t value);
 
 /* Reading VSLS is reading MLCS. */
-VXSIGN_API uint32_t vxMB_VSLSGet(uint8_t device, uint8_t section, uint16_t registerNumber, uint16_t* value);
+VXSIGN_API uint32_t vxMB_VSLSGet(uint8_t device, uint8_t section, uint16_t registerNumber,
+                                 VX_OUT VX_OPTIONAL uint16_t* value);
 VXSIGN_API uint32_t vxMB_VSLSSet(uint8_t device, uint8_t section, uint16_t registerNumber, uint16_t value);
 
-VXSIGN_API uint32_t vxMB_TORGet(uint8_t device, uint8_t section, uint16_t registerNumber, uint16_t* value);
+VXSIGN_API uint32_t vxMB_TORGet(uint8_t device, uint8_t section, uint16_t registerNumber,
+                                VX_OUT VX_OPTIONAL uint16_t* value);
 VXSIGN_API uint32_t vxMB_TORSet(uint8_t device, uint8_t section, uint16_t registerNumber, uint16_t value);
 
-VXSIGN_API uint32_t vxMB_VMSGet(uint8_t device, uint8_t section, uint16_t registerNumber, uint16_t* value);
+VXSIGN_API uint32_t vxMB_VMSGet(uint8_t device, uint8_t section, uint16_t registerNumber,
+                                VX_OUT VX_OPTIONAL uint16_t* value);
 VXSIGN_API uint32_t vxMB_VMSSet(uint8_t device, uint8_t section, uint16_t registerNumber, uint16_t value);
 
-VXSIGN_API uint32_t vxMB_PVMSGet(uint8_t device, uint16_t registerNumber, uint16_t* value);
+VXSIGN_API uint32_t vxMB_PVMSGet(uint8_t device, uint16_t registerNumber, VX_OUT VX_OPTIONAL uint16_t* value);
 VXSIGN_API uint32_t vxMB_PVMSSet(uint8_t device, uint16_t registerNumber, uint16_t value);
 
 VXSIGN_END

@@ -26,13 +26,13 @@ enum vxMoveMode
  *   any other         vxReadSpecPathFile(path, local) or vxWriteSpecFile(path, local)
  * path counts for the first and the last of these alone. Returns VX_NOT_INITIALISED for a null local or another mode,
  * VX_OPEN_FILE when the local file cannot be opened or made, else what the commands used give. */
-VXSIGN_API uint32_t vxRWFile(const char* local, const char* path, uint32_t mode);
+VXSIGN_API uint32_t vxRWFile(VX_PATH const char* local, VX_SIGN_TEXT const char* path, uint32_t mode);
 
 /* Has onMessageToGif (vxApiConfig), with the settings 20 and 1000, turn the message that the sign shows now into the
  * file gifPath. The message file is looked for in tempFolder, under the name that the sign tells, less any folder; it
  * is "__BLANK.VXB" when nothing plays, and the result is then VX_NOTHING_PLAYS. The folder and the name are joined
  * with a backslash. Returns what vxGetPlayingFileName gives, whatever the converter does. */
-VXSIGN_API uint32_t vxCurrentMsg2Gif(const char* tempFolder, const char* gifPath);
+VXSIGN_API uint32_t vxCurrentMsg2Gif(VX_PATH const char* tempFolder, VX_PATH const char* gifPath);
 
 VXSIGN_END
 

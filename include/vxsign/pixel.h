@@ -42,17 +42,17 @@ typedef uint32_t (*vxOnPixelError)(const vxPixelRow* row);
 
 /* Starts the sign's check, and tells how far it is, in percent. */
 VXSIGN_API uint32_t vxBeginPixCheck(void);
-VXSIGN_API uint32_t vxPixProgress(uint8_t* percent);
+VXSIGN_API uint32_t vxPixProgress(VX_OUT uint8_t* percent);
 
 /* Fetch the sign's results, "D:\PXL.CSV" and "D:\SIGNAL.CSV", into a local file. */
-VXSIGN_API uint32_t vxReadPixResult(const char* local);
-VXSIGN_API uint32_t vxReadSignalResult(const char* local);
+VXSIGN_API uint32_t vxReadPixResult(VX_PATH const char* local);
+VXSIGN_API uint32_t vxReadSignalResult(VX_PATH const char* local);
 
 /* A whole check: starts it, waits for its end with a poll each second (onProgress is called with each percentage below
  * 100), and fetches both results. progressTotal becomes 4, progressPos the step. It takes as long as the sign takes;
  * abortFlag ends it. Returns what starting or the last poll gives when it fails, else 0: a result that could not be
  * fetched shows in the local files. */
-VXSIGN_API uint32_t vxPxlChk(const char* pxlLocal, const char* signalLocal);
+VXSIGN_API uint32_t vxPxlChk(VX_PATH const char* pxlLocal, VX_PATH const char* signalLocal);
 
 /* The findings from one of the sign's sources, a row each. folder ends in a separator and gets the local files.
  *
@@ -64,7 +64,7 @@ VXSIGN_API uint32_t vxPxlChk(const char* pxlLocal, const char* signalLocal);
  *
  * Returns 0 with no rows when the sign has no such file; what the check, the transfer or the query gives when it fails;
  * VX_OPEN_FILE when a local file cannot be opened. */
-VXSIGN_API uint32_t vxReadPixelInfo(const char* folder, uint32_t user, uint32_t source, vxOnPixelInfo callback);
+VXSIGN_API uint32_t vxReadPixelInfo(VX_PATH const char* folder, uint32_t user, uint32_t source, vxOnPixelInfo callback);
 
 /* The tables PixelStatus and PixelSignalErr, which stay as they are; rows of more than 8 bytes do not arrive (see
  * log.h). Returns what the query for the number of rows gives when it fails; else the failure of a query for a page, if

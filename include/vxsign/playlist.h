@@ -79,7 +79,7 @@ typedef struct VXPLAYLIST_ITEM
 /* Binds the thread's list to <dir>/<fileName> and loads it. A file that is not there is created empty, a directory is
  * not; what cannot be parsed gives an empty list and 0. Backslashes of dir become slashes. 256 when the file cannot be
  * made. */
-VXSIGN_API uint32_t vxPLInit(char* dir, char* fileName);
+VXSIGN_API uint32_t vxPLInit(VX_PATH char* dir, VX_PATH char* fileName);
 
 /* Writes the list to its file. 0, whatever became of the file; 1 when memory ran out. The new file is written beside
  * the old one and takes its place when it is whole, so that a full disk or a power cut leaves the old one.
@@ -91,45 +91,46 @@ VXSIGN_API uint32_t vxPLSave(void);
 
 /* Replaces the list with the XML file at path, with the bound file if path is null. 1 when it cannot be opened or
  * parsed, or memory ran out; the list is empty then. */
-VXSIGN_API uint32_t vxLoadSYSFromXML(char* path);
+VXSIGN_API uint32_t vxLoadSYSFromXML(VX_OPTIONAL VX_PATH char* path);
 
 /* Replaces the list with a sequence file of version 4 or 6. 0 also when the file cannot be opened or is of no such
  * version: the list then stays. 1 for a null path, 0xFFFFFFFF (-1) when memory ran out. */
-VXSIGN_API uint32_t vxLoadSYSFromLED(const char* path);
+VXSIGN_API uint32_t vxLoadSYSFromLED(VX_PATH const char* path);
 
 /* Replaces the list with a PC play list of version 4, 5 or 6 and copies the files that it names into the play list
  * directory, which is made if it is missing; a name that would leave the directory is not copied. Results as above. */
-VXSIGN_API uint32_t vxLoadPLSFromPC(const char* path);
+VXSIGN_API uint32_t vxLoadPLSFromPC(VX_PATH const char* path);
 
 /* Adds a group (path "/") or a sub-group (path "/G/") at index, or at the end. VX_FAILED_OPERATION when the
  * name is taken, in the way the list looks for it, or G is unknown: a sub-group is compared with the children of the
  * group before G, for the first group with the groups. */
-VXSIGN_API uint32_t vxPLAddGroup(char* path, uint16_t index, char* name, uint8_t playType);
+VXSIGN_API uint32_t vxPLAddGroup(VX_SIGN_TEXT char* path, uint16_t index, VX_SIGN_TEXT char* name, uint8_t playType);
 
 /* Gives a group, with its default child, or a sub-group another name and type. */
-VXSIGN_API uint32_t vxPLModifyGroup(char* path, char* name, uint8_t playType);
+VXSIGN_API uint32_t vxPLModifyGroup(VX_SIGN_TEXT char* path, VX_SIGN_TEXT char* name, uint8_t playType);
 
 /* Adds a file at index; at the root always at the end. The list takes the record over and releases it with free(): info
  * must come from malloc() or calloc(), and belongs to the caller as long as the list has not taken it. The result is 0
  * in both cases. To see which, ask with vxPLGetFile before the call (a record that comes back means the name is
  * there and the new one will be refused) and after it. */
-VXSIGN_API uint32_t vxPLAddFile(char* path, uint16_t index, VXPLAYLIST_FILE_INFO* info);
+VXSIGN_API uint32_t vxPLAddFile(VX_SIGN_TEXT char* path, uint16_t index, VXPLAYLIST_FILE_INFO* info);
 
 /* Copy a record over the stored one, and the stored one out. Without such a file nothing is copied. */
-VXSIGN_API uint32_t vxPLModifyFile(char* path, VXPLAYLIST_FILE_INFO* info);
-VXSIGN_API uint32_t vxPLGetFile(char* path, VXPLAYLIST_FILE_INFO* info);
+VXSIGN_API uint32_t vxPLModifyFile(VX_SIGN_TEXT char* path, VXPLAYLIST_FILE_INFO* info);
+VXSIGN_API uint32_t vxPLGetFile(VX_SIGN_TEXT char* path, VX_OUT VXPLAYLIST_FILE_INFO* info);
 
 /* Swaps an entry of a level with its neighbour. */
-VXSIGN_API uint32_t vxPLMoveItem(char* path, uint16_t index, uint16_t direction);
+VXSIGN_API uint32_t vxPLMoveItem(VX_SIGN_TEXT char* path, uint16_t index, uint16_t direction);
 
 /* Deletes the entries first to last of a level, both included and both cut to the last entry. A group without its
  * default child takes no more files of its own. */
-VXSIGN_API uint32_t vxPLDelItem(char* path, uint16_t first, uint16_t last);
+VXSIGN_API uint32_t vxPLDelItem(VX_SIGN_TEXT char* path, uint16_t first, uint16_t last);
 
 /* Lists a level. At the root *count is the capacity on entry; when it is too small the result is VX_ARGUMENTS and items
  * stays untouched. In groups and sub-groups the capacity is not looked at: items must have room for all. *count becomes
  * the number of entries, but stays for a level that is not there. */
-VXSIGN_API uint32_t vxPLGetItems(char* path, uint16_t* count, VXPLAYLIST_ITEM* items);
+VXSIGN_API uint32_t vxPLGetItems(VX_SIGN_TEXT char* path, VX_INOUT uint16_t* count,
+                                 VX_OUT VX_COUNT(*count) VXPLAYLIST_ITEM* items);
 
 /* Sends the list to the sign, where it plays at once; the second form puts it into the numbered list index. With
  * withFiles the files whose codes differ from those of the sign's file list go first; a file that does not arrive is

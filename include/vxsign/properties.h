@@ -34,11 +34,11 @@ VXSIGN_API uint32_t vxInitProperty(void);
 /* Copies a property (vxPropertyKind) out of the thread's record. Returns 0, also for an unknown kind, which writes
  * nothing; VX_NOT_INITIALISED before a successful vxInitProperty, for a null out or an outLength of 0. A value that is
  * wider than outLength is cut. */
-VXSIGN_API uint32_t vxGetProperty(uint8_t* out, uint32_t outLength, int propertyKind);
+VXSIGN_API uint32_t vxGetProperty(VX_OUT VX_BYTES(outLength) uint8_t* out, uint32_t outLength, int propertyKind);
 
 /* Reads the communication settings from the sign. The next vxInitProperty then reads the sign afresh. Returns what
  * vxInitProperty gives; a null out is left out. */
-VXSIGN_API uint32_t vxReadCommunicationSet(vxCommunicationSet* out);
+VXSIGN_API uint32_t vxReadCommunicationSet(VX_OUT VX_OPTIONAL vxCommunicationSet* out);
 
 /* Writes the communication settings into the sign's "CONFIG.SYS". An address is four numbers of 0 to 255 with a dot
  * behind each of the first three; blanks ahead of a number and whatever stands behind the last one do not count. An

@@ -22,46 +22,57 @@ VXSIGN_BEGIN
 /* Shows size bytes of text. Tries and time-out: 3 and 3000 ms, the caller's in vxShowMsgTimeout (within the limits of
  * vxApiConfig). When the sign's properties cannot be read, the temporary file of the message stays; when the sign
  * refuses the message, vxShowMsg leaves it and the others delete it. */
-VXSIGN_API uint32_t vxShowMsg(const uint8_t* text, uint32_t size, uint32_t font, uint32_t colour, uint32_t mode,
-                              uint32_t staySec, const char* host, uint32_t port, uint32_t toE, int sendSequence);
-VXSIGN_API uint32_t vxShowMsgEx(const uint8_t* text, uint32_t size, uint32_t font, uint32_t colour, uint32_t mode,
-                                uint32_t staySec, const char* host, uint32_t port, uint32_t toE, int sendSequence,
-                                uint32_t kind, const char* serialName, uint32_t baudRate, uint16_t destinationAddress);
-VXSIGN_API uint32_t vxShowMsgTimeout(const uint8_t* text, uint32_t size, uint32_t font, uint32_t colour, uint32_t mode,
-                                     uint32_t staySec, const char* host, uint32_t port, uint32_t toE, int sendSequence,
-                                     uint8_t retries, uint32_t timeoutMs, uint32_t kind, const char* serialName,
-                                     uint32_t baudRate, uint16_t destinationAddress);
+VXSIGN_API uint32_t vxShowMsg(VX_SIGN_TEXT VX_BYTES(size) const uint8_t* text, uint32_t size, uint32_t font,
+                              uint32_t colour, uint32_t mode, uint32_t staySec, const char* host, uint32_t port,
+                              uint32_t toE, int sendSequence);
+VXSIGN_API uint32_t vxShowMsgEx(VX_SIGN_TEXT VX_BYTES(size) const uint8_t* text, uint32_t size, uint32_t font,
+                                uint32_t colour, uint32_t mode, uint32_t staySec, const char* host, uint32_t port,
+                                uint32_t toE, int sendSequence, uint32_t kind,
+                                VX_OPTIONAL VX_PATH const char* serialName, uint32_t baudRate,
+                                uint16_t destinationAddress);
+VXSIGN_API uint32_t vxShowMsgTimeout(VX_SIGN_TEXT VX_BYTES(size) const uint8_t* text, uint32_t size, uint32_t font,
+                                     uint32_t colour, uint32_t mode, uint32_t staySec, const char* host, uint32_t port,
+                                     uint32_t toE, int sendSequence, uint8_t retries, uint32_t timeoutMs, uint32_t kind,
+                                     VX_OPTIONAL VX_PATH const char* serialName, uint32_t baudRate,
+                                     uint16_t destinationAddress);
 
 /* Shows a picture: size bytes of a picture file of any type that the sign knows. 3 tries of 3000 ms. */
-VXSIGN_API uint32_t vxShowPic(const uint8_t* buf, uint32_t size, uint32_t mode, uint32_t staySec, const char* host,
-                              uint32_t port, uint32_t toE);
-VXSIGN_API uint32_t vxShowPicEx(const uint8_t* buf, uint32_t size, uint32_t mode, uint32_t staySec, const char* host,
-                                uint32_t port, uint32_t toE, uint32_t kind, const char* serialName, uint32_t baudRate,
+VXSIGN_API uint32_t vxShowPic(VX_BYTES(size) const uint8_t* buf, uint32_t size, uint32_t mode, uint32_t staySec,
+                              const char* host, uint32_t port, uint32_t toE);
+VXSIGN_API uint32_t vxShowPicEx(VX_BYTES(size) const uint8_t* buf, uint32_t size, uint32_t mode, uint32_t staySec,
+                                const char* host, uint32_t port, uint32_t toE, uint32_t kind,
+                                VX_OPTIONAL VX_PATH const char* serialName, uint32_t baudRate,
                                 uint16_t destinationAddress);
 
 /* Shows count local files (128 at most) one after the other, all with the same mode and stay time, which become the
  * sign's defaults. 6 tries of 3000 ms. A file that fails ends the list: those ahead of it stay on the sign, and what
  * the sign plays stays as it was. */
-VXSIGN_API uint32_t vxShowFiles(const char** files, uint32_t count, int mode, uint32_t staySec, const char* host,
-                                uint32_t port, uint32_t toE);
-VXSIGN_API uint32_t vxShowFilesEx(const char** files, uint32_t count, int mode, uint32_t staySec, const char* host,
-                                  uint32_t port, uint32_t toE, uint32_t kind, const char* serialName, uint32_t baudRate,
+VXSIGN_API uint32_t vxShowFiles(VX_PATH VX_COUNT(count) const char** files, uint32_t count, int mode, uint32_t staySec,
+                                const char* host, uint32_t port, uint32_t toE);
+VXSIGN_API uint32_t vxShowFilesEx(VX_PATH VX_COUNT(count) const char** files, uint32_t count, int mode,
+                                  uint32_t staySec, const char* host, uint32_t port, uint32_t toE, uint32_t kind,
+                                  VX_OPTIONAL VX_PATH const char* serialName, uint32_t baudRate,
                                   uint16_t destinationAddress);
-VXSIGN_API uint32_t vxShowFilesSpe(const char** files, uint32_t count, int mode, uint32_t staySec, const char* host,
-                                   uint32_t port, uint32_t toE, uint32_t kind, const char* serialName,
-                                   uint32_t baudRate, uint16_t destinationAddress, uint8_t what);
+VXSIGN_API uint32_t vxShowFilesSpe(VX_PATH VX_COUNT(count) const char** files, uint32_t count, int mode,
+                                   uint32_t staySec, const char* host, uint32_t port, uint32_t toE, uint32_t kind,
+                                   VX_OPTIONAL VX_PATH const char* serialName, uint32_t baudRate,
+                                   uint16_t destinationAddress, uint8_t what);
 
 /* The same with a tree-form sequence file that is valid at all times and carries types[i] for file i. The sign's
  * display style is left alone, the files go over whatever what says, a file that fails does not stop the list, and the
  * result is that of the last transfer; 1 when the temporary file cannot be made. reserved is not used. */
-VXSIGN_API uint32_t vxShowFilesII(const char** files, uint32_t count, const uint8_t* types, uint32_t reserved,
-                                  const char* host, uint32_t port, uint32_t toE, uint32_t kind, const char* serialName,
-                                  uint32_t baudRate, uint16_t destinationAddress, uint8_t what);
+VXSIGN_API uint32_t vxShowFilesII(VX_PATH VX_COUNT(count) const char** files, uint32_t count,
+                                  VX_BYTES(count) const uint8_t* types, uint32_t reserved, const char* host,
+                                  uint32_t port, uint32_t toE, uint32_t kind,
+                                  VX_OPTIONAL VX_PATH const char* serialName, uint32_t baudRate,
+                                  uint16_t destinationAddress, uint8_t what);
 
 /* vxTubeSet(cmd, data, size) with the connection as arguments. */
-VXSIGN_API uint32_t vxTubeCtrl(uint8_t cmd, const uint8_t* data, uint32_t size, const char* host, uint32_t port);
-VXSIGN_API uint32_t vxTubeCtrlEx(uint8_t cmd, const uint8_t* data, uint32_t size, const char* host, uint32_t port,
-                                 uint32_t kind, const char* serialName, uint32_t baudRate, uint16_t destinationAddress);
+VXSIGN_API uint32_t vxTubeCtrl(uint8_t cmd, VX_BYTES(size) const uint8_t* data, uint32_t size, const char* host,
+                               uint32_t port);
+VXSIGN_API uint32_t vxTubeCtrlEx(uint8_t cmd, VX_BYTES(size) const uint8_t* data, uint32_t size, const char* host,
+                                 uint32_t port, uint32_t kind, VX_OPTIONAL VX_PATH const char* serialName,
+                                 uint32_t baudRate, uint16_t destinationAddress);
 
 VXSIGN_END
 

@@ -152,7 +152,7 @@ VXSIGN_API const char* vxErrorDesc(uint32_t code);
 /* The checksum of the bytes start up to but not including end of buffer, 0 if there are none. mode 1: CRC-16 in the
  * reflected form of 0x8408 with seed 0xFFFF, complemented, its two bytes exchanged ("123456789" gives 0x6E90). Any
  * other mode: the sum of the bytes, its low 16 bits. A null buffer gives 0. */
-VXSIGN_API uint32_t vxChkSum(const void* buffer, uint32_t start, uint32_t end, uint32_t mode);
+VXSIGN_API uint32_t vxChkSum(VX_BYTES(end) const void* buffer, uint32_t start, uint32_t end, uint32_t mode);
 
 VXSIGN_END
 

@@ -75,8 +75,8 @@ typedef struct vxWaringReportRow
 #pragma pack(pop)
 
 /* Takes the status, the 8 bytes of the beacon, and the path of the message that the sign shows. */
-typedef uint32_t (*vxOnStatusInfo)(uint32_t user, const vxStatusRecord* status, const uint8_t* beacon,
-                                   const char* messagePath);
+typedef uint32_t (*vxOnStatusInfo)(uint32_t user, const vxStatusRecord* status, VX_BYTES(8) const uint8_t* beacon,
+                                   VX_PATH const char* messagePath);
 typedef uint32_t (*vxOnWaringLog)(const vxWaringLogRow* row);
 typedef uint32_t (*vxOnWaringReport)(const vxWaringReportRow* row);
 
@@ -95,19 +95,21 @@ typedef uint32_t (*vxOnWaringReport)(const vxWaringReportRow* row);
  *
  * Returns the failure of vxReadCurrentState, without a call of callback; else what the last reading of beacon or power
  * gave. Other readings that fail leave zeros. */
-VXSIGN_API uint32_t vxReadStatusInfo(const char* tempFolder, uint32_t user, uint64_t reserved, vxOnStatusInfo callback,
-                                     uint32_t longitudeBits, uint32_t latitudeBits, char useSignBeacon);
+VXSIGN_API uint32_t vxReadStatusInfo(VX_PATH const char* tempFolder, uint32_t user, uint64_t reserved,
+                                     vxOnStatusInfo callback, uint32_t longitudeBits, uint32_t latitudeBits,
+                                     char useSignBeacon);
 
 /* Puts four bytes of the status into a record of the caller's, which has 569 bytes at least: Value0, Value1 and Value3
  * of vxStatusRecord at 565 to 567, and byte 3 of vxGetBeacon (0 when that fails) at 568. Returns what
  * vxReadCurrentState gives. */
-VXSIGN_API uint32_t vxUpdate3Info(uint8_t* record);
+VXSIGN_API uint32_t vxUpdate3Info(VX_INOUT VX_BYTES(569) uint8_t* record);
 
 /* Fetches the sign's ring of warnings, "E:\STATUS.SYS", into the file localPath, where it stays; the sign's is deleted.
  * The rows come from the first time stamp behind the oldest record on; a ring whose oldest record is a time stamp gives
  * none. Returns what the last callback gave, 0 without rows and for a sign that has no ring; what the transfer gives
  * when it fails; VX_OPEN_FILE when the local file cannot be opened, VX_FILE_FORMAT when it is no ring. */
-VXSIGN_API uint32_t vxReadSignWaringLog(const char* localPath, const uint8_t* signName, vxOnWaringLog callback);
+VXSIGN_API uint32_t vxReadSignWaringLog(VX_PATH const char* localPath, VX_SIGN_TEXT const uint8_t* signName,
+                                        vxOnWaringLog callback);
 
 /* Reads the sign's report, "E:\errors.xml": a row for each warning of the main board and of each tile, and one each for
  * a number of bad pixels and of bad signals that is not 0 (Name "PixelError" or "SignalError", Value "Num=12"). What
@@ -118,7 +120,8 @@ VXSIGN_API uint32_t vxReadWaringReport(vxOnWaringReport callback);
 /* Reads the log of the sign's own program, "D:\log\vxspeapp.log": its first 16 bytes into head and, if these begin with
  * "GL", the next count records of 32 bytes into rows. What the file lacks is zero. The records are the sign's. Returns
  * what the transfer gives, or VX_OPEN_FILE when the temporary file cannot be opened. */
-VXSIGN_API uint32_t vxReadWarningLog(uint16_t* head, uint8_t* rows, uint8_t count);
+VXSIGN_API uint32_t vxReadWarningLog(VX_OUT VX_COUNT(8) uint16_t* head, VX_OUT VX_BYTES(count * 32) uint8_t* rows,
+                                     uint8_t count);
 
 VXSIGN_END
 

@@ -79,14 +79,15 @@ typedef struct TilePixelBlockHeader
 /* Start the task that gives a tile's status (its result begins with a TileStatRecord) and the one that tests a tile;
  * testCode is the tile's. taskId gets the task; an answer that names none leaves it as it was. VX_ARGUMENTS for a tile
  * above 494; the test also takes 65535, all tiles. */
-VXSIGN_API uint32_t vxTarsisGetTileStat(uint16_t tile, uint32_t* taskId);
-VXSIGN_API uint32_t vxTarsisTileTest(uint16_t tile, uint8_t testCode, uint32_t* taskId);
+VXSIGN_API uint32_t vxTarsisGetTileStat(uint16_t tile, VX_OUT uint32_t* taskId);
+VXSIGN_API uint32_t vxTarsisTileTest(uint16_t tile, uint8_t testCode, VX_OUT uint32_t* taskId);
 
 /* Waits for the end of a task, asking 3000 times at most, with 100 ms in between: five minutes, and the time that the
  * sign takes for its answers. status is written in any case:
  * VX_TASK_SUCCESS when buffer has got the result, as much of it as bufferSize takes; VX_TASK_WAITING or
  * VX_TASK_PROCESSING when the task has not ended; otherwise how it ended. Returns the result of the last question. */
-VXSIGN_API uint32_t vxTarsisGetResult(uint32_t taskId, uint8_t* buffer, uint32_t bufferSize, uint16_t* status);
+VXSIGN_API uint32_t vxTarsisGetResult(uint32_t taskId, VX_OUT VX_BYTES(bufferSize) uint8_t* buffer, uint32_t bufferSize,
+                                      VX_OUT uint16_t* status);
 
 /* Sends a tile a command and waits. Returns how the task ended, 0 for success. VX_ARGUMENTS for 495 to 65534; 65535
  * goes out as address 1 of the second bus. A task that has not ended after five minutes or so gives its state: 3 while
@@ -96,11 +97,11 @@ VXSIGN_API uint32_t vxTarsisSetTileCmd(uint16_t tile, uint8_t command);
 /* Installs a local file in a tile, by way of the sign's drive C. fileType: 0 to 4, VX_ARGUMENTS for any other. Returns
  * how the command at the end of the installation ended, as vxTarsisSetTileCmd does; what goes wrong on the way to it
  * is not told. */
-VXSIGN_API uint32_t vxTarsisWriteTileFile(const char* localPath, uint16_t tile, uint8_t fileType);
+VXSIGN_API uint32_t vxTarsisWriteTileFile(VX_PATH const char* localPath, uint16_t tile, uint8_t fileType);
 
 /* Reads the calibration of a tile into a local file; fileType is 4, VX_ARGUMENTS for any other. VX_OPEN_FILE when the
  * local file cannot be made, VX_CALL when it cannot be written; otherwise how the task that failed ended. */
-VXSIGN_API uint32_t vxTarsisReadTileFile(const char* localPath, uint16_t tile, uint8_t fileType);
+VXSIGN_API uint32_t vxTarsisReadTileFile(VX_PATH const char* localPath, uint16_t tile, uint8_t fileType);
 
 /* Two commands of the control board; what option means is the sign's. */
 VXSIGN_API uint32_t vxTarsisFMCalOpt(uint8_t option);
@@ -113,12 +114,12 @@ VXSIGN_API uint32_t vxFlashPGMConnectCMD(void);
  * VX_ARGUMENTS for a null pointer, another pixelBytes, a module of no size or one that is larger than the tile;
  * VX_OPEN_FILE for a local file that cannot be opened, and on loading for one that is no pixel file or has less than 6
  * bytes a pixel; VX_CALL for one that cannot be written. */
-VXSIGN_API uint32_t vxTarsisTilePxlLoad(uint16_t* pixels, uint32_t pixelBytes, const char* path, uint32_t tileKind,
-                                        uint32_t tileModel, uint32_t width, uint32_t height, uint32_t moduleWidth,
-                                        uint32_t moduleHeight);
-VXSIGN_API uint32_t vxTarsisTilePxlSave(const uint16_t* pixels, uint32_t pixelBytes, const char* path,
-                                        uint32_t tileKind, uint32_t tileModel, uint32_t width, uint32_t height,
-                                        uint32_t moduleWidth, uint32_t moduleHeight);
+VXSIGN_API uint32_t vxTarsisTilePxlLoad(VX_OUT VX_BYTES(pixelBytes) uint16_t* pixels, uint32_t pixelBytes,
+                                        VX_PATH const char* path, uint32_t tileKind, uint32_t tileModel, uint32_t width,
+                                        uint32_t height, uint32_t moduleWidth, uint32_t moduleHeight);
+VXSIGN_API uint32_t vxTarsisTilePxlSave(VX_BYTES(pixelBytes) const uint16_t* pixels, uint32_t pixelBytes,
+                                        VX_PATH const char* path, uint32_t tileKind, uint32_t tileModel, uint32_t width,
+                                        uint32_t height, uint32_t moduleWidth, uint32_t moduleHeight);
 
 VXSIGN_END
 

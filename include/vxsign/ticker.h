@@ -15,11 +15,11 @@ VXSIGN_API uint32_t vxTickerStop(void);
 
 /* Which buffer can receive: status becomes VX_BUFFER_3_READY, VX_BUFFER_1_READY or VX_BUFFER_1_READY_TOO;
  * vxErrorDesc has the words. A sign that answers without such a word gives 0 too, and status stays as it was. */
-VXSIGN_API uint32_t vxGetBufferStatus(uint16_t* status);
+VXSIGN_API uint32_t vxGetBufferStatus(VX_OUT uint16_t* status);
 
 /* Sends length bytes into the receiving buffer, in packets of dataSize (vxApiConfig), 65535 of them at most. onProgress
  * is called after each with the percentage so far. VX_ARGUMENTS for a length of 0. */
-VXSIGN_API uint32_t vxUploadBuffer(const uint8_t* data, uint32_t length);
+VXSIGN_API uint32_t vxUploadBuffer(VX_BYTES(length) const uint8_t* data, uint32_t length);
 
 /* The ticker that the sign runs by itself. */
 VXSIGN_API uint32_t vxOffLineTickerStart(uint8_t first, uint8_t second, uint8_t third, uint8_t fourth);

@@ -14,14 +14,14 @@ VXSIGN_API uint32_t vxMPUSelChannel(uint8_t first, uint8_t second);
 VXSIGN_API uint32_t vxMPUSelChannelEx(uint8_t first, uint8_t second);
 VXSIGN_API uint32_t vxMPUSetVideoArg(uint8_t first, uint8_t second);
 VXSIGN_API uint32_t vxMPUSetHDMI_DP_Out(uint8_t first, uint8_t second);
-VXSIGN_API uint32_t vxMPUSetEDID(uint8_t first, const uint8_t* edid);
+VXSIGN_API uint32_t vxMPUSetEDID(uint8_t first, VX_BYTES(15) const uint8_t* edid);
 VXSIGN_API uint32_t vxMPUSetINBPhase(uint8_t first, uint8_t second);
 
 /* Sets a window, which takes the MPU a while: *taskId becomes the number to ask for its progress with; a null leaves it
  * out. Of first the low byte goes over. There is no waiting here, and which progress means the end is the MPU's. */
 VXSIGN_API uint32_t vxMPUSetWin(uint16_t first, uint16_t value1, uint16_t value2, uint16_t value3, uint16_t value4,
-                                uint8_t last, uint32_t* taskId);
-VXSIGN_API uint32_t vxMPUProgressByTaskID(uint32_t taskId, uint8_t* progress);
+                                uint8_t last, VX_OUT VX_OPTIONAL uint32_t* taskId);
+VXSIGN_API uint32_t vxMPUProgressByTaskID(uint32_t taskId, VX_OUT uint8_t* progress);
 
 /* VPU: channel, mode, windows and picture. */
 VXSIGN_API uint32_t vxVPUSelChannel(uint8_t first);
@@ -37,15 +37,17 @@ VXSIGN_API uint32_t vxVPUSetGamma(uint8_t first);
 
 /* Brightness: four numbers. */
 VXSIGN_API uint32_t vxVPUSetBright(uint8_t first, uint8_t second, uint8_t third, uint8_t fourth);
-VXSIGN_API uint32_t vxVPUGetBright(uint8_t* out1, uint8_t* out2, uint8_t* out3, uint8_t* out4);
+VXSIGN_API uint32_t vxVPUGetBright(VX_OUT uint8_t* out1, VX_OUT uint8_t* out2, VX_OUT uint8_t* out3,
+                                   VX_OUT uint8_t* out4);
 
 /* Number and position of the LDUs. Of each value the low byte goes over. */
 VXSIGN_API uint32_t vxVPUSetLDUNums(uint8_t first);
 VXSIGN_API uint32_t vxVPUSetLDUPos(uint16_t value1, uint16_t value2, uint16_t value3);
 
 /* The state of the inputs, four numbers, and what the VPU tells about itself, 24 bytes. */
-VXSIGN_API uint32_t vxVPUGetSignalStatus(uint16_t* status1, uint16_t* status2, uint16_t* status3, uint16_t* status4);
-VXSIGN_API uint32_t vxVPUGetInfo(uint8_t* info);
+VXSIGN_API uint32_t vxVPUGetSignalStatus(VX_OUT uint16_t* status1, VX_OUT uint16_t* status2, VX_OUT uint16_t* status3,
+                                         VX_OUT uint16_t* status4);
+VXSIGN_API uint32_t vxVPUGetInfo(VX_OUT VX_BYTES(24) uint8_t* info);
 
 /* The mode of the pixels. This and vxVPUGetInfo are one command to the VPU: with 0 for first it is taken for the
  * question, and its answer is dropped. */

@@ -24,7 +24,7 @@ VXSIGN_BEGIN
  * end. Silence behind a block that was confirmed counts as another confirmation. abortFlag ends the waiting, and with
  * it the transfer in one of these ways.
  */
-VXSIGN_API uint32_t vxXModem_Upgrade(const char* path);
+VXSIGN_API uint32_t vxXModem_Upgrade(VX_PATH const char* path);
 
 VXSIGN_END
 

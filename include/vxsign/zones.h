@@ -59,35 +59,44 @@ typedef struct SpeZoneHead
 #pragma pack(pop)
 
 /* Divides a page, or a zone of it: the head and its entries, 127 at most. */
-VXSIGN_API uint32_t vxDivideZoneBase(uint8_t pageId, uint8_t zoneId, const void* data, uint8_t length);
-VXSIGN_API uint32_t vxDivideZone(uint8_t pageId, uint8_t zoneId, ZoneHead head, const void* entries);
-VXSIGN_API uint32_t vxDivideZone4j(uint8_t pageId, uint8_t zoneId, const ZoneHead* head, void** entries);
+VXSIGN_API uint32_t vxDivideZoneBase(uint8_t pageId, uint8_t zoneId, VX_BYTES(length) const void* data, uint8_t length);
+VXSIGN_API uint32_t vxDivideZone(uint8_t pageId, uint8_t zoneId, ZoneHead head,
+                                 VX_BYTES(head.zoneCount * 12) const void* entries);
+VXSIGN_API uint32_t vxDivideZone4j(uint8_t pageId, uint8_t zoneId, const ZoneHead* head,
+                                   VX_BYTES(head->zoneCount * 12) void** entries);
 
 /* The division that stands. The Base form names no page and gets what the sign has to say, outLength bytes at most;
  * VX_ARGUMENTS for an outLength of 0. The others get the head, with the zoneCount of the sign, and as many of its
  * entries of 12 bytes as there are, maxEntries at most; the rest of entries stays as it was. */
-VXSIGN_API uint32_t vxGetZoneBase(uint8_t* out, uint32_t outLength);
-VXSIGN_API uint32_t vxGetZone(ZoneHead* head, uint8_t* entries, uint8_t maxEntries, uint8_t pageId);
-VXSIGN_API uint32_t vxGetZone4j(ZoneHead* head, uint8_t** entries, uint8_t maxEntries, uint8_t pageId);
+VXSIGN_API uint32_t vxGetZoneBase(VX_OUT VX_BYTES(outLength) uint8_t* out, uint32_t outLength);
+VXSIGN_API uint32_t vxGetZone(VX_OUT ZoneHead* head, VX_OUT VX_BYTES(maxEntries * 12) uint8_t* entries,
+                              uint8_t maxEntries, uint8_t pageId);
+VXSIGN_API uint32_t vxGetZone4j(VX_OUT ZoneHead* head, VX_OUT VX_BYTES(maxEntries * 12) uint8_t** entries,
+                                uint8_t maxEntries, uint8_t pageId);
 
 /* How a zone shows its content: the head and its data. */
-VXSIGN_API uint32_t vxSetDisplayBase(uint8_t pageId, uint8_t zoneId, uint8_t option, const void* data, uint8_t length);
-VXSIGN_API uint32_t vxSetDisplay(uint8_t pageId, uint8_t zoneId, uint8_t option, DisplayHead head, const uint8_t* data);
+VXSIGN_API uint32_t vxSetDisplayBase(uint8_t pageId, uint8_t zoneId, uint8_t option, VX_BYTES(length) const void* data,
+                                     uint8_t length);
+VXSIGN_API uint32_t vxSetDisplay(uint8_t pageId, uint8_t zoneId, uint8_t option, DisplayHead head,
+                                 VX_BYTES(head.dataLength) const uint8_t* data);
 VXSIGN_API uint32_t vxSetDisplay4j(uint8_t pageId, uint8_t zoneId, uint8_t option, const DisplayHead* head,
-                                   const uint8_t* data);
+                                   VX_BYTES(head->dataLength) const uint8_t* data);
 
 /* The content of a zone: the head and its data. */
-VXSIGN_API uint32_t vxSetContentDisplayBase(uint8_t pageId, uint8_t zoneId, const void* data, uint8_t length);
-VXSIGN_API uint32_t vxSetContentDisplay(uint8_t pageId, uint8_t zoneId, ContentHead head, const void* data);
-VXSIGN_API uint32_t vxSetContentDisplay4j(uint8_t pageId, uint8_t zoneId, const ContentHead* head, const void* data);
+VXSIGN_API uint32_t vxSetContentDisplayBase(uint8_t pageId, uint8_t zoneId, VX_BYTES(length) const void* data,
+                                            uint8_t length);
+VXSIGN_API uint32_t vxSetContentDisplay(uint8_t pageId, uint8_t zoneId, ContentHead head,
+                                        VX_BYTES(head.dataLength) const void* data);
+VXSIGN_API uint32_t vxSetContentDisplay4j(uint8_t pageId, uint8_t zoneId, const ContentHead* head,
+                                          VX_BYTES(head->dataLength) const void* data);
 
 /* Divides a page into special zones: the head and its words. */
-VXSIGN_API uint32_t vxDivideSpeZone(uint8_t pageId, SpeZoneHead head, const uint8_t* data);
+VXSIGN_API uint32_t vxDivideSpeZone(uint8_t pageId, SpeZoneHead head, VX_BYTES(head.wordCount * 4) const uint8_t* data);
 
 /* Whether the face is divided at all, and how many pages there are; and both as they stand. */
 VXSIGN_API uint32_t vxSetEnableMulitZone(uint8_t enable);
 VXSIGN_API uint32_t vxSetPageCount(uint8_t count);
-VXSIGN_API uint32_t vxGetMulitZoneSetting(uint8_t* enable, uint8_t* pageCount);
+VXSIGN_API uint32_t vxGetMulitZoneSetting(VX_OUT uint8_t* enable, VX_OUT uint8_t* pageCount);
 
 VXSIGN_END
 

@@ -9,7 +9,9 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace vxsign::test {
@@ -33,37 +35,76 @@ private:
     std::mt19937_64 engine;
 };
 
-// The arguments of one call, made in the order of its parameters. They live as long as this.
+// A parameter, with what its marks in the header say.
+struct Parameter
+{
+    explicit Parameter(std::string_view word);
+
+    std::string_view name;
+    bool isOut = false;
+    bool isOptional = false;
+    bool isSized = false; // a buffer
+    bool isText = false;
+    bool isLength = false; // of a buffer
+};
+
+// The arguments of one call. They live as long as this.
 class Arguments
 {
 public:
     // `nullAt` is the number of the parameter that is null, from 1 on; 0 for none.
-    Arguments(std::string_view name, const std::vector<std::string_view>& names, std::size_t nullAt,
-              std::uint16_t hostPort, Random& source)
-        : exportName(name), parameters(names), without(nullAt), port(hostPort), random(source)
+    Arguments(const std::vector<Parameter>& all, std::size_t nullAt, std::uint16_t hostPort, Random& source)
+        : parameters(all), without(nullAt), port(hostPort), random(source)
     {
     }
 
-    template <class T>
-    T Next()
+    // First what buffers are as large as, then the buffers.
+    template <class... P>
+    std::tuple<P...> All(std::vector<std::size_t> (*sizesOf)(P...))
     {
-        ++place;
+        place = 0;
+        std::tuple<P...> made{First<P>()...}; // in their order, between braces
+        const std::vector<std::size_t> sizes = std::apply(sizesOf, made);
+        place = 0;
+        std::apply([&](P&... values) { (Complete(values, sizes[place]), ...); }, made);
+        return made;
+    }
+
+    // Whether nothing was written where the header says that it is only read.
+    bool InputsStand() const;
+    // Whether something is null that the header wants.
+    bool LacksSomething() const { return lacks; }
+
+private:
+    template <class T>
+    T First()
+    {
+        const Parameter& made = parameters[place++];
         if constexpr (std::is_pointer_v<T>) {
-            T made = Pointer<T>();
-            return place == without ? nullptr : made;
+            return made.isSized ? nullptr : Pointer<T>();
         } else if constexpr (std::is_class_v<T>) {
-            T made;
-            random.Fill(reinterpret_cast<std::uint8_t*>(&made), sizeof made);
-            return made;
+            T record;
+            random.Fill(reinterpret_cast<std::uint8_t*>(&record), sizeof record);
+            return record;
         } else {
             return static_cast<T>(Number(std::numeric_limits<T>::max()));
         }
     }
 
-    // What the widest length can be that the next parameter takes; to be said ahead of each call.
-    std::vector<std::uint64_t> limits;
+    template <class T>
+    void Complete(T& value, std::size_t size)
+    {
+        const Parameter& made = parameters[place++];
+        if constexpr (std::is_pointer_v<T>) {
+            if constexpr (!std::is_function_v<std::remove_pointer_t<T>>)
+                value = made.isSized ? Buffer<T>(size) : value;
+            if (place == without) {
+                lacks = !made.isOptional && (!made.isSized || size != 0);
+                value = nullptr;
+            }
+        }
+    }
 
-private:
     template <class R, class... A>
     static R Callback(A...)
     {
@@ -81,50 +122,54 @@ private:
     T Pointer()
     {
         using Target = std::remove_pointer_t<T>;
-        using Plain = std::remove_const_t<Target>;
+        using Plain = std::conditional_t<std::is_void_v<Target>, char, Target>;
         if constexpr (std::is_function_v<Target>)
             return CallbackOf(T{});
-        else if constexpr (std::is_same_v<T, const char**>)
-            return Texts();
-        else if constexpr (std::is_pointer_v<Target>) // a pointer to a buffer
-            return reinterpret_cast<T>(Keep(Buffer(1, false)));
-        else if constexpr (std::is_void_v<Plain>)
-            return Buffer(0, std::is_const_v<Target>);
-        else if constexpr (std::is_same_v<Target, const char>)
-            return CopyOf(Text());
-        else if constexpr (std::is_same_v<Plain, char> || sizeof(Plain) == 1)
-            return reinterpret_cast<T>(Buffer(1, std::is_const_v<Target> || std::is_same_v<Plain, char>));
+        else if (parameters[place - 1].isText)
+            return reinterpret_cast<T>(CopyOf(Text()));
         else
-            return static_cast<T>(Record(sizeof(Plain), std::is_const_v<Target>));
+            return static_cast<T>(Record(sizeof(Plain)));
+    }
+
+    template <class T>
+    T Buffer(std::size_t size)
+    {
+        using Target = std::remove_pointer_t<T>;
+        if constexpr (std::is_same_v<T, const char**>)
+            return Texts(size);
+        else if constexpr (std::is_pointer_v<Target>) // a pointer to a buffer
+            return static_cast<T>(Keep(Filled(size)));
+        else
+            return static_cast<T>(Filled(size));
     }
 
     std::uint64_t Number(std::uint64_t most);
-    // A record, or a number behind a buffer, which begins as the size of that.
-    void* Record(std::size_t size, bool isInput);
-    // As large as the table or the length behind it says, else `size`; a text where it says nothing of an input.
-    void* Buffer(std::size_t size, bool isInput);
-    std::size_t LinkedSize(std::size_t each);
+    std::uint64_t Length(std::uint64_t most);
+    // A record, or a number that begins as the length of a buffer.
+    void* Record(std::size_t size);
+    void* Filled(std::size_t size);
     void* Allocate(std::size_t size);
-    void** Keep(void* pointer);
+    // Notes what stands in a block that is only read.
+    void* Note(void* block, std::size_t size);
+    void* Keep(void* pointer);
     char* CopyOf(const std::string& text);
-    const char** Texts();
+    const char** Texts(std::size_t size);
     std::string Text();
 
-    std::string_view Name(std::size_t at) const { return at < parameters.size() ? parameters[at] : ""; }
+    std::string_view Name(std::size_t at) const { return at < parameters.size() ? parameters[at].name : ""; }
 
 public:
     static inline thread_local bool throws = false;
 
 private:
-    std::string_view exportName;
-    const std::vector<std::string_view>& parameters;
+    const std::vector<Parameter>& parameters;
     std::size_t without;
     std::uint16_t port;
     Random& random;
     std::size_t place = 0; // of the parameter that is made, from 1 on
-    bool isLengthNext = false;
-    std::uint64_t nextLength = 0;
+    bool lacks = false;
     std::vector<std::unique_ptr<std::uint8_t[]>> blocks;
+    std::vector<std::pair<const void*, std::string>> inputs; // and what they held
 };
 
 } // namespace vxsign::test

@@ -211,6 +211,11 @@ bool HostileSign::KeptItsTime(const Bound& bound)
     return isEnough && waited <= (writes + 1) * (4 * std::uint64_t{config->timeoutMs} + 500 + bound.betweenTriesMs);
 }
 
+bool HostileSign::WasWrittenTo()
+{
+    return writes != 0;
+}
+
 HostileSign::~HostileSign()
 {
     randomOfSign = nullptr;

@@ -36,6 +36,7 @@ public:
     // Whether the call waited no longer than the header says, for each request that it sent, and gave up in time. What
     // it rests between two requests does not count.
     static bool KeptItsTime(const Bound& bound);
+    static bool WasWrittenTo();
 };
 
 } // namespace vxsign::test

@@ -20,7 +20,6 @@
 #include <map>
 #include <string>
 #include <thread>
-#include <tuple>
 #include <unistd.h>
 #include <vector>
 
@@ -56,55 +55,47 @@ extern "C" void __asan_on_error() // NOLINT: the sanitizer's name
 struct Export
 {
     std::string_view name;
-    std::vector<std::string_view> parameters;
-    std::vector<bool> pointers;
+    std::vector<Parameter> parameters;
     std::function<void(Arguments&)> call;
 };
 
-template <class T>
-constexpr std::uint64_t MostOf()
-{
-    if constexpr (std::is_integral_v<T>)
-        return static_cast<std::uint64_t>(std::numeric_limits<T>::max());
-    return 65535;
-}
-
 template <class R, class... P>
-std::function<void(Arguments&)> Caller(R (*function)(P...))
+std::function<void(Arguments&)> Caller(R (*function)(P...), std::vector<std::size_t> (*sizes)(P...))
 {
-    return [function](Arguments& arguments) {
-        arguments.limits = {MostOf<P>()..., 0};
-        const std::tuple<P...> made{arguments.Next<P>()...}; // in their order, between braces
-        std::apply([&](P... values) { static_cast<void>(function(values...)); }, made);
+    return [=](Arguments& arguments) {
+        std::apply([&](P... values) { static_cast<void>(function(values...)); }, arguments.All(sizes));
     };
 }
 
-template <class R, class... P>
-std::vector<bool> PointersOf(R (*)(P...))
+std::vector<std::size_t> Sizes(auto... sizes)
 {
-    return {std::is_pointer_v<P>...};
+    return {static_cast<std::size_t>(sizes)...};
 }
 
-std::vector<std::string_view> WordsOf(std::string_view text)
+std::vector<Parameter> ParametersOf(std::string_view text)
 {
-    std::vector<std::string_view> words;
+    std::vector<Parameter> all;
     while (!text.empty()) {
-        words.push_back(text.substr(0, text.find(' ')));
-        text.remove_prefix(std::min(text.size(), words.back().size() + 1));
+        const std::string_view word = text.substr(0, text.find(' '));
+        all.emplace_back(word);
+        text.remove_prefix(std::min(text.size(), word.size() + 1));
     }
-    return words;
+    return all;
 }
 
 std::vector<Export> Exports()
 {
     return {
-#define EXPORT(name, parameters) {#name, WordsOf(parameters), PointersOf(name), Caller(name)},
+#define EXPORT(name, parameters, arguments, ...)                                                                       \
+    {#name, ParametersOf(parameters),                                                                                  \
+     Caller(                                                                                                           \
+         name, +[] arguments { return Sizes(__VA_ARGS__); })},
 #include "exports.inc"
 #undef EXPORT
     };
 }
 
-// Exports whose arguments belong together in a way that no table of sizes tells.
+// Exports whose arguments belong together in a way that no mark tells.
 const std::map<std::string_view, std::function<void(Random&)>> kByHand = {
     {"vxInitAPI",
      [](Random& random) {
@@ -183,12 +174,16 @@ void CallOnce(const Export& tried, std::uint16_t port, Random& random)
         Arguments::throws = !isBare && random.Chance(3);
         const std::size_t without =
             random.Chance(85) || tried.parameters.empty() ? 0 : 1 + random.Below(tried.parameters.size());
-        Arguments arguments(tried.name, tried.parameters, without, port, random);
+        Arguments arguments(tried.parameters, without, port, random);
         if (const auto byHand = kByHand.find(tried.name); byHand != kByHand.end())
             byHand->second(random);
         else
             tried.call(arguments);
         Arguments::throws = false;
+        if (!arguments.InputsStand())
+            Found("a call that writes where its header says that it only reads");
+        if (sign && arguments.LacksSomething() && HostileSign::WasWrittenTo())
+            Found("a call that goes on without an argument that its header wants");
         const auto bound = kBounds.find(tried.name);
         if (sign && !HostileSign::KeptItsTime(bound != kBounds.end() ? bound->second : HostileSign::Bound()))
             Found("a call that takes longer than its header says");
