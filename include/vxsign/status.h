@@ -94,7 +94,8 @@ typedef uint32_t (*vxOnWaringReport)(const vxWaringReportRow* row);
  * message is "\__BLANK.VXB" behind tempFolder.
  *
  * Returns the failure of vxReadCurrentState, without a call of callback; else what the last reading of beacon or power
- * gave. Other readings that fail leave zeros. */
+ * gave. Other readings that fail leave zeros: a sign that falls silent behind its state holds the call for the time of
+ * six more exchanges. */
 VXSIGN_API uint32_t vxReadStatusInfo(VX_PATH const char* tempFolder, uint32_t user, uint64_t reserved,
                                      vxOnStatusInfo callback, uint32_t longitudeBits, uint32_t latitudeBits,
                                      char useSignBeacon);

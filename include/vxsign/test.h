@@ -24,6 +24,8 @@ typedef struct vxCrayState
     uint16_t second;
 } vxCrayState;
 #pragma pack(pop)
+
+/* Shows the cray test in that state. */
 VXSIGN_API uint32_t vxCrayTest(const vxCrayState* state);
 
 /* An area of the face: 24 bytes (three numbers of 64 bits) that only the sign interprets. */

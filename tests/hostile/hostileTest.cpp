@@ -148,6 +148,7 @@ const std::map<std::string_view, std::function<void(Random&)>> kByHand = {
 const std::map<std::string_view, HostileSign::Bound> kBounds = {
     {"vxReadCurScreenshot", {.exchanges = 11}},
     {"vxReadCurScreentshot", {.exchanges = 11}},
+    {"vxReadStatusInfo", {.exchanges = 7}},
     {"vxXModem_Upgrade", {.exchanges = 10000}}, // a byte of noise passes for an answer
     {"vxWriteFileOptimize", {.betweenTriesMs = 5000}},
 };
