@@ -68,7 +68,7 @@ whole() {
     [ ! -e kept ] || cmp -s kept old.from/A.BIN || cmp -s kept new.from/A.BIN || fail "what was fetched is not whole"
 }
 
-# again: the command, as often as the sign is still in use by the killed one.
+# again: the command, as often as the sign is still in use by the killed one; a boot loader waits for it for half a minute.
 again() {
     local status
     for _ in $(seq 60); do
@@ -76,7 +76,7 @@ again() {
         # shellcheck disable=SC2046
         "$vxctl" $(ask new) >"$work/out" 2>"$work/err" || status=$?
         [ $status -ne 0 ] || return 0
-        grep -qE "used by others|are not whole on the sign" "$work/err" || break
+        grep -qE "used by others|are not whole on the sign|does not ask for blocks" "$work/err" || break
         sleep 0.2
     done
     fail "the same command ends with $status behind the kill"

@@ -147,6 +147,16 @@ void WriteDirect(const TileChoice& choice, const TileFile& file, const std::stri
                                   file.Extra()));
 }
 
+// Throws what a step of the command that has ended failed with.
+void CheckSteps()
+{
+    const std::string& failed = Session::Failed();
+    if (failed == vxErrorDesc(VX_COMMUNICATION))
+        throw SignFailure(VX_COMMUNICATION);
+    if (!failed.empty())
+        throw SignFailure(VX_FAILED_OPERATION, "the file did not reach the tile: " + failed);
+}
+
 } // namespace
 
 std::uint32_t ParseTile(const std::string& text)
@@ -236,8 +246,7 @@ void WriteTileFile(Session& session, const TileChoice& choice, const TileFile& f
     case TileWay::kFirst:
         session.ConnectListening();
         CheckEnd(vxTarsisWriteTileFile(local.c_str(), choice.tile, type));
-        if (!Session::Failed().empty()) // the library tells only how the last step ended
-            throw SignFailure(VX_FAILED_OPERATION, "the file did not reach the tile: " + Session::Failed());
+        CheckSteps(); // the library tells only how the last step ended
         return;
     case TileWay::kDirect:
         return WriteDirect(choice, file, local);
