@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Writes what the bindings have of the headers: generate.py [--check]
 
 With --check nothing is written; 1, and the names of the files, when one is not what the headers say now.
