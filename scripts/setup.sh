@@ -18,6 +18,7 @@ packages=(
     python3-jsonschema                                            # what --json prints, beside its schema
     mbpoll python3-pymodbus python3-serial-asyncio                # hosts of the Modbus devices
     jq                                                            # the commands of the documents
+    python3-pycparser python3-pytest mypy                         # the bindings
     clang-format clang-tidy binutils                              # style and the export check
 )
 
@@ -26,6 +27,7 @@ of() { [[ "$wanted" =~ ^(ci|$1)$ ]]; }
 ! of fleet || packages+=(mosquitto mosquitto-clients)
 ! of package || packages+=(
     debhelper dpkg-dev lintian                                    # making packages, and looking at them
+    dh-python pybuild-plugin-pyproject python3-all python3-setuptools # the Python package
     abigail-tools mmdebstrap                                      # the binary contract; a bare Debian
 )
 ! of ci || packages+=(

@@ -26,6 +26,7 @@ while ! grep -q ^tcp places; do sleep 0.1; done
 vxctl info >/dev/null
 vxctl show "ROAD WORKS"
 vxctl preview "ROAD WORKS" --out preview.png
+python3 -c 'import vxsign; sign = vxsign.Sign(); sign.show("LANE CLOSED"); assert sign.playing()'
 kill $sign
 wait $sign
 test -s face.png -a -s preview.png
