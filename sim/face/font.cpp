@@ -2,6 +2,7 @@
 #include "sim/face/font.h"
 
 #include "sim/face/dotFont.h"
+#include "sim/face/textConversion.h"
 #include "sim/face/utf8.h"
 
 #include <ft2build.h>
@@ -119,6 +120,12 @@ Font::Font(const std::filesystem::path& unifontPath)
 }
 
 Font::~Font() = default;
+
+void Font::SetEncoding(const std::string& name)
+{
+    CheckEncoding(name);
+    encoding = name;
+}
 
 const Font::File& Font::FileOf(char32_t character) const
 {

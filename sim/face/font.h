@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <span>
+#include <string>
 #include <tuple>
 #include <vector>
 
@@ -71,6 +72,11 @@ public:
     // The environment's VXSIM_FONT, or else the path found when this was built.
     static std::filesystem::path DefaultPath();
 
+    // How texts are encoded that are set in this font; UTF-8 unless it is told. Throws std::invalid_argument as
+    // CheckEncoding.
+    void SetEncoding(const std::string& name);
+    const std::string& Encoding() const { return encoding; }
+
     // Puts the letters of a line in their order and gives each its shape beside its neighbours: joined Arabic letters,
     // text from right to left, marks over and under.
     std::vector<ShapedGlyph> Shape(std::span<const Letter> line);
@@ -92,6 +98,7 @@ private:
 
     std::unique_ptr<File> road;
     std::unique_ptr<File> unifont;
+    std::string encoding = "UTF-8";
     std::map<GlyphKey, Glyph> cache;
     std::size_t cachedLamps = 0;
 };

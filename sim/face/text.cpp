@@ -256,7 +256,7 @@ void AddPages(std::span<const Character> text, int width, int height, Font& font
 
 Layout LayOut(std::span<const TextRun> runs, int width, int height, Font& font)
 {
-    const Decoded decoded = Decode(runs);
+    const Decoded decoded = Decode(runs, font.Encoding());
     Layout layout;
     layout.isCut = decoded.isCut;
     std::span<const Character> rest = decoded.characters;
@@ -280,7 +280,7 @@ TextLine SetLine(std::string_view text, int rows, Rgb colour, Font& font)
     std::ranges::replace_if(
         plain, [](char c) { return c >= '\0' && c < ' '; }, ' ');
     const TextRun run{std::move(plain), '0', colour};
-    Line line{Decode({&run, 1}).characters, 0, 0};
+    Line line{Decode({&run, 1}, font.Encoding()).characters, 0, 0};
     Sizes sizes;
     sizes[kOpen] = SizeForRows(CodesOf(line.characters, kOpen), std::max(rows, Font::kSmallest), font);
     TextLine set;

@@ -13,7 +13,7 @@
 
 namespace vxsim {
 
-// A stretch of text in one font and colour: UTF-8 with '\n' between lines and '\f' between pages.
+// A stretch of text in one font and colour: in the font's encoding, with '\n' between lines and '\f' between pages.
 struct TextRun
 {
     std::string text;

@@ -1,6 +1,7 @@
-// Decodes UTF-8, composes, and puts Indic vowel signs into their places.
+// Decodes, composes, and puts Indic vowel signs into their places.
 #include "sim/face/textDecoder.h"
 
+#include "sim/face/textConversion.h"
 #include "sim/face/utf8.h"
 
 #include <hb.h>
@@ -65,12 +66,13 @@ void Append(const Character& character, std::vector<Character>& characters)
 
 } // namespace
 
-Decoded Decode(std::span<const TextRun> runs)
+Decoded Decode(std::span<const TextRun> runs, const std::string& encoding)
 {
     Decoded decoded;
     std::vector<Character>& characters = decoded.characters;
     for (const TextRun& run : runs) {
-        std::string_view rest = run.text;
+        const std::string converted = IsUtf8Name(encoding) ? std::string() : ToUtf8(run.text, encoding);
+        std::string_view rest = IsUtf8Name(encoding) ? run.text : converted;
         while (!rest.empty() && characters.size() < kMostCharacters)
             Append({TakeCharacter(rest), SizeOf(run.font), run.colour}, characters);
         decoded.isCut = decoded.isCut || !rest.empty();

@@ -5,6 +5,7 @@
 #include "sim/face/text.h"
 
 #include <span>
+#include <string>
 #include <vector>
 
 namespace vxsim {
@@ -18,6 +19,6 @@ struct Decoded
 // The runs' characters. Letters and accents that have one code together become one
 // character; Indic vowel signs stand where they are seen; control characters other than '\n' and '\f' are dropped. The
 // size of a character is its font code's multiple of the smallest, 0 for font code '0'.
-Decoded Decode(std::span<const TextRun> runs);
+Decoded Decode(std::span<const TextRun> runs, const std::string& encoding);
 
 } // namespace vxsim

@@ -92,7 +92,7 @@ VirtualSign* FleetSign::At(std::uint64_t nowMs)
 void FleetSign::Wake()
 {
     if (!parts.font)
-        parts.font = std::make_shared<Font>();
+        parts.font = FontOf(parts.options);
     SignSettings settings = SettingsOf(parts.options, folder, endpoints);
     settings.databases = &parts.databases;
     auto made = std::make_unique<Awake>(settings, parts.font);

@@ -39,7 +39,7 @@ void ServeOne(const Options& options, const PageMakers* pages, int end)
     VirtualSign sign(SettingsOf(options, folder.Path(), endpoints));
     options.condition.Apply(folder.Path());
     Report(sign, "", options.verbose);
-    Stage stage(sign);
+    Stage stage(sign, FontOf(options));
     Companions companions(options.companions, folder.Path() / "sign", endpoints.host, 0, TellerOf("", options.verbose));
     companions.ShowOn(stage);
     Loop loop;

@@ -1,5 +1,6 @@
 #include "sim/main/options.h"
 
+#include "sim/face/textConversion.h"
 #include "sim/files/drives.h"
 #include "sim/server/faults.h"
 
@@ -91,6 +92,8 @@ void Options::AddTo(CLI::App& app)
     app.add_flag("--serial", listen.serial, "serve a pseudo-terminal as well");
     companions.AddTo(app);
     app.add_option("--size", size, "width and height of the face in pixels")->capture_default_str();
+    app.add_option("--encoding", encoding, "how its texts are encoded, such as gbk or shift_jis")
+        ->capture_default_str();
     app.add_option("--drives", drives, "letters of the drives; C must be among them")->capture_default_str();
     app.add_option("--face", face, "draws the face on standard output (ansi) or not (none)")
         ->capture_default_str()
@@ -128,6 +131,7 @@ ServerSettings Options::Lines() const
 
 void Options::Check() const
 {
+    CheckEncoding(encoding);
     const auto [width, height] = Size();
     condition.Check(width, height);
     if (IsMany())

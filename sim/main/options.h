@@ -42,6 +42,7 @@ public:
     std::string folder;
     std::string book;
     std::string size = "128x32";
+    std::string encoding = "utf-8";
     std::string drives = "CDEF";
     std::string faults;
     std::string face = "none";

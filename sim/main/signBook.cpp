@@ -1,5 +1,6 @@
 #include "sim/main/signBook.h"
 
+#include "sim/face/textConversion.h"
 #include "sim/files/storedRecord.h"
 
 #include <iomanip>
@@ -49,6 +50,8 @@ std::string NameOf(std::size_t index)
 void WriteBook(const Options& options, const NamedPorts& signs)
 {
     std::string text = "site = \"vxsim\"\nsize = " + Quoted(options.size) + "\n";
+    if (!IsUtf8Name(options.encoding))
+        text += "encoding = " + Quoted(options.encoding) + "\n";
     if (const Users users = options.Logins(); !users.empty())
         text += "login = { user = " + Quoted(users.begin()->first) + ", password-env = \"VXSIM_PASSWORD\" }\n";
     const std::string host = ReachableHost(options.listen.host);

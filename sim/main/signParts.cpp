@@ -56,6 +56,13 @@ SignSettings SettingsOf(const Options& options, const std::filesystem::path& fol
     return settings;
 }
 
+std::shared_ptr<Font> FontOf(const Options& options)
+{
+    auto font = std::make_shared<Font>();
+    font->SetEncoding(options.encoding);
+    return font;
+}
+
 std::vector<std::string> PlacesOf(const Endpoints& endpoints, const Companions& companions)
 {
     std::vector<std::string> places{"udp " + endpoints.Place(), "tcp " + endpoints.Place()};

@@ -1,12 +1,14 @@
 // What one sign and many have in common.
 #pragma once
 
+#include "sim/face/font.h"
 #include "sim/main/companions.h"
 #include "sim/main/options.h"
 #include "sim/virtualSign.h"
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -14,6 +16,9 @@ namespace vxsim {
 
 // What the options say of a sign that is reached there. Its clock begins at the local time of this machine.
 SignSettings SettingsOf(const Options& options, const std::filesystem::path& folder, const Endpoints& endpoints);
+
+// The letters of its face.
+std::shared_ptr<Font> FontOf(const Options& options);
 
 // A line for each place where hosts reach it.
 std::vector<std::string> PlacesOf(const Endpoints& endpoints, const Companions& companions);

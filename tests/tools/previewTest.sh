@@ -60,6 +60,45 @@ expect 2 message "ROAD WORKS ahead 500 m" --size 64x32 --must-fit -o none.nmg
 expect 0 message "" --allow-empty -o dark.nmg
 isShown lane.nmg
 
+# A sign with another encoding than UTF-8: the same face, whether the command line or the book names it.
+start "$work/other" --size 64x32 --encoding gbk --png "$work/face.png" --write-book signs.toml
+export VXBOOK=signs.toml
+expect 0 -s sign-0001 show --markup "{red}港 {{4"
+(
+    unset VXBOOK
+    expect 0 preview --size 64x32 --markup "{red}港 {{4" -o utf8.png
+)
+sum=$(cksum other/F/T/QMSG.Nmg)
+for _ in $(seq 100); do
+    cmp -s utf8.png face.png && break
+    sleep 0.1
+done
+same utf8.png face.png
+export VXSIGN=udp://127.0.0.1:$port
+expect 0 show --encoding gbk --markup "{red}港 {{4"
+[ "$(cksum other/F/T/QMSG.Nmg)" = "$sum" ] || fail "the book and the command line differ"
+expect 0 message --encoding gbk "港 Zoll" -o customs.nmg
+expect 0 preview customs.nmg --encoding gbk --json
+member "港 Zoll" pageTexts 0
+expect 2 -s sign-0001 show "Straße"
+says err "gbk has no 'ß' (U+00DF), at character 5"
+expect 0 show --encoding gbk 港
+expect 0 screenshot shown.jpeg
+expect 0 zone divide 1 --grid 1x1
+expect 0 zone text 1 1 --encoding gbk 港
+expect 0 zone on
+expect 0 screenshot zone.jpeg
+same shown.jpeg zone.jpeg
+expect 0 zone off
+echo 港 >news.txt
+expect 0 ticker --encoding gbk news.txt --json
+member 3 bytes
+expect 2 show --encoding kgb x
+says err "'kgb' is no encoding that this PC knows"
+stop "$sign"
+start "$work/sign" --size 64x32 --png "$work/face.png"
+export VXSIGN=udp://127.0.0.1:$port
+
 # Pictures, and the frames of an animation.
 expect 0 preview --size 128x16 --colour amber "HELLO 42" -o hello.png
 expect 0 picture --fit cover hello.png

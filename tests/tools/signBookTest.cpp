@@ -22,6 +22,7 @@ url = "udp://10.7.0.12:9520"
 groups = ["north", "portal"]
 labels = { km = 12.4, hard_shoulder = true }
 size = "2048x64"
+encoding = "gbk"
 destination = 257
 login = { user = "operator", password-file = "z.pass" }
 
@@ -59,13 +60,15 @@ TEST(SignBook, SaysWhatHoldsForEachSign)
 {
     const SignBook book = ParseBook(kBook, "/etc/vx/b.toml");
     ASSERT_EQ(NamesOf(book), "z-first a.second m ");
-    EXPECT_EQ(book[0],
-              (BookSign{"z-first",
-                        "a7",
-                        {"udp://10.7.0.12:9520", 500, 3, 768, 257, Login{"operator", "/etc/vx/z.pass", ""}, {2048, 64}},
-                        {"north", "portal"},
-                        {{"hard_shoulder", "true"}, {"km", "12.4"}, {"road", "A7"}},
-                        60}));
+    EXPECT_EQ(
+        book[0],
+        (BookSign{
+            "z-first",
+            "a7",
+            {"udp://10.7.0.12:9520", 500, 3, 768, 257, Login{"operator", "/etc/vx/z.pass", ""}, {2048, 64}, "gbk"},
+            {"north", "portal"},
+            {{"hard_shoulder", "true"}, {"km", "12.4"}, {"road", "A7"}},
+            60}));
     EXPECT_EQ(book[1],
               (BookSign{"a.second", "a7", {"tcp://10.7.0.13", 500, 9, 768, 0}, {"south"}, {{"road", "A7"}}, 5}));
     EXPECT_EQ(NamesOf(ParseBook("", "b.toml")), "");
@@ -107,6 +110,7 @@ TEST(SignBook, NamesThePlaceOfWhatIsWrong)
         {"login = { user = \"fourteen-signs\", password-env = \"A\" }", "b.toml:1:18: a user has 13 characters"},
         {"labels = { 1st = \"x\" }", "b.toml:1:18: '1st' is no label"},
         {"labels = { site = \"x\" }", "b.toml:1:19: the label site is taken"},
+        {"encoding = \"kgb\"", "b.toml:1:12: 'kgb' is no encoding that this PC knows"},
         {"groups = \"a\"", "b.toml:1:10: groups is a list of texts"},
         {"sign = 3", "b.toml:1:8: sign is a table"},
         {"[sign.a", "b.toml:1:"},

@@ -157,6 +157,22 @@ TEST_F(Text, EnlargesNoFurtherThanTheFaceAllows)
     EXPECT_EQ(pixels(std::string(200, 'x'), 64, 16, '0'), 16) << "what fits at no size has that of '1'";
 }
 
+// What belongs to no character of the encoding is shown as such, and loses nothing behind it.
+TEST_F(Text, IsReadInTheEncodingOfTheFont)
+{
+    const auto texts = [&](const char* encoding, const std::string& text) {
+        font.SetEncoding(encoding);
+        const TextRun run{text, '1', kRed};
+        return LayOut({&run, 1}, 256, 16, font).texts.at(0);
+    };
+    EXPECT_EQ(texts("gbk", "4 \xB8\xDB\xFFz\xB8"), "4 \u6E2F\uFFFDz\uFFFD");
+    EXPECT_EQ(texts("iso-8859-2", "\xAF\xF3\xB3w"), "\u017B\u00F3\u0142w");
+    EXPECT_EQ(texts("utf8", "\u6E2F\xB8z"), "\u6E2F\uFFFDz");
+    font.SetEncoding("gbk");
+    EXPECT_EQ(SetLine("\xB8\xDB", 16, kRed, font).glyphs.at(0).character, U'\u6E2F');
+    EXPECT_THROW(font.SetEncoding("utf-16"), std::invalid_argument);
+}
+
 TEST_F(Text, TellsWhatBecomesOfIt)
 {
     struct Row

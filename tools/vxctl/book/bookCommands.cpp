@@ -38,6 +38,7 @@ Report::Json JsonOf(const BookSign& sign)
             {"url", sign.options.url},
             {"width", sign.options.size.width},
             {"height", sign.options.size.height},
+            {"encoding", sign.options.encoding.empty() ? "utf-8" : sign.options.encoding},
             {"groups", sign.groups},
             {"labels", sign.labels},
             {"timeoutMs", sign.options.timeoutMs},
@@ -118,7 +119,7 @@ std::string LinesOf(const Args& args)
         lines.append(key).append(" = ").append(value).append("\n");
     };
     add("url", Quoted(args, "URL"));
-    for (const std::string_view text : {"--site", "--size"}) {
+    for (const std::string_view text : {"--site", "--size", "--encoding"}) {
         if (args.Has(text))
             add(text.substr(2), Quoted(args, text));
     }
@@ -193,6 +194,7 @@ vxctl book add gantry-2 tcp://10.7.0.13:9520 --user operator --password-file gan
              Text("--size", "pixels of the face").In("WxH"),
              Text("--group", "a group that it belongs to").In("NAME").Repeated(),
              Text("--label", "what else is known of it, such as km=12.4").In("KEY=VALUE").Repeated(),
+             Text("--encoding", "how the sign has its texts, such as gbk").In("NAME"),
              Text("--site", "the site that it belongs to").In("NAME"), kInterval,
              Text("--user", "who logs in to the sign"),
              Text("--password-file", "a file with the password, seen from the book").In("FILE").Needs("--user"),

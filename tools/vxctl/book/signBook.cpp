@@ -3,6 +3,7 @@
 
 #include "vxctl/book/bookEntry.h"
 #include "vxctl/cli/args.h"
+#include "vxctl/cli/encoding.h"
 #include "vxctl/cli/signUrl.h"
 #include "vxctl/cli/suggestion.h"
 #include "vxctl/cli/tables.h"
@@ -52,6 +53,12 @@ void TakeUrl(const BookEntry& entry, BookSign& sign)
 void TakeSize(const BookEntry& entry, BookSign& sign)
 {
     sign.options.size = entry.Reading([&] { return ParseSides(entry.Text(), kMostFaceSide); });
+}
+
+void TakeEncoding(const BookEntry& entry, BookSign& sign)
+{
+    sign.options.encoding = entry.Text();
+    entry.Reading([&] { CheckedEncoding(sign.options.encoding); });
 }
 
 void TakeGroups(const BookEntry& entry, BookSign& sign)
@@ -115,6 +122,7 @@ constexpr Row kRows[] = {
     {"site", [](const BookEntry& entry, BookSign& sign) { sign.site = entry.Name(); }},
     {"groups", TakeGroups},
     {"size", TakeSize},
+    {"encoding", TakeEncoding},
     {"labels", TakeLabels},
     {"login", TakeLogin},
     {"interval", [](const BookEntry& entry, BookSign& sign) { sign.intervalSeconds = entry.Number(kInterval); }},

@@ -19,6 +19,7 @@ struct Options
     std::uint16_t destination = 0;
     std::optional<Login> login = {}; // of a sign in the book; every connection begins with it
     FaceSize size = {};              // likewise; zeros where that does not say
+    std::string encoding = {};       // likewise; of its texts, empty where that does not say
 
     bool operator==(const Options&) const = default;
 };

@@ -1,6 +1,7 @@
 // playlist preview: what the list shows, without a sign.
 #include "vxctl/cli/clockTime.h"
 #include "vxctl/cli/command.h"
+#include "vxctl/cli/encoding.h"
 #include "vxctl/cli/faceSize.h"
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/numbers.h"
@@ -14,6 +15,7 @@
 #include "sim/face/png.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace vxctl {
 
@@ -27,8 +29,16 @@ struct Wanted
 {
     std::string picture;
     FaceSize size;
+    std::string encoding;
     std::uint32_t seconds;
     std::optional<ClockTime> moment;
+
+    std::shared_ptr<vxsim::Font> Font() const
+    {
+        auto font = std::make_shared<vxsim::Font>();
+        font->SetEncoding(encoding);
+        return font;
+    }
 };
 
 vxsim::Moment ToMoment(const ClockTime& time)
@@ -56,7 +66,7 @@ Report::Json Examine(const PlayList& list, const Wanted& wanted, std::vector<vxs
                      const Report& report)
 {
     Report::Json warnings = Report::Json::array();
-    vxsim::Font font;
+    const auto font = wanted.Font();
     const auto warn = [&](const std::string& name, const std::string& what) {
         warnings.push_back({{"file", name}, {"warning", what}});
         report.Line(name + ": " + what);
@@ -69,11 +79,11 @@ Report::Json Examine(const PlayList& list, const Wanted& wanted, std::vector<vxs
             return true;
         }
         const auto bytes = ReadWhole(path.string());
-        if (!vxsim::Show::Load(bytes, {}, wanted.size.width, wanted.size.height, font)) {
+        if (!vxsim::Show::Load(bytes, {}, wanted.size.width, wanted.size.height, *font)) {
             warn(file.path, "nothing that can be shown");
             return true;
         }
-        if (const std::string why = WhyNotFitting(bytes, wanted.size); !why.empty())
+        if (const std::string why = WhyNotFitting(bytes, wanted.size, wanted.encoding); !why.empty())
             warn(file.path, "the text does not fit: " + why);
         return false;
     });
@@ -89,7 +99,8 @@ vxsim::Player MakePlayer(const PlayList& list, const Wanted& wanted)
             wanted.size.height,
             [folder = list.Folder()](std::string_view name) { return std::optional(folder / name); },
             {},
-            clock};
+            clock,
+            wanted.Font()};
 }
 
 vxsim::Sequence ToSequence(const std::vector<vxsim::FileEntry>& files)
@@ -140,14 +151,14 @@ void WriteSheet(const PlayList& list, const Wanted& wanted, const std::vector<vx
         for (int x = 0; x < sheet.Width(); ++x)
             if (x % stepX == wanted.size.width + 1 || y % stepY == wanted.size.height + 1)
                 sheet.Set(x, y, kFrame);
-    vxsim::Font font;
+    const auto font = wanted.Font();
     for (int i = 0; i < std::min(count, rows * columns); ++i) {
         const vxsim::FileEntry& file = files[static_cast<std::size_t>(i)];
         const auto show = vxsim::Show::Load(ReadWhole((list.Folder() / file.path).string()), {}, wanted.size.width,
-                                            wanted.size.height, font);
+                                            wanted.size.height, *font);
         vxsim::Canvas face(wanted.size.width, wanted.size.height);
         if (show)
-            show->Draw(show->WholeMs(0), font, face);
+            show->Draw(show->WholeMs(0), *font, face);
         const int column = i / rows;
         const int row = i % rows;
         for (int y = 0; y < wanted.size.height; ++y)
@@ -161,9 +172,13 @@ void WriteSheet(const PlayList& list, const Wanted& wanted, const std::vector<vx
     target.Keep();
 }
 
-Wanted WantedBy(const Args& args)
+Wanted WantedBy(const Session& session, const Args& args)
 {
-    Wanted wanted{args.Text("FILE"), ParseFaceSize(args.Text("--size")), args.Number("--seconds"), {}};
+    Wanted wanted{args.Text("FILE"),
+                  ParseFaceSize(args.Text("--size")),
+                  EncodingFor(session, args),
+                  args.Number("--seconds"),
+                  {}};
     if (args.Has("--at"))
         wanted.moment = ReadTime(args.Text("--at"));
     const std::string extension = fs::path(wanted.picture).extension().string();
@@ -174,7 +189,7 @@ Wanted WantedBy(const Args& args)
 
 std::uint32_t DrawList(Session& session, const Args& args)
 {
-    const Wanted wanted = WantedBy(args);
+    const Wanted wanted = WantedBy(session, args);
     const PlayList list = PlayList::Open(args.Text("--list"));
     std::vector<vxsim::FileEntry> files;
     std::ranges::transform(list.Files(), std::back_inserter(files), ToEntry);
@@ -199,7 +214,7 @@ files that are missing or cannot be shown, and of text that does not fit its pag
 vxctl playlist preview --size 192x64 shop.png
 vxctl playlist preview --at "2026-12-24 18:00" --seconds 60 christmas.gif)",
         .arguments = {WriteFile("FILE", "the picture, .gif or .png"),
-                      Of(kFaceSize, "--size", "pixels of the face").Default("128x32"),
+                      Of(kFaceSize, "--size", "pixels of the face").Default("128x32"), kEncoding,
                       Number("--seconds", 1, 600, "length of a .gif").In("SECONDS").Default("20"),
                       Of(kTimeOrNow, "--at", "as of that time, by the schedules; otherwise every file plays (.gif)")},
         .line = Line::kNone,

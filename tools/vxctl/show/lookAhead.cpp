@@ -14,7 +14,7 @@ namespace vxctl {
 
 void CheckFit(Session& session, const Args& args, const Message& message, const FaceSize& face)
 {
-    ReportFit(session.report, FileOf(message), face, args.Has("--must-fit"));
+    ReportFit(session, args, FileOf(message), face);
 }
 
 void LookAhead(Session& session, const Args& args, const Message& message)
@@ -26,11 +26,11 @@ void LookAhead(Session& session, const Args& args, const Message& message)
     ReportFace(session.report, face);
     const std::vector<std::uint8_t> file = FileOf(message);
     if (args.Has("--preview")) {
-        Preview preview(face.size);
+        Preview preview(face.size, EncodingFor(session, args));
         preview.AddFile(file);
         preview.Print(session.report);
     }
-    ReportFit(session.report, file, face.size, args.Has("--must-fit"));
+    ReportFit(session, args, file, face.size);
 }
 
 #else

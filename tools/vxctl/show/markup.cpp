@@ -1,6 +1,7 @@
 // Reads marks into stretches of one font and colour, and writes these with the codes between them.
 #include "vxctl/show/markup.h"
 
+#include "vxctl/cli/encoding.h"
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/suggestion.h"
 #include "vxctl/show/showCodes.h"
@@ -27,9 +28,10 @@ using Page = std::vector<Stretch>;
 class Reader
 {
 public:
-    Reader(std::string_view typed, const TextStyle& messageStyle)
-        : whole(typed), rest(typed), plain(messageStyle), style(messageStyle)
+    Reader(std::string_view typed, const TextStyle& messageStyle, const std::string& textEncoding)
+        : whole(typed), rest(typed), plain(messageStyle), style(messageStyle), encoding(textEncoding)
     {
+        Encoded(whole, encoding); // names the place of what cannot be in all of the text
     }
 
     std::vector<Page> Read()
@@ -50,7 +52,7 @@ private:
 
     void Put(std::string_view text, std::size_t taken)
     {
-        pages.back().push_back({std::string(text), style, flashes});
+        pages.back().push_back({Encoded(text, encoding), style, flashes});
         rest.remove_prefix(taken);
     }
 
@@ -118,20 +120,14 @@ private:
         return meant.empty() ? "; {{ stands for a brace" : DidYouMean({meant.begin(), meant.end()});
     }
 
-    // Where the rest begins, in characters as people count them.
-    std::string Place() const
-    {
-        const std::string_view before = whole.substr(0, whole.size() - rest.size());
-        const auto line = std::ranges::count(before, kLineBreak) + 1;
-        const std::string_view ahead = before.substr(before.rfind(kLineBreak) + 1); // behind none: all
-        const auto column = std::ranges::count_if(ahead, [](unsigned char c) { return (c & 0xC0U) != 0x80; }) + 1;
-        return (line > 1 ? " in line " + std::to_string(line) : "") + " at character " + std::to_string(column);
-    }
+    // Where the rest begins.
+    std::string Place() const { return PlaceBehind(whole.substr(0, whole.size() - rest.size())); }
 
     std::string_view whole;
     std::string_view rest;
     TextStyle plain;
     TextStyle style;
+    const std::string& encoding;
     bool flashes = false;
     std::vector<Page> pages{1};
 };
@@ -183,9 +179,10 @@ private:
 
 } // namespace
 
-MarkedText ReadMarkup(std::string_view text, const TextStyle& style, std::uint32_t staySeconds)
+MarkedText ReadMarkup(std::string_view text, const TextStyle& style, std::uint32_t staySeconds,
+                      const std::string& encoding)
 {
-    const std::vector<Page> pages = Reader(text, style).Read();
+    const std::vector<Page> pages = Reader(text, style, encoding).Read();
     const bool flashes =
         std::ranges::any_of(pages, [](const Page& page) { return std::ranges::any_of(page, &Stretch::flashes); });
     // A page that is lit as often as it is dark goes on flashing when it comes again.

@@ -25,8 +25,10 @@ struct MarkedText
     bool flashes = false;
 };
 
-// The marks: {line} {page} {plain} {flash} {/flash}, a colour's name, {#RRGGBB}, {colour CODE}, {font CODE}, and {{ for
-// a brace. Throws UsageError for any other, and for more pages than a message has.
-MarkedText ReadMarkup(std::string_view text, const TextStyle& style, std::uint32_t staySeconds);
+// The marks, of a text in UTF-8: {line} {page} {plain} {flash} {/flash}, a colour's name, {#RRGGBB}, {colour CODE},
+// {font CODE}, and {{ for a brace; what is between them goes out in the encoding. Throws UsageError for any other, for
+// more pages than a message has, and as Encoded.
+MarkedText ReadMarkup(std::string_view text, const TextStyle& style, std::uint32_t staySeconds,
+                      const std::string& encoding = "utf-8");
 
 } // namespace vxctl

@@ -10,7 +10,7 @@ namespace {
 
 std::uint32_t MakeMessage(Session& session, const Args& args)
 {
-    const Message message = MessageOf(args);
+    const Message message = MessageOf(session, args);
     if (args.Has("--size"))
         CheckFit(session, args, message, ParseFaceSize(args.Text("--size")));
     const LocalTarget target(args.Text("--out"), "message.nmg");
@@ -30,8 +30,8 @@ play list. With --size it says when the text does not fit such a face.)",
         .examples = R"(vxctl message "HELLO 42" -o hello.nmg
 vxctl message --markup "{red}Lane 2{line}closed{page}Use M4" --stay 3 -o lane2.nmg
 vxctl message "ROAD WORKS" --size 64x32 --must-fit -o works.nmg)",
-        .arguments = {kMessageText, WriteFile("-o,--out", "the message file").Required(), kMarkup, kFont, kColour,
-                      kMode, kStay, kAllowEmpty, Of(kFaceSize, "--size", "pixels of the face that it is for"),
+        .arguments = {kMessageText, WriteFile("-o,--out", "the message file").Required(), kMarkup, kEncoding, kFont,
+                      kColour, kMode, kStay, kAllowEmpty, Of(kFaceSize, "--size", "pixels of the face that it is for"),
                       kMustFit.Needs("--size")},
         .line = Line::kNone,
         .run = MakeMessage,

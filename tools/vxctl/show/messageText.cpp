@@ -78,15 +78,18 @@ std::string MessageText(const Args& args, std::string_view name)
     return text;
 }
 
-Message MessageOf(const Args& args, std::string_view name)
+Message MessageOf(const Session& session, const Args& args, std::string_view name)
 {
+    const std::string encoding = EncodingFor(session, args);
     Message message{MessageText(args, name), ParseFont(args.Text("--font")), ParseColour(args.Text("--colour")),
                     ParseMode(args.Text("--mode")), args.Number("--stay")};
     if (message.text.empty())
         message.text = " "; // as dark, and something for a file
-    if (!args.Has("--markup"))
+    if (!args.Has("--markup")) {
+        message.text = Encoded(message.text, encoding);
         return message;
-    MarkedText marked = ReadMarkup(message.text, {message.font, message.colour}, message.staySeconds);
+    }
+    MarkedText marked = ReadMarkup(message.text, {message.font, message.colour}, message.staySeconds, encoding);
     message.text = std::move(marked.text);
     if (!marked.flashes)
         return message;

@@ -1,7 +1,7 @@
 // A text for the face, as it is typed or piped.
 #pragma once
 
-#include "vxctl/cli/args.h"
+#include "vxctl/cli/encoding.h"
 
 #include <cstdint>
 #include <string>
@@ -15,7 +15,7 @@ inline constexpr Argument kAllowEmpty = Flag("--allow-empty", "show a text of no
 inline constexpr Argument kMarkup = Flag(
     "--markup", "the text has marks: {red} {#FF8000} {font 2} {line} {page} {flash} {/flash} {plain}, {{ is a brace");
 
-// The text with the sign's line breaks. Throws UsageError for an empty one without --allow-empty.
+// The text with the sign's line breaks, in UTF-8. Throws UsageError for an empty one without --allow-empty.
 std::string MessageText(const Args& args, std::string_view name = "TEXT");
 
 // A text with what it looks like, as the library takes it.
@@ -28,8 +28,8 @@ struct Message
     std::uint32_t staySeconds = 0;
 };
 
-// What a command with kMessageText, kAllowEmpty, kMarkup, kFont, kColour, kMode and kStay has for arguments.
-Message MessageOf(const Args& args, std::string_view name = "TEXT");
+// What a command with kMessageText, kAllowEmpty, kMarkup, kEncoding, kFont, kColour, kMode and kStay has for arguments.
+Message MessageOf(const Session& session, const Args& args, std::string_view name = "TEXT");
 
 // Makes a message file of this PC, as signs and play lists take it. Throws SignFailure.
 void WriteMessage(const Message& message, const std::string& local);

@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <string>
 #include <vector>
 
 namespace vxctl {
@@ -20,7 +21,7 @@ namespace vxctl {
 class Preview
 {
 public:
-    explicit Preview(FaceSize faceSize) : size(faceSize) {}
+    Preview(FaceSize faceSize, const std::string& encoding) : size(faceSize) { font.SetEncoding(encoding); }
 
     // A message, or a picture that has those modes and that stay time. Throws UsageError for what cannot be shown.
     void AddFile(FileBytes file, vxsim::Timing timing = {});
@@ -47,11 +48,11 @@ private:
 std::vector<std::uint8_t> FileOf(const Message& message);
 
 // What becomes of the text of a message that does not fit the face; "" where it fits, or is no text.
-std::string WhyNotFitting(FileBytes message, const FaceSize& face);
+std::string WhyNotFitting(FileBytes message, const FaceSize& face, const std::string& encoding);
 
 // Says what of the text of a message does not fit, and reports how it lies on the face; nothing for a message without
-// text. Throws UsageError for one that must fit and does not.
-void ReportFit(Report& report, FileBytes message, const FaceSize& face, bool mustFit);
+// text. Throws UsageError for one that does not although --must-fit is given.
+void ReportFit(Session& session, const Args& args, FileBytes message, const FaceSize& face);
 
 // Reports the face that this is about.
 void ReportFace(Report& report, const WantedFace& face);

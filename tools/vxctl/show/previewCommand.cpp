@@ -54,17 +54,17 @@ void AddFile(Session& session, const Args& args, const FaceSize& face, Preview& 
     } catch (const UsageError& error) {
         throw UsageError(file + " is " + error.what());
     }
-    ReportFit(session.report, bytes, face, args.Has("--must-fit"));
+    ReportFit(session, args, bytes, face);
 }
 
 void Add(Session& session, const Args& args, const WantedFace& face, Preview& preview)
 {
     if (!args.Has("--text") && IsFile(args.Text("WHAT")))
         return AddFile(session, args, face.size, preview);
-    const Message message = MessageOf(args, "WHAT");
+    const Message message = MessageOf(session, args, "WHAT");
     const std::vector<std::uint8_t> file = FileOf(message);
     preview.AddFile(file);
-    ReportFit(session.report, file, face.size, args.Has("--must-fit"));
+    ReportFit(session, args, file, face.size);
 }
 
 std::string Source(const WantedFace& face)
@@ -83,7 +83,7 @@ std::uint32_t ShowPreview(Session& session, const Args& args)
     const WantedFace face = FaceWithoutSign(session, args);
     session.report.SetHead("preview", face.from == "sign" ? session.options.url : "");
     ReportFace(session.report, face);
-    Preview preview(face.size);
+    Preview preview(face.size, EncodingFor(session, args));
     Add(session, args, face, preview);
     const auto page = args.Number<std::size_t>("--page");
     if (page > preview.Pages())
@@ -119,8 +119,8 @@ vxctl preview arrow.png --fit cover)",
                       WriteFile("-o,--out", "a .png or .gif file in place of the terminal"),
                       Number("--page", 1, 256, "that page alone").In("N"),
                       Of(kFaceSize, "--size", "pixels of the face"), kMustFit,
-                      Flag("--text", "WHAT is a text, whatever file there is"), kMarkup, kFont, kColour, kMode, kStay,
-                      kAllowEmpty, kFit},
+                      Flag("--text", "WHAT is a text, whatever file there is"), kMarkup, kEncoding, kFont, kColour,
+                      kMode, kStay, kAllowEmpty, kFit},
         .line = Line::kOwn,
         .run = ShowPreview,
     },

@@ -23,7 +23,7 @@ void WriteForSign(const Message& message, const std::string& local)
 
 std::uint32_t ShowText(Session& session, const Args& args)
 {
-    const Message message = MessageOf(args);
+    const Message message = MessageOf(session, args);
     LookAhead(session, args, message);
     const TemporaryFolder folder;
     const std::string local = folder.Path() + "message";
@@ -60,7 +60,7 @@ vxctl show --markup "{red}Lane 2{line}{yellow}closed{page}Use M4"
 vxctl show --markup "Fog {flash}SLOW{/flash}"
 date +%H:%M | vxctl show -
 vxctl show -- "-5 C")",
-        .arguments = {kMessageText, kMarkup, kFont, kColour, kMode, kStay, kDrive,
+        .arguments = {kMessageText, kMarkup, kEncoding, kFont, kColour, kMode, kStay, kDrive,
                       Flag("--no-play", "leave the sign's play list as it is"), kAllowEmpty,
                       Flag("--verify", "read the message back and compare"),
                       Flag("--preview", "draw it in the terminal before it goes"), kMustFit,

@@ -1,4 +1,5 @@
 // test, ticker: what the sign shows beside its content.
+#include "vxctl/cli/encoding.h"
 #include "vxctl/cli/localFiles.h"
 #include "vxctl/cli/progressBar.h"
 #include "vxctl/cli/tables.h"
@@ -31,12 +32,14 @@ std::uint32_t RunTicker(Session& session, const Args& args)
     if (colour > kLastCode)
         throw UsageError("'" + args.Text("--colour") +
                          "' is no code of the sign: a ticker takes a character, or 48 to 255");
-    const std::vector<std::uint8_t> bytes = ReadWhole(args.Text("FILE"));
+    const std::vector<std::uint8_t> file = ReadWhole(args.Text("FILE"));
+    const std::string text =
+        Encoded({reinterpret_cast<const char*>(file.data()), file.size()}, EncodingFor(session, args));
     const ProgressBar bar("ticker", session.report.IsForPrograms());
     Check(vxTickerStart(args.Number<std::uint8_t>("--speed"), static_cast<std::uint8_t>(ParseFont(args.Text("--font"))),
                         static_cast<std::uint8_t>(colour)));
-    Check(vxUploadBuffer(bytes.data(), static_cast<std::uint32_t>(bytes.size())));
-    session.report.Put("bytes", bytes.size());
+    Check(vxUploadBuffer(reinterpret_cast<const std::uint8_t*>(text.data()), static_cast<std::uint32_t>(text.size())));
+    session.report.Put("bytes", text.size());
     return VX_OK;
 }
 
@@ -84,7 +87,8 @@ vxctl test colour "#102030")",
         .name = "ticker",
         .help = "Run the contents of a file over the face",
         .details =
-            "The file goes over as it is: most signs take UTF-8 text of up to 16384 bytes. --stop ends the ticker.",
+            R"(The file goes over as it is: most signs take UTF-8 text of up to 16384 bytes. With --encoding it is a text of UTF-8, and goes
+over in that encoding. --stop ends the ticker.)",
         .examples = R"(vxctl ticker news.txt
 vxctl ticker --speed 12 --colour 2 news.txt
 vxctl ticker --stop)",
@@ -92,7 +96,7 @@ vxctl ticker --stop)",
                       Number("--speed", 0, 255, "steps of the sign, 0 for its own choice").Default("0"),
                       Of(kFontCode, "--font", "a character or its code, 48 to 169").Default("1"),
                       Of(kColourCode, "--colour,--color", "a code of the sign: a character, or 48 to 255").Default("1"),
-                      Flag("--stop", "end the ticker").Excludes("FILE")},
+                      kEncoding, Flag("--stop", "end the ticker").Excludes("FILE")},
         .signs = Signs::kMany,
         .run = Ticker,
     },

@@ -16,12 +16,13 @@ namespace {
 constexpr std::size_t kMostPagesTold = 8;
 
 // Nothing for what is no message with a text.
-std::optional<vxsim::Layout> LayOutText(FileBytes message, const FaceSize& face)
+std::optional<vxsim::Layout> LayOutText(FileBytes message, const FaceSize& face, const std::string& encoding)
 {
     const auto parsed = vxsim::ParseNmg(message);
     if (!parsed || parsed->picture)
         return std::nullopt;
     static thread_local vxsim::Font font; // dear to open, and many signs may want the same letters
+    font.SetEncoding(encoding);
     vxsim::Layout layout = vxsim::LayOut(parsed->runs, face.width, face.height, font);
     layout.isCut = layout.isCut || message.size() > vxsim::kMostMessageBytes;
     return layout;
@@ -55,15 +56,16 @@ void TellPages(const Report& report, const std::vector<std::string>& texts)
 
 } // namespace
 
-std::string WhyNotFitting(FileBytes message, const FaceSize& face)
+std::string WhyNotFitting(FileBytes message, const FaceSize& face, const std::string& encoding)
 {
-    const auto layout = LayOutText(message, face);
+    const auto layout = LayOutText(message, face, encoding);
     return layout ? WhyNotFitting(*layout) : "";
 }
 
-void ReportFit(Report& report, FileBytes message, const FaceSize& face, bool mustFit)
+void ReportFit(Session& session, const Args& args, FileBytes message, const FaceSize& face)
 {
-    const auto layout = LayOutText(message, face);
+    Report& report = session.report;
+    const auto layout = LayOutText(message, face, EncodingFor(session, args));
     if (!layout)
         return;
     const std::string why = WhyNotFitting(*layout);
@@ -76,7 +78,7 @@ void ReportFit(Report& report, FileBytes message, const FaceSize& face, bool mus
     if (why.empty())
         return;
     const std::string complaint = "the text does not fit a face of " + SizeText(face) + ": " + why;
-    if (mustFit)
+    if (args.Has("--must-fit"))
         throw UsageError(complaint);
     report.Line(complaint);
     TellPages(report, layout->texts);

@@ -42,6 +42,11 @@ std::uint32_t SetContent(const Args& args, ContentKind kind, const std::string& 
     return vxSetContentDisplay(PageOf(args), ZoneOf(args), head, content.data());
 }
 
+std::uint32_t ShowZoneText(Session& session, const Args& args)
+{
+    return SetContent(args, ContentKind::kText, Encoded(MessageText(args), EncodingFor(session, args)));
+}
+
 std::uint32_t ShowFile(Session& session, const Args& args)
 {
     if (args.Has("--put"))
@@ -71,9 +76,9 @@ const Command kCommands[] = {
         .details = "As for show: \\n breaks the line, - reads standard input, a text that begins with a dash stands "
                    "behind \"--\".",
         .examples = R"(vxctl zone text 1 2 "Lane closed")",
-        .arguments = {kPage, kZone, kMessageText, kAllowEmpty},
+        .arguments = {kPage, kZone, kMessageText, kEncoding, kAllowEmpty},
         .signs = Signs::kMany,
-        .run = [](Session&, const Args& args) { return SetContent(args, ContentKind::kText, MessageText(args)); },
+        .run = ShowZoneText,
     },
     {
         .name = "zone file",
