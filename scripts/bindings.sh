@@ -10,3 +10,5 @@ export PYTHONPATH=$PWD/bindings/python PYTHONDONTWRITEBYTECODE=1
 bindings/generate.py --check
 mypy --cache-dir "$build/mypy" --config-file bindings/python/pyproject.toml bindings/python/vxsign examples/python/*.py
 /usr/bin/python3 -m pytest -q -p no:cacheprovider -p vxsign.pytest_plugin tests/bindings/*Test.py
+tests/bindings/csharpTest.sh "$build/bin" "$build/src"
+tests/bindings/rustTest.sh "$build/bin" "$build/src"

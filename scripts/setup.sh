@@ -34,6 +34,8 @@ of() { [[ "$wanted" =~ ^(ci|$1)$ ]]; }
     clang libclang-rt-14-dev                                      # fuzz targets
     chromium chromium-driver python3-selenium                     # the page in a browser
     python3-paho-mqtt prometheus                                  # the service with a broker
+    mono-mcs mono-runtime libmono-i18n4.0-all                     # C#
+    rustc cargo bindgen                                           # the example in Rust
 )
 
 missing=()
