@@ -1,0 +1,2 @@
+/* What bindgen reads. */
+#include <vxsign/vxsign.h>
