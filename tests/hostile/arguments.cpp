@@ -44,6 +44,7 @@ Parameter::Parameter(std::string_view word) : name(word.substr(0, word.find(':')
     isSized = says("sized");
     isText = says("text");
     isLength = says("length");
+    isFew = says("few");
 }
 
 bool Arguments::InputsStand() const
@@ -65,6 +66,8 @@ std::uint64_t Arguments::Number(std::uint64_t most)
 
 std::uint64_t Arguments::Length(std::uint64_t most)
 {
+    if (parameters[place - 1].isFew)
+        return random.Below(200);
     constexpr std::size_t kMost[] = {0, 1, 20, 300, 5000, 70000};
     return std::min<std::uint64_t>(random.Below(kMost[random.Below(std::size(kMost))] + 1), most);
 }

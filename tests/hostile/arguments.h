@@ -46,6 +46,7 @@ struct Parameter
     bool isSized = false; // a buffer
     bool isText = false;
     bool isLength = false; // of a buffer
+    bool isFew = false;    // of a list of texts, each of which is work
 };
 
 // The arguments of one call. They live as long as this.

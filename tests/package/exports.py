@@ -27,9 +27,10 @@ class Parameter:
         self.isText = not size and (self.type in ("const char*", "char*") or "VX_SIGN_TEXT" in self.marks)
 
     def flags(self, others):
-        isLength = any(re.search(rf"\b{self.name}\b(?![.-])", other.size or "") for other in others)
+        measured = [other for other in others if re.search(rf"\b{self.name}\b(?![.-])", other.size or "")]
         said = {"out": {"VX_OUT", "VX_INOUT"} & set(self.marks), "optional": "VX_OPTIONAL" in self.marks,
-                "sized": self.size, "text": self.isText, "length": isLength}
+                "sized": self.size, "text": self.isText, "length": measured,
+                "few": any(other.type == "const char**" for other in measured)}
         return ",".join(word for word, holds in said.items() if holds)
 
 
