@@ -12,7 +12,8 @@ install(TARGETS vxsign EXPORT vxsignTargets
 if(VXSIGN_STATIC)
     install(TARGETS vxsign_static ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 endif()
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/vxsign DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN *.h)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/vxsign DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+    FILES_MATCHING REGEX "\\.(h|hpp)$")
 
 install(EXPORT vxsignTargets FILE vxsignConfig.cmake NAMESPACE vxsign:: DESTINATION ${VXSIGN_PACKAGE_DIR})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/vxsignConfigVersion.cmake COMPATIBILITY SameMajorVersion)
