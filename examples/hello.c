@@ -1,4 +1,7 @@
-/* Shows a text on a sign: hello HOST PORT [TEXT] */
+/* Shows a text on a sign, in one call: hello HOST PORT [TEXT]
+ *
+ *     cc hello.c $(pkg-config --cflags --libs vxsign) -o hello
+ */
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
