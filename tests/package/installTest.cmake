@@ -1,8 +1,9 @@
 # Installs the library into a folder of the test's own, moves it, then builds and runs a C program against it as an
-# application would: through find_package and through pkg-config.
+# application would: through find_package and through pkg-config; and one of C++.
 #
 #   cmake -DBUILD=<build folder> -DWORK=<folder to use> -DLIBDIR=<library folder below the prefix>
-#         -DCC=<C compiler> -DFLAGS=<its flags> -DPKG_CONFIG=<pkg-config> -P installTest.cmake
+#         -DEXAMPLES=<their folder> -DCC=<C compiler> -DCXX=<C++ compiler> -DFLAGS=<their flags>
+#         -DPKG_CONFIG=<pkg-config> -P installTest.cmake
 set(prefix ${WORK}/moved)
 
 function(Run)
@@ -25,3 +26,5 @@ separate_arguments(compilerFlags UNIX_COMMAND "${FLAGS}")
 Run(${CC} -std=c11 ${compilerFlags} ${CMAKE_CURRENT_LIST_DIR}/program.c -o ${WORK}/program ${packageFlags}
     -Wl,-rpath,${prefix}/${LIBDIR})
 Run(${WORK}/program)
+Run(${CXX} -std=c++17 ${compilerFlags} ${EXAMPLES}/cpp/hello.cpp -o ${WORK}/hello ${packageFlags}
+    -Wl,-rpath,${prefix}/${LIBDIR})
