@@ -25,7 +25,7 @@ splice() {
 compare() {
     local new
     new=$(mktemp)
-    splice "$@" >"$new"
+    splice "$@" >"$new" || { rm "$new" && return 1; }
     if [ -n "$update" ]; then
         cat "$new" >"$1"
     elif ! diff -u "$1" "$new"; then
@@ -36,6 +36,8 @@ compare() {
     rm "$new"
 }
 
+dissector() { vxsim --commands | python3 scripts/dissectorTables.py; }
+
 begin='<!-- from the commands -->'
 end='<!-- end of what is from the commands -->'
 result=0
@@ -44,4 +46,5 @@ compare docs/man/vxctl.1 '.\" from the commands' '.\" end of what is from the co
 compare docs/vxsim.md "$begin" "$end" vxsim --commands || result=1
 compare docs/vxbridge.md "$begin" "$end" vxbridge --verbs || result=1
 compare docs/functions.md '<!-- from the headers -->' '<!-- end of what is from the headers -->' scripts/functionIndex.py || result=1
+compare tools/wireshark/vxsign.lua '-- from the commands' '-- end of what is from the commands' dissector || result=1
 exit $result

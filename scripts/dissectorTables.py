@@ -1,0 +1,37 @@
+#!/usr/bin/env python3
+"""Prints the commands (on standard input as `vxsim --commands` has them) and the result words as tables in Lua."""
+import re
+import sys
+
+from resultWords import result_words
+
+ROW = re.compile(r"^\| (\d+), (\d+|any)(?: to (\d+))? \| ([^|]*) \|")
+
+
+def commands(lines):
+    """The name of each command by its major and minor: of several with the same, the names of all."""
+    names = {}
+    for line in lines:
+        if row := ROW.match(line):
+            major, first, last, name = row.groups()
+            minors = ["*"] if first == "any" else range(int(first), int(last or first) + 1)
+            for minor in minors:
+                names.setdefault(f"{major},{minor}", []).append(name.strip())
+    return names
+
+
+def lua(text):
+    return '"' + text.replace("\\", "\\\\").replace('"', '\\"') + '"'
+
+
+def main():
+    print("local names = {")
+    for code, names in commands(sys.stdin).items():
+        print(f'    ["{code}"] = {lua(" or ".join(dict.fromkeys(names)))},')
+    print("}\nlocal words = {")
+    for number, text, _ in result_words().values():
+        print(f"    [0x{number:04X}] = {lua(text)},")
+    print("}")
+
+
+main()
