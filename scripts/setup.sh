@@ -3,6 +3,7 @@
 #   scripts/setup.sh            for everyone
 #   scripts/setup.sh fleet      those for many signs at a broker as well
 #   scripts/setup.sh package    those for packages
+#   scripts/setup.sh reference  those for the web pages of the functions
 #   scripts/setup.sh ci         all, those for the longer tests too
 set -euo pipefail
 
@@ -30,9 +31,11 @@ of() { [[ "$wanted" =~ ^(ci|$1)$ ]]; }
     dh-python pybuild-plugin-pyproject python3-all python3-setuptools # the Python package
     abigail-tools mmdebstrap                                      # the binary contract; a bare Debian
 )
+! of reference || packages+=(doxygen)
 ! of ci || packages+=(
     clang libclang-rt-14-dev                                      # fuzz targets
     chromium chromium-driver python3-selenium                     # the page in a browser
+    tshark                                                        # the dissector
     python3-paho-mqtt prometheus                                  # the service with a broker
     mono-mcs mono-runtime libmono-i18n4.0-all                     # C#
     rustc cargo bindgen                                           # the example in Rust
