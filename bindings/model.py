@@ -14,6 +14,7 @@ A language is a module with OUTPUT, a path below the project, and write(model), 
 """
 import re
 import subprocess
+import sys
 import tempfile
 from dataclasses import dataclass, field
 from pathlib import Path
@@ -21,6 +22,9 @@ from pathlib import Path
 from pycparser import c_ast, c_generator, c_parser
 
 ROOT = Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(ROOT / "scripts"))
+from resultWords import result_words  # noqa: E402
+
 HEADERS = ROOT / "include" / "vxsign"
 NUMBERS = ("int8_t", "uint8_t", "int16_t", "uint16_t", "int32_t", "uint32_t", "int64_t", "uint64_t", "int")
 
@@ -186,16 +190,6 @@ class Reader:
             self.model.structures.append(Structure(name, header, self.comments[name], size, isPacked, laid))
 
 
-def words(constants):
-    """{code: (text, advice)} of words/resultWords.def."""
-    source = (ROOT / "words" / "resultWords.def").read_text()
-    advices = dict(re.findall(r'^#define (\w+) "(.*)"$', source, re.M))
-    found = {}
-    for name, text, advice in re.findall(r'^VX_WORD\((\w+),\s*"(.*?)",\s*("?.*?"?)\)$', source, re.M | re.S):
-        found[constants[name]] = (text, advices.get(advice) or advice.strip('"'))
-    return found
-
-
 def read():
     reader = Reader()
     isPacked = False
@@ -209,5 +203,5 @@ def read():
         for name in re.findall(r"^#define (VX_\w+) \w", header.read_text(), re.M):
             reader.model.constants[name] = 0
     reader.lay()
-    reader.model.words = words(reader.model.constants)
+    reader.model.words = {number: (text, advice) for number, text, advice in result_words().values()}
     return reader.model

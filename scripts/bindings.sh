@@ -9,6 +9,8 @@ export PYTHONPATH=$PWD/bindings/python PYTHONDONTWRITEBYTECODE=1
 
 bindings/generate.py --check
 mypy --cache-dir "$build/mypy" --config-file bindings/python/pyproject.toml bindings/python/vxsign examples/python/*.py
-/usr/bin/python3 -m pytest -q -p no:cacheprovider -p vxsign.pytest_plugin tests/bindings/*Test.py
+/usr/bin/python3 -m pytest -q -p no:cacheprovider -p vxsign.pytest_plugin tests/bindings/pythonTest.py
 tests/bindings/csharpTest.sh "$build/bin" "$build/src"
 tests/bindings/rustTest.sh "$build/bin" "$build/src"
+LD_LIBRARY_PATH=$build/src LANG=C.UTF-8 tests/bindings/examplesTest.py "$build/bin" python csharp
+tests/bindings/languagesTest.py python csharp

@@ -81,16 +81,16 @@ def check_python_syntax(*_):
 
 def check_python(*_):
     sys.path.insert(0, str(ROOT / "bindings/python"))
-    place = os.environ.get("VXSIGN", "udp://127.0.0.1:9520").split("//")[1]
+    from vxsign import SignError, VirtualSign
     names = {}
     exec("from datetime import datetime", names)
-    with tempfile.TemporaryDirectory() as folder:
+    with tempfile.TemporaryDirectory() as folder, VirtualSign() as virtual:
         shutil.copytree(ROOT / "examples", folder, dirs_exist_ok=True)
         os.chdir(folder)
         for code in python_programs():
             try:
-                exec(code.replace("127.0.0.1:9520", place), names)
-            except (names.get("SignError", ()), OSError) as refusal:
+                exec(code.replace("udp://127.0.0.1:9520", virtual.url), names)
+            except (SignError, OSError) as refusal:
                 print(f"{code}: {refusal}")
     return True
 
