@@ -19,4 +19,7 @@ bool CopyAttributes(const char* from, std::FILE* to);
 bool SeekStream(std::FILE* stream, std::int64_t offset, int origin);
 std::int64_t TellStream(std::FILE* stream);
 
+/// Deletes a file, no folder. False when it is still there, or was not.
+bool RemoveFile(const char* path);
+
 } // namespace vxsign::platform

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -16,9 +17,20 @@ std::uint32_t ProcessId();
 std::string ExecutablePath();
 
 /// The short (8.3) name of an existing file, without its folder; empty for a file that is not there. A name that fits
-/// is its own short name. Any other gets one that depends on the name alone: two characters of the stem, four
-/// hexadecimal digits of a checksum of the whole name, "~1", and up to three characters of the extension, all in upper
-/// case.
+/// is its own short name. Any other has the one that the system keeps for it, or else that of platform/shortName.h.
 std::string ShortFileName(std::string_view path);
+
+/// What may stand between a folder and a name.
+extern const std::string_view kSeparators;
+
+/// Between the texts of callers and the system's own paths.
+std::filesystem::path NativePath(std::string_view path);
+std::string PathText(const std::filesystem::path& path);
+
+/// Whether the byte begins a character of two bytes, of which the second may look like a separator.
+bool IsLeadByte(char byte);
+
+/// Whether a part of a path leads elsewhere than into a folder, or to a file in it.
+bool LeavesFolder(std::string_view component);
 
 } // namespace vxsign::platform

@@ -8,8 +8,8 @@
 
 namespace vxsign::platform {
 
-/// The device of a port name: a leading '/' is a path as it stands, "COM<n>" is /dev/ttyS<n-1>, anything else is a
-/// name below /dev.
+/// The device of a port name. POSIX: a leading '/' is a path as it stands, "COM<n>" is /dev/ttyS<n-1>, anything else is
+/// a name below /dev. Windows: a leading '\' is a path as it stands, anything else is a name below \\.\.
 std::string SerialDevicePath(std::string_view name);
 
 class SerialLine

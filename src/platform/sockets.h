@@ -7,7 +7,7 @@
 
 namespace vxsign::platform {
 
-/// Starts and stops socket support where the system asks for it; 0 is success.
+/// Starts and stops socket support where the system asks for it; 0 is success. The first socket starts it too.
 int StartSockets();
 void StopSockets();
 
@@ -32,13 +32,26 @@ public:
         kStream
     };
 
+#if defined(_WIN32)
+    using Handle = std::uintptr_t;
+#else
+    using Handle = int;
+#endif
+    static constexpr Handle kNone = static_cast<Handle>(-1);
+
     Socket() = default;
     Socket(const Socket&) = delete;
     Socket& operator=(const Socket&) = delete;
-    ~Socket() { Close(); }
+    ~Socket()
+    {
+        Close();
+    }
 
     bool Open(Kind kind);
-    bool IsOpen() const { return descriptor >= 0; }
+    bool IsOpen() const
+    {
+        return descriptor != kNone;
+    }
     bool Bind(std::uint16_t localPort);
 
     enum class Connection
@@ -64,7 +77,7 @@ public:
     void Close();
 
 private:
-    int descriptor = -1;
+    Handle descriptor = kNone;
 };
 
 } // namespace vxsign::platform

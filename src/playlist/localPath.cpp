@@ -1,6 +1,8 @@
 // Which names stay inside their folder.
 #include "playlist/localPath.h"
 
+#include "platform/paths.h"
+
 namespace vxsign::playlist {
 
 bool StaysInside(std::string_view name)
@@ -9,7 +11,7 @@ bool StaysInside(std::string_view name)
         return false;
     for (;;) {
         const std::size_t separator = name.find_first_of("/\\");
-        if (name.substr(0, separator) == "..")
+        if (platform::LeavesFolder(name.substr(0, separator)))
             return false;
         if (separator == std::string_view::npos)
             return true;

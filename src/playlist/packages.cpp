@@ -5,6 +5,7 @@
 #include "playlist/recordFile.h"
 #include "playlist/sequenceFile.h"
 #include "util/littleEndian.h"
+#include "util/pathText.h"
 #include "util/text.h"
 
 #include <vxsign/local.h>
@@ -32,9 +33,9 @@ constexpr char kSequencePath[] = "C:\\SEQUENT.SYS";
 // The directory of a package, with its last separator. A plain name has none and stands for it itself.
 std::string DirectoryOf(const std::string& path)
 {
-    std::size_t separator = path.rfind('/');
+    std::size_t separator = LastOf(path, "/");
     if (separator == path.npos)
-        separator = path.rfind('\\');
+        separator = LastOf(path, "\\");
     return separator == path.npos ? path : path.substr(0, separator + 1);
 }
 

@@ -4,6 +4,7 @@
 #include "util/file.h"
 #include "util/littleEndian.h"
 #include "util/localCall.h"
+#include "util/pathText.h"
 #include "util/text.h"
 
 #include <vxsign/result.h>
@@ -183,7 +184,9 @@ std::uint32_t vxPLInit(char* dir, char* fileName)
             return VX_CALL;
         state->playlistDir = dir;
         state->playlistFile = fileName;
-        std::replace(state->playlistDir.begin(), state->playlistDir.end(), '\\', '/');
+        std::string& folder = state->playlistDir;
+        for (std::size_t place = 0; (place = NextOf(folder, "\\", place)) != std::string::npos;)
+            folder[place] = '/';
         const std::string path = BoundFile(*state);
         if (!OpenFile(path.c_str(), "rb") && !OpenFile(path.c_str(), "wb"))
             return VX_CALL;

@@ -1,10 +1,11 @@
 // What happens when the library is loaded and unloaded, and its version.
+#include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/sockets.h"
 #include "thread/socketSupport.h"
 #include "thread/threadRecords.h"
+#include "util/pathText.h"
 
-#include <cstdio>
 #include <exception>
 #include <string>
 
@@ -24,8 +25,8 @@ void DeleteShortNameList()
 {
     constexpr std::size_t kLongestPath = 256;
     const std::string executable = platform::ExecutablePath().substr(0, kLongestPath);
-    const std::string folder = executable.substr(0, executable.find_last_of('/') + 1);
-    std::remove((folder + "ShortFileNameList.ini").c_str());
+    const std::string folder = executable.substr(0, LastOf(executable, platform::kSeparators) + 1);
+    platform::RemoveFile((folder + "ShortFileNameList.ini").c_str());
 }
 
 struct LoadHooks
@@ -33,7 +34,6 @@ struct LoadHooks
     LoadHooks() noexcept
     {
         try {
-            Sockets().Start();
             DeleteShortNameList();
             ThreadConfig();
             ThreadState();
@@ -41,9 +41,6 @@ struct LoadHooks
         } catch (const std::exception&) { // out of memory: the records are made on first use
         }
     }
-    ~LoadHooks() { Sockets().Stop(); }
-    LoadHooks(const LoadHooks&) = delete;
-    LoadHooks& operator=(const LoadHooks&) = delete;
 };
 
 const LoadHooks loadHooks;

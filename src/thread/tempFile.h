@@ -1,11 +1,12 @@
 // Temporary files that go with their owner.
 #pragma once
 
+#include "platform/files.h"
+
 #include <vxsign/local.h>
 
 #include <array>
 #include <cstdint>
-#include <cstdio>
 
 namespace vxsign {
 
@@ -17,7 +18,7 @@ public:
     ~TempFile()
     {
         if (!stays)
-            std::remove(path.data());
+            platform::RemoveFile(path.data());
     }
     TempFile(const TempFile&) = delete;
     TempFile& operator=(const TempFile&) = delete;

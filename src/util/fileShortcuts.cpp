@@ -1,4 +1,5 @@
 // Exported shortcuts to files and folders of this PC.
+#include "platform/paths.h"
 #include "util/file.h"
 #include "util/localCall.h"
 
@@ -7,6 +8,7 @@
 #include <filesystem>
 
 using namespace vxsign;
+using platform::NativePath;
 namespace fs = std::filesystem;
 
 FILE* vxFOpen(const char* path, const char* mode)
@@ -20,7 +22,8 @@ std::uint32_t vxFSDelete(const char* path)
         return 0;
     return LocalCall<std::uint32_t>(0, [=] {
         std::error_code error;
-        return !fs::is_directory(fs::symlink_status(path, error)) && fs::remove(path, error) ? 1u : 0u;
+        const fs::path file = NativePath(path);
+        return !fs::is_directory(fs::symlink_status(file, error)) && fs::remove(file, error) ? 1u : 0u;
     });
 }
 
@@ -30,7 +33,7 @@ std::uint32_t vxOSCreateDir(const char* path)
         return 0;
     return LocalCall<std::uint32_t>(0, [=] {
         std::error_code error;
-        return fs::create_directory(path, error) ? 1u : 0u;
+        return fs::create_directory(NativePath(path), error) ? 1u : 0u;
     });
 }
 
@@ -41,7 +44,7 @@ std::uint32_t vxOSCopyFile(const char* from, const char* to, std::uint8_t failIf
     return LocalCall<std::uint32_t>(0, [=] {
         std::error_code error;
         const auto options = failIfExists != 0 ? fs::copy_options::none : fs::copy_options::overwrite_existing;
-        return fs::copy_file(from, to, options, error) && !error ? 1u : 0u;
+        return fs::copy_file(NativePath(from), NativePath(to), options, error) && !error ? 1u : 0u;
     });
 }
 

@@ -1,4 +1,5 @@
 // Values of INI files.
+#include "platform/paths.h"
 #include "util/file.h"
 #include "util/iniText.h"
 #include "util/localCall.h"
@@ -71,7 +72,7 @@ std::uint32_t vxSetINIWithString(const char* section, const char* key, const cha
         const std::optional<std::string> before = Contents(iniPath);
         std::error_code error;
         // A file that is there but does not give its contents is not overwritten.
-        if (before || fs::symlink_status(iniPath, error).type() == fs::file_type::not_found) {
+        if (before || fs::symlink_status(platform::NativePath(iniPath), error).type() == fs::file_type::not_found) {
             std::string text = before.value_or("");
             ini::Set(text, section, key, value);
             ReplaceFile(iniPath, text);

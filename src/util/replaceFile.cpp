@@ -34,7 +34,7 @@ bool IsNoPlace(int code)
 struct Removal
 {
     const std::string& name;
-    ~Removal() { std::remove(name.c_str()); }
+    ~Removal() { platform::RemoveFile(name.c_str()); }
 };
 
 bool WriteInPlace(const std::string& path, std::string_view contents)
@@ -59,7 +59,7 @@ Outcome WriteBeside(const std::string& target, bool there, std::string_view cont
     if (!CloseFile(file) || !written)
         return Outcome::kFailed;
     std::error_code error;
-    fs::rename(name, target, error);
+    fs::rename(platform::NativePath(name), platform::NativePath(target), error);
     if (!error)
         return Outcome::kDone;
     return IsNoPlace(error.value()) ? Outcome::kNotHere : Outcome::kFailed;
@@ -70,9 +70,9 @@ Outcome WriteBeside(const std::string& target, bool there, std::string_view cont
 bool ReplaceFile(const std::string& path, std::string_view contents)
 {
     std::error_code error;
-    const fs::path linked = fs::canonical(path, error);
-    const std::string target = error ? path : linked.string();
-    const fs::file_type type = fs::symlink_status(target, error).type();
+    const fs::path linked = fs::canonical(platform::NativePath(path), error);
+    const std::string target = error ? path : platform::PathText(linked);
+    const fs::file_type type = fs::symlink_status(platform::NativePath(target), error).type();
     const bool there = type == fs::file_type::regular;
     if (!there && type != fs::file_type::not_found)
         return WriteInPlace(path, contents);

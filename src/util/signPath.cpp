@@ -9,7 +9,7 @@
 
 #include <algorithm>
 #include <array>
-#include <strings.h>
+#include <cctype>
 
 using namespace vxsign;
 
@@ -21,7 +21,9 @@ constexpr std::size_t kHeadSize = 10;
 
 bool EndsInNmg(std::string_view path)
 {
-    return path.size() >= 3 && ::strcasecmp(path.data() + path.size() - 3, "NMG") == 0;
+    const std::string_view end = path.substr(path.size() - std::min<std::size_t>(path.size(), 3));
+    return std::equal(end.begin(), end.end(), "NMG", "NMG" + 3,
+                      [](unsigned char letter, char wanted) { return std::toupper(letter) == wanted; });
 }
 
 // The folder on the sign, by what the file begins with.

@@ -1,4 +1,5 @@
 // The export that takes a path apart.
+#include "util/pathText.h"
 #include "util/text.h"
 
 #include <vxsign/local.h>
@@ -40,7 +41,7 @@ int vxStr_splitpath(const char* path, char* drive, std::uint8_t driveSize, char*
         return taken;
     };
     const std::string_view driveText = take(rest.size() > 1 && rest[1] == ':' ? 2 : 0);
-    const std::string_view folderText = take(rest.find_last_of("/\\") + 1);
+    const std::string_view folderText = take(LastOf(rest, "/\\") + 1);
     const std::string_view nameText = take(rest.find_last_of('.'));
     const std::array<Part, 4> parts{{{drive, driveSize, driveText},
                                      {folder, folderSize, folderText},

@@ -1,5 +1,6 @@
 // Temporary names, short names, names on the sign, serial ports.
 #include "platform/paths.h"
+#include "platform/posix/serialPorts.h"
 #include "platform/serialPorts.h"
 #include "support/fakeClock.h"
 #include "support/tempFolder.h"
@@ -160,8 +161,9 @@ TEST_F(Names, SerialPortsAreThoseThatAreThere)
         std::filesystem::create_directories(folder.Path(device));
     folder.Write("ttyS0/type", "4\n");
     folder.Write("ttyS1/type", "0\n");
-    EXPECT_EQ(vxsign::platform::SerialPorts(folder.Path()), (std::vector<std::string>{"ttyACM1", "ttyS0", "ttyUSB0"}));
-    EXPECT_TRUE(vxsign::platform::SerialPorts(folder.Path("absent")).empty());
+    EXPECT_EQ(vxsign::platform::SerialPortsIn(folder.Path()),
+              (std::vector<std::string>{"ttyACM1", "ttyS0", "ttyUSB0"}));
+    EXPECT_TRUE(vxsign::platform::SerialPortsIn(folder.Path("absent")).empty());
 
     char out[64];
     std::memset(out, 'x', sizeof out);

@@ -57,4 +57,9 @@ std::int64_t TellStream(std::FILE* stream)
     return ::ftello(stream);
 }
 
+bool RemoveFile(const char* path)
+{
+    return std::remove(path) == 0;
+}
+
 } // namespace vxsign::platform

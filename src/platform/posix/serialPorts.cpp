@@ -1,4 +1,6 @@
 // The serial ports that the kernel lists.
+#include "platform/posix/serialPorts.h"
+
 #include "platform/serialPorts.h"
 
 #include <algorithm>
@@ -24,7 +26,12 @@ bool IsThere(const fs::path& terminal)
 
 } // namespace
 
-std::vector<std::string> SerialPorts(const std::string& classFolder)
+std::vector<std::string> SerialPorts()
+{
+    return SerialPortsIn("/sys/class/tty");
+}
+
+std::vector<std::string> SerialPortsIn(const std::string& classFolder)
 {
     std::vector<std::string> ports;
     std::error_code error;

@@ -132,7 +132,7 @@ void Socket::Close()
 {
     if (IsOpen())
         ::close(descriptor);
-    descriptor = -1;
+    descriptor = kNone;
 }
 
 } // namespace vxsign::platform
