@@ -4,6 +4,7 @@
 #   scripts/setup.sh fleet      those for many signs at a broker as well
 #   scripts/setup.sh package    those for packages
 #   scripts/setup.sh reference  those for the web pages of the functions
+#   scripts/setup.sh windows    those to build for Windows; the rest of that is scripts/setup-windows.sh
 #   scripts/setup.sh ci         all, those for the longer tests too
 set -euo pipefail
 
@@ -32,6 +33,10 @@ of() { [[ "$wanted" =~ ^(ci|$1)$ ]]; }
     abigail-tools mmdebstrap                                      # the binary contract; a bare Debian
 )
 ! of reference || packages+=(doxygen)
+! of windows || packages+=(
+    g++-mingw-w64-x86-64-posix llvm dpkg-dev googletest           # cross compiler, import libraries, sources of libraries
+    wine wine64 zip                                               # running what was built, and giving it away
+)
 ! of ci || packages+=(
     clang libclang-rt-14-dev                                      # fuzz targets
     chromium chromium-driver python3-selenium                     # the page in a browser
