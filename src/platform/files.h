@@ -19,6 +19,9 @@ bool CopyAttributes(const char* from, std::FILE* to);
 bool SeekStream(std::FILE* stream, std::int64_t offset, int origin);
 std::int64_t TellStream(std::FILE* stream);
 
+/// Copies a file. False for one that cannot be read or made, and for a target that is there and must not be replaced.
+bool CopyContents(const char* from, const char* to, bool replace);
+
 /// Deletes a file, no folder. False when it is still there, or was not.
 bool RemoveFile(const char* path);
 

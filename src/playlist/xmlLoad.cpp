@@ -35,7 +35,7 @@ std::optional<int> NumberIfAny(const XMLNode& parent, const char* name)
     const XMLNode* const value = ValueOf(parent, name);
     if (value == nullptr)
         return {};
-    return value->ToText() == nullptr ? 0 : static_cast<int>(std::strtol(value->Value(), nullptr, 10));
+    return value->ToText() == nullptr ? 0 : static_cast<int>(std::strtoll(value->Value(), nullptr, 10));
 }
 
 int Number(const XMLNode& parent, const char* name)

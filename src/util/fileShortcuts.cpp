@@ -1,4 +1,5 @@
 // Exported shortcuts to files and folders of this PC.
+#include "platform/files.h"
 #include "platform/paths.h"
 #include "util/file.h"
 #include "util/localCall.h"
@@ -41,11 +42,7 @@ std::uint32_t vxOSCopyFile(const char* from, const char* to, std::uint8_t failIf
 {
     if (from == nullptr || to == nullptr)
         return 0;
-    return LocalCall<std::uint32_t>(0, [=] {
-        std::error_code error;
-        const auto options = failIfExists != 0 ? fs::copy_options::none : fs::copy_options::overwrite_existing;
-        return fs::copy_file(NativePath(from), NativePath(to), options, error) && !error ? 1u : 0u;
-    });
+    return LocalCall<std::uint32_t>(0, [=] { return platform::CopyContents(from, to, failIfExists == 0) ? 1u : 0u; });
 }
 
 std::uint32_t vxOSGetFileSize(const char* path)

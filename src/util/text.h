@@ -37,7 +37,7 @@ inline void CopyToText(char* buffer, std::size_t size, std::string_view text)
 /// The decimal number that a text begins with, behind blanks; 0 when it begins with none.
 inline std::int32_t NumberOf(std::string_view text)
 {
-    return static_cast<std::int32_t>(std::strtol(std::string(text).c_str(), nullptr, 10));
+    return static_cast<std::int32_t>(std::strtoll(std::string(text).c_str(), nullptr, 10));
 }
 
 } // namespace vxsign

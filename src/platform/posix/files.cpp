@@ -2,6 +2,7 @@
 #include "platform/files.h"
 
 #include <cerrno>
+#include <filesystem>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -55,6 +56,14 @@ bool SeekStream(std::FILE* stream, std::int64_t offset, int origin)
 std::int64_t TellStream(std::FILE* stream)
 {
     return ::ftello(stream);
+}
+
+bool CopyContents(const char* from, const char* to, bool replace)
+{
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const auto options = replace ? fs::copy_options::overwrite_existing : fs::copy_options::none;
+    return fs::copy_file(from, to, options, error) && !error;
 }
 
 bool RemoveFile(const char* path)

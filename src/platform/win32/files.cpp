@@ -126,6 +126,11 @@ std::int64_t TellStream(std::FILE* stream)
     return ::_ftelli64(stream);
 }
 
+bool CopyContents(const char* from, const char* to, bool replace)
+{
+    return ::CopyFileW(Wide(from).c_str(), Wide(to).c_str(), replace ? FALSE : TRUE) != 0;
+}
+
 bool RemoveFile(const char* path)
 {
     return ::DeleteFileW(Wide(path).c_str()) != 0;
