@@ -1,8 +1,11 @@
 // Tables of flat commands: a row for each call, with its request by hand, the reply that comes, and what becomes of it.
 #pragma once
 
-#include "sim/virtualSign.h"
 #include "support/scriptedSign.h"
+
+#if !defined(_WIN32) // where there is a virtual sign
+#include "sim/virtualSign.h"
+#endif
 
 #include <array>
 #include <initializer_list>
@@ -44,6 +47,7 @@ inline char* Chars(std::uint8_t* at)
     return reinterpret_cast<char*>(at);
 }
 
+#if !defined(_WIN32)
 /// Whether the virtual sign, as a controller or not, has that command and takes a request of these lengths.
 inline bool IsKnownToTheSign(const Packet& request)
 {
@@ -58,10 +62,11 @@ inline bool IsKnownToTheSign(const Packet& request)
     };
     return knows(sign) || knows(controller);
 }
+#endif
 
 /// Runs each row against a sign that answers and once more against one that refuses: then nothing is written. The
 /// virtual sign has to know the request, unless it is none that a sign could take.
-inline void ExpectFlat(std::initializer_list<FlatRow> rows, bool isKnown = true)
+inline void ExpectFlat(std::initializer_list<FlatRow> rows, [[maybe_unused]] bool isKnown = true)
 {
     for (const FlatRow& row : rows) {
         SCOPED_TRACE(row.name);
@@ -83,7 +88,9 @@ inline void ExpectFlat(std::initializer_list<FlatRow> rows, bool isKnown = true)
             EXPECT_EQ(request.Minor(), row.minor);
             EXPECT_EQ(request.Payload(), Hex(row.payload));
             EXPECT_EQ(request.Extended(), Hex(row.extended));
+#if !defined(_WIN32)
             EXPECT_EQ(IsKnownToTheSign(request), isKnown);
+#endif
         }
     }
 }

@@ -86,10 +86,12 @@ TEST_F(Ini, SettingMakesTheFileGrowsAnUnendedOneAndKeepsTheRest)
     EXPECT_EQ(folder.Read("a.ini"), "[A]\nx=\"q\"\n");
     EXPECT_EQ(Text("A", "X"), "q");
     EXPECT_EQ(vxSetINIWithString("A", "x", "1", folder.Path("no/such").c_str()), 0u);
+#if !defined(_WIN32)
     {
         const vxsign::test::FullDisk full;
         Set("A", "x", "longer than what a full disk takes");
     }
+#endif
     EXPECT_EQ(folder.Read("a.ini"), "[A]\nx=\"q\"\n");
     EXPECT_EQ(folder.Names(), "a.ini");
 

@@ -1,6 +1,5 @@
 // Temporary names, short names, names on the sign, serial ports.
 #include "platform/paths.h"
-#include "platform/posix/serialPorts.h"
 #include "platform/serialPorts.h"
 #include "support/fakeClock.h"
 #include "support/tempFolder.h"
@@ -15,6 +14,10 @@
 #include <thread>
 #include <tuple>
 #include <vector>
+
+#if !defined(_WIN32)
+#include "platform/posix/serialPorts.h"
+#endif
 
 namespace {
 
@@ -157,6 +160,7 @@ TEST_F(Names, SignPathsTheFirstBytesChooseTheFolder)
 
 TEST_F(Names, SerialPortsAreThoseThatAreThere)
 {
+#if !defined(_WIN32)
     for (const char* device : {"ttyUSB0/device", "ttyACM1/device", "ttyS0/device", "ttyS1/device", "tty1"})
         std::filesystem::create_directories(folder.Path(device));
     folder.Write("ttyS0/type", "4\n");
@@ -164,6 +168,7 @@ TEST_F(Names, SerialPortsAreThoseThatAreThere)
     EXPECT_EQ(vxsign::platform::SerialPortsIn(folder.Path()),
               (std::vector<std::string>{"ttyACM1", "ttyS0", "ttyUSB0"}));
     EXPECT_TRUE(vxsign::platform::SerialPortsIn(folder.Path("absent")).empty());
+#endif
 
     char out[64];
     std::memset(out, 'x', sizeof out);

@@ -1,8 +1,11 @@
 // Field devices on a Modbus line: frames, registers, noise, tries.
-#include "support/ptyRelay.h"
 #include "support/scriptedChannel.h"
 #include "support/scriptedSign.h"
 #include "vxComm/MB/vxMBLED.h"
+
+#if !defined(_WIN32)
+#include "support/ptyRelay.h"
+#endif
 
 namespace vxsign::test {
 namespace {
@@ -239,6 +242,7 @@ TEST_F(Modbus, AnswersInPieces)
     }
 }
 
+#if !defined(_WIN32) // which has no pseudo-terminals
 TEST(ModbusLine, SerialAnswerWithNoiseAhead)
 {
     const PtyRelay line;
@@ -255,6 +259,7 @@ TEST(ModbusLine, SerialAnswerWithNoiseAhead)
     EXPECT_EQ(vxMB_LCGet(7, 5, &value), 0u);
     EXPECT_EQ(value, 0x1234);
 }
+#endif
 
 } // namespace
 } // namespace vxsign::test

@@ -58,7 +58,7 @@ TEST_F(WriteFile, RecordsOfEachMinor)
         for (const Packet& request : sign.requests) {
             EXPECT_EQ(request.Major(), 2);
             EXPECT_EQ(request.Minor(), minor);
-            EXPECT_EQ(request.Payload(), Numbered(record, &request - sign.requests.data() + 1));
+            EXPECT_EQ(request.Payload(), Numbered(record, static_cast<long>(&request - sign.requests.data()) + 1));
         }
         EXPECT_EQ(Sent(), Ramp(130));
         EXPECT_EQ(sign.requests[2].Extended().size(), 2u);
