@@ -2,6 +2,7 @@
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/runner.h"
 #include "vxctl/cli/terminal.h"
+#include "vxctl/platform/console.h"
 
 #include <exception>
 #include <string>
@@ -9,6 +10,7 @@
 int main(int argc, char** argv)
 {
     using namespace vxctl;
+    platform::PrepareTerminals();
     try {
         return RunTool({argv + 1, argv + argc});
     } catch (const std::exception& error) {

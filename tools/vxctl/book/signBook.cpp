@@ -7,6 +7,7 @@
 #include "vxctl/cli/signUrl.h"
 #include "vxctl/cli/suggestion.h"
 #include "vxctl/cli/tables.h"
+#include "vxctl/platform/localFiles.h"
 
 #include <algorithm>
 #include <array>
@@ -213,8 +214,7 @@ std::string BookFile(const std::string& given)
         return given;
     if (std::string file = Variable("VXBOOK"); !file.empty())
         return file;
-    const std::string folder = Variable("XDG_CONFIG_HOME");
-    return (folder.empty() ? fs::path(Variable("HOME")) / ".config" : fs::path(folder)) / "vxsign" / "signs.toml";
+    return (platform::SettingsFolder() / "vxsign" / "signs.toml").string();
 }
 
 std::string ReadBookText(const std::string& file)

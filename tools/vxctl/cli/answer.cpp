@@ -3,11 +3,7 @@
 
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/terminal.h"
-
-#include <cerrno>
-#include <poll.h>
-#include <termios.h>
-#include <unistd.h>
+#include "vxctl/platform/console.h"
 
 namespace vxctl {
 
@@ -19,26 +15,19 @@ constexpr std::size_t kLongestAnswer = 4096;
 class Unseen
 {
 public:
-    Unseen() : changed(::tcgetattr(STDIN_FILENO, &former) == 0)
-    {
-        termios unseen = former;
-        unseen.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-        if (changed)
-            ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &unseen);
-    }
+    Unseen() : wasSeen(platform::ShowTyped(false)) {}
     ~Unseen()
     {
-        if (!changed)
+        if (!wasSeen)
             return;
-        ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &former);
+        platform::ShowTyped(*wasSeen);
         PrintLine(Stream::kError, {}); // the end that was typed was not seen either
     }
     Unseen(const Unseen&) = delete;
     Unseen& operator=(const Unseen&) = delete;
 
 private:
-    termios former{};
-    bool changed;
+    const std::optional<bool> wasSeen;
 };
 
 // One byte at a time, so that what follows the line stays there for the next question.
@@ -46,12 +35,11 @@ std::string ReadLine()
 {
     std::string line;
     while (line.size() < kLongestAnswer) {
-        // Signals do not end a read, but they do end a wait.
-        pollfd input{STDIN_FILENO, POLLIN, 0};
-        if (::poll(&input, 1, -1) < 0 && errno == EINTR)
-            throw SignFailure(VX_ABORTED);
         char character = 0;
-        if (::read(STDIN_FILENO, &character, 1) != 1) {
+        const platform::Typed typed = platform::ReadByte(character);
+        if (typed == platform::Typed::kInterrupted)
+            throw SignFailure(VX_ABORTED);
+        if (typed == platform::Typed::kEnd) {
             if (line.empty())
                 throw UsageError("standard input has no answer");
             break;
@@ -78,7 +66,7 @@ std::string Ask(const std::string& question, Echo echo)
 
 bool IsAsked()
 {
-    return ::isatty(STDIN_FILENO) != 0;
+    return platform::IsTerminal(platform::Standard::kIn);
 }
 
 } // namespace vxctl

@@ -2,6 +2,7 @@
 #include "vxctl/cli/clockTime.h"
 
 #include "vxctl/cli/failure.h"
+#include "vxctl/platform/localFiles.h"
 
 #include <algorithm>
 #include <array>
@@ -66,9 +67,7 @@ std::optional<ClockTime> ParseClockTime(std::string_view text)
 
 ClockTime LocalTime()
 {
-    const std::time_t now = std::time(nullptr);
-    std::tm local = {};
-    ::localtime_r(&now, &local);
+    const std::tm local = platform::LocalTime(std::time(nullptr));
     // A leap second, 60, is none that a sign takes.
     return {static_cast<std::uint16_t>(local.tm_year + 1900), static_cast<std::uint8_t>(local.tm_mon + 1),
             static_cast<std::uint8_t>(local.tm_mday),         static_cast<std::uint8_t>(local.tm_hour),
@@ -117,8 +116,7 @@ std::string IsoTime(const ClockTime& time)
     local.tm_min = time.minute;
     local.tm_sec = time.second;
     local.tm_isdst = -1;
-    std::mktime(&local);
-    const long ahead = local.tm_gmtoff / 60; // minutes
+    const long ahead = platform::SecondsAhead(local) / 60; // minutes
     std::array<char, 48> zone{};
     std::snprintf(zone.data(), zone.size(), "%c%02ld:%02ld", ahead < 0 ? '-' : '+', std::labs(ahead) / 60,
                   std::labs(ahead) % 60);

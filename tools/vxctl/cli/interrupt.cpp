@@ -1,10 +1,11 @@
 // Ctrl-C: ends what waits, then the program.
 #include "vxctl/cli/interrupt.h"
 
+#include "vxctl/platform/console.h"
+
 #include <vxsign/api.h>
 
 #include <atomic>
-#include <csignal>
 #include <thread>
 
 namespace vxctl {
@@ -101,16 +102,7 @@ void AbortOnInterrupt()
     static std::atomic<bool> isDone{false};
     if (isDone.exchange(true))
         return;
-    struct sigaction action = {};
-    action.sa_handler = OnSignal;
-    action.sa_flags = static_cast<int>(SA_RESETHAND); // and what waits for standard input ends too
-    ::sigemptyset(&action.sa_mask);
-    for (const int signal : {SIGINT, SIGTERM}) {
-        // A signal that whoever started the program had ignored, as for a job in the background, stays so.
-        struct sigaction former = {};
-        if (::sigaction(signal, nullptr, &former) == 0 && former.sa_handler != SIG_IGN)
-            ::sigaction(signal, &action, nullptr);
-    }
+    platform::CatchSignals(OnSignal);
 }
 
 } // namespace vxctl

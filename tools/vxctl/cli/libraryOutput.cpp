@@ -4,9 +4,6 @@
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/terminal.h"
 
-#include <unistd.h>
-#include <utility>
-
 namespace vxctl {
 
 namespace {
@@ -15,35 +12,20 @@ constexpr std::size_t kLongest = 65536;
 
 } // namespace
 
-LibraryOutput::LibraryOutput() : printed(std::tmpfile(), std::fclose)
+LibraryOutput::LibraryOutput()
 {
     Flush();
-    std::fflush(stdout);
-    former = printed ? ::dup(STDOUT_FILENO) : -1;
-    if (former < 0 || ::dup2(::fileno(printed.get()), STDOUT_FILENO) < 0)
+    printed.emplace();
+    if (!printed->IsMade())
         throw SignFailure(VX_OPEN_FILE);
-}
-
-LibraryOutput::~LibraryOutput()
-{
-    Restore();
-}
-
-void LibraryOutput::Restore()
-{
-    if (former < 0)
-        return;
-    std::fflush(stdout);
-    ::dup2(former, STDOUT_FILENO);
-    ::close(std::exchange(former, -1));
 }
 
 std::string LibraryOutput::Take()
 {
-    Restore();
+    printed->Restore();
     std::string text(kLongest, '\0');
-    std::rewind(printed.get());
-    text.resize(std::fread(text.data(), 1, text.size(), printed.get()));
+    std::rewind(printed->Target());
+    text.resize(std::fread(text.data(), 1, text.size(), printed->Target()));
     return text;
 }
 

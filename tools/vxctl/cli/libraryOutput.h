@@ -1,8 +1,9 @@
 // What the library prints.
 #pragma once
 
-#include <cstdio>
-#include <memory>
+#include "vxctl/platform/console.h"
+
+#include <optional>
 #include <string>
 
 namespace vxctl {
@@ -13,18 +14,12 @@ class LibraryOutput
 {
 public:
     LibraryOutput();
-    ~LibraryOutput();
-    LibraryOutput(const LibraryOutput&) = delete;
-    LibraryOutput& operator=(const LibraryOutput&) = delete;
 
     // Gives standard output back, and what was printed; its start alone if that is very long.
     std::string Take();
 
 private:
-    void Restore();
-
-    std::unique_ptr<FILE, int (*)(FILE*)> printed;
-    int former = -1;
+    std::optional<platform::Redirection> printed;
 };
 
 } // namespace vxctl

@@ -2,6 +2,7 @@
 #include "vxctl/cli/localFiles.h"
 
 #include "vxctl/cli/failure.h"
+#include "vxctl/platform/localFiles.h"
 
 #include <vxsign/local.h>
 
@@ -78,18 +79,20 @@ std::string LocalTarget::WhyFull() const
     if (!Size())
         return "it takes no more";
     errno = 0;
-    return TakesMore({vxFOpen(temporary.c_str(), "ab"), std::fclose}) ? "it took no more"
-                                                                      : std::generic_category().message(errno);
+    return TakesMore({vxFOpen(temporary.string().c_str(), "ab"), std::fclose}) ? "it took no more"
+                                                                               : std::generic_category().message(errno);
 }
 
 std::string FolderFault(const fs::path& folder)
 {
     const fs::path place = folder.empty() ? "." : folder;
     std::string name = (place / "vxctl-XXXXXX").string();
-    const int descriptor = ::mkstemp(name.data());
-    const bool isWritten = descriptor >= 0 && TakesMore({::fdopen(descriptor, "wb"), std::fclose});
+    OpenFile file(platform::MakeFile(name), std::fclose);
+    const bool isMade = file != nullptr;
+    const bool isWritten = TakesMore(file);
     const int error = errno;
-    if (descriptor >= 0)
+    file.reset();
+    if (isMade)
         std::remove(name.c_str());
     return isWritten ? "" : "cannot write in " + place.string() + ": " + std::generic_category().message(error);
 }
@@ -118,7 +121,7 @@ TemporaryFolder::TemporaryFolder()
 {
     std::error_code error;
     path = (fs::temp_directory_path(error) / "vxctl-XXXXXX").string();
-    if (error || ::mkdtemp(path.data()) == nullptr)
+    if (error || !platform::MakeFolder(path))
         throw SignFailure(VX_OPEN_FILE);
     path += '/';
 }
@@ -133,13 +136,13 @@ LinkedFile::LinkedFile(const std::string& file, Linked what) : path(folder.Path(
 {
     std::error_code error;
     const fs::path whole = fs::absolute(file, error);
-    fs::create_symlink(whole, path, error);
+    platform::Link(whole, path, error);
     if (what == Linked::kFolder) {
         for (const fs::directory_entry& entry : fs::directory_iterator(whole.parent_path(), error)) {
             std::error_code isThere; // the file itself
             const fs::path name = entry.path().filename();
             if (name != "SEQ_PC.SYS" && name.extension() != ".tmp") // which the library writes
-                fs::create_symlink(entry.path(), folder.Path() + name.string(), isThere);
+                platform::Link(entry.path(), folder.Path() + name.string(), isThere);
         }
     }
     if (error)

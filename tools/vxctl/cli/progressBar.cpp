@@ -2,11 +2,11 @@
 #include "vxctl/cli/progressBar.h"
 
 #include "vxctl/cli/terminal.h"
+#include "vxctl/platform/console.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <unistd.h>
 
 namespace vxctl {
 
@@ -21,7 +21,7 @@ thread_local ProgressBar* current = nullptr;
 } // namespace
 
 ProgressBar::ProgressBar(std::string text, bool silent)
-    : title(std::move(text)), visible(!silent && ::isatty(STDERR_FILENO) != 0)
+    : title(std::move(text)), visible(!silent && platform::IsTerminal(platform::Standard::kError))
 {
     current = this;
 }

@@ -2,9 +2,9 @@
 #include "vxctl/cli/shown.h"
 
 #include "sim/face/utf8.h"
+#include "vxctl/platform/console.h"
 
 #include <cstdlib>
-#include <unistd.h>
 
 namespace vxctl {
 
@@ -79,7 +79,7 @@ bool IsColoured()
 {
     static const bool isTerminal = [] {
         const char* const refusal = std::getenv("NO_COLOR");
-        return ::isatty(STDOUT_FILENO) != 0 && (refusal == nullptr || *refusal == '\0');
+        return platform::IsTerminal(platform::Standard::kOut) && (refusal == nullptr || *refusal == '\0');
     }();
     return isTerminal && !Colourless::IsWanted();
 }

@@ -3,18 +3,13 @@
 
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/numbers.h"
+#include "vxctl/platform/network.h"
 
 #include <vxsign/api.h>
 
 #include <algorithm>
-#include <arpa/inet.h>
-#include <array>
 #include <cctype>
 #include <filesystem>
-#include <memory>
-#include <netdb.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 #include <system_error>
 
 namespace vxctl {
@@ -53,9 +48,8 @@ SignUrl ParseNetwork(std::string_view url, std::string_view place, std::uint32_t
     if (parsed.host.empty() || !std::all_of(parsed.host.begin(), parsed.host.end(), IsHostCharacter))
         Refuse(url, "the host is an IPv4 address such as 192.168.1.50, or a name");
     // A host of digits and dots alone is meant as an address: nobody but the sign itself should ever get its traffic.
-    in_addr address{};
     const bool isAddress = parsed.host.find_first_not_of("0123456789.") == std::string::npos;
-    if (isAddress && ::inet_pton(AF_INET, parsed.host.c_str(), &address) != 1)
+    if (isAddress && !platform::IsAddress(parsed.host))
         Refuse(url, parsed.host + " is no IPv4 address");
     if (colon == place.size())
         return parsed;
@@ -82,25 +76,6 @@ SignUrl ParseSerial(std::string_view url, std::string_view place)
     return parsed;
 }
 
-std::string DottedAddress(const std::string& host)
-{
-    addrinfo hints{};
-    hints.ai_family = AF_INET;
-    hints.ai_socktype = SOCK_DGRAM;
-    addrinfo* found = nullptr;
-    const int error = ::getaddrinfo(host.c_str(), nullptr, &hints, &found);
-    const std::unique_ptr<addrinfo, void (*)(addrinfo*)> owner(found, ::freeaddrinfo);
-    if (error != 0 || !found)
-        throw UsageError(error == EAI_NONAME || error == EAI_NODATA
-                             ? "name " + host + " is unknown"
-                             : "no IPv4 address for " + host + ": " + ::gai_strerror(error));
-    std::array<char, NI_MAXHOST> text{};
-    if (::getnameinfo(found->ai_addr, found->ai_addrlen, text.data(), static_cast<socklen_t>(text.size()), nullptr, 0,
-                      NI_NUMERICHOST) != 0)
-        throw UsageError("no IPv4 address for " + host);
-    return text.data();
-}
-
 } // namespace
 
 SignUrl ParseSignUrl(std::string_view text)
@@ -118,7 +93,7 @@ SignUrl ParseSignUrl(std::string_view text)
 SignUrl Resolve(SignUrl url)
 {
     if (url.kind != VX_CHANNEL_SERIAL) {
-        url.host = DottedAddress(url.host);
+        url.host = platform::DottedAddress(url.host);
         return url;
     }
     constexpr std::size_t room = sizeof vxApiConfig::serialName;

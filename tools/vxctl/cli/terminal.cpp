@@ -1,9 +1,9 @@
 // The one place that writes to standard output and standard error.
 #include "vxctl/cli/terminal.h"
 
+#include "vxctl/platform/console.h"
+
 #include <iostream>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 namespace vxctl {
 
@@ -47,12 +47,10 @@ void EraseLine()
 
 std::optional<ScreenSize> SizeOfScreen()
 {
-    winsize size{};
-    if (::isatty(STDOUT_FILENO) == 0)
+    if (!platform::IsTerminal(platform::Standard::kOut))
         return std::nullopt;
-    if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0 || size.ws_row == 0)
-        return ScreenSize{80, 24};
-    return ScreenSize{size.ws_col, size.ws_row};
+    const auto [columns, rows] = platform::ScreenSize().value_or(std::pair<std::uint16_t, std::uint16_t>(80, 24));
+    return ScreenSize{columns, rows};
 }
 
 void DrawScreen(const std::vector<Shown>& lines, std::size_t former)

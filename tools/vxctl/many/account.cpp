@@ -7,12 +7,12 @@
 #include "vxctl/cli/numbers.h"
 #include "vxctl/cli/terminal.h"
 #include "vxctl/many/targets.h"
+#include "vxctl/platform/console.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <unistd.h>
 
 namespace vxctl {
 
@@ -61,8 +61,8 @@ std::string WhyOf(const Outcome& outcome)
 }
 
 Account::Account(const Order& whatIsDone, const std::vector<Target>& toWhom)
-    : order(whatIsDone), signs(toWhom), json(order.With().Has("--json")), drawsProgress(::isatty(STDERR_FILENO) != 0),
-      isDone(signs.size())
+    : order(whatIsDone), signs(toWhom), json(order.With().Has("--json")),
+      drawsProgress(platform::IsTerminal(platform::Standard::kError)), isDone(signs.size())
 {
 }
 

@@ -2,10 +2,10 @@
 #include "vxctl/many/pool.h"
 
 #include "vxctl/cli/interrupt.h"
+#include "vxctl/platform/console.h"
 
 #include <algorithm>
 #include <condition_variable>
-#include <csignal>
 #include <mutex>
 #include <system_error>
 #include <utility>
@@ -17,26 +17,6 @@ namespace {
 using SteadyClock = std::chrono::steady_clock;
 
 constexpr auto kPatience = std::chrono::milliseconds(800); // with what does not heed an abort
-
-// Threads that begin meanwhile take over that they get no signals.
-class SignalsBlocked
-{
-public:
-    SignalsBlocked()
-    {
-        sigset_t signals;
-        ::sigemptyset(&signals);
-        ::sigaddset(&signals, SIGINT);
-        ::sigaddset(&signals, SIGTERM);
-        ::pthread_sigmask(SIG_BLOCK, &signals, &former);
-    }
-    ~SignalsBlocked() { ::pthread_sigmask(SIG_SETMASK, &former, nullptr); }
-    SignalsBlocked(const SignalsBlocked&) = delete;
-    SignalsBlocked& operator=(const SignalsBlocked&) = delete;
-
-private:
-    sigset_t former{};
-};
 
 } // namespace
 
@@ -83,7 +63,7 @@ struct Pool::Work
 Pool::Pool(std::size_t count, std::size_t jobs, Task task, AtFailure atFailure)
     : work(std::make_shared<Work>(count, std::move(task), atFailure))
 {
-    const SignalsBlocked blocked;
+    const platform::SignalsBlocked blocked;
     const std::lock_guard lock(work->mutex);
     try {
         for (; work->busy < std::min(count, jobs); ++work->busy)

@@ -4,6 +4,7 @@
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/fieldText.h"
 #include "vxctl/cli/localFiles.h"
+#include "vxctl/platform/localFiles.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -11,7 +12,6 @@
 #include <iterator>
 #include <limits>
 #include <memory>
-#include <sys/stat.h>
 #include <system_error>
 #include <tuple>
 #include <utility>
@@ -63,14 +63,6 @@ bool Bind(const fs::path& file)
     std::string name = file.filename().string();
     Check(vxPLInit(folder.data(), name.data()));
     return vxLoadSYSFromXML(nullptr) == VX_OK; // what the first one makes of the file it keeps to itself
-}
-
-// Another one whenever the file was written, or another file put in its place.
-auto VersionOf(const fs::path& file)
-{
-    struct stat status = {};
-    ::stat(file.c_str(), &status);
-    return std::tuple(status.st_ino, status.st_mtim.tv_sec, status.st_mtim.tv_nsec);
 }
 
 fs::path WithFolder(const fs::path& file)
@@ -134,9 +126,9 @@ void PlayList::Save()
     const bool hasContent = fs::file_size(file, error) != 0 && !error;
     const std::vector<std::uint8_t> before = hasContent ? ReadWhole(file.string()) : std::vector<std::uint8_t>();
     const auto root = Level("/");
-    const auto version = VersionOf(file);
+    const auto version = platform::VersionOf(file);
     Check(vxPLSave());
-    if (VersionOf(file) == version) // it does not tell that it could not
+    if (platform::VersionOf(file) == version) // it does not tell that it could not
         throw SignFailure(VX_OPEN_FILE);
     if (vxLoadSYSFromXML(nullptr) == VX_OK && Level("/") == root)
         return;

@@ -84,7 +84,7 @@ std::string NotFetched(const Session& session, const PlayList& list, const VXPLA
     if (const std::uint32_t asked = AskSize(path, false, session.options.chunk, size); !IsDone(asked))
         return vxErrorDesc(asked);
     const fs::path local = list.Folder() / name;
-    const std::uint32_t got = vxOSGetFileSize(local.c_str());
+    const std::uint32_t got = vxOSGetFileSize(local.string().c_str());
     if (got == size)
         return "";
     std::error_code error;

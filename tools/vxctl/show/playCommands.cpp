@@ -43,7 +43,7 @@ std::uint32_t ShowPlaying(Session& session, const Args& /*args*/)
 std::uint32_t TakeScreenshot(Session& session, const Args& args)
 {
     const LocalTarget target(args.Text("FILE"), "screenshot.jpeg");
-    Check(vxReadCurScreenshot(target.Temporary().c_str()));
+    Check(vxReadCurScreenshot(target.Temporary().string().c_str()));
     target.Keep();
     session.report.Value("screenshot", "local", target.Final().string());
     return VX_OK;
