@@ -15,7 +15,13 @@ endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/vxsign DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
     FILES_MATCHING REGEX "\\.(h|hpp)$")
 
-install(EXPORT vxsignTargets FILE vxsignConfig.cmake NAMESPACE vxsign:: DESTINATION ${VXSIGN_PACKAGE_DIR})
+if(WIN32)
+    install(FILES ${VXSIGN_DEF} ${VXSIGN_MSVC_LIBRARY} DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    install(EXPORT vxsignTargets NAMESPACE vxsign:: DESTINATION ${VXSIGN_PACKAGE_DIR})
+    install(FILES ${PROJECT_SOURCE_DIR}/cmake/windows/vxsignConfig.cmake DESTINATION ${VXSIGN_PACKAGE_DIR})
+else()
+    install(EXPORT vxsignTargets FILE vxsignConfig.cmake NAMESPACE vxsign:: DESTINATION ${VXSIGN_PACKAGE_DIR})
+endif()
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/vxsignConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/vxsignConfigVersion.cmake DESTINATION ${VXSIGN_PACKAGE_DIR})
 

@@ -6,6 +6,11 @@
 #include <stdint.h>
 #include <stdio.h>
 
+/* Windows has 64 bits here, and so one calling convention for functions and callbacks alike. */
+#if defined(_WIN32) && !defined(_WIN64)
+#error "vxsign.dll is for 64-bit programs"
+#endif
+
 #if defined(_WIN32)
 #if defined(VXSIGN_BUILDING)
 #define VXSIGN_API __declspec(dllexport)
@@ -33,7 +38,8 @@
  *   VX_BYTES(n)        room or length in bytes: a number or an expression over the other parameters, in C. Of a pointer
  *                      to a pointer it tells of what the second one leads to
  *   VX_COUNT(n)        the same in elements
- *   VX_PATH            path of this PC, in its encoding
+ *   VX_PATH            path of this PC, in its encoding. On Windows that is the code page of the program: UTF-8 where
+ *                      its manifest says so, else the ANSI code page
  *   VX_SIGN_TEXT       text that the sign sees, paths and names on it included: bytes in the encoding of the sign
  *
  * A text without VX_PATH and VX_SIGN_TEXT is ASCII. */
