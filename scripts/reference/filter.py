@@ -7,6 +7,7 @@ advice that belong to it.
 """
 import re
 import sys
+import textwrap
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent.parent
@@ -16,6 +17,7 @@ from resultWords import result_words  # noqa: E402
 
 COMMENT = re.compile(r"/\*(.*?)\*/", re.S)
 NAME = re.compile(r"\b(vx\w+|VX_[A-Z0-9_]+)\b(?!\.h)(?:\(\))?")
+SET_IN = re.compile(r"(?:\n+  +.*)+")
 SPECIAL = re.compile(r"[\\@<>*#&$%|~`]")
 
 
@@ -44,15 +46,8 @@ def linked(text):
 
 def body(comment):
     """The text of a comment; lines that are set in, which are tables and lists, stay lines."""
-    lines = linked("\n".join(re.sub(r"^ ?\* ?", "", line).rstrip() for line in comment.strip().split("\n"))).split("\n")
-    out, inside = [], False
-    for line in lines:
-        is_set_in = line.startswith("  ")
-        if is_set_in != inside and (is_set_in or line):
-            out.append("<pre>" if is_set_in else "</pre>")
-            inside = is_set_in
-        out.append(line)
-    return "\n".join(out + ["</pre>"] * inside)
+    text = linked("\n".join(re.sub(r"^ ?\* ?", "", line).rstrip() for line in comment.strip().split("\n")))
+    return SET_IN.sub(lambda lines: f"\n<pre>\n{textwrap.dedent(lines[0].strip(chr(10)))}\n</pre>\n", text)
 
 
 def trailing(line):
