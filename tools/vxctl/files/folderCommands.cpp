@@ -5,7 +5,9 @@
 
 #include <vxsign/filesystem.h>
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdio>
 #include <vector>
 
@@ -51,7 +53,7 @@ std::uint32_t ReadPages(const std::string& path, Entries& entries)
         }
         if (start == before)
             break;
-    } while (start < total);
+    } while (start < std::min<std::uint32_t>(total, UINT16_MAX)); // a request has 16 bits for the start
     return VX_OK;
 }
 
