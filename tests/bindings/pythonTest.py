@@ -268,11 +268,16 @@ def test_examples(virtual_sign, program, arguments, said):
     assert Sign(virtual_sign.url).playing() or program in ("file.py", "logs.py")
 
 
+def hear_interrupts():
+    """What a shell starts in the background does not."""
+    signal.signal(signal.SIGINT, signal.SIG_DFL)
+
+
 def test_an_example_that_is_interrupted(virtual_sign, tmp_path):
     (tmp_path / "large").write_bytes(bytes(4 << 20))
     example = pathlib.Path(__file__).parents[2] / "examples" / "python" / "file.py"
     command = [sys.executable, example, virtual_sign.url, tmp_path / "large", "D:\\T\\L.BIN"]
-    with subprocess.Popen(command, stdout=subprocess.PIPE, text=True) as running:
+    with subprocess.Popen(command, stdout=subprocess.PIPE, text=True, preexec_fn=hear_interrupts) as running:
         running.stdout.read(4)  # the first percentage
         running.send_signal(signal.SIGINT)
         assert running.stdout.read().endswith("\nended\n") and running.wait() == 1
