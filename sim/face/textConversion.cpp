@@ -15,6 +15,13 @@
 namespace vxsim {
 namespace {
 
+[[noreturn]] void RefuseName(const std::string& name)
+{
+    throw std::invalid_argument("'" + name + "' is no encoding that this PC knows");
+}
+
+#ifdef VXSIGN_HAS_ICONV
+
 // What follows a slash would tell iconv to put something else in place of what an encoding lacks.
 bool IsName(std::string_view name)
 {
@@ -24,13 +31,6 @@ bool IsName(std::string_view name)
     };
     return !name.empty() && std::ranges::all_of(name, isPart);
 }
-
-[[noreturn]] void RefuseName(const std::string& name)
-{
-    throw std::invalid_argument("'" + name + "' is no encoding that this PC knows");
-}
-
-#ifdef VXSIGN_HAS_ICONV
 
 void* Open(const std::string& from, const std::string& to)
 {
