@@ -22,7 +22,8 @@ constexpr std::size_t kHeadSize = 10;
 bool EndsInNmg(std::string_view path)
 {
     const std::string_view end = path.substr(path.size() - std::min<std::size_t>(path.size(), 3));
-    return std::equal(end.begin(), end.end(), "NMG", "NMG" + 3,
+    constexpr std::string_view kNmg = "NMG";
+    return std::equal(end.begin(), end.end(), kNmg.begin(), kNmg.end(),
                       [](unsigned char letter, char wanted) { return std::toupper(letter) == wanted; });
 }
 

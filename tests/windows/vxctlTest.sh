@@ -24,7 +24,7 @@ com=COM$((RANDOM % 100 + 11))
 upgraded=COM$((RANDOM % 100 + 111))
 "$wine" reg add 'HKLM\Software\Wine\Ports' /v "$com" /d "$device" /f >"$work/out" 2>&1 || fail "no port for Wine"
 "$wine" reg add 'HKLM\Software\Wine\Ports' /v "$upgraded" /d "$loader" /f >"$work/out" 2>&1 || fail "no port for Wine"
-"$wine" wineboot -e -f -r >"$work/out" 2>&1
+WINEPREFIX=${WINEPREFIX:-$(realpath "$here/../..")/build/windows-deps/wine} timeout 60 wineserver -k -w
 
 for sign in "udp://127.0.0.1:$signPort" "tcp://127.0.0.1:$signPort" "serial:$com@115200"; do
     expect 0 -s "$sign" ping
