@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Prints the commands (on standard input as `vxsim --commands` has them) and the result words as tables in Lua."""
+"""Prints the commands (on standard input as `vxsim --commands` has them) and the result words as tables in Lua, or with
+--rows the commands alone as rows that C++ includes."""
 import re
 import sys
 
@@ -24,7 +25,17 @@ def lua(text):
     return '"' + text.replace("\\", "\\\\").replace('"', '\\"') + '"'
 
 
+def print_rows():
+    print("// Names of the commands, as vxsim has them: VX_COMMAND(major, minor, name), -1 for any minor.")
+    for code, names in commands(sys.stdin).items():
+        major, minor = code.split(",")
+        print(f'VX_COMMAND({major}, {minor.replace("*", "-1")}, {lua(" or ".join(dict.fromkeys(names)))})')
+    print("#undef VX_COMMAND")
+
+
 def main():
+    if "--rows" in sys.argv:
+        return print_rows()
     print("local names = {")
     for code, names in commands(sys.stdin).items():
         print(f'    ["{code}"] = {lua(" or ".join(dict.fromkeys(names)))},')

@@ -37,6 +37,7 @@ compare() {
 }
 
 dissector() { vxsim --commands | python3 scripts/dissectorTables.py; }
+rows() { vxsim --commands | python3 scripts/dissectorTables.py --rows; }
 
 begin='<!-- from the commands -->'
 end='<!-- end of what is from the commands -->'
@@ -47,4 +48,5 @@ compare docs/vxsim.md "$begin" "$end" vxsim --commands || result=1
 compare docs/vxbridge.md "$begin" "$end" vxbridge --verbs || result=1
 compare docs/functions.md '<!-- from the headers -->' '<!-- end of what is from the headers -->' scripts/functionIndex.py || result=1
 compare tools/wireshark/vxsign.lua '-- from the commands' '-- end of what is from the commands' dissector || result=1
+compare words/commandNames.def '// from the commands' '// end of what is from the commands' rows || result=1
 exit $result

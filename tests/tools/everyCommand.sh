@@ -175,6 +175,8 @@ text 0 preview --text $hostile
 . 0 error 0x5100
 . 0 raw 1 12
 . 0 ping -n 1
+. 0 ping -n 1 --record line.pcapng
+. 0 explain line.pcapng
 . 0 help ls
 . 0 completion bash
 . 0 reset

@@ -116,6 +116,7 @@ Outcome Try(Session& session, const Order& order)
             throw SignFailure(result);
         return {.status = session.exitStatus.value_or(EXIT_SUCCESS)};
     } catch (const SignFailure& failure) {
+        session.HangUp();
         return IsAborted() ? Stopped(session, failure) : Failed(session, failure, order.With());
     } catch (const UsageError& error) {
         return IsAborted() ? Stopped(session, SignFailure(VX_ABORTED)) : Refused(order.What().name, error.what());
@@ -142,6 +143,7 @@ Outcome Run(Session& session, const Order& order)
 {
     TurnToSign();
     Outcome outcome = Try(session, order);
+    session.HangUp();
     if (outcome.reason.empty() && outcome.advice.empty())
         outcome.advice = AdviceFor(outcome.result);
     return outcome;

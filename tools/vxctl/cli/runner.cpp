@@ -9,6 +9,9 @@
 #include "vxctl/cli/terminal.h"
 #include "vxctl/many/manySigns.h"
 #include "vxctl/many/targets.h"
+#ifdef VXCTL_HAS_RECORDING
+#include "vxctl/record/captureWriter.h"
+#endif
 
 #include <algorithm>
 #include <cstdlib>
@@ -94,6 +97,30 @@ int Tell(const Report& report, const Outcome& outcome)
     return outcome.status;
 }
 
+int RunOrder(const Order& order, Session& session)
+{
+    const bool areMany = session.signs.size() > 1 || order.What().signs == Signs::kOfBook ||
+                         (order.With().Has("--retry-failed") && !session.signs.empty());
+    if (areMany && order.What().signs != Signs::kTogether)
+        return RunMany(order, session.signs);
+    return Tell(session.report, Run(session, order));
+}
+
+#ifdef VXCTL_HAS_RECORDING
+// With all that goes to the signs and back in a capture.
+int RunRecorded(const Order& order, Session& session)
+{
+    if (order.What().line == Line::kNone)
+        throw UsageError("asks no sign, so that there is nothing to record");
+    Recording recording(order.With().Text("--record"), order.With().Has("--with-secrets"));
+    const int status = RunOrder(order, session);
+    const std::string fault = recording.Fault();
+    if (!fault.empty())
+        PrintLine(Stream::kError, "vxctl: " + fault);
+    return status == EXIT_SUCCESS && !fault.empty() ? kExitFailure : status;
+}
+#endif
+
 } // namespace
 
 std::uint32_t Execute(Session& session, const std::vector<std::string>& words)
@@ -127,11 +154,11 @@ int RunTool(const std::vector<std::string>& words)
     session.report.UseJson(WantsJson(words));
     try {
         const Order order = OrderOf(line, line.Parse(words), session);
-        const bool areMany = session.signs.size() > 1 || order.What().signs == Signs::kOfBook ||
-                             (order.With().Has("--retry-failed") && !session.signs.empty());
-        if (areMany && order.What().signs != Signs::kTogether)
-            return RunMany(order, session.signs);
-        return Tell(session.report, Run(session, order));
+#ifdef VXCTL_HAS_RECORDING
+        if (order.With().Has("--record"))
+            return RunRecorded(order, session);
+#endif
+        return RunOrder(order, session);
     } catch (const UsageError& error) {
         return Refuse(session.report, line.Found(), error.what());
     } catch (const CLI::ParseError& error) {

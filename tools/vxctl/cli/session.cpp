@@ -3,17 +3,37 @@
 
 #include "vxctl/cli/failure.h"
 #include "vxctl/cli/interrupt.h"
+#ifdef VXCTL_HAS_RECORDING
+#include "vxctl/record/relay.h"
+#endif
 
 #include <vxsign/login.h>
 
 namespace vxctl {
 
+namespace {
+
+// Where the library finds the sign: at a relay while all is recorded.
+const SignUrl& PlaceFor([[maybe_unused]] const Session& session, const SignUrl& named)
+{
+#ifdef VXCTL_HAS_RECORDING
+    if (session.relay == nullptr)
+        session.relay = MakeRelay(named, session.options);
+    if (session.relay != nullptr)
+        return session.relay->Place();
+#endif
+    return named;
+}
+
+} // namespace
+
 void Session::Connect(vxOnProgress onProgress, vxOnLog onLog) const
 {
-    const SignUrl sign = Sign(); // which may take its time over a name, and has sent nothing yet
+    const SignUrl named = Sign(); // which may take its time over a name, and has sent nothing yet
     if (heedsSignals)
         AbortOnInterrupt();
     HeedAborts();
+    const SignUrl& sign = PlaceFor(*this, named);
     vxApiConfig config{};
     config.kind = sign.kind;
     // Both fit with their ends: a dotted address has 15 characters, and Resolve looks at the serial name.

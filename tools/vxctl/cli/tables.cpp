@@ -27,6 +27,12 @@ constexpr Argument kCommon[] = {
     Flag("--fail-fast", "many signs: begin no more when one has failed"),
     Of(kPlainFile, "--retry-failed",
        "many signs: FILE gets those that failed; what it names already takes the place of -s"),
+#ifdef VXCTL_HAS_RECORDING
+    Of(kPlainFile, "--record",
+       "a capture that gets all that goes to the signs and back, behind what it has; \"vxctl help explain\" tells "
+       "more"),
+    Flag("--with-secrets", "passwords and Wi-Fi keys stay in the recording").Needs("--record"),
+#endif
 };
 
 constexpr const CommandTable* kTables[] = {
@@ -74,6 +80,7 @@ constexpr const CommandTable* kTables[] = {
     &kBookCommands,
     &kRawCommands,
     &kPingCommands,
+    &kRecordCommands,
     &kToolCommands,
 };
 

@@ -48,6 +48,7 @@ extern const CommandTable kLocalCommands;
 extern const CommandTable kBookCommands;
 extern const CommandTable kRawCommands;
 extern const CommandTable kPingCommands;
+extern const CommandTable kRecordCommands;
 extern const CommandTable kToolCommands;
 
 // The options that hold for every command.

@@ -125,6 +125,7 @@ LineState ExamineLine(Session& session)
     session.Connect();
     while (line.asked < kQuestions && (line.answered != 0 || line.asked < kEnough) && !line.isAborted)
         AskOnce(line);
+    session.HangUp();
     if (line.answered == 0 && !line.isAborted)
         line.fault = LookAtLine(session.options);
     line.isLate = line.silent == line.asked && !line.isAborted && line.fault.reason.empty() && IsLate(session);
