@@ -87,7 +87,7 @@ TEST(Capture, ReadsWhatOthersCapture)
         std::string fault;
         const std::string text = Text(file.path, fault);
         EXPECT_EQ(fault, "");
-        EXPECT_NE(text.find("udp://10.0.0.2:9520  -> 3,1    connect test  id 7"), std::string::npos) << text;
+        EXPECT_NE(text.find("udp://10.0.0.2:9520  -> 3,1    connect test             id 7"), std::string::npos) << text;
     }
 }
 

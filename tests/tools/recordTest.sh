@@ -47,6 +47,12 @@ expect 0 explain modbus.pcapng
 says out "Modbus"
 says out " 0 damaged"
 
+start "$work/loader" --serial --bootloader
+expect 0 -s "serial:$(sed -n 's/^serial //p' "$work/loader.lines")" upgrade hello.nmg --record upgrade.pcapng
+expect 0 explain upgrade.pcapng
+says out "XMODEM block 1"
+says out " 0 damaged"
+
 # Who does not answer is told as without a recording, as fast.
 for url in "tcp://127.0.0.1:1" "udp://127.0.0.1:1" "serial:/dev/null" "serial:/dev/ttyNONE9"; do
     expect 1 -s "$url" blank --timeout 50 --retries 2

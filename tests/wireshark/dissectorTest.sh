@@ -58,6 +58,22 @@ if fresh; then
         cp "$work/ports" "$here/signs.ports"
     fi
 fi
+# What vxctl records, of which tshark follows each stream and finds each checksum right.
+"$programs/vxsim" --port 0 --face none --serial --dir "$work/recorded" >"$work/lines" 2>/dev/null &
+pids+=($!)
+for _ in $(seq 100); do grep -q '^serial' "$work/lines" && break || sleep 0.05; done
+port=$(sed -n 's/^udp .*://p' "$work/lines")
+for url in "udp://127.0.0.1:$port" "tcp://127.0.0.1:$port" "serial:$(sed -n 's/^serial //p' "$work/lines")"; do
+    "$programs/vxctl" -s "$url" --record "$work/record.pcapng" put "$root/examples/logo.bmp" D:/F/LOGO.BMP >"$work/out"
+done
+told "$work/record.pcapng" "$port" 9521 >"$work/record.txt"
+[ "$(wc -l <"$work/record.txt")" -gt 11 ] || { echo "only $(wc -l <"$work/record.txt") packets recorded" >&2 && exit 1; }
+checked=(-o ip.check_checksum:TRUE -o tcp.check_checksum:TRUE -o udp.check_checksum:TRUE -d "udp.port==$port,vxsign" -d "tcp.port==$port,vxsign")
+if dissect "$work/record.pcapng" "${checked[@]}" -Y '_ws.malformed or vxsign.noise or vxsign.bad_sum or tcp.analysis.flags or ip.checksum.status == 0 or tcp.checksum.status == 0 or udp.checksum.status == 0' |
+    grep .; then
+    echo "these are recorded wrongly" >&2
+    exit 1
+fi
 read -r port modbus <"$here/signs.ports"
 told "$here/signs.pcapng" "$port" "$modbus" >"$work/kept.txt"
 [ -z "$update" ] || cp "$work/kept.txt" "$here/signs.txt"

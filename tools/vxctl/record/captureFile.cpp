@@ -4,6 +4,7 @@
 #include "vxctl/cli/bytes.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace vxctl {
 
@@ -37,8 +38,8 @@ std::chrono::nanoseconds TimeOf(std::uint64_t ticks, std::uint64_t inSecond, std
     constexpr std::int64_t kLatest = 9000000000; // what nanoseconds of 64 bits can have
     const auto seconds = static_cast<std::int64_t>(std::min<std::uint64_t>(ticks / inSecond, kLatest)) +
                          std::clamp(offset, -kLatest, kLatest);
-    const auto rest = static_cast<std::int64_t>(
-        static_cast<double>(ticks % inSecond) * static_cast<double>(kBillion) / static_cast<double>(inSecond) + 0.5);
+    const double part = static_cast<double>(ticks % inSecond) / static_cast<double>(inSecond);
+    const std::int64_t rest = std::llround(part * static_cast<double>(kBillion));
     return std::chrono::seconds(std::clamp<std::int64_t>(seconds, 0, kLatest)) + std::chrono::nanoseconds(rest);
 }
 

@@ -47,6 +47,16 @@ bool IsModbus(std::span<const std::uint8_t> bytes)
     return crc == Load16(bytes, bytes.size() - 2);
 }
 
+// Whether all of it is a block with its number twice, or one of the signs about blocks.
+bool IsXModem(std::span<const std::uint8_t> bytes)
+{
+    constexpr std::uint8_t kSigns[] = {0x04, 0x06, 0x15, 0x18, 0x43};
+    if (bytes.size() == 1)
+        return std::ranges::find(kSigns, bytes[0]) != std::end(kSigns);
+    const std::size_t data = bytes.size() < 132 ? 0 : bytes[0] == 1 ? 128 : bytes[0] == 2 ? 1024 : 0;
+    return data != 0 && (bytes.size() == data + 4 || bytes.size() == data + 5) && (bytes[1] ^ bytes[2]) == 0xFF;
+}
+
 } // namespace
 
 void CaptureTalk::Add(const CapturedFrame& frame)
@@ -124,8 +134,8 @@ void CaptureTalk::Continue(Stream& stream, const Said& said)
 void CaptureTalk::Take(std::vector<std::uint8_t>& bytes, const Said& said, bool isEnd)
 {
     std::span<const std::uint8_t> left = bytes;
-    if (IsModbus(left)) {
-        Put(said, Said::What::kModbus, left);
+    if (IsModbus(left) || IsXModem(left)) {
+        Put(said, IsModbus(left) ? Said::What::kModbus : Said::What::kXModem, left);
         left = {};
     }
     while (!left.empty()) {

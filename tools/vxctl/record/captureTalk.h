@@ -23,9 +23,10 @@ struct Said
     {
         kPacket, // of a sign, whole
         kModbus,
-        kNoise, // belongs to no packet
-        kCut,   // a packet without its end
-        kLost   // bytes of a connection that the capture does not have; as many as size tells
+        kXModem, // a block of firmware, or what is said about one
+        kNoise,  // belongs to no packet
+        kCut,    // a packet without its end
+        kLost    // bytes of a connection that the capture does not have; as many as size tells
     };
     What what = What::kPacket;
     bool isReply = false;  // from the sign

@@ -64,7 +64,7 @@ public:
     // Gives what came from the library, and ends with it.
     std::vector<std::uint8_t> FromLibrary()
     {
-        const std::vector<std::uint8_t> bytes = Take(down, out);
+        std::vector<std::uint8_t> bytes = Take(down, out);
         if (bytes.empty() && errno != EAGAIN)
             Close();
         return bytes;
@@ -73,7 +73,7 @@ public:
     // What came from the sign. At its end the library is told so, and still heard.
     std::vector<std::uint8_t> FromSign()
     {
-        const std::vector<std::uint8_t> bytes = Take(up, in);
+        std::vector<std::uint8_t> bytes = Take(up, in);
         if (bytes.empty() && errno == 0) {
             End(in, Way::kIn, kTcpFin | kTcpAcknowledge);
             ::shutdown(down.Get(), SHUT_WR);

@@ -97,7 +97,8 @@ private:
             peers.pop_front();
         Descriptor socket = BoundSocket(SOCK_DGRAM, INADDR_ANY);
         const std::uint16_t port = LocalEnd(socket.Get()).port;
-        return peers.emplace_back(library, std::move(socket), RecordedLine(to, number, {host, port}, sign));
+        peers.push_back({library, std::move(socket), RecordedLine(to, number, {host, port}, sign)});
+        return peers.back();
     }
 
     Recording& to;

@@ -99,7 +99,7 @@ std::uint32_t ExplainCapture(Session& session, const Args& args)
 const Command kCommands[] = {
     {
         .name = "explain",
-        .help = "Tell what a capture holds: each packet in a line",
+        .help = "Show what a capture holds, each packet in a line",
         .details =
             "Captures are made by --record, with any command, or by Wireshark, tcpdump and the like: pcapng or pcap, "
             "of "

@@ -38,7 +38,7 @@ std::uint32_t HostTowards(const Endpoint& sign)
 {
     const Descriptor probe(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
     const sockaddr_in address = AddressOf(sign);
-    ::connect(probe.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address); // which sends nothing
+    (void)::connect(probe.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address); // which sends nothing
     return LocalEnd(probe.Get()).host;
 }
 

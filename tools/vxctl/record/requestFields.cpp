@@ -9,32 +9,68 @@ namespace vxctl {
 
 namespace {
 
+enum class Kind : std::uint8_t
+{
+    kNumber,
+    kText,
+    kExtendedText // in the extended part, all others in the payload
+};
+
 struct FieldRow
 {
+    const char* name;
     std::uint8_t major;
     std::uint8_t firstMinor;
     std::uint8_t lastMinor;
-    const char* name;
-    std::size_t at;   // in the payload
-    std::size_t size; // of a number, or the most of a text
-    bool isText;
-    bool isExtended = false; // there in place of the payload
+    Kind kind;
+    std::size_t at;
+    std::size_t size; // of a text the most
 };
 
 constexpr std::size_t kRest = SIZE_MAX;
 
 constexpr FieldRow kFields[] = {
-    {1, 2, 3, "file", 0, 12, true},           {1, 2, 3, "number", 14, 2, false},   {1, 4, 7, "drive", 0, 1, true},
-    {1, 4, 7, "file", 4, 12, true},           {1, 4, 7, "number", 18, 2, false},   {1, 8, 8, "path", 4, kRest, true},
-    {1, 8, 8, "number", 2, 2, false},         {1, 17, 17, "path", 8, kRest, true}, {1, 17, 17, "number", 4, 4, false},
-    {1, 31, 31, "path", 8, kRest, true},      {1, 31, 31, "number", 4, 4, false},  {1, 9, 9, "number", 2, 2, false},
-    {1, 21, 21, "sql", 0, kRest, true, true}, {2, 2, 3, "file", 0, 12, true},      {2, 2, 3, "number", 20, 2, false},
-    {2, 2, 3, "packets", 18, 2, false},       {2, 4, 7, "drive", 0, 1, true},      {2, 4, 7, "file", 2, 12, true},
-    {2, 4, 7, "number", 22, 2, false},        {2, 4, 7, "packets", 20, 2, false},  {2, 8, 8, "path", 10, kRest, true},
-    {2, 8, 8, "number", 8, 2, false},         {2, 8, 8, "packets", 6, 2, false},   {2, 13, 13, "path", 14, kRest, true},
-    {2, 13, 13, "number", 10, 4, false},      {2, 13, 13, "packets", 6, 4, false}, {2, 14, 14, "file", 0, 32, true},
-    {4, 7, 7, "front", 0, 1, false},          {4, 7, 7, "back", 1, 1, false},      {10, 1, 1, "user", 0, 14, true},
-    {10, 3, 3, "user", 0, 14, true},          {54, 1, 4, "page", 0, 1, false},     {54, 1, 4, "zone", 1, 1, false},
+    {"file", 1, 2, 3, Kind::kText, 0, 12},
+    {"number", 1, 2, 3, Kind::kNumber, 14, 2},
+    {"drive", 1, 4, 7, Kind::kText, 0, 1},
+    {"file", 1, 4, 7, Kind::kText, 4, 12},
+    {"number", 1, 4, 7, Kind::kNumber, 18, 2},
+    {"path", 1, 8, 8, Kind::kText, 4, kRest},
+    {"number", 1, 8, 8, Kind::kNumber, 2, 2},
+    {"path", 1, 17, 17, Kind::kText, 8, kRest},
+    {"number", 1, 17, 17, Kind::kNumber, 4, 4},
+    {"path", 1, 31, 31, Kind::kText, 8, kRest},
+    {"number", 1, 31, 31, Kind::kNumber, 4, 4},
+    {"number", 1, 9, 9, Kind::kNumber, 2, 2},
+    {"sql", 1, 21, 21, Kind::kExtendedText, 0, kRest},
+    {"file", 2, 2, 3, Kind::kText, 0, 12},
+    {"number", 2, 2, 3, Kind::kNumber, 20, 2},
+    {"packets", 2, 2, 3, Kind::kNumber, 18, 2},
+    {"drive", 2, 4, 7, Kind::kText, 0, 1},
+    {"file", 2, 4, 7, Kind::kText, 2, 12},
+    {"number", 2, 4, 7, Kind::kNumber, 22, 2},
+    {"packets", 2, 4, 7, Kind::kNumber, 20, 2},
+    {"path", 2, 8, 8, Kind::kText, 10, kRest},
+    {"number", 2, 8, 8, Kind::kNumber, 8, 2},
+    {"packets", 2, 8, 8, Kind::kNumber, 6, 2},
+    {"path", 2, 13, 13, Kind::kText, 14, kRest},
+    {"number", 2, 13, 13, Kind::kNumber, 10, 4},
+    {"packets", 2, 13, 13, Kind::kNumber, 6, 4},
+    {"file", 2, 14, 14, Kind::kText, 0, 32},
+    {"front", 4, 7, 7, Kind::kNumber, 0, 1},
+    {"back", 4, 7, 7, Kind::kNumber, 1, 1},
+    {"path", 7, 3, 3, Kind::kText, 0, kRest},
+    {"path", 7, 4, 5, Kind::kText, 0, kRest},
+    {"path", 7, 6, 6, Kind::kText, 0, kRest},
+    {"path", 7, 11, 11, Kind::kText, 0, kRest},
+    {"path", 7, 12, 12, Kind::kText, 4, kRest},
+    {"drive", 7, 13, 13, Kind::kText, 0, 1},
+    {"path", 7, 14, 14, Kind::kText, 0, kRest},
+    {"path", 7, 16, 16, Kind::kText, 0, kRest},
+    {"user", 10, 1, 1, Kind::kText, 0, 14},
+    {"user", 10, 3, 3, Kind::kText, 0, 14},
+    {"page", 54, 1, 4, Kind::kNumber, 0, 1},
+    {"zone", 54, 1, 4, Kind::kNumber, 1, 1},
 };
 
 std::string TextOf(std::span<const std::uint8_t> part, const FieldRow& row)
@@ -51,12 +87,13 @@ std::vector<RequestField> FieldsOf(const SignPacket& request)
 {
     std::vector<RequestField> fields;
     for (const FieldRow& row : kFields) {
-        const auto part = row.isExtended ? request.Extended() : request.Payload();
+        const auto part = row.kind == Kind::kExtendedText ? request.Extended() : request.Payload();
         if (request.IsForTile() || row.major != request.Major() || request.Minor() < row.firstMinor ||
             request.Minor() > row.lastMinor || row.at >= part.size())
             continue;
-        fields.push_back({row.name, row.isText ? TextOf(part, row) : std::to_string(LoadNumber(part, row.at, row.size)),
-                          row.isText});
+        const bool isText = row.kind != Kind::kNumber;
+        fields.push_back(
+            {row.name, isText ? TextOf(part, row) : std::to_string(LoadNumber(part, row.at, row.size)), isText});
     }
     return fields;
 }

@@ -3,6 +3,7 @@
 
 #include "vxctl/cli/bytes.h"
 #include "vxctl/cli/numbers.h"
+#include "vxctl/platform/localFiles.h"
 #include "vxctl/record/requestFields.h"
 
 #include <vxsign/result.h>
@@ -37,13 +38,27 @@ std::string Formatted(const char* form, long number)
     return text.data();
 }
 
+std::tm Utc(std::chrono::seconds since)
+{
+    const std::chrono::sys_seconds when(since);
+    const auto day = std::chrono::floor<std::chrono::days>(when);
+    const std::chrono::year_month_day date(day);
+    const std::chrono::hh_mm_ss time(when - day);
+    std::tm parts{};
+    parts.tm_year = static_cast<int>(date.year()) - 1900;
+    parts.tm_mon = static_cast<int>(static_cast<unsigned>(date.month())) - 1;
+    parts.tm_mday = static_cast<int>(static_cast<unsigned>(date.day()));
+    parts.tm_hour = static_cast<int>(time.hours().count());
+    parts.tm_min = static_cast<int>(time.minutes().count());
+    parts.tm_sec = static_cast<int>(time.seconds().count());
+    return parts;
+}
+
 // By the clock of this PC or as UTC.
 std::string TimeText(std::chrono::nanoseconds time, bool isUtc)
 {
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);
-    const auto since = static_cast<std::time_t>(seconds.count());
-    std::tm parts{};
-    isUtc ? ::gmtime_r(&since, &parts) : ::localtime_r(&since, &parts);
+    const std::tm parts = isUtc ? Utc(seconds) : platform::LocalTime(static_cast<std::time_t>(seconds.count()));
     std::array<char, 48> text{};
     std::strftime(text.data(), text.size(), isUtc ? "%Y-%m-%dT%H:%M:%S" : "%Y-%m-%d %H:%M:%S", &parts);
     return text.data() + Formatted(".%06ld", static_cast<long>((time - seconds).count() / 1000)) + (isUtc ? "Z" : "");
@@ -87,15 +102,37 @@ std::string RequestText(const Said& said, const SignPacket& packet)
     return text + (said.isUnanswered ? (text.empty() ? "NO ANSWER" : ", NO ANSWER") : "");
 }
 
+// From a column on, and behind a blank at least.
+void AddCell(std::string& line, std::size_t column, const std::string& cell)
+{
+    line.resize(std::max(line.size() + 1, column), ' ');
+    line += cell;
+}
+
 std::string PacketText(const Said& said)
 {
     const SignPacket packet(said.bytes);
     const std::string name = packet.IsForTile() ? "tile's own" : CommandName(packet.Major(), packet.Minor());
     std::string text = std::to_string(packet.Major()) + "," + std::to_string(packet.Minor());
-    text.resize(std::max<std::size_t>(text.size() + 1, 7), ' ');
-    text += (name.empty() ? "?" : name) + "  id " + std::to_string(packet.Id()) + "  ";
-    text += packet.IsGood() ? "" : "BAD CHECKSUM, ";
-    return text + (said.isReply ? AnswerText(said, packet) : RequestText(said, packet));
+    AddCell(text, 7, name.empty() ? "?" : name);
+    AddCell(text, 32, "id " + std::to_string(packet.Id()));
+    const std::string rest = said.isReply ? AnswerText(said, packet) : RequestText(said, packet);
+    if (!packet.IsGood() || !rest.empty())
+        AddCell(text, 41, (packet.IsGood() ? "" : "BAD CHECKSUM  ") + rest);
+    return text;
+}
+
+std::string XModemText(std::span<const std::uint8_t> bytes)
+{
+    constexpr std::pair<std::uint8_t, const char*> kSigns[] = {{0x04, "end of the file"},
+                                                               {0x06, "taken"},
+                                                               {0x15, "not taken"},
+                                                               {0x18, "broken off"},
+                                                               {0x43, "blocks are wanted"}};
+    if (bytes.size() > 1)
+        return "block " + std::to_string(bytes[1]) + ", " + std::to_string(bytes.size()) + " bytes";
+    const auto* const found = std::ranges::find(kSigns, bytes[0], &std::pair<std::uint8_t, const char*>::first);
+    return found == std::end(kSigns) ? "" : found->second;
 }
 
 std::string SaidText(const Said& said)
@@ -105,6 +142,8 @@ std::string SaidText(const Said& said)
         return PacketText(said);
     case Said::What::kModbus:
         return "Modbus " + HexText(said.bytes);
+    case Said::What::kXModem:
+        return "XMODEM " + XModemText(said.bytes);
     case Said::What::kNoise:
         return "NOISE, " + std::to_string(said.size) + " bytes: " + HexText(said.bytes);
     case Said::What::kCut:
@@ -120,12 +159,12 @@ Tone ToneOf(const Said& said)
     const bool isPacket = said.what == Said::What::kPacket;
     if (said.isUnanswered || (isPacket && !SignPacket(said.bytes).IsGood()))
         return Tone::kWrong;
-    if (said.what == Said::What::kModbus || (isPacket && CodeOf(said) == VX_OK))
+    if (said.what == Said::What::kModbus || said.what == Said::What::kXModem || (isPacket && CodeOf(said) == VX_OK))
         return Tone::kPlain;
     return Tone::kDoubtful;
 }
 
-constexpr std::string_view kWhat[] = {"packet", "modbus", "noise", "cut", "lost"};
+constexpr std::string_view kWhat[] = {"packet", "modbus", "xmodem", "noise", "cut", "lost"};
 
 void PutPacket(Report::Json& object, const Said& said)
 {
