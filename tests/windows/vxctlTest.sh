@@ -70,7 +70,7 @@ status=0
 wait "$process" || status=$?
 [ "$status" -eq 130 ] && [ $((SECONDS - began)) -lt 10 ] || fail "Ctrl-C: status $status after $((SECONDS - began)) s"
 
-# A port that somebody has, one that is not there, a file that is not there, a path that is too long, a locked file.
+# A port that is not there, a file that is not there, a path that is too long.
 expect 1 -s serial:COM3999 ping
 says err "no such device"
 expect 2 -s "$sign" put absent 'D:\F\X'
