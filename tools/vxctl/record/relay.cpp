@@ -2,10 +2,10 @@
 #include "vxctl/record/relay.h"
 
 #include "vxctl/cli/failure.h"
+#include "vxctl/platform/console.h"
 
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <system_error>
 
 #include <fcntl.h>
@@ -32,17 +32,12 @@ Relay::Relay()
 
 void Relay::Begin()
 {
-    sigset_t all;
-    sigset_t former;
-    ::sigfillset(&all);
-    ::pthread_sigmask(SIG_SETMASK, &all, &former); // signals are for others
+    const platform::SignalsBlocked blocked; // signals are for others
     try {
         thread = std::jthread([this] { Run(); });
     } catch (const std::system_error& error) {
-        ::pthread_sigmask(SIG_SETMASK, &former, nullptr);
         throw SignFailure(VX_CALL, std::string("no relay for the recording: ") + error.what());
     }
-    ::pthread_sigmask(SIG_SETMASK, &former, nullptr);
 }
 
 void Relay::End()
