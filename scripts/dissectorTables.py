@@ -4,7 +4,7 @@
 import re
 import sys
 
-from resultWords import result_words
+from resultWords import literal, result_words
 
 ROW = re.compile(r"^\| (\d+), (\d+|any)(?: to (\d+))? \| ([^|]*) \|")
 
@@ -21,15 +21,11 @@ def commands(lines):
     return names
 
 
-def lua(text):
-    return '"' + text.replace("\\", "\\\\").replace('"', '\\"') + '"'
-
-
 def print_rows():
     print("// Names of the commands, as vxsim has them: VX_COMMAND(major, minor, name), -1 for any minor.")
     for code, names in commands(sys.stdin).items():
         major, minor = code.split(",")
-        print(f'VX_COMMAND({major}, {minor.replace("*", "-1")}, {lua(" or ".join(dict.fromkeys(names)))})')
+        print(f'VX_COMMAND({major}, {minor.replace("*", "-1")}, {literal(" or ".join(dict.fromkeys(names)))})')
     print("#undef VX_COMMAND")
 
 
@@ -38,10 +34,10 @@ def main():
         return print_rows()
     print("local names = {")
     for code, names in commands(sys.stdin).items():
-        print(f'    ["{code}"] = {lua(" or ".join(dict.fromkeys(names)))},')
+        print(f'    ["{code}"] = {literal(" or ".join(dict.fromkeys(names)))},')
     print("}\nlocal words = {")
     for number, text, _ in result_words().values():
-        print(f"    [0x{number:04X}] = {lua(text)},")
+        print(f"    [0x{number:04X}] = {literal(text)},")
     print("}")
 
 

@@ -12,6 +12,11 @@ def joined(strings):
     return "".join(re.findall(r'"((?:[^"\\]|\\.)*)"', strings)).replace('\\"', '"')
 
 
+def literal(text):
+    """A text as C, C# and Lua write it."""
+    return '"' + text.replace("\\", "\\\\").replace('"', '\\"') + '"'
+
+
 def result_words():
     text = (ROOT / "words" / "resultWords.def").read_text()
     for name, strings in ADVICE.findall(text):

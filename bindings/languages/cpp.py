@@ -1,5 +1,7 @@
 """include/vxsign/advice.hpp: what helps, for each result that has such a word."""
 
+from resultWords import literal
+
 OUTPUT = "include/vxsign/advice.hpp"
 
 HEAD = """// What helps when a result is no success. Written by bindings/generate.py from words/resultWords.def.
@@ -40,9 +42,5 @@ constexpr std::string_view AdviceFor(std::uint32_t code)
 
 
 def write(model):
-    rows = [f'    {{0x{code:04X}, "{quoted(advice)}"}},\n' for code, (_, advice) in sorted(model.words.items()) if advice]
+    rows = [f'    {{0x{code:04X}, {literal(advice)}}},\n' for code, (_, advice) in sorted(model.words.items()) if advice]
     return HEAD + "".join(rows) + TAIL
-
-
-def quoted(text):
-    return text.replace("\\", "\\\\").replace('"', '\\"')

@@ -4,6 +4,7 @@ import textwrap
 from xml.sax.saxutils import escape
 
 from model import ROOT
+from resultWords import literal
 
 OUTPUT = "bindings/csharp/Raw.cs"
 
@@ -121,10 +122,6 @@ class Writer:
                                    f"({self.parameters(function)});", "        ") + "\n"
 
 
-def quoted(text):
-    return '"' + text.replace("\\", "\\\\").replace('"', '\\"') + '"'
-
-
 def write(model):
     writer = Writer(model)
     version = re.search(r"project\(vxsign VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())[1]
@@ -140,7 +137,7 @@ def write(model):
     text += "        {\n"
     for code, (_, advice) in sorted(model.words.items()):
         if advice:
-            text += f"            [{code}] = {quoted(advice)},\n"
+            text += f"            [{code}] = {literal(advice)},\n"
     text += "        };\n\n" + comment("The bytes of each structure.", "        ")
     text += "        public static readonly IReadOnlyDictionary<Type, int> Sizes = new Dictionary<Type, int>\n        {\n"
     for structure in model.structures:

@@ -29,9 +29,16 @@ def declared():
 
 
 KNOWN = declared()
-
-
 WORDS = result_words()
+
+
+def plain(text):
+    """What Doxygen takes for nothing but text."""
+    return SPECIAL.sub(lambda sign: "\\" + sign.group(), text)
+
+
+def link(name):
+    return f'\\ref {name} "{name}"'
 
 
 def linked(text):
@@ -39,8 +46,7 @@ def linked(text):
     leaves alone."""
     parts = re.split(r'("[^"]*")', text)
     for at in range(0, len(parts), 2):
-        plain = SPECIAL.sub(lambda sign: "\\" + sign.group(), parts[at])
-        parts[at] = NAME.sub(lambda name: f'\\ref {name.group(1)} "{name.group(1)}"' if name.group(1) in KNOWN else name.group(), plain)
+        parts[at] = NAME.sub(lambda name: link(name[1]) if name[1] in KNOWN else name[0], plain(parts[at]))
     return "".join(parts)
 
 
@@ -60,8 +66,8 @@ def trailing(line):
     _, said, advice = WORDS.get(name.group(1) if name else "", (0, "", ""))
     said = f'"{linked(said)}"' if said else ""
     note = ": ".join(part for part in (said, text) if part) + (f". _{linked(advice)}_" if advice else "")
-    plain = COMMENT.sub("", line).rstrip()
-    return f"{plain} /**< {note} */" if note else plain
+    code = COMMENT.sub("", line).rstrip()
+    return f"{code} /**< {note} */" if note else code
 
 
 def members(text):
@@ -107,7 +113,7 @@ def split_title(header):
     """The first sentence of a header, and what it says behind that."""
     text = COMMENT.search(header).group(1)
     title = re.split(r"(?<=[.:]) |\n \*\n", text.strip() + " ")[0]
-    return SPECIAL.sub(lambda sign: "\\" + sign.group(), re.sub(r"\s*\n \* ?", " ", title)).rstrip(".:"), body(text)
+    return plain(re.sub(r"\s*\n \* ?", " ", title)).rstrip(".:"), body(text)
 
 
 def marks(text):
@@ -119,18 +125,20 @@ def marks(text):
             yield f"/** {text} */\n#define {name}"
 
 
+PROGRAMS = sorted((ROOT / "examples").glob("*.c"))
+
+
 def examples():
     """The programs, each with what it says of itself."""
-    for path in sorted((ROOT / "examples").glob("*.c")):
+    for path in PROGRAMS:
         comment = COMMENT.match(path.read_text())
         yield f"/** @example {path.name}\n{body(comment.group(1)) if comment else ''} */"
 
 
 def page(text):
     """A page whose words in backquotes are links where there is something behind them."""
-    programs = {path.name for path in (ROOT / "examples").glob("*.c")}
-    known = KNOWN | programs | {"vxsign::Sign"}
-    return re.sub("`([\\w:.]+)`", lambda word: f'\\ref {word[1]} "{word[1]}"' if word[1] in known else word[0], text)
+    known = KNOWN | {path.name for path in PROGRAMS} | {"vxsign::Sign"}
+    return re.sub("`([\\w:.]+)`", lambda word: link(word[1]) if word[1] in known else word[0], text)
 
 
 def main():
