@@ -42,14 +42,7 @@ const std::string kIp = "\x45\0\0\x2C\0\0\x40\0\x40\x11\0\0\x0A\0\0\x01\x0A\0\0\
 std::string Text(const std::string& file, std::string& fault)
 {
     CaptureTalk talk({9520});
-    try {
-        CaptureFile capture(file);
-        while (const auto frame = capture.Next())
-            talk.Add(*frame);
-    } catch (const CaptureFault& cut) {
-        fault = cut.what();
-    }
-    talk.End();
+    fault = ReadCapture(file, talk);
     std::string text;
     for (const Said& said : talk.All())
         text += LineOf(said, true).Text() + ObjectOf(said).dump(-1, ' ', true, Report::Json::error_handler_t::replace) +

@@ -187,4 +187,18 @@ void CaptureTalk::End()
         Take(stream.bytes, stream.last, true);
 }
 
+std::string ReadCapture(const std::string& file, CaptureTalk& talk)
+{
+    std::string fault;
+    try {
+        CaptureFile capture(file);
+        while (const auto frame = capture.Next())
+            talk.Add(*frame);
+    } catch (const CaptureFault& cut) {
+        fault = cut.what();
+    }
+    talk.End();
+    return fault;
+}
+
 } // namespace vxctl

@@ -84,4 +84,7 @@ private:
     std::size_t others = 0;
 };
 
+// Takes a whole capture. Gives why it was not read to its end; empty where it was.
+std::string ReadCapture(const std::string& file, CaptureTalk& talk);
+
 } // namespace vxctl

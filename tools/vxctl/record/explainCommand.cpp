@@ -20,21 +20,6 @@ std::set<std::uint16_t> PortsOf(const Args& args)
     return ports;
 }
 
-// Why the capture was not read to its end; empty where it was.
-std::string ReadCapture(const std::string& file, CaptureTalk& talk)
-{
-    std::string fault;
-    try {
-        CaptureFile capture(file);
-        while (const auto frame = capture.Next())
-            talk.Add(*frame);
-    } catch (const CaptureFault& cut) {
-        fault = cut.what();
-    }
-    talk.End();
-    return fault;
-}
-
 struct Sums
 {
     std::size_t requests = 0;
